@@ -1,0 +1,76 @@
+# One place for how a target of this project is compiled and tested. Every folder's headers are visible only to targets
+# that link its target, so an include against the direction of dependencies does not compile.
+
+add_library(qp_options INTERFACE)
+target_compile_options(qp_options INTERFACE -Wall -Wextra -Wno-missing-field-initializers -Wno-unknown-pragmas)
+target_compile_definitions(qp_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
+if(WIN32)
+  target_compile_definitions(qp_options INTERFACE _WIN32_WINNT=0x0601 __USE_MINGW_ANSI_STDIO=0)
+  # Reproducible images: no link time in the header, no base address hashed from the output path.
+  add_link_options(-static -s -Wl,--no-insert-timestamp -Wl,--image-base,0x180000000)
+endif()
+if(QP_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+# No path of the build machine in any image or message.
+add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
+
+function(_qp_setup name)
+  target_link_libraries(${name} PUBLIC qp_options winapi)
+  if(WIN32 AND NOT name STREQUAL "qp_pch")
+    target_precompile_headers(${name} REUSE_FROM qp_pch)
+  endif()
+endfunction()
+
+# qp_object(name SOURCES ... [DEPENDS ...]): a folder of the module. Objects, because neither a .def file nor dllexport
+# takes anything out of an archive.
+function(qp_object name)
+  cmake_parse_arguments(QP "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(${name} OBJECT ${QP_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${QP_DEPENDS})
+  _qp_setup(${name})
+endfunction()
+
+# qp_static(name SOURCES ... [DEPENDS ...]): a static library.
+function(qp_static name)
+  cmake_parse_arguments(QP "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_library(${name} STATIC ${QP_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${QP_DEPENDS})
+  _qp_setup(${name})
+endfunction()
+
+# qp_program(name SOURCES ... [DEPENDS ...]): a console program.
+function(qp_program name)
+  cmake_parse_arguments(QP "" "" "SOURCES;DEPENDS" ${ARGN})
+  add_executable(${name} ${QP_SOURCES})
+  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE ${QP_DEPENDS})
+  _qp_setup(${name})
+endfunction()
+
+# qp_test(name SOURCES ... [DEPENDS ...] [LABELS ...] [SERIAL]): a GoogleTest program whose tests ctest finds by running
+# it. SERIAL: none of its tests runs beside another test.
+function(qp_test name)
+  cmake_parse_arguments(QP "SERIAL" "" "SOURCES;DEPENDS;LABELS" ${ARGN})
+  qp_program(${name} SOURCES ${QP_SOURCES} DEPENDS ${QP_DEPENDS} qp_gtest)
+  set(properties LABELS "${QP_LABELS}" ENVIRONMENT "${QP_TEST_ENVIRONMENT}")
+  if(QP_SERIAL)
+    list(APPEND properties RUN_SERIAL ON)
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_PREFIX "${name}." PROPERTIES ${properties})
+endfunction()
+
+include(GoogleTest)
+if(WIN32)
+  # Debian ships GoogleTest as source: built here with the cross compiler.
+  set(INSTALL_GTEST OFF)
+  set(BUILD_GMOCK OFF)
+  add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+  set(QP_TEST_ENVIRONMENT "")
+else()
+  find_package(GTest REQUIRED)
+  set(QP_TEST_ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
+endif()
