@@ -1,0 +1,120 @@
+// Names and numbers of the host's contract that more than one place needs. All names are looked up exactly,
+// case included.
+#pragma once
+
+#include <windows.h>
+
+#include <objbase.h>
+
+namespace qptools
+{
+
+// Classes that the host's object manager, its gateway or the system hands out.
+
+/// IQPIPDClient, the gateway to server-side objects.
+inline constexpr CLSID kClassIpdClient{
+    0xD7C07373, 0x29C3, 0x43A4, {0x87, 0xCF, 0xF6, 0xD5, 0xE9, 0x47, 0xD6, 0xE6}};
+/// IQPSessionDataManager, the key store; IQPHostSettings is the same class.
+inline constexpr CLSID kClassSessionDataManager{
+    0xEDB6CC40, 0x0DC9, 0x11D3, {0x89, 0xFF, 0x00, 0x40, 0x05, 0xA1, 0xD9, 0x1C}};
+/// Server class of the query object, asked for as IQP_Query.
+inline constexpr CLSID kClassQuery{
+    0xABF23E6F, 0x1714, 0x4A08, {0x85, 0xA3, 0x8E, 0x8A, 0x8D, 0xB5, 0x16, 0x6F}};
+
+// Scopes of the key store. What they mean is the host's; a value written for the user is read back by
+// kScopeUserRead.
+
+inline constexpr LONG kScopeUserRead = 0;
+inline constexpr LONG kScopeSettings = 1;
+inline constexpr LONG kScopeBookmarks = 2;
+inline constexpr LONG kScopeDefaults = 3;
+inline constexpr LONG kScopeUserWrite = 4;
+
+/// The number that GetSubKeys takes after the key, always this one.
+inline constexpr LONG kSubKeysArgument = 1;
+
+// Tables of IQP_Query.
+
+inline constexpr wchar_t kTableScript[] = L"script";
+inline constexpr wchar_t kTableScriptAction[] = L"scriptaction";
+inline constexpr wchar_t kTableScriptCommand[] = L"scriptcommand";
+inline constexpr wchar_t kTableVbaProject[] = L"vbaproject";
+
+// Vocabulary of a search. The catenations stand between criteria, as calls of their own
+// (SetSearchCatenation); given with a criterion (SetSearchAttribute), AND and OR join it to what came before.
+
+inline constexpr LONG kCatenationNone = 0;
+inline constexpr LONG kCatenationAnd = 1;
+inline constexpr LONG kCatenationOr = 2;
+inline constexpr LONG kCatenationOpen = 4;
+inline constexpr LONG kCatenationClose = 8;
+inline constexpr LONG kCatenationCloseAnd = 9;
+
+inline constexpr LONG kSearchEquals = 1;   ///< enumSearchOp
+inline constexpr LONG kResetAll = 0;       ///< bOnlyWhereClause: forget everything, the table too
+inline constexpr LONG kOrderAscending = 1; ///< bAscending
+inline constexpr LONG kAutoCreate = 1;     ///< bAutoCreate: start the object if it is not running
+
+// Attributes and child lists of data objects that more than one subsystem reads.
+
+inline constexpr wchar_t kAttributeName[] = L"name";
+inline constexpr wchar_t kAttributeConfigTypeName[] = L"configtypename";
+inline constexpr wchar_t kAttributePlanType[] =
+    L"orvoplantype"; ///< also a project's child list of plan types
+inline constexpr wchar_t kAttributeCompBase[] = L"orvocompbase";
+inline constexpr wchar_t kAttributeScript[] = L"script";
+inline constexpr wchar_t kAttributeActionType[] = L"actiontype";
+inline constexpr wchar_t kAttributeBeforeAfter[] = L"beforeafter";
+inline constexpr wchar_t kAttributeDefaultImpl[] = L"dodefaultimpl";
+inline constexpr wchar_t kChildrenProjects[] = L"orvoproject";
+
+// Type names and class names.
+
+inline constexpr wchar_t kTypeScriptAction[] = L"scriptaction";
+inline constexpr wchar_t kTypeScriptCommand[] = L"scriptcommand";
+inline constexpr wchar_t kTypeCompBase[] = L"orvocompbase";
+inline constexpr wchar_t kTypeDefaultImpl[] = L"dodefaultimpl";
+inline constexpr wchar_t kClassRelationship[] = L"XDORelationship"; ///< for IsDerivedFromClass
+inline constexpr wchar_t kClassScriptAction[] = L"XDOScriptAction"; ///< class name and type name
+
+// Keys of IQPConfigObject::Get.
+
+inline constexpr wchar_t kKeyCaptionSingular[] = L"captionsingular";
+inline constexpr wchar_t kKeyIsPlanType[] = L"isplantype";
+inline constexpr wchar_t kKeyTypeName[] = L"typename";
+inline constexpr wchar_t kKeyAttributeName[] = L"attributename";
+inline constexpr wchar_t kKeyName[] = L"name";   ///< of an attribute type
+inline constexpr wchar_t kKeyValue[] = L"value"; ///< of an attribute type
+
+// Members of IQPConfigObject::GetProperty. The same number means different things on different objects.
+
+/// Members of an IQPPage.
+enum PageMember : int
+{
+    kPageName = 0,   ///< display name
+    kPageListed = 5, ///< offered for placement if its value word is not zero
+    kPageId = 6      ///< identifier, a number
+};
+
+/// Members of an IQPGroup.
+enum GroupMember : int
+{
+    kGroupName = 0,  ///< display name
+    kGroupId = 2,    ///< identifier, a number
+    kGroupListed = 9 ///< offered for placement if its value word is not zero
+};
+
+/// Members of an IQPAttribute.
+enum AttributeMember : int
+{
+    kAttributeMemberName = 0,         ///< name, which is also its identifier
+    kAttributeMemberTypeCode = 3,     ///< code of the value's type
+    kAttributeMemberEnhancedCopy = 54 ///< 4 if the attribute may be set by an enhanced copy
+};
+
+// Masks of IQPType::GetDisplayAttributeEnum.
+
+inline constexpr LONG kDisplayEnhancedCopy = 4;
+inline constexpr LONG kDisplayPlacement = 7;
+
+} // namespace qptools
