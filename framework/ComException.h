@@ -1,0 +1,24 @@
+// The one exception that may leave a component's method.
+#pragma once
+
+#include <windows.h>
+
+#include <exception>
+
+/// A failed status on its way up through code that composes text. The only status thrown is E_OUTOFMEMORY
+/// (0x8007000E), from a string operation that found no memory.
+class ComException : public std::exception
+{
+public:
+    explicit ComException(HRESULT status) noexcept : m_status(status) {}
+    HRESULT Status() const noexcept { return m_status; }
+    const char* what() const noexcept override { return "COM failure"; }
+
+private:
+    HRESULT m_status;
+};
+
+[[noreturn]] inline void ThrowOutOfMemory()
+{
+    throw ComException(E_OUTOFMEMORY);
+}

@@ -1,0 +1,115 @@
+#include "Registrar.h"
+
+#include "ComPtr.h"
+#include "RegistryKey.h"
+#include "RegistryWriter.h"
+#include "Resources.h"
+#include "TypeLibrary.h"
+
+#include <objbase.h>
+
+#include <oleauto.h>
+
+namespace
+{
+/// The number of the type library among the module's resources, which LoadTypeLibEx takes when none is named.
+constexpr UINT kTypeLibraryResource = 1;
+
+/// UTF-8 to wide characters; false for bytes that are no UTF-8.
+bool Widen(std::string_view bytes, std::wstring& text)
+{
+    const int size = static_cast<int>(bytes.size());
+    const int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
+    text.resize(static_cast<std::size_t>(length));
+    return length > 0 && MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, text.data(),
+                                             length) == length;
+}
+
+/// Why ResourceBytes gave nothing; an empty resource leaves no error behind.
+LSTATUS NoResourceError()
+{
+    const DWORD error = GetLastError();
+    return error == ERROR_SUCCESS ? ERROR_INVALID_DATA : static_cast<LSTATUS>(error);
+}
+
+std::wstring TypeLibraryKey(const GUID& libraryId)
+{
+    wchar_t text[40];
+    StringFromGUID2(libraryId, text, 40);
+    return L"TypeLib\\" + std::wstring(text);
+}
+} // namespace
+
+Registrar::Registrar(HINSTANCE module, const GUID& libraryId, RegistrationReport& report)
+    : m_module(module), m_libraryId(libraryId), m_modulePath(ModulePath(module)), m_report(report)
+{
+}
+
+Registrar::~Registrar()
+{
+    try
+    {
+        for (auto backup = m_backups.rbegin(); backup != m_backups.rend(); ++backup)
+            backup->Restore(m_report);
+    }
+    catch (...)
+    {
+        // Out of memory on the way back: what is left stays as it is.
+        return;
+    }
+}
+
+HRESULT Registrar::UpdateScript(UINT id, bool add)
+{
+    const std::wstring source = m_modulePath + L", script " + std::to_wstring(id);
+    const std::string_view bytes = ResourceBytes(m_module, id, L"REGISTRY");
+    if (bytes.empty())
+        return m_report.AddSystemError(source, NoResourceError());
+    std::wstring text;
+    if (!Widen(bytes, text))
+        return m_report.Add(source, L"the script is not UTF-8", HRESULT_FROM_WIN32(ERROR_INVALID_DATA));
+    return UpdateScriptText(text, source, add);
+}
+
+HRESULT Registrar::UpdateScriptText(std::wstring_view text, const std::wstring& source, bool add)
+{
+    RegistryScriptError error;
+    const auto script = ParseRegistryScript(text, error);
+    if (!script)
+        return m_report.Add(source + L", line " + std::to_wstring(error.line), error.reason,
+                            HRESULT_FROM_WIN32(ERROR_INVALID_DATA));
+    RegistryWriter writer(m_modulePath, m_report);
+    if (!add)
+        return writer.Remove(*script);
+    for (RegistryBackup& backup : writer.BackUp(*script))
+        m_backups.push_back(std::move(backup));
+    return writer.Apply(*script);
+}
+
+HRESULT Registrar::UpdateTypeLibrary(bool add)
+{
+    if (ResourceBytes(m_module, kTypeLibraryResource, L"TYPELIB").empty())
+        return S_OK;
+    const std::wstring key = TypeLibraryKey(m_libraryId);
+    const HRESULT status = add ? RegisterTypeLibrary(key) : UnregisterTypeLibrary(key);
+    return status < 0 ? m_report.AddStatus(L"HKCR\\" + key, status) : S_OK;
+}
+
+HRESULT Registrar::RegisterTypeLibrary(const std::wstring& key)
+{
+    ComPtr<ITypeLib> library;
+    const HRESULT status = LoadTypeLibEx(m_modulePath.c_str(), REGKIND_NONE, library.put());
+    if (status < 0)
+        return status;
+    m_backups.emplace_back(HKEY_CLASSES_ROOT, L"HKCR", key);
+    return RegisterTypeLib(library.get(), m_modulePath.data(), nullptr);
+}
+
+HRESULT Registrar::UnregisterTypeLibrary(const std::wstring& key)
+{
+    const std::wstring version =
+        key + L"\\" + std::to_wstring(kTypeLibraryMajor) + L"." + std::to_wstring(kTypeLibraryMinor);
+    if (!RegistryKeyExists(HKEY_CLASSES_ROOT, version))
+        return S_OK;
+    return UnRegisterTypeLib(m_libraryId, kTypeLibraryMajor, kTypeLibraryMinor, LOCALE_NEUTRAL, SYS_WIN64);
+}

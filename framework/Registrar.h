@@ -1,0 +1,56 @@
+// Adds classes and a type library to the registry, all or nothing.
+#pragma once
+
+#include "RegistrationReport.h"
+#include "RegistryBackup.h"
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// One registration. Before it changes a key it keeps what the key held; unless Commit is called, its end
+/// puts all of them back, the last first.
+class Registrar
+{
+public:
+    /// `report` gets every failure and outlives the registrar.
+    Registrar(HINSTANCE module, const GUID& libraryId, RegistrationReport& report);
+    ~Registrar();
+    Registrar(const Registrar&) = delete;
+    Registrar& operator=(const Registrar&) = delete;
+
+    /// Applies the script that is the module's resource REGISTRY `id` (UTF-8), or takes out what it made.
+    /// Returns the system's code for a resource that is not there, ERROR_INVALID_DATA as an HRESULT for a
+    /// text that is no script, and else what RegistryWriter returns.
+    HRESULT UpdateScript(UINT id, bool add);
+
+    /// The same with the text given; `source` names it in messages.
+    HRESULT UpdateScriptText(std::wstring_view text, const std::wstring& source, bool add);
+
+    /// Registers the type library that is the module's resource TYPELIB 1, or takes its registration out. A
+    /// module without that resource has none, and a library that is not registered is as good as taken out:
+    /// S_OK for both.
+    HRESULT UpdateTypeLibrary(bool add);
+
+    /// Keeps what has been done.
+    void Commit() noexcept { m_backups.clear(); }
+
+private:
+    HRESULT RegisterTypeLibrary(const std::wstring& key);
+    HRESULT UnregisterTypeLibrary(const std::wstring& key);
+
+    HINSTANCE m_module;
+    GUID m_libraryId;
+    std::wstring m_modulePath;
+    RegistrationReport& m_report;
+    std::vector<RegistryBackup> m_backups;
+};
+
+/// A RegistrationFunction for a class whose script is the resource `Id`.
+template <UINT Id>
+HRESULT UpdateClassRegistration(Registrar& registrar, bool add)
+{
+    return registrar.UpdateScript(Id, add);
+}

@@ -1,0 +1,132 @@
+#include "UiState.h"
+
+#include "WinApp.h"
+
+#include <atomic>
+#include <mutex>
+
+namespace
+{
+/// The number of the manifest resource of a library.
+constexpr WORD kManifestResource = 2;
+
+thread_local HINSTANCE t_currentModule = nullptr;
+thread_local int t_depth = 0;
+thread_local unsigned t_entries = 0;
+
+constinit std::atomic<bool> g_contextMade{false};
+HANDLE g_context = INVALID_HANDLE_VALUE;
+
+constinit std::atomic<bool> g_startupPending{false};
+constinit CUiStartup* g_startups = nullptr;
+
+std::mutex& ContextLock()
+{
+    static std::mutex lock;
+    return lock;
+}
+
+std::mutex& StartupLock()
+{
+    static std::mutex lock;
+    return lock;
+}
+
+HINSTANCE ThisModule() noexcept
+{
+    const CWinApp* application = CWinApp::Get();
+    return application ? application->m_hInstance : nullptr;
+}
+
+HANDLE MakeActivationContext()
+{
+    ACTCTXW request = {};
+    request.cbSize = sizeof(request);
+    request.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    request.hModule = ThisModule();
+    request.lpResourceName = MAKEINTRESOURCEW(kManifestResource);
+    return request.hModule ? CreateActCtxW(&request) : INVALID_HANDLE_VALUE;
+}
+} // namespace
+
+CUiState::CUiState() noexcept : m_previousModule(t_currentModule)
+{
+    const HANDLE context = ModuleActivationContext();
+    m_activated = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &m_cookie);
+    t_currentModule = ThisModule();
+    ++t_entries;
+    // Only the outermost entry: what runs here may enter the state itself.
+    if (++t_depth == 1 && g_startupPending.load())
+        CUiStartup::RunPending();
+}
+
+CUiState::~CUiState()
+{
+    --t_depth;
+    t_currentModule = m_previousModule;
+    // Forced: a callee that left a context of its own active must not keep ours.
+    if (m_activated)
+        DeactivateActCtx(DEACTIVATE_ACTCTX_FLAG_FORCE_EARLY_DEACTIVATION, m_cookie);
+}
+
+int CUiState::Depth() noexcept
+{
+    return t_depth;
+}
+
+unsigned CUiState::Entries() noexcept
+{
+    return t_entries;
+}
+
+HINSTANCE CurrentModule() noexcept
+{
+    return t_currentModule;
+}
+
+CUiStartup::CUiStartup(void (*run)()) noexcept : m_run(run), m_next(g_startups)
+{
+    g_startups = this;
+    g_startupPending = true;
+}
+
+void CUiStartup::RunPending() noexcept
+{
+    const std::lock_guard guard(StartupLock());
+    bool failed = false;
+    for (CUiStartup* startup = g_startups; startup; startup = startup->m_next)
+    {
+        try
+        {
+            if (!startup->m_done)
+                startup->m_run();
+            startup->m_done = true;
+        }
+        catch (...)
+        {
+            failed = true;
+        }
+    }
+    g_startupPending = failed;
+}
+
+HANDLE ModuleActivationContext() noexcept
+{
+    if (g_contextMade.load())
+        return g_context;
+    const std::lock_guard guard(ContextLock());
+    if (!g_contextMade)
+    {
+        g_context = MakeActivationContext();
+        g_contextMade = true;
+    }
+    return g_context;
+}
+
+void ReleaseModuleActivationContext() noexcept
+{
+    g_contextMade = false;
+    if (g_context != INVALID_HANDLE_VALUE)
+        ReleaseActCtx(g_context);
+    g_context = INVALID_HANDLE_VALUE;
+}

@@ -1,0 +1,209 @@
+#include "UiState.h"
+
+#include "WinApp.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <thread>
+
+namespace
+{
+class App final : public CWinApp
+{
+public:
+    App() : CWinApp(L"a name") {}
+    BOOL InitInstance() override
+    {
+        ++started;
+        return answer;
+    }
+    int ExitInstance() override
+    {
+        ++ended;
+        return CWinApp::ExitInstance();
+    }
+    int started = 0;
+    int ended = 0;
+    BOOL answer = TRUE;
+};
+
+/// What stands for the module: any handle will do, as nothing is looked up in it here.
+int g_place = 0;
+const HINSTANCE kModule = reinterpret_cast<HINSTANCE>(&g_place);
+int g_startups = 0;
+int g_depthAtStartup = 0;
+bool g_failStartup = false;
+
+const CUiStartup kStartup(
+    []
+    {
+        g_depthAtStartup = CUiState::Depth();
+        const CUiState nested; // start-up work may enter the state itself
+        if (g_failStartup)
+            throw std::runtime_error("not yet");
+        ++g_startups;
+    });
+} // namespace
+
+TEST(UiState, StartUpWorkRunsOnceInsideTheStateAtTheFirstEntryAndAgainIfItFailed)
+{
+    ASSERT_EQ(g_startups, 0) << "not before the first entry";
+    g_failStartup = true;
+    {
+        const CUiState state;
+        EXPECT_EQ(CUiState::Depth(), 1) << "the failure stays inside";
+    }
+    EXPECT_EQ(g_startups, 0);
+    g_failStartup = false;
+    {
+        const CUiState state;
+    }
+    EXPECT_EQ(g_startups, 1);
+    EXPECT_EQ(g_depthAtStartup, 1);
+    {
+        const CUiState state;
+    }
+    EXPECT_EQ(g_startups, 1);
+}
+
+TEST(UiState, EnteringMakesTheModuleCurrentAndLeavingPutsBackWhatWas)
+{
+    App app;
+    app.m_hInstance = kModule;
+    EXPECT_EQ(CurrentModule(), nullptr);
+    EXPECT_EQ(CUiState::Depth(), 0);
+    {
+        const CUiState state;
+        EXPECT_EQ(CurrentModule(), kModule);
+        EXPECT_EQ(CUiState::Depth(), 1);
+        {
+            const CUiState nested;
+            EXPECT_EQ(CurrentModule(), kModule);
+            EXPECT_EQ(CUiState::Depth(), 2);
+        }
+        EXPECT_EQ(CurrentModule(), kModule) << "leaving a nested entry restores the outer one";
+        EXPECT_EQ(CUiState::Depth(), 1);
+    }
+    EXPECT_EQ(CurrentModule(), nullptr);
+    EXPECT_EQ(CUiState::Depth(), 0);
+    ReleaseModuleActivationContext();
+}
+
+TEST(UiState, AnExceptionLeavesIt)
+{
+    App app;
+    app.m_hInstance = kModule;
+    try
+    {
+        const CUiState state;
+        const CUiState nested;
+        throw std::runtime_error("out");
+    }
+    catch (const std::runtime_error&)
+    {
+        EXPECT_EQ(CUiState::Depth(), 0);
+        EXPECT_EQ(CurrentModule(), nullptr);
+    }
+    ReleaseModuleActivationContext();
+}
+
+TEST(UiState, CountsEveryEntryNestedOnesToo)
+{
+    const unsigned before = CUiState::Entries();
+    {
+        const CUiState state;
+        const CUiState nested;
+    }
+    EXPECT_EQ(CUiState::Entries(), before + 2);
+}
+
+TEST(UiState, BelongsToItsThread)
+{
+    const CUiState state;
+    int depth = -1;
+    unsigned entries = 99;
+    std::thread(
+        [&]
+        {
+            depth = CUiState::Depth();
+            entries = CUiState::Entries();
+        })
+        .join();
+    EXPECT_EQ(depth, 0);
+    EXPECT_EQ(entries, 0u);
+}
+
+TEST(UiState, AModuleWithoutAManifestHasNoActivationContextAndEntersAllTheSame)
+{
+    App app;
+    app.m_hInstance = GetModuleHandleW(nullptr);
+    ReleaseModuleActivationContext();
+    EXPECT_EQ(ModuleActivationContext(), INVALID_HANDLE_VALUE);
+    HANDLE before = nullptr;
+    HANDLE inside = nullptr;
+    GetCurrentActCtx(&before);
+    {
+        const CUiState state;
+        GetCurrentActCtx(&inside);
+    }
+    EXPECT_EQ(inside, before);
+    ReleaseModuleActivationContext();
+}
+
+TEST(WinApp, TheFirstObjectIsTheModulesAndKeepsItsName)
+{
+    App app;
+    EXPECT_EQ(CWinApp::Get(), &app);
+    EXPECT_STREQ(app.m_pszAppName, L"a name");
+    {
+        CWinApp another;
+        EXPECT_EQ(another.m_pszAppName, nullptr);
+        EXPECT_EQ(CWinApp::Get(), &app);
+    }
+    EXPECT_EQ(CWinApp::Get(), &app);
+}
+
+TEST(WinApp, TheBaseStartsAndEndsWithNothingToDo)
+{
+    CWinApp app;
+    EXPECT_EQ(app.InitInstance(), TRUE);
+    EXPECT_EQ(app.ExitInstance(), 0);
+}
+
+TEST(WinApp, LoadingRunsInitInstanceWithTheInstanceSetAndReturnsItsAnswer)
+{
+    App app;
+    EXPECT_EQ(RunModuleEntry(kModule, DLL_PROCESS_ATTACH), TRUE);
+    EXPECT_EQ(app.m_hInstance, kModule);
+    EXPECT_EQ(app.started, 1);
+    app.answer = FALSE;
+    EXPECT_EQ(RunModuleEntry(kModule, DLL_PROCESS_ATTACH), FALSE);
+}
+
+TEST(WinApp, UnloadingRunsExitInstanceAndThreadsAreNobodysBusiness)
+{
+    App app;
+    EXPECT_EQ(RunModuleEntry(kModule, DLL_THREAD_ATTACH), TRUE);
+    EXPECT_EQ(RunModuleEntry(kModule, DLL_THREAD_DETACH), TRUE);
+    EXPECT_EQ(app.started + app.ended, 0);
+    EXPECT_EQ(RunModuleEntry(kModule, DLL_PROCESS_DETACH), TRUE);
+    EXPECT_EQ(app.ended, 1);
+}
+
+TEST(WinApp, ALiveWindowKeepsTheModuleLoaded)
+{
+    const CWinApp app;
+    EXPECT_EQ(app.CanUnloadNow(), S_OK);
+    {
+        const CLiveWindow window;
+        EXPECT_EQ(CLiveWindow::Count(), 1);
+        EXPECT_EQ(app.CanUnloadNow(), S_FALSE);
+        {
+            const CLiveWindow another;
+            EXPECT_EQ(CLiveWindow::Count(), 2);
+        }
+        EXPECT_EQ(app.CanUnloadNow(), S_FALSE);
+    }
+    EXPECT_EQ(app.CanUnloadNow(), S_OK);
+}
