@@ -1,0 +1,26 @@
+// Where the built module and its type library lie, found from where the test program itself lies.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+inline std::wstring ProgramFolder()
+{
+    wchar_t path[MAX_PATH];
+    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const std::wstring program(path, length);
+    return program.substr(0, program.find_last_of(L'\\'));
+}
+
+/// The module, as the build leaves it beside the test programs.
+inline std::wstring ModulePath()
+{
+    return ProgramFolder() + L"\\qptools.dll";
+}
+
+/// The type library as the SDK ships it.
+inline std::wstring TypeLibraryPath()
+{
+    return ProgramFolder() + L"\\..\\sdk\\qptools.tlb";
+}

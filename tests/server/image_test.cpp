@@ -1,0 +1,272 @@
+// The module as a file: what it imports and exports, how it may be loaded, what stands in its resources.
+#include <gtest/gtest.h>
+
+#include "BuiltFiles.h"
+#include "PortableImage.h"
+#include "TypeLibraryText.h"
+
+#include <cstring>
+#include <set>
+
+namespace
+{
+
+/// What every Windows x64 has.
+const std::set<std::string> kSystemDlls = {"advapi32.dll", "comctl32.dll", "gdi32.dll",    "kernel32.dll",
+                                           "msvcrt.dll",   "ole32.dll",    "oleaut32.dll", "shell32.dll",
+                                           "user32.dll",   "version.dll"};
+
+const std::vector<std::string> kExports = {"DllCanUnloadNow", "DllGetClassObject", "DllRegisterServer",
+                                           "DllUnregisterServer"};
+
+const CPortableImage& Module()
+{
+    static const CPortableImage image(ModulePath());
+    return image;
+}
+
+#pragma pack(push, 2)
+/// One image of an icon group, as it stands in the group's resource.
+struct IconEntry
+{
+    BYTE width;
+    BYTE height;
+    BYTE colours;
+    BYTE reserved;
+    WORD planes;
+    WORD bits;
+    DWORD size;
+    WORD id;
+};
+struct IconGroup
+{
+    WORD reserved;
+    WORD type;
+    WORD count;
+};
+#pragma pack(pop)
+
+class ModuleResources : public testing::Test
+{
+protected:
+    ModuleResources()
+        : m_module(LoadLibraryExW(ModulePath().c_str(), nullptr,
+                                  LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE))
+    {
+    }
+    ~ModuleResources() override
+    {
+        if (m_module)
+            FreeLibrary(m_module);
+    }
+    void SetUp() override { ASSERT_NE(nullptr, m_module) << GetLastError(); }
+
+    /// The resource's bytes; a missing one is a failure and empty.
+    std::string Bytes(const wchar_t* type, int number) const
+    {
+        const HRSRC resource = FindResourceW(m_module, MAKEINTRESOURCEW(number), type);
+        if (!resource)
+        {
+            ADD_FAILURE() << "no resource " << number;
+            return {};
+        }
+        return {static_cast<const char*>(LockResource(LoadResource(m_module, resource))),
+                SizeofResource(m_module, resource)};
+    }
+
+    std::vector<IconEntry> IconsOfGroup(int number) const
+    {
+        const std::string bytes = Bytes(RT_GROUP_ICON, number);
+        IconGroup group{};
+        if (bytes.size() < sizeof group)
+            return {};
+        std::memcpy(&group, bytes.data(), sizeof group);
+        EXPECT_EQ(1, group.type);
+        std::vector<IconEntry> entries(group.count);
+        EXPECT_EQ(sizeof group + group.count * sizeof(IconEntry), bytes.size());
+        std::memcpy(entries.data(), bytes.data() + sizeof group, bytes.size() - sizeof group);
+        return entries;
+    }
+
+    std::wstring VersionText(const std::wstring& name) const
+    {
+        const std::wstring path = ModulePath();
+        DWORD ignored = 0;
+        std::vector<BYTE> block(GetFileVersionInfoSizeW(path.c_str(), &ignored));
+        WORD* translation = nullptr;
+        wchar_t* text = nullptr;
+        UINT length = 0;
+        if (!GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()) ||
+            !VerQueryValueW(block.data(), L"\\VarFileInfo\\Translation",
+                            reinterpret_cast<void**>(&translation), &length))
+            return L"no version block";
+        wchar_t key[100];
+        swprintf(key, 100, L"\\StringFileInfo\\%04x%04x\\%ls", translation[0], translation[1], name.c_str());
+        if (!VerQueryValueW(block.data(), key, reinterpret_cast<void**>(&text), &length))
+            return L"no such text";
+        return text;
+    }
+
+    HMODULE m_module;
+};
+
+} // namespace
+
+TEST(ModuleImage, ImportsSystemDllsOnly)
+{
+    const std::vector<std::string> imported = Module().ImportedDlls();
+    EXPECT_FALSE(imported.empty());
+    for (const std::string& name : imported)
+        EXPECT_EQ(1u, kSystemDlls.count(name)) << name;
+}
+
+TEST(ModuleImage, ExportsTheFourEntryPointsUndecoratedAndNothingElse)
+{
+    EXPECT_EQ(kExports, Module().ExportedNames());
+    EXPECT_EQ(kExports.size(), Module().ExportedFunctions());
+}
+
+TEST(ModuleImage, IsALibraryForX64)
+{
+    EXPECT_EQ(IMAGE_FILE_MACHINE_AMD64, Module().Headers().FileHeader.Machine);
+    EXPECT_TRUE(Module().Headers().FileHeader.Characteristics & IMAGE_FILE_DLL);
+}
+
+TEST(ModuleImage, MayBeLoadedAnywhereAndRunsNoData)
+{
+    const WORD flags = Module().Headers().OptionalHeader.DllCharacteristics;
+    EXPECT_TRUE(flags & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE);
+    EXPECT_TRUE(flags & IMAGE_DLLCHARACTERISTICS_NX_COMPAT);
+    EXPECT_TRUE(flags & IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA);
+    EXPECT_FALSE(Module().Headers().FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED);
+}
+
+TEST(ModuleImage, HoldsNoTimeOfItsBuild)
+{
+    EXPECT_EQ(0u, Module().Headers().FileHeader.TimeDateStamp);
+    EXPECT_EQ(0u, Module().ExportTime());
+    EXPECT_EQ(0u, Module().ResourceTime());
+}
+
+TEST(ModuleImage, HoldsNoFolderOfTheMachineThatBuiltIt)
+{
+    const std::string folder = QP_SOURCE_FOLDER;
+    EXPECT_EQ(std::string::npos, Module().Bytes().find(folder));
+    std::string wide;
+    for (const char c : folder)
+        wide += {c, '\0'};
+    EXPECT_EQ(std::string::npos, Module().Bytes().find(wide));
+}
+
+TEST_F(ModuleResources, HoldTheSevenRegistryScripts)
+{
+    const struct
+    {
+        int number;
+        const char* name;
+    } scripts[] = {{102, "QPProjectChoice"},
+                   {103, "QPSelectOrvoItem"},
+                   {105, "QPSelectDlg"},
+                   {106, "QPUserActionLog"},
+                   {107, "XScriptActionAndCommandManager"},
+                   {108, "QPCopyOptDlg"},
+                   {384, "XBookMark"}};
+    for (const auto& script : scripts)
+    {
+        const std::string text = Bytes(L"REGISTRY", script.number);
+        EXPECT_NE(std::string::npos, text.find(std::string("'") + script.name + " Class'")) << script.number;
+        EXPECT_NE(std::string::npos, text.find("%MODULE%")) << script.number;
+    }
+}
+
+TEST_F(ModuleResources, SpellOneScriptsClassInMixedCaseAsItIsKept)
+{
+    EXPECT_NE(std::string::npos, Bytes(L"REGISTRY", 108).find("{9F79747B-EC88-48ad-9865-1C079A8C9221}"));
+    EXPECT_EQ(std::string::npos, Bytes(L"REGISTRY", 108).find("48AD"));
+}
+
+TEST_F(ModuleResources, HoldTheTypeLibraryAsNumberOne)
+{
+    EXPECT_EQ("MSFT", Bytes(L"TYPELIB", 1).substr(0, 4));
+}
+
+TEST_F(ModuleResources, NameTheModuleInString100)
+{
+    wchar_t text[50] = {};
+    EXPECT_EQ(7, LoadStringW(m_module, 100, text, 50));
+    EXPECT_STREQ(L"qptools", text);
+}
+
+TEST_F(ModuleResources, HoldAnIconInThreeSizesAndThreeDepths)
+{
+    std::set<std::pair<int, int>> shapes;
+    for (const IconEntry& entry : IconsOfGroup(385))
+    {
+        EXPECT_EQ(entry.width, entry.height);
+        EXPECT_EQ(entry.bits == 4 ? 16 : 0, entry.colours);
+        shapes.insert({entry.width, entry.bits});
+    }
+    EXPECT_EQ(9u, IconsOfGroup(385).size());
+    const std::set<std::pair<int, int>> expected = {{48, 4},  {48, 8}, {48, 32}, {32, 4}, {32, 8},
+                                                    {32, 32}, {16, 4}, {16, 8},  {16, 32}};
+    EXPECT_EQ(expected, shapes);
+}
+
+TEST_F(ModuleResources, HoldEveryImageOfTheIconAsTheGroupDescribesIt)
+{
+    for (const IconEntry& entry : IconsOfGroup(385))
+    {
+        const std::string image = Bytes(RT_ICON, entry.id);
+        ASSERT_EQ(entry.size, image.size());
+        BITMAPINFOHEADER header;
+        ASSERT_GE(image.size(), sizeof header);
+        std::memcpy(&header, image.data(), sizeof header);
+        ASSERT_EQ(sizeof header, header.biSize) << "not a bitmap: " << entry.id;
+        EXPECT_EQ(entry.width, header.biWidth);
+        EXPECT_EQ(2 * entry.height, header.biHeight) << "colours and mask";
+        EXPECT_EQ(entry.bits, header.biBitCount);
+    }
+}
+
+TEST_F(ModuleResources, LoadTheIconInEachSize)
+{
+    for (const int size : {48, 32, 16})
+    {
+        const auto icon =
+            static_cast<HICON>(LoadImageW(m_module, MAKEINTRESOURCEW(385), IMAGE_ICON, size, size, 0));
+        EXPECT_NE(nullptr, icon) << size;
+        DestroyIcon(icon);
+    }
+}
+
+TEST_F(ModuleResources, GiveTheVersionInTexts)
+{
+    EXPECT_EQ(L"5,19,3,0", VersionText(L"FileVersion"));
+    EXPECT_EQ(L"5,19,3,0", VersionText(L"ProductVersion"));
+    EXPECT_EQ(L"qptools Module", VersionText(L"FileDescription"));
+    EXPECT_EQ(L"qptools", VersionText(L"InternalName"));
+    EXPECT_EQ(L"qptools.DLL", VersionText(L"OriginalFilename"));
+}
+
+TEST_F(ModuleResources, GiveTheVersionInNumbers)
+{
+    const std::wstring path = ModulePath();
+    DWORD ignored = 0;
+    std::vector<BYTE> block(GetFileVersionInfoSizeW(path.c_str(), &ignored));
+    ASSERT_TRUE(GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()));
+    VS_FIXEDFILEINFO* info = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", reinterpret_cast<void**>(&info), &length));
+    EXPECT_EQ(MAKELONG(19, 5), static_cast<LONG>(info->dwFileVersionMS));
+    EXPECT_EQ(MAKELONG(0, 3), static_cast<LONG>(info->dwFileVersionLS));
+    EXPECT_EQ(MAKELONG(19, 5), static_cast<LONG>(info->dwProductVersionMS));
+    EXPECT_EQ(MAKELONG(0, 3), static_cast<LONG>(info->dwProductVersionLS));
+    EXPECT_EQ(static_cast<DWORD>(VFT_DLL), info->dwFileType);
+}
+
+TEST_F(ModuleResources, AskForTheNewCommonControls)
+{
+    const std::string manifest = Bytes(RT_MANIFEST, 2);
+    EXPECT_NE(std::string::npos, manifest.find("Microsoft.Windows.Common-Controls"));
+    EXPECT_NE(std::string::npos, manifest.find("6.0.0.0"));
+}
