@@ -1,0 +1,30 @@
+// The owner of one file handle.
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+
+/// Closes the handle at the end. INVALID_HANDLE_VALUE is no file.
+class CFileHandle
+{
+public:
+    explicit CFileHandle(HANDLE file) noexcept : m_file(file) {}
+    CFileHandle(CFileHandle&& other) noexcept : m_file(std::exchange(other.m_file, INVALID_HANDLE_VALUE)) {}
+    CFileHandle& operator=(CFileHandle other) noexcept
+    {
+        std::swap(m_file, other.m_file);
+        return *this;
+    }
+    ~CFileHandle()
+    {
+        if (*this)
+            CloseHandle(m_file);
+    }
+
+    explicit operator bool() const noexcept { return m_file != INVALID_HANDLE_VALUE; }
+    HANDLE Get() const noexcept { return m_file; }
+
+private:
+    HANDLE m_file;
+};

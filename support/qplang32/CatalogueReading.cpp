@@ -1,0 +1,86 @@
+#include "CatalogueReading.h"
+
+#include "NoMemory.h"
+
+#include "CFileHandle.h"
+#include "XQPError.h"
+
+#include <windows.h>
+
+#include <string_view>
+
+namespace
+{
+constexpr LONGLONG kMaxSize = 16 << 20;
+constexpr LONG kUnreadable = static_cast<LONG>(0x8007000D); // HRESULT of ERROR_INVALID_DATA
+
+// The reason why the file gave nothing to read, or null.
+const wchar_t* ReadFileWhole(const CFileHandle& file, std::string& bytes)
+{
+    LARGE_INTEGER size{};
+    if (!GetFileSizeEx(file.Get(), &size))
+        return L"the file cannot be read";
+    if (size.QuadPart > kMaxSize)
+        return L"the file is too large";
+    bytes.resize(static_cast<std::size_t>(size.QuadPart));
+    DWORD read = 0;
+    if (!ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) ||
+        read != bytes.size())
+        return L"the file cannot be read";
+    return nullptr;
+}
+
+const wchar_t* ReadInto(const CFileHandle& file, CMessageCatalogue& catalogue)
+{
+    if (!file)
+        return L"the file cannot be opened";
+    std::string bytes;
+    const wchar_t* wrong = ReadFileWhole(file, bytes);
+    return wrong ? wrong : catalogue.Read(bytes);
+}
+
+// The file that this code was loaded from. Empty if that cannot be told.
+std::wstring OwnFile()
+{
+    static const char anchor = 0;
+    HMODULE module = nullptr;
+    constexpr DWORD flags =
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    DWORD length = 0;
+    std::wstring path(MAX_PATH, L'\0');
+    if (GetModuleHandleExW(flags, reinterpret_cast<const wchar_t*>(&anchor), &module))
+        // A longer path fills the buffer: it is asked for again with more room.
+        while ((length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()))) ==
+               path.size())
+            path.resize(path.size() * 2);
+    if (length == 0)
+        ThrowIfNoMemory();
+    path.resize(length);
+    return path;
+}
+} // namespace
+
+std::wstring CatalogueDirectory()
+{
+    const std::wstring file = OwnFile();
+    const std::size_t separator = file.find_last_of(L"\\/");
+    return separator == std::wstring::npos ? std::wstring() : file.substr(0, separator + 1) + L"locale";
+}
+
+std::unique_ptr<CMessageCatalogue> ReadCatalogue(const std::wstring& path)
+{
+    const CFileHandle file(CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                       nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const DWORD error = GetLastError();
+    if (!file && (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND))
+        return nullptr;
+    if (!file)
+        ThrowIfNoMemory();
+    auto catalogue = std::make_unique<CMessageCatalogue>();
+    const wchar_t* wrong = ReadInto(file, *catalogue);
+    if (!wrong)
+        return catalogue;
+    const std::wstring text = L"The catalogue " + path + L" is not used: " + wrong;
+    XQPError::WriteErrorToLogBook(L"QPLang32", L"ReadCatalogue", 0, text.c_str(), kUnreadable);
+    return nullptr;
+}

@@ -1,0 +1,46 @@
+#include "UserLanguage.h"
+
+#include "NoMemory.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+namespace
+{
+constexpr DWORD kMaxName = LOCALE_NAME_MAX_LENGTH;
+
+bool MayStandInName(wchar_t character)
+{
+    return (character >= L'a' && character <= L'z') || (character >= L'A' && character <= L'Z') ||
+           (character >= L'0' && character <= L'9') || character == L'-';
+}
+} // namespace
+
+std::wstring UserLanguage()
+{
+    wchar_t name[kMaxName];
+    SetLastError(ERROR_SUCCESS);
+    const DWORD length = GetEnvironmentVariableW(L"QPTOOLS_LANG", name, kMaxName);
+    if (length > 0)
+        return length < kMaxName ? std::wstring(name, length) : std::wstring();
+    ThrowIfNoMemory();
+    const LCID locale = MAKELCID(GetUserDefaultUILanguage(), SORT_DEFAULT);
+    return LCIDToLocaleName(locale, name, kMaxName, 0) > 0 ? std::wstring(name) : std::wstring();
+}
+
+std::vector<std::wstring> LanguageFallbacks(const std::wstring& language)
+{
+    std::wstring name = language.substr(0, language.find_first_of(L".@"));
+    std::replace(name.begin(), name.end(), L'_', L'-');
+    std::vector<std::wstring> names;
+    if (name.size() >= kMaxName || !std::all_of(name.begin(), name.end(), MayStandInName))
+        return names;
+    while (!name.empty())
+    {
+        names.push_back(name);
+        const std::size_t hyphen = name.rfind(L'-');
+        name.resize(hyphen == std::wstring::npos ? 0 : hyphen);
+    }
+    return names;
+}

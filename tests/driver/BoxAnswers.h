@@ -1,0 +1,49 @@
+// Answers the message boxes of the calling thread, as a user in front of it would.
+#pragma once
+
+#include "ShownBox.h"
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// From its construction to its end, each message box of this thread is answered by the next expectation,
+/// within the box's own modal loop. A box that nobody expected, or with another title or text or without the
+/// wanted button, fails the test and is dismissed, so that no test ever waits; an expectation whose box never
+/// came fails it at the end. One object at a time for each thread.
+class BoxAnswers
+{
+public:
+    BoxAnswers();
+    ~BoxAnswers();
+    BoxAnswers(const BoxAnswers&) = delete;
+    BoxAnswers& operator=(const BoxAnswers&) = delete;
+
+    /// The next box has this title and text and is answered with the button `answer` (IDOK, IDYES ...).
+    void Expect(std::wstring title, std::wstring text, int answer);
+
+    /// True if no expectation is left.
+    bool AllShown() const { return m_expected.empty(); }
+
+    /// The boxes shown so far, expected or not.
+    const std::vector<ShownBox>& Shown() const { return m_shown; }
+
+    /// Called by the platform's part with each box and its buttons: gives the button to press.
+    int Answer(const ShownBox& box, const std::vector<int>& buttons);
+
+private:
+    class Hook;
+    struct Expectation
+    {
+        std::wstring title;
+        std::wstring text;
+        int answer;
+    };
+
+    bool IsAsExpected(const ShownBox& box, const std::vector<int>& buttons) const;
+
+    std::deque<Expectation> m_expected;
+    std::vector<ShownBox> m_shown;
+    std::unique_ptr<Hook> m_hook;
+};

@@ -1,0 +1,19 @@
+// A window that is its thread's active one while it lives.
+#pragma once
+
+#include <windows.h>
+
+class ActiveWindow
+{
+public:
+    ActiveWindow();
+    ~ActiveWindow();
+    ActiveWindow(const ActiveWindow&) = delete;
+    ActiveWindow& operator=(const ActiveWindow&) = delete;
+
+    HWND Handle() const { return m_window; }
+
+private:
+    HWND m_window = nullptr;
+    HWND m_before = nullptr;
+};
