@@ -1,0 +1,4 @@
+// The component runtime under its newer header's name.
+#pragma once
+
+#include "objbase.h"

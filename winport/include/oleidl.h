@@ -1,0 +1,4 @@
+// Interfaces of compound documents; none is used.
+#pragma once
+
+#include "objidl.h"

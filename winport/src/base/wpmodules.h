@@ -1,0 +1,29 @@
+// The modules of the process: the program itself and what is linked into it as a module.
+#pragma once
+
+#include "wpresources.h"
+
+#include <winport_module.h>
+
+#include <string>
+
+namespace winport
+{
+/// One module. An HMODULE is the address of one of these; they live as long as the process.
+struct Module
+{
+    const WinportModule* descriptor = nullptr; ///< null for the program
+    std::wstring path;
+    ResourceTable resources;
+    unsigned count = 0; ///< how often it is loaded
+    bool pinned = false;
+
+    std::wstring_view FileName() const;
+};
+
+/// The module that a handle names, whether or not it is loaded; null stands for the program. Null for no module.
+Module* ModuleOf(HMODULE handle);
+
+/// The directory of the running program, without a slash at its end.
+const std::wstring& ProgramDirectory();
+}
