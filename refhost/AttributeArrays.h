@@ -1,0 +1,46 @@
+// The arrays of GetAttributes and SetAttributes: names in one dimension, name/value rows in two.
+#pragma once
+
+#include "HostText.h"
+#include "HostVariant.h"
+
+#include <oleauto.h>
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace refhost
+{
+/// A string that is freed.
+class OwnedBstr
+{
+public:
+    explicit OwnedBstr(std::wstring_view text) : m_string(MakeBstr(text)) {}
+    ~OwnedBstr() { SysFreeString(m_string); }
+    OwnedBstr(const OwnedBstr&) = delete;
+    OwnedBstr& operator=(const OwnedBstr&) = delete;
+    BSTR get() const { return m_string; }
+
+private:
+    BSTR m_string;
+};
+
+/// One row: an attribute's name and its value or result.
+struct Pair
+{
+    std::wstring name;
+    std::unique_ptr<HostVariant> value = std::make_unique<HostVariant>();
+};
+
+/// The names of a one-dimensional array of strings. Throws StatusError(E_INVALIDARG) for any other array.
+std::vector<std::wstring> ReadNames(SAFEARRAY* names);
+
+/// The rows of a two-dimensional array of variants with the columns name and value. Throws
+/// StatusError(E_INVALIDARG) for any other array, and for a name that is no text.
+std::vector<Pair> ReadPairs(SAFEARRAY* pairs);
+
+/// A new array of that shape, both lower bounds 0, for the caller to destroy.
+SAFEARRAY* MakePairArray(const std::vector<Pair>& rows);
+} // namespace refhost

@@ -1,0 +1,54 @@
+// How a recorded call writes its arguments.
+#pragma once
+
+#include <oleauto.h>
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace refhost
+{
+std::string ArgumentText(BSTR text);
+std::string ArgumentText(const VARIANT& value);
+std::string ArgumentText(const GUID& id);
+/// A name list or an array of name/value pairs by its content.
+std::string ArgumentText(SAFEARRAY** array);
+inline std::string ArgumentText(int number)
+{
+    return std::to_string(number);
+}
+inline std::string ArgumentText(long number)
+{
+    return std::to_string(number);
+}
+inline std::string ArgumentText(unsigned int number)
+{
+    return std::to_string(number);
+}
+inline std::string ArgumentText(unsigned long number)
+{
+    return std::to_string(number);
+}
+inline std::string ArgumentText(unsigned short number)
+{
+    return std::to_string(number);
+}
+
+/// "(a, b)".
+std::string ArgumentList(const std::vector<std::string>& arguments);
+
+/// "Interface::Method" with "<kind key>" (which may be empty) behind the interface and the arguments in
+/// brackets.
+template <class... Arguments>
+std::string CallText(std::string_view method, std::string_view object, const Arguments&... arguments)
+{
+    const std::size_t end = method.find("::");
+    std::string line(method.substr(0, end));
+    line += object;
+    line += method.substr(end);
+    line += ArgumentList({ArgumentText(arguments)...});
+    return line;
+}
+} // namespace refhost

@@ -1,0 +1,87 @@
+// The plant's SQLite database and its statements.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <variant>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace refhost
+{
+/// A value as the database holds it: none, a number or UTF-8 text.
+using SqlValue = std::variant<std::monostate, long long, std::string>;
+
+/// One connection. Every failure is a PlantError with SQLite's own message.
+class Database
+{
+public:
+    /// Opens or creates the file of that UTF-8 name; ":memory:" is a database of its own in memory.
+    explicit Database(const std::string& name);
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    /// Runs statements that give no rows.
+    void Execute(const std::string& sql);
+
+    long long LastInsertedId() const;
+
+private:
+    friend class Statement;
+    sqlite3_stmt* Take(const std::string& sql);
+    void GiveBack(sqlite3_stmt* statement, const std::string& sql) noexcept;
+    [[noreturn]] void Fail() const;
+
+    sqlite3* m_connection = nullptr;
+    std::unordered_map<std::string, sqlite3_stmt*> m_idle;
+};
+
+/// One run of a statement. Prepared statements are kept by their text, so that a repeated one is not parsed
+/// again.
+class Statement
+{
+public:
+    Statement(Database& database, std::string sql);
+    ~Statement();
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+
+    /// Parameters count from 1.
+    Statement& Bind(int parameter, const SqlValue& value);
+
+    /// Goes to the next row; false behind the last one.
+    bool Step();
+
+    /// Makes it ready for another run.
+    void Again();
+
+    /// Columns count from 0.
+    bool IsNull(int column) const;
+    long long Integer(int column) const;
+    std::string Text(int column) const;
+
+private:
+    Database& m_database;
+    std::string m_sql;
+    sqlite3_stmt* m_statement;
+};
+
+/// Undoes what was done since its construction unless Commit was called.
+class Transaction
+{
+public:
+    explicit Transaction(Database& database);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void Commit();
+
+private:
+    Database& m_database;
+    bool m_open = true;
+};
+} // namespace refhost

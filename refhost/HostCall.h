@@ -1,0 +1,104 @@
+// The frame of every method of a host object: gate, outputs, injected faults and the exception boundary.
+#pragma once
+
+#include "CallText.h"
+#include "PlantCore.h"
+#include "PlantError.h"
+#include "StatusError.h"
+
+#include <new>
+#include <tuple>
+
+namespace refhost
+{
+/// An output that the method owns from the start.
+template <class T>
+struct Out
+{
+    T* target;
+    bool Given() const { return target != nullptr; }
+    void Empty() const { *target = T{}; }
+    void GiveNull() const {}
+};
+template <class T>
+Out(T*) -> Out<T>;
+
+template <>
+struct Out<VARIANT>
+{
+    VARIANT* target;
+    bool Given() const { return target != nullptr; }
+    void Empty() const { VariantInit(target); }
+    void GiveNull() const
+    {
+        target->vt = VT_UNKNOWN;
+        target->punkVal = nullptr;
+    }
+};
+
+/// A variant that the caller initialised and that may hold a value.
+struct InOut
+{
+    VARIANT* target;
+    bool Given() const { return target != nullptr; }
+    void Empty() const { VariantClear(target); }
+    void GiveNull() const {}
+};
+
+/// The two outputs of RemNext. Its fault of a null object delivers all elements, each null.
+template <class T>
+struct Batch
+{
+    ULONG wanted;
+    T** elements;
+    ULONG* fetched;
+    bool Given() const { return elements && fetched; }
+    void Empty() const
+    {
+        std::fill(elements, elements + wanted, nullptr);
+        *fetched = 0;
+    }
+    void GiveNull() const { *fetched = wanted; }
+};
+template <class T>
+Batch(ULONG, T**, ULONG*) -> Batch<T>;
+
+/// Runs `body`, which returns the call's status, as one host call.
+///
+/// `describe` gives the line to record. `outputs` is a tuple of the call's outputs: one that is null gives
+/// E_POINTER, all are emptied before anything else. Returns the status of the body or of the injected fault;
+/// E_OUTOFMEMORY when memory runs out; E_FAIL for a failure of the database, whose message
+/// PlantCore::lastError keeps.
+template <class Describe, class Outputs, class Body>
+HRESULT HostCall(PlantCore& core, const char* method, Describe&& describe, const Outputs& outputs,
+                 Body&& body) noexcept
+try
+{
+    const CallGate::Verdict verdict = core.gate.Enter(method, describe);
+    if (!std::apply([](const auto&... out) { return (out.Given() && ...); }, outputs))
+        return E_POINTER;
+    std::apply([](const auto&... out) { (out.Empty(), ...); }, outputs);
+    if (verdict.fault == Fault::None)
+        return body();
+    if (verdict.fault == Fault::NullObject)
+        std::apply([](const auto&... out) { (out.GiveNull(), ...); }, outputs);
+    return verdict.fault == Fault::Status ? verdict.status : S_OK;
+}
+catch (const StatusError& error)
+{
+    return error.status;
+}
+catch (const std::bad_alloc&)
+{
+    return E_OUTOFMEMORY;
+}
+catch (const PlantError& error)
+{
+    core.NoteError(error.what());
+    return E_FAIL;
+}
+catch (...)
+{
+    return E_FAIL;
+}
+} // namespace refhost

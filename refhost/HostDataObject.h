@@ -1,0 +1,93 @@
+// One object of a plant as its callers see it.
+#pragma once
+
+#include "HostObject.h"
+#include "PlantCore.h"
+
+#include "ComPtr.h"
+
+#include "qpobjects.h"
+#include "qpservices.h"
+
+#include <string>
+#include <string_view>
+
+namespace refhost
+{
+/// A row of one of the plant's tables. It holds no data: every read and write goes to the database, so that
+/// any number of objects may stand for one row.
+class HostDataObject final : public HostObject<HostDataObject, IQP_BaseDataObject, IQPObjectRights>
+{
+public:
+    static ComPtr<IQP_BaseDataObject> Make(const Core& core, const Kind& kind, long long id);
+
+    /// The refhost object behind `object`; null for a foreign or null one.
+    static ComPtr<HostDataObject> From(IUnknown* object);
+
+    long long Id() const { return m_id; }
+    const Kind& KindOf() const { return m_kind; }
+    bool IsOf(const PlantCore& core) const { return m_core.get() == &core; }
+
+    /// "<table key>", as recorded calls name the object.
+    std::string Label() const;
+
+    HRESULT STDMETHODCALLTYPE GetTableName(BSTR* tableName) override;
+    HRESULT STDMETHODCALLTYPE GetTypeName(BSTR* typeName) override;
+
+    /// S_FALSE and VT_EMPTY for an attribute without a value, E_INVALIDARG for one that the object does not
+    /// have.
+    HRESULT STDMETHODCALLTYPE GetAttribute(BSTR name, VARIANT* value) override;
+
+    /// One row per readable attribute, in the order of the names. 0x8004035E if there were others.
+    HRESULT STDMETHODCALLTYPE GetAttributes(SAFEARRAY** names, SAFEARRAY** values) override;
+
+    /// An empty value or a null reference takes the attribute's value away. E_INVALIDARG for an attribute
+    /// that the object does not have and for an object of the wrong kind or plant; else the status of a
+    /// failed conversion.
+    HRESULT STDMETHODCALLTYPE SetAttribute(BSTR name, VARIANT value) override;
+
+    /// S_OK with a result for each row: 0 or the status that SetAttribute would have given, as VT_I4.
+    HRESULT STDMETHODCALLTYPE SetAttributes(SAFEARRAY** pairs, SAFEARRAY** results) override;
+
+    /// E_INVALIDARG for a list that the object does not have.
+    HRESULT STDMETHODCALLTYPE GetChildren(BSTR list, IEnumBaseDataObject** children) override;
+
+    /// Not there yet: E_NOTIMPL.
+    HRESULT STDMETHODCALLTYPE GetType(BSTR typeName, BSTR configName, IQPType** type) override;
+
+    HRESULT STDMETHODCALLTYPE GetClientId(LONG* clientId) override;
+
+    /// S_OK or S_FALSE.
+    HRESULT STDMETHODCALLTYPE IsDerivedFromClass(BSTR className) override;
+
+    /// The plant keeps one text for all languages: as the forms without a language.
+    HRESULT STDMETHODCALLTYPE SetAttributeMultiLingual(BSTR name, LONG language, VARIANT value) override;
+    HRESULT STDMETHODCALLTYPE SetAttributesMultiLingual(SAFEARRAY** pairs, LONG language,
+                                                        SAFEARRAY** results) override;
+
+    /// S_OK if the user holds every right of the mask, else S_FALSE.
+    HRESULT STDMETHODCALLTYPE HasRight(enum QPRightType right) override;
+
+private:
+    friend class HostObject<HostDataObject, IQP_BaseDataObject, IQPObjectRights>;
+    HostDataObject(Core core, const Kind& kind, long long id);
+    ~HostDataObject() = default;
+
+    void* Interface(REFIID iid) noexcept;
+    bool OffersRights() noexcept;
+    const Attribute& Known(BSTR name) const;
+    HRESULT Read(const Attribute& attribute, VARIANT& value) const;
+    void Write(const Attribute& attribute, const VARIANT& value) const;
+    HRESULT WriteNamed(BSTR name, const VARIANT& value) const noexcept;
+    HRESULT ReadAll(SAFEARRAY* names, SAFEARRAY** values) const;
+    HRESULT WriteAll(SAFEARRAY* pairs, SAFEARRAY** results) const;
+
+    template <class Outputs, class Body, class... Arguments>
+    HRESULT Call(const char* method, const Outputs& outputs, Body&& body,
+                 const Arguments&... arguments) noexcept;
+
+    const Core m_core;
+    const Kind& m_kind;
+    const long long m_id;
+};
+} // namespace refhost

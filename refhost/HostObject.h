@@ -1,0 +1,71 @@
+// Reference counting and QueryInterface for the host's objects, and how many of them are alive.
+#pragma once
+
+#include <unknwn.h>
+#include <windows.h>
+
+#include <atomic>
+
+namespace refhost
+{
+/// Counts the objects alive in the process.
+class LiveObject
+{
+public:
+    LiveObject() noexcept { ++s_alive; }
+    LiveObject(const LiveObject&) = delete;
+    LiveObject& operator=(const LiveObject&) = delete;
+    static long Alive() noexcept { return s_alive; }
+
+protected:
+    ~LiveObject() { --s_alive; }
+
+private:
+    static inline std::atomic<long> s_alive{0};
+};
+
+/// Base of the final class `Derived`, which implements the interfaces `First` and `Rest`. An object starts
+/// with no reference; whoever makes it takes the first one, by a ComPtr.
+template <class Derived, class First, class... Rest>
+class HostObject : public First, public Rest..., private LiveObject
+{
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** found) override
+    {
+        if (!found)
+            return E_POINTER;
+        *found = static_cast<Derived*>(this)->Interface(iid);
+        if (!*found)
+            return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
+
+    ULONG STDMETHODCALLTYPE Release() override
+    {
+        const ULONG left = --m_references;
+        if (left == 0)
+            delete static_cast<Derived*>(this);
+        return left;
+    }
+
+protected:
+    ~HostObject() = default;
+
+    /// The interface of that identifier, null if there is none. A class with more to offer hides it by its
+    /// own.
+    void* Interface(REFIID iid) noexcept
+    {
+        if (iid == IID_IUnknown || iid == __uuidof(First))
+            return static_cast<First*>(this);
+        void* found = nullptr;
+        (void)((iid == __uuidof(Rest) && (found = static_cast<Rest*>(this))) || ...);
+        return found;
+    }
+
+private:
+    ULONG m_references = 0;
+};
+} // namespace refhost

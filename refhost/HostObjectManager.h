@@ -1,0 +1,40 @@
+// The host's object manager: hands out the host's services.
+#pragma once
+
+#include "HostObject.h"
+#include "PlantCore.h"
+
+#include "ComPtr.h"
+
+#include "qpobjects.h"
+
+namespace refhost
+{
+/// Each service is made when it is first asked for and then stays the same object as long as the manager
+/// lives.
+class HostObjectManager final : public HostObject<HostObjectManager, IQPFObjectManager>
+{
+public:
+    static ComPtr<IQPFObjectManager> Make(const Core& core);
+
+    /// Not there yet: E_NOTIMPL.
+    HRESULT STDMETHODCALLTYPE GetRunningObjects(CLSID clsid, IEnumQPFObject** objects) override;
+
+    /// The key store and the gateway to server-side objects; CLASS_E_CLASSNOTAVAILABLE for any other class,
+    /// S_FALSE and null if the service is not there yet and is not to be made.
+    HRESULT STDMETHODCALLTYPE GetObject(CLSID clsid, LONG autoCreate, IQPFObject** object) override;
+
+private:
+    friend class HostObject<HostObjectManager, IQPFObjectManager>;
+    explicit HostObjectManager(Core core);
+    ~HostObjectManager() = default;
+
+    template <class Outputs, class Body, class... Arguments>
+    HRESULT Call(const char* method, const Outputs& outputs, Body&& body,
+                 const Arguments&... arguments) noexcept;
+
+    const Core m_core;
+    ComPtr<IQPFObject> m_ptrDataManager;
+    ComPtr<IQPFObject> m_ptrIpdClient;
+};
+} // namespace refhost

@@ -1,0 +1,38 @@
+// Variants of the host's callers: ownership and reading.
+#pragma once
+
+#include <oleauto.h>
+#include <windows.h>
+
+namespace refhost
+{
+/// A variant that frees what it holds.
+class HostVariant
+{
+public:
+    HostVariant() noexcept { VariantInit(&m_value); }
+    ~HostVariant() { VariantClear(&m_value); }
+    HostVariant(const HostVariant&) = delete;
+    HostVariant& operator=(const HostVariant&) = delete;
+
+    /// Copies `source` with its indirections resolved. Throws StatusError with the status of a failed copy.
+    explicit HostVariant(const VARIANT& source);
+
+    VARIANT* operator->() noexcept { return &m_value; }
+    const VARIANT* operator->() const noexcept { return &m_value; }
+    VARIANT& get() noexcept { return m_value; }
+    const VARIANT& get() const noexcept { return m_value; }
+
+    /// Converts in place. Throws StatusError with the status of a failed conversion.
+    void Become(VARTYPE type);
+
+private:
+    VARIANT m_value;
+};
+
+/// True if the variant stands for "no value": empty, null, or a reference to no object.
+bool IsNothing(const VARIANT& value);
+
+/// True if it is a reference to an object, which may be null.
+bool IsReference(const VARIANT& value);
+} // namespace refhost

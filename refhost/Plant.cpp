@@ -1,0 +1,120 @@
+#include "Plant.h"
+
+#include "HostDataObject.h"
+#include "HostObjectManager.h"
+#include "HostQuery.h"
+#include "HostText.h"
+#include "PlantCore.h"
+#include "SampleLoader.h"
+
+namespace refhost
+{
+namespace
+{
+const Kind& KindOf(std::wstring_view table)
+{
+    const Kind* kind = FindKind(ToUtf8(table));
+    if (!kind)
+        throw PlantError("a plant has no table " + ToUtf8(table));
+    return *kind;
+}
+
+/// 0 if there is none.
+long long NumberOf(PlantCore& core, const Kind& kind, const std::string& name)
+{
+    Statement statement(core.database, R"(SELECT "id" FROM "object" WHERE "kind" = ?1 AND "key" = ?2)");
+    statement.Bind(1, std::string(kind.table)).Bind(2, name);
+    return statement.Step() ? statement.Integer(0) : 0;
+}
+} // namespace
+
+Plant::Plant(const std::string& name) : m_core(std::make_shared<PlantCore>(name)) {}
+
+Plant::~Plant() = default;
+
+std::unique_ptr<Plant> Plant::OpenMemory()
+{
+    return std::unique_ptr<Plant>(new Plant(":memory:"));
+}
+
+std::unique_ptr<Plant> Plant::Open(const std::filesystem::path& file)
+{
+    const std::string name = ToUtf8(file.wstring());
+    try
+    {
+        return std::unique_ptr<Plant>(new Plant(name));
+    }
+    catch (const PlantError& error)
+    {
+        const std::string reason = error.what();
+        throw PlantError(reason.rfind(name, 0) == 0 ? reason : name + ": " + reason);
+    }
+}
+
+void Plant::Load(const std::filesystem::path& folder)
+{
+    LoadSample(m_core->database, folder);
+}
+
+ComPtr<IQP_Query> Plant::NewQuery()
+{
+    return HostQuery::Make(m_core);
+}
+
+ComPtr<IQP_BaseDataObject> Plant::Find(std::wstring_view table, std::wstring_view name)
+{
+    const Kind& kind = KindOf(table);
+    const long long id = NumberOf(*m_core, kind, ToUtf8(name));
+    return id ? HostDataObject::Make(m_core, kind, id) : ComPtr<IQP_BaseDataObject>();
+}
+
+ComPtr<IQP_BaseDataObject> Plant::Add(std::wstring_view table, std::wstring_view name)
+{
+    const Kind& kind = KindOf(table);
+    Transaction transaction(m_core->database);
+    const long long id = InsertObject(m_core->database, kind, ToUtf8(name));
+    {
+        Statement statement(m_core->database,
+                            "UPDATE " + Quoted(kind.table) + R"( SET "name" = ?1 WHERE "id" = ?2)");
+        statement.Bind(1, ToUtf8(name)).Bind(2, id).Step();
+    }
+    if (kind.hasRights)
+        StoreRights(m_core->database, id, kAllRights);
+    transaction.Commit();
+    return HostDataObject::Make(m_core, kind, id);
+}
+
+void Plant::SetRights(std::wstring_view table, std::wstring_view name, std::optional<long> rights)
+{
+    const Kind& kind = KindOf(table);
+    const long long id = NumberOf(*m_core, kind, ToUtf8(name));
+    if (id == 0)
+        throw PlantError("no " + std::string(kind.table) + " is named " + ToUtf8(name));
+    StoreRights(m_core->database, id, rights);
+}
+
+ComPtr<IQPFObjectManager> Plant::ObjectManager()
+{
+    return HostObjectManager::Make(m_core);
+}
+
+CallGate& Plant::Calls()
+{
+    return m_core->gate;
+}
+
+const std::string& Plant::LastSql() const
+{
+    return m_core->lastSql;
+}
+
+const std::string& Plant::LastError() const
+{
+    return m_core->lastError;
+}
+
+long Plant::LiveObjects()
+{
+    return LiveObject::Alive();
+}
+} // namespace refhost

@@ -1,0 +1,257 @@
+#include "Schema.h"
+
+#include "Database.h"
+#include "PlantError.h"
+
+#include <algorithm>
+#include <string>
+
+namespace refhost
+{
+namespace
+{
+constexpr auto Number = ColumnType::Number;
+constexpr auto Flag = ColumnType::Flag;
+constexpr auto Object = ColumnType::Object;
+
+/// Marks a SQLite file as a plant, and which form its tables have.
+constexpr long long kApplicationId = 0x51504C54;
+constexpr long long kSchemaVersion = 1;
+
+Kind RootKind()
+{
+    return {"root",
+            "root",
+            "XDORoot",
+            false,
+            {{"m_name", "name"}},
+            {{"orvoproject", "project", "coalesce(\"istemplate\", 0) = 0 AND ?1 > 0"},
+             {"template", "project", "\"istemplate\" = 1 AND ?1 > 0"}}};
+}
+
+Kind ProjectKind()
+{
+    return {"project",
+            "orvoproject",
+            "XDOOrvoProject",
+            true,
+            {{"m_name", "name"},
+             {"m_bIsTemplate", "istemplate", Flag},
+             {"m_strConfigTypeName", "configtypename"}},
+            {{"orvoplantypeset", "plantypeset", "\"orvoproject\" = ?1"},
+             {"orvoplantype", "plantype", "\"orvoproject\" = ?1"},
+             {"script", "script", "\"dodefaultimpl\" = ?1"},
+             {"scriptactions", "scriptaction",
+              "\"orvoplantypeset\" IN (SELECT \"id\" FROM \"plantypeset\" WHERE \"orvoproject\" = ?1)"},
+             {"scriptcommands", "scriptcommand",
+              "\"orvoplantypeset\" IN (SELECT \"id\" FROM \"plantypeset\" WHERE \"orvoproject\" = ?1)"}}};
+}
+
+Kind PlanTypeSetKind()
+{
+    return {"plantypeset",
+            "orvoplantypeset",
+            "XDOOrvoPlanTypeSet",
+            true,
+            {{"m_name", "name"},
+             {"m_pMaster", "master", Object, "plantypeset"},
+             {"m_pOrvoProject", "orvoproject", Object, "project"},
+             {"m_strConfigTypeName", "configtypename"}},
+            {{"orvoplantype", "plantype", "\"orvoplantypeset\" = ?1"},
+             {"scriptactions", "scriptaction", "\"orvoplantypeset\" = ?1"},
+             {"scriptcommands", "scriptcommand", "\"orvoplantypeset\" = ?1"}}};
+}
+
+Kind PlanTypeKind()
+{
+    return {"plantype",
+            "orvoplantype",
+            "XDOOrvoPlanType",
+            true,
+            {{"m_name", "name"},
+             {"m_pMaster", "master", Object, "plantype"},
+             {"m_pOrvoPlanTypeSet", "orvoplantypeset", Object, "plantypeset"},
+             {"m_pOrvoProject", "orvoproject", Object, "project"},
+             {"m_strConfigTypeName", "configtypename"}},
+            {{"scriptactions", "scriptaction", "\"orvoplantype\" = ?1"},
+             {"scriptcommands", "scriptcommand", "\"orvoplantype\" = ?1"}}};
+}
+
+Kind ConfigTypeKind()
+{
+    return {"configtype",
+            "configtype",
+            "XDOConfigType",
+            false,
+            {{"m_name", "name"},
+             {"typename", "name"},
+             {"m_strCaptionSingular", "captionsingular"},
+             {"m_bIsPlanType", "isplantype", Flag}},
+            {}};
+}
+
+Kind ScriptKind()
+{
+    return {"script",
+            "script",
+            "XDOScript",
+            true,
+            {{"m_name", "name"},
+             {"m_pDODefaultImpl", "dodefaultimpl", Object, "project"},
+             {"m_strLanguageType", "languagetype"},
+             {"m_creationDate", "creationdate"},
+             {"m_modificationDate", "modificationdate"}},
+            {}};
+}
+
+Kind ScriptActionKind()
+{
+    return {"scriptaction",
+            "scriptaction",
+            "XDOScriptAction",
+            true,
+            {{"m_name", "name"},
+             {"m_prompt", "prompt"},
+             {"m_pScript", "script", Object, "script"},
+             {"m_pType", "type"},
+             {"m_pPlanType", "orvoplantype", Object, "plantype"},
+             {"m_pOrvoPlanTypeSet", "orvoplantypeset", Object, "plantypeset"},
+             {"m_actionType", "actiontype", Number},
+             {"m_beforeAfter", "beforeafter", Number},
+             {"m_iSequence", "sequence", Number},
+             {"m_bEnabled", "enabled", Flag}},
+            {}};
+}
+
+Kind ScriptCommandKind()
+{
+    return {"scriptcommand",
+            "scriptcommand",
+            "XDOScriptCommand",
+            true,
+            {{"m_name", "name"},
+             {"m_strPrompt", "prompt"},
+             {"m_nameShort", "nameshort"},
+             {"m_pScript", "script", Object, "script"},
+             {"m_strVBAMacroName", "vbamacroname"},
+             {"m_strType", "type"},
+             {"m_pPlanType", "orvoplantype", Object, "plantype"},
+             {"m_pOrvoPlanTypeSet", "orvoplantypeset", Object, "plantypeset"},
+             {"m_bVisible", "visible", Flag},
+             {"m_lUserInterfaceType", "userinterfacetype", Number},
+             {"m_strCustomizationObjectId", "customizationobjectid"},
+             {"m_lCustomizationObjectType", "customizationobjecttype", Number}},
+            {}};
+}
+
+template <class Items, class Test>
+auto FindIn(const Items& items, Test test) -> decltype(items.data())
+{
+    const auto found = std::find_if(items.begin(), items.end(), test);
+    return found == items.end() ? nullptr : &*found;
+}
+
+std::string ColumnSql(const Attribute& attribute)
+{
+    std::string sql = std::string("\"") + attribute.column + "\"";
+    if (attribute.type == ColumnType::Text)
+        return sql + " TEXT";
+    sql += " INTEGER";
+    if (attribute.type == Object)
+        sql += std::string(" REFERENCES \"") + attribute.target + "\"(\"id\")";
+    return sql;
+}
+
+std::string TableSql(const Kind& kind)
+{
+    std::string sql = std::string("CREATE TABLE \"") + kind.table +
+                      "\"(\"id\" INTEGER PRIMARY KEY REFERENCES \"object\"(\"id\")";
+    std::string seen = " ";
+    for (const Attribute& attribute : kind.attributes)
+    {
+        const std::string mark = std::string(attribute.column) + " ";
+        if (seen.find(" " + mark) != std::string::npos)
+            continue;
+        seen += mark;
+        sql += ", " + ColumnSql(attribute);
+    }
+    sql += ");";
+    if (kind.FindColumn("orvoplantypeset"))
+        sql += std::string("CREATE INDEX \"") + kind.table + "_set\" ON \"" + kind.table +
+               "\"(\"orvoplantypeset\");";
+    return sql;
+}
+
+void CreateTables(Database& database)
+{
+    database.Execute(
+        "CREATE TABLE \"object\"(\"id\" INTEGER PRIMARY KEY AUTOINCREMENT, \"kind\" TEXT NOT NULL, \"key\" "
+        "TEXT NOT NULL,"
+        " UNIQUE(\"kind\", \"key\"));"
+        "CREATE TABLE \"objectright\"(\"object\" INTEGER PRIMARY KEY REFERENCES \"object\"(\"id\"), \"bits\" "
+        "INTEGER NOT NULL);"
+        "CREATE TABLE \"storekey\"(\"scope\" INTEGER NOT NULL, \"path\" TEXT NOT NULL COLLATE NOCASE,"
+        " PRIMARY KEY(\"scope\", \"path\"));"
+        "CREATE TABLE \"storevalue\"(\"id\" INTEGER PRIMARY KEY, \"scope\" INTEGER NOT NULL,"
+        " \"path\" TEXT NOT NULL COLLATE NOCASE, \"name\" TEXT NOT NULL COLLATE NOCASE, \"type\" INTEGER NOT "
+        "NULL, \"value\","
+        " UNIQUE(\"scope\", \"path\", \"name\"));");
+    for (const Kind& kind : Kinds())
+        database.Execute(TableSql(kind));
+    database.Execute("INSERT INTO \"object\"(\"kind\", \"key\") VALUES('root', 'root');"
+                     "INSERT INTO \"root\"(\"id\", \"name\") VALUES(last_insert_rowid(), 'root');");
+    database.Execute("PRAGMA application_id = " + std::to_string(kApplicationId));
+    database.Execute("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+}
+
+long long Ask(Database& database, const char* sql)
+{
+    Statement statement(database, sql);
+    return statement.Step() ? statement.Integer(0) : 0;
+}
+} // namespace
+
+const Attribute* Kind::FindAttribute(std::string_view name) const
+{
+    return FindIn(attributes, [name](const Attribute& a) { return name == a.key || name == a.column; });
+}
+
+const Attribute* Kind::FindColumn(std::string_view column) const
+{
+    return FindIn(attributes, [column](const Attribute& a) { return column == a.column; });
+}
+
+const ChildList* Kind::FindChildren(std::string_view list) const
+{
+    return FindIn(children, [list](const ChildList& c) { return list == c.name; });
+}
+
+const std::vector<Kind>& Kinds()
+{
+    static const std::vector<Kind> kinds = {RootKind(),         ProjectKind(),      PlanTypeSetKind(),
+                                            PlanTypeKind(),     ConfigTypeKind(),   ScriptKind(),
+                                            ScriptActionKind(), ScriptCommandKind()};
+    return kinds;
+}
+
+const Kind* FindKind(std::string_view table)
+{
+    return FindIn(Kinds(), [table](const Kind& kind) { return table == kind.table; });
+}
+
+void PrepareSchema(Database& database)
+{
+    database.Execute("PRAGMA foreign_keys = ON");
+    if (Ask(database, "SELECT count(*) FROM sqlite_master") == 0)
+    {
+        Transaction transaction(database);
+        CreateTables(database);
+        transaction.Commit();
+        return;
+    }
+    if (Ask(database, "PRAGMA application_id") != kApplicationId)
+        throw PlantError("the database is not a plant");
+    if (Ask(database, "PRAGMA user_version") != kSchemaVersion)
+        throw PlantError("the plant was written by another version");
+}
+} // namespace refhost

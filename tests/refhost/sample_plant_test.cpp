@@ -1,0 +1,235 @@
+// The sample plant, and how its tables are written.
+#include "SearchSteps.h"
+
+#include <fstream>
+#include <set>
+
+namespace
+{
+std::set<std::wstring> Distinct(refhost::Plant& plant, const wchar_t* table, const wchar_t* attribute)
+{
+    std::set<std::wstring> values;
+    ComPtr<IEnumBaseDataObject> found;
+    EXPECT_EQ(Search(plant, table).Run(found), S_OK);
+    ComPtr<IQP_BaseDataObject> object;
+    while (found->GetSingleNext(object.put()) == S_OK)
+    {
+        Value value;
+        if (Read(object.get(), attribute, value) == S_OK)
+        {
+            value.Become(VT_BSTR);
+            values.insert(value->bstrVal);
+        }
+    }
+    return values;
+}
+
+int WithRight(refhost::Plant& plant, const wchar_t* table, HRESULT answer)
+{
+    int count = 0;
+    ComPtr<IEnumBaseDataObject> found;
+    EXPECT_EQ(Search(plant, table).Run(found), S_OK);
+    ComPtr<IQP_BaseDataObject> object;
+    while (found->GetSingleNext(object.put()) == S_OK)
+    {
+        ComPtr<IQPObjectRights> rights;
+        HRESULT status = rights.queryFrom(object.get());
+        status = status < 0 ? status : rights->HasRight(QPRT_execute);
+        count += status == answer ? 1 : 0;
+    }
+    return count;
+}
+
+class Sample : public SamplePlant
+{
+protected:
+    std::size_t Count(const wchar_t* table) { return Search(*plant, table).Found().size(); }
+    Names Children(const ComPtr<IQP_BaseDataObject>& parent, const wchar_t* list)
+    {
+        ComPtr<IEnumBaseDataObject> children;
+        EXPECT_EQ(parent->GetChildren(Text(list), children.put()), S_OK);
+        return NamesOf(children.get());
+    }
+};
+
+TEST_F(Sample, holds_as_much_as_its_readers_count_on)
+{
+    EXPECT_EQ(Count(L"project"), 4U);
+    EXPECT_EQ(Count(L"plantypeset"), 3U);
+    EXPECT_EQ(Count(L"plantype"), 10U);
+    EXPECT_EQ(Count(L"configtype"), 14U);
+    EXPECT_EQ(Count(L"script"), 40U);
+    EXPECT_EQ(Count(L"scriptaction"), 60U);
+    EXPECT_EQ(Count(L"scriptcommand"), 60U);
+}
+
+TEST_F(Sample, has_every_kind_of_action)
+{
+    EXPECT_EQ(Distinct(*plant, L"scriptaction", L"actiontype"),
+              (std::set<std::wstring>{L"0", L"1", L"2", L"3", L"4", L"5"}));
+    EXPECT_EQ(Distinct(*plant, L"scriptaction", L"beforeafter"), (std::set<std::wstring>{L"0", L"1"}));
+    EXPECT_GE(Distinct(*plant, L"scriptaction", L"sequence").size(), 5U);
+    EXPECT_EQ(Search(*plant, L"scriptaction").Is(L"enabled", 0).Found().size(), 4U);
+    EXPECT_EQ(Search(*plant, L"scriptaction").IsNothing(L"script").Found(),
+              (Names{L"Paint: to be written", L"Robot: no script yet"}));
+}
+
+TEST_F(Sample, has_every_kind_of_command)
+{
+    EXPECT_EQ(Distinct(*plant, L"scriptcommand", L"userinterfacetype"),
+              (std::set<std::wstring>{L"1", L"2", L"3"}));
+    EXPECT_EQ(Search(*plant, L"scriptcommand").Is(L"visible", false).Found(),
+              (Names{L"Weld hidden", L"Machine hidden"}));
+    const ComPtr<IQP_BaseDataObject> welding = Find(L"plantype", L"Welding");
+    EXPECT_EQ(Search(*plant, L"scriptcommand").Is(L"prompt", L"Check").Is(L"orvoplantype", welding).Found(),
+              (Names{L"Check clamps", L"Check seams", L"Check order"}));
+    EXPECT_EQ(Search(*plant, L"scriptcommand").IsNothing(L"prompt").Found().size(), 6U);
+    EXPECT_EQ(Search(*plant, L"scriptcommand").Is(L"nameshort", L"Once for all objects").Found(),
+              (Names{L"Weld export", L"Paint macro"}));
+    EXPECT_EQ(Search(*plant, L"scriptcommand").IsNothing(L"script").IsNothing(L"vbamacroname").Found(),
+              (Names{L"Robot macro unnamed"}));
+}
+
+TEST_F(Sample, has_scripts_and_commands_that_the_user_may_not_run)
+{
+    EXPECT_EQ(WithRight(*plant, L"script", S_FALSE), 6);
+    EXPECT_EQ(WithRight(*plant, L"script", E_NOINTERFACE), 1);
+    EXPECT_EQ(WithRight(*plant, L"scriptcommand", S_FALSE), 1);
+    EXPECT_EQ(WithRight(*plant, L"scriptcommand", E_NOINTERFACE), 1);
+    const ComPtr<IQP_BaseDataObject> nameless = Find(L"script", L"unnamed-1");
+    Value name;
+    EXPECT_EQ(Read(nameless.get(), L"name", name), S_FALSE);
+}
+
+TEST_F(Sample, has_masters_where_they_matter)
+{
+    EXPECT_EQ(Distinct(*plant, L"plantypeset", L"name").size(), 3U);
+    Value value;
+    EXPECT_EQ(Read(Find(L"plantypeset", L"Body Shop").get(), L"master", value), S_OK);
+    EXPECT_EQ(Read(Find(L"plantypeset", L"Machining").get(), L"master", value), S_FALSE);
+    EXPECT_EQ(Read(Find(L"plantypeset", L"Company Standards").get(), L"master", value), S_FALSE);
+    EXPECT_EQ(Read(Find(L"plantype", L"Welding").get(), L"master", value), S_OK);
+    EXPECT_EQ(Read(Find(L"plantype", L"Painting").get(), L"master", value), S_FALSE);
+    EXPECT_EQ(Read(Find(L"plantype", L"Measuring").get(), L"master", value), S_OK)
+        << "in a set without a master";
+}
+
+TEST_F(Sample, has_trees_of_children)
+{
+    const ComPtr<IQP_BaseDataObject> root = Find(L"root", L"root");
+    EXPECT_EQ(Children(root, L"orvoproject"),
+              (Names{L"Body Plant North", L"Engine Machining South", L"Final Assembly East"}));
+    EXPECT_EQ(Children(root, L"template"), (Names{L"Company Template"}));
+    const ComPtr<IQP_BaseDataObject> project = Find(L"project", L"Engine Machining South");
+    EXPECT_EQ(Children(project, L"orvoplantypeset"), (Names{L"Machining"}));
+    EXPECT_EQ(Children(project, L"orvoplantype"), (Names{L"Turning", L"Milling", L"Measuring"}));
+    EXPECT_EQ(Children(project, L"script").size(), 7U);
+    EXPECT_EQ(Children(project, L"scriptactions").size(), 11U);
+    EXPECT_EQ(Children(project, L"scriptcommands").size(), 7U);
+    const ComPtr<IQP_BaseDataObject> set = Find(L"plantypeset", L"Body Shop");
+    EXPECT_EQ(Children(set, L"orvoplantype"), (Names{L"Welding", L"Painting", L"Assembly", L"Inspection"}));
+    EXPECT_EQ(Children(set, L"scriptactions").size(), 41U);
+    EXPECT_EQ(Children(set, L"scriptcommands").size(), 44U);
+    const ComPtr<IQP_BaseDataObject> planType = Find(L"plantype", L"Milling");
+    EXPECT_EQ(Children(planType, L"scriptactions").size(), 3U);
+    EXPECT_EQ(Children(planType, L"scriptcommands").size(), 2U);
+}
+
+TEST_F(Sample, orders_actions_by_sequence_and_then_by_their_place)
+{
+    const ComPtr<IQP_BaseDataObject> welding = Find(L"plantype", L"Welding");
+    Search search(*plant, L"scriptaction");
+    search.Is(L"orvoplantype", welding).Is(L"actiontype", 1).Is(L"beforeafter", 0).Order(L"sequence");
+    EXPECT_EQ(search.Found(), (Names{L"Weld: validate order", L"Weld: check clamps", L"Weld: number spots"}));
+}
+
+class TableText : public EmptyPlant
+{
+protected:
+    void Load(const char* file, const std::string& text)
+    {
+        {
+            std::ofstream stream(folder.Path() / file, std::ios::binary);
+            stream << text;
+        }
+        plant->Load(folder.Path());
+    }
+    const Folder folder;
+};
+
+TEST_F(TableText, cells_are_trimmed_and_empty_cells_are_no_values)
+{
+    Load("scriptcommand.txt", "name | prompt|nameshort\n  A\t|  |0  \nB|\"\"|1\n");
+    const ComPtr<IQP_BaseDataObject> first = plant->Find(L"scriptcommand", L"A");
+    ASSERT_TRUE(first);
+    EXPECT_EQ(ReadText(first.get(), L"prompt"), L"<none>");
+    EXPECT_EQ(ReadText(first.get(), L"nameshort"), L"0");
+    EXPECT_EQ(ReadText(plant->Find(L"scriptcommand", L"B").get(), L"prompt"), L"")
+        << "the empty text is a value";
+}
+
+TEST_F(TableText, bars_and_backslashes_can_be_written)
+{
+    Load("script.txt", "name | languagetype\na\\|b | c\\\\\nd\\e | \\|\n");
+    EXPECT_EQ(ReadText(plant->Find(L"script", L"a|b").get(), L"languagetype"), L"c\\");
+    EXPECT_EQ(ReadText(plant->Find(L"script", L"d\\e").get(), L"languagetype"), L"|");
+}
+
+TEST_F(TableText, windows_line_ends_a_byte_order_mark_and_a_missing_last_line_end_do_not_matter)
+{
+    Load("script.txt", "\xEF\xBB\xBF# scripts\r\nname | languagetype\r\n\r\nA | basic\r\nPr\xC3\xBC"
+                       "fen |");
+    EXPECT_EQ(ReadText(plant->Find(L"script", L"A").get(), L"languagetype"), L"basic");
+    EXPECT_TRUE(plant->Find(L"script", L"Pr\u00FCfen"));
+}
+
+TEST_F(TableText, columns_come_in_any_order_and_may_be_left_out)
+{
+    Load("scriptaction.txt", "sequence | name\n-5 | A\n2147483647 | B\n");
+    Value value;
+    EXPECT_EQ(Read(plant->Find(L"scriptaction", L"A").get(), L"sequence", value), S_OK);
+    EXPECT_EQ(value->lVal, -5);
+    EXPECT_EQ(Read(plant->Find(L"scriptaction", L"B").get(), L"sequence", value), S_OK);
+    EXPECT_EQ(value->lVal, 2147483647);
+    EXPECT_EQ(Read(plant->Find(L"scriptaction", L"A").get(), L"enabled", value), S_FALSE);
+}
+
+TEST_F(TableText, a_key_names_a_row_whose_name_is_missing_or_not_the_only_one)
+{
+    Load("script.txt", "key | name\none | Same\ntwo | Same\nthree |\n | Four\n");
+    EXPECT_EQ(ReadText(plant->Find(L"script", L"two").get(), L"name"), L"Same");
+    EXPECT_EQ(ReadText(plant->Find(L"script", L"three").get(), L"name"), L"<none>");
+    EXPECT_FALSE(plant->Find(L"script", L"Same"));
+    EXPECT_TRUE(plant->Find(L"script", L"Four"));
+}
+
+TEST_F(TableText, references_may_point_forward_and_to_what_is_there)
+{
+    plant->Add(L"plantypeset", L"there");
+    Load("plantypeset.txt", "name | master\nfirst | second\nsecond | there\nself | self\n");
+    for (const wchar_t* name : {L"first", L"second", L"self"})
+    {
+        Value value;
+        EXPECT_EQ(Read(plant->Find(L"plantypeset", name).get(), L"master", value), S_OK) << name;
+    }
+}
+
+TEST_F(TableText, rights_are_words)
+{
+    Load("script.txt",
+         "name | rights\nA |\nB | all\nC | none\nD | norights\nE | read   execute\nF | change\n");
+    const auto may = [&](const wchar_t* name, int right)
+    {
+        ComPtr<IQPObjectRights> rights;
+        const HRESULT status = rights.queryFrom(plant->Find(L"script", name).get());
+        return status < 0 ? status : rights->HasRight(static_cast<QPRightType>(right));
+    };
+    EXPECT_EQ(may(L"A", QPRT_remove_child), S_OK);
+    EXPECT_EQ(may(L"B", QPRT_take_ownership), S_OK);
+    EXPECT_EQ(may(L"C", QPRT_read), S_FALSE);
+    EXPECT_EQ(may(L"D", QPRT_read), E_NOINTERFACE);
+    EXPECT_EQ(may(L"E", QPRT_execute), S_OK);
+    EXPECT_EQ(may(L"E", QPRT_change), S_FALSE);
+    EXPECT_EQ(may(L"F", QPRT_change), S_OK);
+}
+} // namespace
