@@ -1,0 +1,119 @@
+#include "QPUserActionLog.h"
+
+#include "Translation.h"
+#include "XQPError.h"
+
+#include "ComException.h"
+#include "UiState.h"
+
+#include <ctime>
+#include <cwchar>
+#include <exception>
+#include <string_view>
+
+namespace qptools
+{
+
+namespace
+{
+
+std::wstring_view TextOf(BSTR text) noexcept
+{
+    return text ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();
+}
+
+std::tm LocalTime() noexcept
+{
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    std::tm time{};
+    time.tm_year = now.wYear - 1900;
+    time.tm_mon = now.wMonth - 1;
+    time.tm_mday = now.wDay;
+    time.tm_hour = now.wHour;
+    time.tm_min = now.wMinute;
+    time.tm_sec = now.wSecond;
+    time.tm_wday = now.wDayOfWeek;
+    time.tm_isdst = -1;
+    return time;
+}
+
+/// The local time in a form that is not translated.
+std::wstring TimeStamp()
+{
+    wchar_t text[64];
+    const std::tm time = LocalTime();
+    return {text, std::wcsftime(text, std::size(text), L"Date/Time %Y-%m-%d @ %H:%M:%S", &time)};
+}
+
+void AppendLine(std::wstring& block, std::wstring_view label, BSTR value)
+{
+    block += label;
+    block += TextOf(value);
+    block += L'\n';
+}
+
+} // namespace
+
+/// Runs `compose`, which returns the text, inside the module's UI state and writes what it returns.
+template <class Compose>
+HRESULT QPUserActionLog::Write(Compose&& compose)
+{
+    try
+    {
+        const CUiState uiState;
+        std::wstring text = compose();
+        XQPError::WriteLogLine(m_logName.data(), text.data());
+        return S_OK;
+    }
+    catch (const std::exception&)
+    {
+        // Composing a text fails for want of memory only, whichever way its parts say so.
+        ThrowOutOfMemory();
+    }
+}
+
+HRESULT QPUserActionLog::WriteTimeStampWithInfo(BSTR bstrInfo)
+{
+    return Write(
+        [&]
+        {
+            const std::wstring timeStamp = TimeStamp();
+            std::wstring text(TextOf(bstrInfo));
+            if (!text.empty())
+                text += L" at  ";
+            text += timeStamp;
+            text += L'\n';
+            return text;
+        });
+}
+
+HRESULT QPUserActionLog::WriteLine(BSTR bstrInfoLine)
+{
+    return Write([&] { return std::wstring(TextOf(bstrInfoLine)); });
+}
+
+HRESULT QPUserActionLog::WriteUserActionInfo(BSTR bstrAction, BSTR bstrObjectId, BSTR bstrObjectGUID,
+                                             BSTR bstrObjectConfName, BSTR bstrPlanTypeName)
+{
+    return Write(
+        [&]
+        {
+            std::wstring block = TimeStamp();
+            block += L'\n';
+            AppendLine(block, L"# --> ", bstrAction);
+            AppendLine(block, L"Object ID: ", bstrObjectId);
+            AppendLine(block, L"Object GUID: ", bstrObjectGUID);
+            AppendLine(block, CoTranslateText2("Configured Name of Object: "), bstrObjectConfName);
+            AppendLine(block, CoTranslateText2("(Plan-)Type: "), bstrPlanTypeName);
+            AppendLine(block, L"# <-- ", nullptr);
+            return block;
+        });
+}
+
+HRESULT QPUserActionLog::WriteTimeStamp()
+{
+    return Write([&] { return TimeStamp(); });
+}
+
+} // namespace qptools

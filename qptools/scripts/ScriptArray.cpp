@@ -1,0 +1,58 @@
+#include "ScriptArray.h"
+
+#include <utility>
+
+namespace qptools
+{
+
+namespace
+{
+
+SAFEARRAY* CreateArray(ULONG rows, ULONG columns) noexcept
+{
+    SAFEARRAYBOUND bounds[] = {{rows, 0}, {columns, 0}};
+    return SafeArrayCreate(VT_VARIANT, 2, bounds);
+}
+
+} // namespace
+
+ScriptArray::ScriptArray(ULONG rows, ULONG columns) noexcept : m_array(CreateArray(rows, columns)) {}
+
+ScriptArray::~ScriptArray()
+{
+    if (m_array)
+        SafeArrayDestroy(m_array);
+}
+
+HRESULT ScriptArray::PutText(LONG row, LONG column, BSTR text) noexcept
+{
+    VARIANT cell;
+    cell.vt = VT_BSTR;
+    cell.bstrVal = text;
+    return Put(row, column, cell);
+}
+
+HRESULT ScriptArray::PutObject(LONG row, LONG column, IUnknown* object) noexcept
+{
+    VARIANT cell;
+    cell.vt = VT_UNKNOWN;
+    cell.punkVal = object;
+    return Put(row, column, cell);
+}
+
+HRESULT ScriptArray::Put(LONG row, LONG column, const VARIANT& value) noexcept
+{
+    LONG cell[] = {row, column};
+    return SafeArrayPutElement(m_array, cell, const_cast<VARIANT*>(&value));
+}
+
+void ScriptArray::MoveTo(VARIANT* target) noexcept
+{
+    if (!target)
+        return;
+    VariantClear(target);
+    target->vt = VT_ARRAY | VT_VARIANT;
+    target->parray = std::exchange(m_array, nullptr);
+}
+
+} // namespace qptools

@@ -1,0 +1,38 @@
+// The two-dimensional array of variants that the script service answers with.
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+namespace qptools
+{
+
+/// Rows by columns, both from 0. Owns the array until it is handed over.
+class ScriptArray
+{
+public:
+    /// Creates the array, empty in every cell. Look at IsCreated afterwards.
+    ScriptArray(ULONG rows, ULONG columns) noexcept;
+    ~ScriptArray();
+    ScriptArray(const ScriptArray&) = delete;
+    ScriptArray& operator=(const ScriptArray&) = delete;
+
+    /// False if there was no memory for the array.
+    bool IsCreated() const noexcept { return m_array != nullptr; }
+
+    // Put a copy of a value into a cell. Return the status of SafeArrayPutElement.
+
+    HRESULT PutText(LONG row, LONG column, BSTR text) noexcept;
+    HRESULT PutObject(LONG row, LONG column, IUnknown* object) noexcept;
+    HRESULT Put(LONG row, LONG column, const VARIANT& value) noexcept;
+
+    /// Clears the variant at `target`, which must be a valid one, and gives it the array. A null `target`
+    /// leaves the array to be destroyed.
+    void MoveTo(VARIANT* target) noexcept;
+
+private:
+    SAFEARRAY* m_array;
+};
+
+} // namespace qptools

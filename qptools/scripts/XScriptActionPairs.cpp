@@ -1,0 +1,59 @@
+#include "XScriptActionPairs.h"
+
+#include "ScriptArray.h"
+#include "XResolvedValue.h"
+
+#include "EnumWalk.h"
+#include "HostConstants.h"
+
+#include "XQPComBSTR.h"
+#include "XQPComVariant.h"
+
+#include <utility>
+
+namespace qptools
+{
+
+HRESULT XScriptActionPairs::AppendFrom(IEnumBaseDataObject* actions, HRESULT status)
+{
+    if (!actions)
+        return status;
+    const XQPComBSTR attribute(kAttributeScript);
+    RemNextWalk walk(actions, WalkEnd::AtNull);
+    while (walk.Next())
+    {
+        XQPComVariant value;
+        status = walk.Object()->GetAttribute(attribute, &value);
+        if (status < 0)
+            return status;
+        const XResolvedValue resolved(value.Value());
+        if (status != S_OK || !resolved.IsObject())
+            continue;
+        ComPtr<IQP_BaseDataObject> script = resolved.DataObject();
+        if (!script)
+            return E_NOINTERFACE;
+        m_pairs.push_back({ComPtr<IQP_BaseDataObject>(walk.Object()), std::move(script)});
+    }
+    return status;
+}
+
+HRESULT XScriptActionPairs::Deliver(VARIANT* target, HRESULT status) const
+{
+    ScriptArray result(static_cast<ULONG>(m_pairs.size()), 2);
+    if (!result.IsCreated())
+        return status;
+    LONG row = 0;
+    for (const Pair& pair : m_pairs)
+    {
+        status = result.PutObject(row, 0, pair.action.get());
+        if (status >= 0)
+            status = result.PutObject(row, 1, pair.script.get());
+        if (status < 0)
+            break;
+        ++row;
+    }
+    result.MoveTo(target);
+    return status;
+}
+
+} // namespace qptools

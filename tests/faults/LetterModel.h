@@ -1,0 +1,38 @@
+// The script service by the letter of its rules: slow, plain and written apart from the real one, to tell
+// what a run with an injected fault has to deliver.
+#pragma once
+
+#include "ArrayText.h"
+#include "XQPComVariant.h"
+
+#include "qpobjects.h"
+
+#include <string>
+#include <vector>
+
+/// The context of a call.
+struct ScriptContext
+{
+    IQP_Query* query = nullptr;
+    IQP_BaseDataObject* set = nullptr;
+    std::wstring typeName;
+    IQP_BaseDataObject* planType = nullptr;
+};
+
+struct ModelResult
+{
+    HRESULT status = S_OK;
+    std::vector<std::vector<XQPComVariant>> rows;
+};
+
+/// What GetScriptCommands delivers. Makes the same host calls.
+ModelResult CommandsByTheLetter(const ScriptContext& context, int userInterfaceType);
+
+/// What GetScriptsForAction delivers on a new object. Makes the same host calls.
+ModelResult ScriptsByTheLetter(const ScriptContext& context, int actionType, int beforeAfter);
+
+/// The rows as RowsOf gives those of a real result; the objects are asked for their names.
+TextRows TextOf(const ModelResult& result);
+
+/// The attribute "name" of an object of the sample plant, empty if it has none.
+std::string NameInPlant(IUnknown* object);

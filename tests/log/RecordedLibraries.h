@@ -1,0 +1,23 @@
+// Stands in for the libraries for logging and translation, and keeps what they were called with.
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct LogCall
+{
+    std::wstring logName;
+    std::wstring text;
+    int uiDepth;
+};
+
+struct TranslationCall
+{
+    std::wstring text;
+    bool changeable; ///< by CoTranslateText2
+    bool narrow;     ///< the overload for narrow texts
+    int uiDepth;
+};
+
+extern std::vector<LogCall> g_logCalls;
+extern std::vector<TranslationCall> g_translationCalls;

@@ -1,0 +1,73 @@
+// What the tests of both finders share: a host in memory with a plan type set, a plan type and their masters.
+#pragma once
+
+#include "MemoryHost.h"
+#include "XQPComBSTR.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+using Calls = std::vector<std::string>;
+
+inline std::string Cat(int catenation)
+{
+    return "SetSearchCatenation(" + std::to_string(catenation) + ")";
+}
+
+/// A criterion of equality, joined to nothing.
+inline std::string Equal(const std::string& attribute, const std::string& value)
+{
+    return "SetSearchAttribute(" + attribute + ", 1, " + value + ", 0)";
+}
+
+/// The whole record, call by call.
+#define EXPECT_CALLS(...) EXPECT_EQ(host.calls, (__VA_ARGS__))
+
+inline Calls operator+(Calls first, const Calls& second)
+{
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+class SearchFixture : public ::testing::Test
+{
+protected:
+    /// The master is reached through an object that is not the master itself, so that the record shows which
+    /// of the two is passed on.
+    void GiveSetMaster() { set->Set(L"master", masterSetReference.get()); }
+    void GivePlanTypeMaster() { planType->Set(L"master", masterPlanTypeReference.get()); }
+
+    MemoryHost host;
+    ComPtr<MemoryObject> set = host.Object("set");
+    ComPtr<MemoryObject> planType = host.Object("plantype");
+    ComPtr<MemoryObject> masterSet = host.Object("masterset");
+    ComPtr<MemoryObject> masterPlanType = host.Object("masterplantype");
+    ComPtr<IUnknown> masterSetReference = host.ReferenceTo("reference to masterset", masterSet);
+    ComPtr<IUnknown> masterPlanTypeReference =
+        host.ReferenceTo("reference to masterplantype", masterPlanType);
+    MemoryQuery& query = host.Query();
+
+    const Calls setMasterRead = {"set.GetAttribute(master)"};
+    const Calls bothMastersRead = {"set.GetAttribute(master)", "plantype.GetAttribute(master)"};
+    const Calls inSet = {Equal("orvoplantypeset", "UNKNOWN set"), Cat(1)};
+    const Calls inSetOrMaster = {Cat(4), Equal("orvoplantypeset", "UNKNOWN set"), Cat(2),
+                                 Equal("orvoplantypeset", "UNKNOWN reference to masterset"), Cat(9)};
+};
+
+/// A BSTR argument: the text, or a null BSTR for null.
+class BstrArgument
+{
+public:
+    explicit BstrArgument(const wchar_t* text) : m_text(text ? SysAllocString(text) : nullptr) {}
+    ~BstrArgument() { SysFreeString(m_text); }
+    BstrArgument(const BstrArgument&) = delete;
+    BstrArgument& operator=(const BstrArgument&) = delete;
+
+    BSTR get() const noexcept { return m_text; }
+
+private:
+    BSTR m_text;
+};
