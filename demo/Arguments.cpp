@@ -1,0 +1,59 @@
+#include "Arguments.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <vector>
+
+namespace
+{
+std::vector<std::wstring> CommandLineWords()
+{
+    int count = 0;
+    LPWSTR* words = CommandLineToArgvW(GetCommandLineW(), &count);
+    if (!words)
+        return {};
+    std::vector<std::wstring> result(words, words + count);
+    LocalFree(words);
+    return result;
+}
+
+std::filesystem::path ProgramFolder()
+{
+    wchar_t path[MAX_PATH] = L"";
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return std::filesystem::path(path).parent_path();
+}
+} // namespace
+
+Arguments ReadArguments()
+{
+    Arguments arguments;
+    arguments.sample = ProgramFolder() / "sample";
+    const std::vector<std::wstring> words = CommandLineWords();
+    for (size_t index = 1; index < words.size(); ++index)
+    {
+        const std::wstring& word = words[index];
+        const bool hasValue = index + 1 < words.size();
+        if (word == L"--db" && hasValue)
+            arguments.database = words[++index];
+        else if (word == L"--sample" && hasValue)
+            arguments.sample = words[++index];
+        else if (word == L"--register")
+            arguments.registerModule = true;
+        else if (word == L"--help")
+            arguments.help = true;
+        else
+            arguments.error = L"unknown or incomplete argument: " + word;
+    }
+    return arguments;
+}
+
+std::wstring UsageText()
+{
+    return L"usage: qpdemo [--db FILE] [--sample FOLDER] [--register]\n"
+           L"  --db FILE        keep the plant in FILE; a plant that is there already is used as it is\n"
+           L"  --sample FOLDER  load the sample data of FOLDER instead of the one beside the program\n"
+           L"  --register       register the module for this process first";
+}

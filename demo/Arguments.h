@@ -1,0 +1,20 @@
+// What the demonstration was asked to do.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+struct Arguments
+{
+    std::filesystem::path database; ///< empty: a plant in memory
+    std::filesystem::path sample;   ///< the sample data; the folder "sample" beside the program unless named
+    bool registerModule = false;    ///< register the module for this process before it is used
+    bool help = false;
+    std::wstring error; ///< what is wrong with the arguments, if anything is
+};
+
+/// Reads the command line of the process.
+Arguments ReadArguments();
+
+/// How the program is called.
+std::wstring UsageText();

@@ -1,0 +1,28 @@
+// A plain text table whose columns are as wide as their widest cell.
+#pragma once
+
+#include <string>
+#include <vector>
+
+class CTable
+{
+public:
+    explicit CTable(std::vector<std::wstring> headings);
+
+    /// Adds a row; it has as many cells as there are headings.
+    void AddRow(std::vector<std::wstring> cells);
+
+    size_t RowCount() const { return m_rows.size() - 1; }
+
+    /// Prints the table as UTF-8, indented by two blanks; without rows it says so.
+    void Print() const;
+
+private:
+    std::vector<std::vector<std::wstring>> m_rows;
+};
+
+/// Prints a line as UTF-8.
+void PrintLine(const std::wstring& text);
+
+/// Prints a line that is UTF-8 already.
+void PrintUtf8(const std::string& line);
