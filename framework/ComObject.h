@@ -161,7 +161,7 @@ HRESULT CreateComObject(IUnknown* outer, REFIID iid, void** result) noexcept
             if (status >= 0)
                 status = object->NonDelegatingUnknown()->QueryInterface(iid, result);
             if (status >= 0)
-                object.release();
+                static_cast<void>(object.release()); // the reference that the caller now has keeps it
             return status;
         });
 }

@@ -12,6 +12,7 @@ class ComPtr
 {
 public:
     ComPtr() noexcept = default;
+    // NOLINTNEXTLINE(google-explicit-constructor): null is a pointer like any other
     ComPtr(std::nullptr_t) noexcept {}
 
     /// Takes a reference of its own to `pointer`, which may be null.

@@ -95,6 +95,12 @@ std::string ToUtf8(std::wstring_view text)
     return out;
 }
 
+std::string ToUtf8(const std::filesystem::path& path)
+{
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
 std::wstring FromUtf8(std::string_view text)
 {
     std::wstring out;

@@ -4,6 +4,7 @@
 #include <oleauto.h>
 #include <windows.h>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,9 @@ std::string ToUtf8(std::wstring_view text);
 
 /// UTF-8 as wide text. Bytes that are not UTF-8 become U+FFFD.
 std::wstring FromUtf8(std::string_view text);
+
+/// A path's text. Natively a path is bytes already, and its way through wide text would depend on the locale.
+std::string ToUtf8(const std::filesystem::path& path);
 
 /// True if every byte of `text` belongs to a well-formed UTF-8 character.
 bool IsUtf8(std::string_view text);

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -35,9 +36,9 @@ BoxAnswers::~BoxAnswers()
         ADD_FAILURE() << Describe({.title = missing.title, .text = missing.text}) << " was never shown";
 }
 
-void BoxAnswers::Expect(std::wstring title, std::wstring text, int answer)
+void BoxAnswers::Expect(std::wstring title, std::wstring text, int answer, std::function<void()> meanwhile)
 {
-    m_expected.push_back({std::move(title), std::move(text), answer});
+    m_expected.push_back({std::move(title), std::move(text), answer, std::move(meanwhile)});
 }
 
 bool BoxAnswers::IsAsExpected(const ShownBox& box, const std::vector<int>& buttons) const
@@ -58,8 +59,14 @@ bool BoxAnswers::IsAsExpected(const ShownBox& box, const std::vector<int>& butto
 int BoxAnswers::Answer(const ShownBox& box, const std::vector<int>& buttons)
 {
     m_shown.push_back(box);
-    const int answer = IsAsExpected(box, buttons) ? m_expected.front().answer : Dismissal(buttons);
+    const bool expected = IsAsExpected(box, buttons);
+    Expectation next{.answer = Dismissal(buttons)};
     if (!m_expected.empty())
+    {
+        next = expected ? std::move(m_expected.front()) : std::move(next);
         m_expected.pop_front();
-    return answer;
+    }
+    if (next.meanwhile)
+        next.meanwhile();
+    return next.answer;
 }

@@ -4,6 +4,7 @@
 #include "ShownBox.h"
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -21,7 +22,8 @@ public:
     BoxAnswers& operator=(const BoxAnswers&) = delete;
 
     /// The next box has this title and text and is answered with the button `answer` (IDOK, IDYES ...).
-    void Expect(std::wstring title, std::wstring text, int answer);
+    /// `meanwhile`, if there is one, runs while the box is up.
+    void Expect(std::wstring title, std::wstring text, int answer, std::function<void()> meanwhile = {});
 
     /// True if no expectation is left.
     bool AllShown() const { return m_expected.empty(); }
@@ -39,6 +41,7 @@ private:
         std::wstring title;
         std::wstring text;
         int answer;
+        std::function<void()> meanwhile;
     };
 
     bool IsAsExpected(const ShownBox& box, const std::vector<int>& buttons) const;

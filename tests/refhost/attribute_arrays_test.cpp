@@ -4,6 +4,7 @@
 #include <array>
 #include <initializer_list>
 #include <map>
+#include <utility>
 
 namespace
 {
@@ -22,7 +23,15 @@ public:
     }
     Array(const Array&) = delete;
     Array& operator=(const Array&) = delete;
+    /// For an input.
     SAFEARRAY** Address() { return &m_array; }
+    /// For an output; what it held is destroyed.
+    SAFEARRAY** Fresh()
+    {
+        if (SAFEARRAY* old = std::exchange(m_array, nullptr))
+            SafeArrayDestroy(old);
+        return &m_array;
+    }
     SAFEARRAY* get() const { return m_array; }
 
 private:
@@ -100,7 +109,7 @@ protected:
     std::map<std::wstring, HRESULT> Write(SAFEARRAY** pairs, HRESULT expected = S_OK)
     {
         Array results;
-        EXPECT_EQ(action->SetAttributes(pairs, results.Address()), expected);
+        EXPECT_EQ(action->SetAttributes(pairs, results.Fresh()), expected);
         std::map<std::wstring, HRESULT> byName;
         for (LONG row = 0; results.get() && row < RowsOf(results.get()); ++row)
         {
@@ -119,7 +128,7 @@ TEST_F(AttributeArrays, values_come_in_the_order_of_the_names)
 {
     Array names(NameArray({L"m_iSequence", L"m_name", L"type"}));
     Array values;
-    ASSERT_EQ(action->GetAttributes(names.Address(), values.Address()), S_OK);
+    ASSERT_EQ(action->GetAttributes(names.Address(), values.Fresh()), S_OK);
     ASSERT_EQ(RowsOf(values.get()), 3);
     EXPECT_EQ(NameAt(values.get(), 0), L"m_iSequence");
     EXPECT_EQ(NameAt(values.get(), 1), L"m_name");
@@ -137,7 +146,7 @@ TEST_F(AttributeArrays, an_attribute_without_a_value_is_an_empty_cell)
 {
     Array names(NameArray({L"m_name", L"m_pScript"}));
     Array values;
-    ASSERT_EQ(action->GetAttributes(names.Address(), values.Address()), S_OK);
+    ASSERT_EQ(action->GetAttributes(names.Address(), values.Fresh()), S_OK);
     ASSERT_EQ(RowsOf(values.get()), 2);
     Value value;
     Cell(values.get(), 1, 1, value);
@@ -148,7 +157,7 @@ TEST_F(AttributeArrays, unreadable_attributes_are_left_out_and_told)
 {
     Array names(NameArray({L"m_nothing", L"m_name", L"visible"}));
     Array values;
-    ASSERT_EQ(action->GetAttributes(names.Address(), values.Address()), kSomeUnreadable);
+    ASSERT_EQ(action->GetAttributes(names.Address(), values.Fresh()), kSomeUnreadable);
     ASSERT_EQ(RowsOf(values.get()), 1);
     EXPECT_EQ(NameAt(values.get(), 0), L"m_name");
 }
@@ -157,7 +166,7 @@ TEST_F(AttributeArrays, none_readable_gives_an_array_without_rows)
 {
     Array names(NameArray({L"m_nothing"}));
     Array values;
-    ASSERT_EQ(action->GetAttributes(names.Address(), values.Address()), kSomeUnreadable);
+    ASSERT_EQ(action->GetAttributes(names.Address(), values.Fresh()), kSomeUnreadable);
     EXPECT_EQ(RowsOf(values.get()), 0);
 }
 
@@ -165,7 +174,7 @@ TEST_F(AttributeArrays, no_names_no_rows)
 {
     Array names(NameArray({}));
     Array values;
-    ASSERT_EQ(action->GetAttributes(names.Address(), values.Address()), S_OK);
+    ASSERT_EQ(action->GetAttributes(names.Address(), values.Fresh()), S_OK);
     EXPECT_EQ(RowsOf(values.get()), 0);
 }
 
@@ -173,7 +182,7 @@ TEST_F(AttributeArrays, names_may_start_at_any_index)
 {
     Array names(NameArray({L"m_name", L"type"}, 5));
     Array values;
-    ASSERT_EQ(action->GetAttributes(names.Address(), values.Address()), S_OK);
+    ASSERT_EQ(action->GetAttributes(names.Address(), values.Fresh()), S_OK);
     EXPECT_EQ(RowsOf(values.get()), 2);
 }
 
@@ -181,22 +190,21 @@ TEST_F(AttributeArrays, other_arrays_are_bad_arguments)
 {
     Array values;
     SAFEARRAY* none = nullptr;
-    EXPECT_EQ(action->GetAttributes(nullptr, values.Address()), E_INVALIDARG);
-    EXPECT_EQ(action->GetAttributes(&none, values.Address()), E_INVALIDARG);
+    EXPECT_EQ(action->GetAttributes(nullptr, values.Fresh()), E_INVALIDARG);
+    EXPECT_EQ(action->GetAttributes(&none, values.Fresh()), E_INVALIDARG);
     Array pairs(PairArray(1));
-    EXPECT_EQ(action->GetAttributes(pairs.Address(), values.Address()), E_INVALIDARG);
+    EXPECT_EQ(action->GetAttributes(pairs.Address(), values.Fresh()), E_INVALIDARG);
     Array numbers(SafeArrayCreateVector(VT_I4, 0, 1));
-    EXPECT_EQ(action->GetAttributes(numbers.Address(), values.Address()), E_INVALIDARG);
+    EXPECT_EQ(action->GetAttributes(numbers.Address(), values.Fresh()), E_INVALIDARG);
     Array names(NameArray({L"m_name"}));
     EXPECT_EQ(action->GetAttributes(names.Address(), nullptr), E_POINTER);
-    EXPECT_EQ(action->SetAttributes(names.Address(), values.Address()), E_INVALIDARG);
-    EXPECT_EQ(action->SetAttributes(nullptr, values.Address()), E_INVALIDARG);
-    EXPECT_EQ(action->SetAttributes(&none, values.Address()), E_INVALIDARG);
+    EXPECT_EQ(action->SetAttributes(names.Address(), values.Fresh()), E_INVALIDARG);
+    EXPECT_EQ(action->SetAttributes(nullptr, values.Fresh()), E_INVALIDARG);
+    EXPECT_EQ(action->SetAttributes(&none, values.Fresh()), E_INVALIDARG);
     EXPECT_EQ(action->SetAttributes(pairs.Address(), nullptr), E_POINTER);
     Array wide(PairArray(1, 3));
-    EXPECT_EQ(action->SetAttributes(wide.Address(), values.Address()), E_INVALIDARG);
-    EXPECT_EQ(action->SetAttributes(pairs.Address(), values.Address()), E_INVALIDARG)
-        << "its name is no text";
+    EXPECT_EQ(action->SetAttributes(wide.Address(), values.Fresh()), E_INVALIDARG);
+    EXPECT_EQ(action->SetAttributes(pairs.Address(), values.Fresh()), E_INVALIDARG) << "its name is no text";
     EXPECT_EQ(values.get(), nullptr);
 }
 
@@ -254,9 +262,9 @@ TEST_F(AttributeArrays, with_a_language_the_same)
     Put(pairs.get(), 0, 0, Value(L"m_name"));
     Put(pairs.get(), 0, 1, Value(L"Pr\u00FCfung"));
     Array results;
-    EXPECT_EQ(action->SetAttributesMultiLingual(pairs.Address(), 1031, results.Address()), S_OK);
+    EXPECT_EQ(action->SetAttributesMultiLingual(pairs.Address(), 1031, results.Fresh()), S_OK);
     EXPECT_EQ(RowsOf(results.get()), 1);
     EXPECT_EQ(ReadText(action.get(), L"name"), L"Pr\u00FCfung");
-    EXPECT_EQ(action->SetAttributesMultiLingual(nullptr, 1031, results.Address()), E_INVALIDARG);
+    EXPECT_EQ(action->SetAttributesMultiLingual(nullptr, 1031, results.Fresh()), E_INVALIDARG);
 }
 } // namespace

@@ -22,7 +22,7 @@ TEST(PlantFile, is_made_and_opened_again)
 {
     const AllReleased released;
     const Folder folder;
-    const auto file = folder.Path() / L"pl\u00E4ne.db";
+    const auto file = folder.Path() / u8"pl\u00E4ne.db";
     {
         const auto plant = refhost::Plant::Open(file);
         plant->Load(QP_SAMPLE_DIR);

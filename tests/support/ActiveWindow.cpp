@@ -9,6 +9,11 @@ ActiveWindow::ActiveWindow()
 {
 }
 
+void ActiveWindow::Activate() const
+{
+    SetActiveWindow(m_window);
+}
+
 ActiveWindow::~ActiveWindow()
 {
     DestroyWindow(m_window);
@@ -20,6 +25,11 @@ ActiveWindow::~ActiveWindow()
 #include "winport_test.h"
 
 ActiveWindow::ActiveWindow() : m_window(reinterpret_cast<HWND>(this)), m_before(GetActiveWindow())
+{
+    WinportSetActiveWindow(m_window);
+}
+
+void ActiveWindow::Activate() const
 {
     WinportSetActiveWindow(m_window);
 }

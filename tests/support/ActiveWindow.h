@@ -13,6 +13,9 @@ public:
 
     HWND Handle() const { return m_window; }
 
+    /// Makes it the active window again: another program's window may have come to the front meanwhile.
+    void Activate() const;
+
 private:
     HWND m_window = nullptr;
     HWND m_before = nullptr;

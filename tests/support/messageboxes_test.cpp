@@ -5,6 +5,8 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 TEST(MessageBoxes, ShowAPlainText)
 {
     BoxAnswers boxes;
@@ -76,17 +78,24 @@ TEST(MessageBoxes, StandBeforeTheirParent)
 TEST(MessageBoxes, StandBeforeTheActiveWindowWithoutAParent)
 {
     const ActiveWindow active;
-    ASSERT_EQ(GetActiveWindow(), active.Handle());
-    BoxAnswers boxes;
-    for (int box = 0; box < 4; ++box)
-        boxes.Expect(L"Title", L"Text", box == 2 ? IDNO : IDOK);
-    CoOkBox(nullptr, L"Title", L"Text", 0);
-    CoErrorBox(nullptr, L"Title", L"Text", 0);
-    CoYesNoBox(nullptr, L"Title", L"Text", 0);
-    CoInfoBox(nullptr, L"Title", L"Text", 0);
-    ASSERT_EQ(boxes.Shown().size(), 4u);
-    for (const ShownBox& box : boxes.Shown())
-        EXPECT_EQ(box.owner, active.Handle());
+    using Box = std::function<void()>;
+    const Box boxesOfEachKind[] = {[] { CoOkBox(nullptr, L"Title", L"Text", 0); },
+                                   [] { CoErrorBox(nullptr, L"Title", L"Text", 0); },
+                                   [] { CoYesNoBox(nullptr, L"Title", L"Text", 0); },
+                                   []
+                                   {
+                                       CoInfoBox(nullptr, L"Title", L"Text", 0);
+                                   }};
+    for (const Box& show : boxesOfEachKind)
+    {
+        BoxAnswers boxes;
+        boxes.Expect(L"Title", L"Text", &show == &boxesOfEachKind[2] ? IDNO : IDOK);
+        active.Activate();
+        ASSERT_EQ(GetActiveWindow(), active.Handle());
+        show();
+        ASSERT_TRUE(boxes.AllShown());
+        EXPECT_EQ(boxes.Shown()[0].owner, active.Handle());
+    }
 }
 
 TEST(MessageBoxes, HaveNoOwnerWithoutAnyWindow)
@@ -97,6 +106,15 @@ TEST(MessageBoxes, HaveNoOwnerWithoutAnyWindow)
     CoOkBox(nullptr, L"Title", L"Text", 0);
     ASSERT_TRUE(boxes.AllShown());
     EXPECT_EQ(boxes.Shown()[0].owner, nullptr);
+}
+
+TEST(BoxDriver, RunsWhatIsToHappenWhileABoxIsUp)
+{
+    BoxAnswers boxes;
+    int shown = 0;
+    boxes.Expect(L"Title", L"Text", IDYES, [&] { shown = static_cast<int>(boxes.Shown().size()); });
+    EXPECT_EQ(CoYesNoBox(nullptr, L"Title", L"Text", 0), IDYES);
+    EXPECT_EQ(shown, 1);
 }
 
 TEST(BoxDriver, FailsATestWhoseBoxNobodyExpected)

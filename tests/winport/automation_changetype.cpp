@@ -118,7 +118,7 @@ void ExpectRow(const VARIANT& source, const Row& row)
     EXPECT_EQ(row.truth, Changed(source, VT_BOOL)) << Value(source);
     EXPECT_EQ(row.text, Changed(source, VT_BSTR)) << Value(source);
 }
-}
+} // namespace
 
 TEST(ChangeType, EmptyIsZeroAndEmptyText)
 {
@@ -166,7 +166,8 @@ TEST(ChangeType, WholeNumbers)
     ExpectRow(OfI4(32767), {L"32767", L"32767", L"overflow", L"32767", L"-1", L"'32767'"});
     ExpectRow(OfI4(32768), {L"overflow", L"32768", L"overflow", L"32768", L"-1", L"'32768'"});
     ExpectRow(OfI4(-32769), {L"overflow", L"-32769", L"overflow", L"4294934527", L"-1", L"'-32769'"});
-    ExpectRow(OfI4(2147483647), {L"overflow", L"2147483647", L"overflow", L"2147483647", L"-1", L"'2147483647'"});
+    ExpectRow(OfI4(2147483647),
+              {L"overflow", L"2147483647", L"overflow", L"2147483647", L"-1", L"'2147483647'"});
     ExpectRow(Whole(VT_INT, -7), {L"-7", L"-7", L"overflow", L"4294967289", L"-1", L"'-7'"});
     ExpectRow(Whole(VT_UI1, 200), {L"200", L"200", L"200", L"200", L"-1", L"'200'"});
     ExpectRow(Whole(VT_UI4, 7), {L"7", L"7", L"7", L"7", L"-1", L"'7'"});
@@ -192,8 +193,8 @@ TEST(ChangeType, WholeNumbersAsRealOnes)
 TEST(ChangeType, ARealNumberIsRoundedAndAHalfGoesToTheEvenOne)
 {
     const std::pair<double, const wchar_t*> cases[] = {
-        {0.0, L"0"},   {0.5, L"0"},   {1.5, L"2"},    {2.5, L"2"},     {-0.5, L"0"},  {-1.5, L"-2"},
-        {-2.5, L"-2"}, {2.4, L"2"},   {2.6, L"3"},    {-0.6, L"-1"},   {254.5, L"254"}, {32766.5, L"32766"}};
+        {0.0, L"0"},   {0.5, L"0"}, {1.5, L"2"}, {2.5, L"2"},   {-0.5, L"0"},    {-1.5, L"-2"},
+        {-2.5, L"-2"}, {2.4, L"2"}, {2.6, L"3"}, {-0.6, L"-1"}, {254.5, L"254"}, {32766.5, L"32766"}};
     for (const auto& [value, expected] : cases)
     {
         EXPECT_EQ(expected, OfReal(value, VT_I2)) << value;
@@ -291,14 +292,16 @@ TEST(ChangeType, TruthKeepsAnOddValue)
 TEST(ChangeType, TextThatIsAWholeNumber)
 {
     const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-        {L"0", L"0"},       {L"1", L"1"},        {L"-1", L"-1"},    {L"12", L"12"},      {L"0012", L"12"},
-        {L"+12", L"12"},    {L" 12", L"12"},     {L"12 ", L"12"},   {L" 12 ", L"12"},    {L"\t12", L"12"},
-        {L"12\r\n", L"12"}, {L"- 12", L"-12"},   {L"12-", L"-12"},  {L"(12)", L"-12"},   {L"( 12 )", L"-12"},
-        {L"1,234", L"1234"}, {L"12,34", L"1234"}, {L"5,", L"5"},     {L"$12", L"12"},     {L"12$", L"12"},
-        {L"-$12", L"-12"},  {L"$-12", L"-12"},   {L"1e3", L"1000"}, {L"1E+3", L"1000"},  {L"1e-3", L"0"},
-        {L"12.5e1", L"125"}, {L"12.4", L"12"},   {L"12.5", L"12"},  {L"13.5", L"14"},    {L"-0.6", L"-1"},
-        {L".5", L"0"},      {L"5.", L"5"},       {L"-0", L"0"},     {L"00", L"0"},       {L"&H10", L"16"},
-        {L"&hFF", L"255"},  {L"&O17", L"15"},    {L" &H10 ", L"16"}, {L"$1,234.50", L"1234"}};
+        {L"0", L"0"},        {L"1", L"1"},        {L"-1", L"-1"},         {L"12", L"12"},
+        {L"0012", L"12"},    {L"+12", L"12"},     {L" 12", L"12"},        {L"12 ", L"12"},
+        {L" 12 ", L"12"},    {L"\t12", L"12"},    {L"12\r\n", L"12"},     {L"- 12", L"-12"},
+        {L"12-", L"-12"},    {L"(12)", L"-12"},   {L"( 12 )", L"-12"},    {L"1,234", L"1234"},
+        {L"12,34", L"1234"}, {L"5,", L"5"},       {L"$12", L"12"},        {L"12$", L"12"},
+        {L"-$12", L"-12"},   {L"$-12", L"-12"},   {L"1e3", L"1000"},      {L"1E+3", L"1000"},
+        {L"1e-3", L"0"},     {L"12.5e1", L"125"}, {L"12.4", L"12"},       {L"12.5", L"12"},
+        {L"13.5", L"14"},    {L"-0.6", L"-1"},    {L".5", L"0"},          {L"5.", L"5"},
+        {L"-0", L"0"},       {L"00", L"0"},       {L"&H10", L"16"},       {L"&hFF", L"255"},
+        {L"&O17", L"15"},    {L" &H10 ", L"16"},  {L"$1,234.50", L"1234"}};
     for (const auto& [text, expected] : cases)
     {
         EXPECT_EQ(expected, OfBstr(text, VT_I4)) << text;
@@ -309,9 +312,10 @@ TEST(ChangeType, TextThatIsAWholeNumber)
 
 TEST(ChangeType, TextThatIsNoNumberIsAMismatch)
 {
-    for (const wchar_t* text : {L"", L" ", L"abc", L"12abc", L"12 34", L"1.5.2", L"--1", L".", L"-", L"+", L"1e", L"1E+",
-                                L"1e 3", L".e3", L"12%", L"0x10", L"&H", L"&O8", L"&", L"(12", L"12)", L"()", L"$", L",5",
-                                L"inf", L"nan", L"1d3", L"true", L"yes", L"1/2/2003"})
+    for (const wchar_t* text :
+         {L"",    L" ",   L"abc",  L"12abc", L"12 34", L"1.5.2", L"--1", L".",    L"-",   L"+",
+          L"1e",  L"1E+", L"1e 3", L".e3",   L"12%",   L"0x10",  L"&H",  L"&O8",  L"&",   L"(12",
+          L"12)", L"()",  L"$",    L",5",    L"inf",   L"nan",   L"1d3", L"true", L"yes", L"1/2/2003"})
     {
         for (const VARTYPE type : kNumbers)
             EXPECT_EQ(L"mismatch", OfBstr(text, type)) << text;
@@ -355,10 +359,22 @@ TEST(ChangeType, HexadecimalTextFillsASignedType)
 
 TEST(ChangeType, TextThatIsARealNumber)
 {
-    const std::pair<const wchar_t*, double> cases[] = {
-        {L"0", 0},          {L"12.5", 12.5},   {L"-12.25", -12.25},   {L" 12.5 ", 12.5}, {L"(12.5)", -12.5}, {L".5", 0.5},
-        {L"5.", 5},         {L"1e3", 1000},    {L"1.e3", 1000},       {L"1e-3", 0.001},  {L"1,2,3.5", 123.5}, {L"0.1", 0.1},
-        {L"1e-400", 0},     {L"$1,234.50", 1234.5}, {L"3.14159265358979", 3.14159265358979}, {L"123456789012345", 123456789012345.0}};
+    const std::pair<const wchar_t*, double> cases[] = {{L"0", 0},
+                                                       {L"12.5", 12.5},
+                                                       {L"-12.25", -12.25},
+                                                       {L" 12.5 ", 12.5},
+                                                       {L"(12.5)", -12.5},
+                                                       {L".5", 0.5},
+                                                       {L"5.", 5},
+                                                       {L"1e3", 1000},
+                                                       {L"1.e3", 1000},
+                                                       {L"1e-3", 0.001},
+                                                       {L"1,2,3.5", 123.5},
+                                                       {L"0.1", 0.1},
+                                                       {L"1e-400", 0},
+                                                       {L"$1,234.50", 1234.5},
+                                                       {L"3.14159265358979", 3.14159265358979},
+                                                       {L"123456789012345", 123456789012345.0}};
     for (const auto& [text, expected] : cases)
         EXPECT_DOUBLE_EQ(expected, ChangedReal(OfText(text), VT_R8)) << text;
 }
@@ -375,9 +391,11 @@ TEST(ChangeType, TextThatSaysTrueOrFalse)
 {
     for (const wchar_t* text : {L"True", L"true", L"TRUE", L"tRuE", L"#TRUE#", L"1", L"-1", L"0.1", L"12"})
         EXPECT_EQ(L"-1", OfBstr(text, VT_BOOL)) << text;
-    for (const wchar_t* text : {L"False", L"false", L"FALSE", L"fAlSe", L"#FALSE#", L"0", L"00", L"0.0", L"-0"})
+    for (const wchar_t* text :
+         {L"False", L"false", L"FALSE", L"fAlSe", L"#FALSE#", L"0", L"00", L"0.0", L"-0"})
         EXPECT_EQ(L"0", OfBstr(text, VT_BOOL)) << text;
-    for (const wchar_t* text : {L"", L" true", L"true ", L"#true#", L"yes", L"no", L"on", L"truest", L"tru", L"abc"})
+    for (const wchar_t* text :
+         {L"", L" true", L"true ", L"#true#", L"yes", L"no", L"on", L"truest", L"tru", L"abc"})
         EXPECT_EQ(L"mismatch", OfBstr(text, VT_BOOL)) << text;
 }
 
@@ -467,6 +485,8 @@ TEST(ChangeType, TextThatIsADate)
                                                        {L"31-Dec-1999", 36525},
                                                        {L"Mon 1/2/2003", 37623},
                                                        {L"15:04", afternoon},
+                                                       {L"15.04", afternoon},
+                                                       {L"15.4", afternoon},
                                                        {L"3:04 PM", afternoon},
                                                        {L"15:04:00 PM", afternoon},
                                                        {L"3 PM", 15.0 / 24},
@@ -486,9 +506,26 @@ TEST(ChangeType, TextThatIsADate)
 
 TEST(ChangeType, TextThatIsNoDateIsAMismatch)
 {
-    for (const wchar_t* text : {L"", L" ", L"abc", L"2/30/2003", L"2/29/2003", L"13/13/2003", L"0/1/2003", L"1/0/2003",
-                                L"1/32/2003", L"12/31/99999", L"24:00", L"23:60", L"23:59:60", L"PM", L"12",
-                                L"12/31/1999 24:00", L"1/2/2003 1/2/2003", L"2003-01-02T03:04:05"})
+    for (const wchar_t* text : {L"",
+                                L" ",
+                                L"abc",
+                                L"2/30/2003",
+                                L"2/29/2003",
+                                L"13/13/2003",
+                                L"0/1/2003",
+                                L"1/0/2003",
+                                L"1/32/2003",
+                                L"12/31/99999",
+                                L"24:00",
+                                L"23:60",
+                                L"23:59:60",
+                                L"PM",
+                                L"12",
+                                L"12.",
+                                L"1.2.2003",
+                                L"12/31/1999 24:00",
+                                L"1/2/2003 1/2/2003",
+                                L"2003-01-02T03:04:05"})
         EXPECT_EQ(L"mismatch", OfBstr(text, VT_DATE)) << text;
 }
 
@@ -540,8 +577,10 @@ TEST(ChangeType, ANullObjectStaysNull)
 TEST(ChangeType, AnObjectIsNoValue)
 {
     CCountedObject object;
-    ExpectRow(OfObject(&object), {L"mismatch", L"mismatch", L"mismatch", L"mismatch", L"mismatch", L"mismatch"});
-    ExpectRow(OfObject(nullptr), {L"mismatch", L"mismatch", L"mismatch", L"mismatch", L"mismatch", L"mismatch"});
+    ExpectRow(OfObject(&object),
+              {L"mismatch", L"mismatch", L"mismatch", L"mismatch", L"mismatch", L"mismatch"});
+    ExpectRow(OfObject(nullptr),
+              {L"mismatch", L"mismatch", L"mismatch", L"mismatch", L"mismatch", L"mismatch"});
     EXPECT_EQ(L"mismatch", Changed(OfObject(&object), VT_R8));
     EXPECT_EQ(L"mismatch", Changed(OfObject(&object), VT_DATE));
     EXPECT_EQ(0, object.m_calls);
@@ -590,7 +629,8 @@ TEST(ChangeType, AnArrayStaysTheArrayItIs)
 
 TEST(ChangeType, RefusesTypesThatNoVariantHas)
 {
-    for (const VARTYPE type : {static_cast<VARTYPE>(15), static_cast<VARTYPE>(99), static_cast<VARTYPE>(VT_CLSID)})
+    for (const VARTYPE type :
+         {static_cast<VARTYPE>(15), static_cast<VARTYPE>(99), static_cast<VARTYPE>(VT_CLSID)})
         EXPECT_EQ(L"bad type", Changed(OfI4(1), type)) << type;
     EXPECT_EQ(L"mismatch", Changed(OfI4(1), VT_VARIANT));
     EXPECT_EQ(L"mismatch", Changed(OfI4(1), VT_BYREF | VT_I4));
@@ -683,7 +723,8 @@ TEST(VariantTime, RefusesWhatIsNoDate)
                             SYSTEMTIME{10000, 1, 0, 1, 0, 0, 0, 0}})
     {
         double date = 0;
-        EXPECT_FALSE(SystemTimeToVariantTime(&time, &date)) << time.wYear << ' ' << time.wMonth << ' ' << time.wDay;
+        EXPECT_FALSE(SystemTimeToVariantTime(&time, &date))
+            << time.wYear << ' ' << time.wMonth << ' ' << time.wDay;
     }
     SYSTEMTIME time{};
     EXPECT_FALSE(VariantTimeToSystemTime(-657435, &time));

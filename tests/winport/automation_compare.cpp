@@ -10,7 +10,8 @@ namespace
 {
 constexpr LCID kUserLocale = 0x400;
 
-HRESULT CompareNames(const std::wstring& left, const std::wstring& right, ULONG flags = 0, LCID lcid = kUserLocale)
+HRESULT CompareNames(const std::wstring& left, const std::wstring& right, ULONG flags = 0,
+                     LCID lcid = kUserLocale)
 {
     const CTestText a(left.c_str(), static_cast<UINT>(left.size()));
     const CTestText b(right.c_str(), static_cast<UINT>(right.size()));
@@ -29,7 +30,8 @@ void ExpectAscending(const std::vector<std::wstring>& names, ULONG flags = 0, LC
         for (std::size_t j = 0; j < names.size(); ++j)
         {
             const HRESULT expected = i < j ? VARCMP_LT : i > j ? VARCMP_GT : VARCMP_EQ;
-            EXPECT_EQ(expected, CompareNames(names[i], names[j], flags, lcid)) << "'" << names[i] << "' '" << names[j] << "'";
+            EXPECT_EQ(expected, CompareNames(names[i], names[j], flags, lcid))
+                << "'" << names[i] << "' '" << names[j] << "'";
         }
     }
 }
@@ -54,13 +56,14 @@ CTestVariant Whole(VARTYPE type, LONG value)
     V_VT(&result) = type;
     return result;
 }
-}
+} // namespace
 
 TEST(NameOrder, DigitsThenLettersAndLowerCaseFirstOnATie)
 {
-    ExpectAscending({L"", L"0", L"1", L"10", L"11", L"1a", L"2", L"9", L"a", L"A", L"a1", L"A1", L"aa", L"aA", L"Aa",
-                     L"AA", L"ab", L"aB", L"Ab", L"AB", L"abc", L"abC", L"aBc", L"ABC", L"abcd", L"ABCD", L"b", L"B",
-                     L"copy", L"Copy", L"COPY", L"copya", L"CopyB", L"copyc", L"z", L"Z"});
+    ExpectAscending({L"",   L"0",    L"1",    L"10",   L"11",    L"1a",    L"2",     L"9",    L"a",
+                     L"A",  L"a1",   L"A1",   L"aa",   L"aA",    L"Aa",    L"AA",    L"ab",   L"aB",
+                     L"Ab", L"AB",   L"abc",  L"abC",  L"aBc",   L"ABC",   L"abcd",  L"ABCD", L"b",
+                     L"B",  L"copy", L"Copy", L"COPY", L"copya", L"CopyB", L"copyc", L"z",    L"Z"});
 }
 
 TEST(NameOrder, EveryLetterLiesBetweenItsNeighbours)
@@ -89,14 +92,16 @@ TEST(NameOrder, AShorterNameComesBeforeALongerOneThatBeginsWithIt)
 
 TEST(NameOrder, PunctuationComesBeforeDigits)
 {
-    ExpectAscending({L" ", L"!", L"\"", L"#", L"$", L"%", L"&", L"(", L")", L"*", L",", L".", L"/", L":", L";", L"?", L"@",
-                     L"[", L"\\", L"]", L"^", L"_", L"`", L"{", L"|", L"}", L"~", L"+", L"<", L"=", L">", L"0", L"a"});
-    ExpectAscending({L"name  1", L"name 1", L"name 2", L"name (1)", L"name.1", L"name_1", L"name1", L"namea"});
+    ExpectAscending({L" ", L"!", L"\"", L"#", L"$", L"%", L"&", L"(",  L")", L"*", L",",
+                     L".", L"/", L":",  L";", L"?", L"@", L"[", L"\\", L"]", L"^", L"_",
+                     L"`", L"{", L"|",  L"}", L"~", L"+", L"<", L"=",  L">", L"0", L"a"});
+    ExpectAscending(
+        {L"name  1", L"name (1)", L"name 1", L"name 2", L"name.1", L"name_1", L"name1", L"namea"});
 }
 
 TEST(NameOrder, HyphenAndApostropheCountLast)
 {
-    ExpectAscending({L"coop", L"Coop", L"co-op", L"coos", L"co-ot"});
+    ExpectAscending({L"coop", L"co-op", L"Coop", L"CO-OP", L"coos", L"co-ot"});
     ExpectAscending({L"aa", L"a'a", L"a-a", L"ab", L"a'b", L"a-b"});
     ExpectAscending({L"'", L"-", L" ", L"a", L"A", L"-A"});
     ExpectAscending({L"ab", L"ab'", L"ab-", L"a'b", L"a-b", L"a-b-"});
@@ -104,12 +109,18 @@ TEST(NameOrder, HyphenAndApostropheCountLast)
 
 TEST(NameOrder, StringSortCountsHyphenAndApostropheAsPunctuation)
 {
-    ExpectAscending({L"'", L"-", L" ", L"a'b", L"a-b", L"a b", L"aa", L"ab", L"co-os", L"coop"}, SORT_STRINGSORT);
+    ExpectAscending({L"'", L"-", L" ", L"a'b", L"a-b", L"a b", L"aa", L"ab", L"co-os", L"coop"},
+                    SORT_STRINGSORT);
 }
 
 TEST(NameOrder, ControlCharactersAreMinor)
 {
-    ExpectAscending({L"aa", L"ab", L"a\x01" L"b", L"a\x1f" L"b", L"a'b", L"ac"});
+    ExpectAscending({L"aa", L"ab",
+                     L"a\x01"
+                     L"b",
+                     L"a\x1f"
+                     L"b",
+                     L"a'b", L"ac"});
 }
 
 TEST(NameOrder, ZerosInsideAreComparedBeyond)
@@ -161,7 +172,8 @@ TEST(NameOrder, IsTransitiveOverManyNames)
         for (const wchar_t second : characters)
             names.push_back({first, second});
     }
-    std::stable_sort(names.begin(), names.end(), [](const std::wstring& left, const std::wstring& right)
+    std::stable_sort(names.begin(), names.end(),
+                     [](const std::wstring& left, const std::wstring& right)
                      { return CompareNames(left, right) == VARCMP_LT; });
     ExpectAscending(names);
 }

@@ -22,7 +22,7 @@ VARIANT ReferenceTo(VARTYPE type, void* place)
     V_BYREF(&result) = place;
     return result;
 }
-}
+} // namespace
 
 TEST(VariantShape, IsThatOfTheSystem)
 {
@@ -43,8 +43,9 @@ TEST(VariantInit, MakesGarbageEmpty)
 
 TEST(VariantClear, EmptiesPlainValues)
 {
-    for (const VARTYPE type : {VT_EMPTY, VT_NULL, VT_I2, VT_I4, VT_R4, VT_R8, VT_CY, VT_DATE, VT_ERROR, VT_BOOL, VT_DECIMAL,
-                               VT_I1, VT_UI1, VT_UI2, VT_UI4, VT_I8, VT_UI8, VT_INT, VT_UINT})
+    for (const VARTYPE type :
+         {VT_EMPTY, VT_NULL, VT_I2, VT_I4, VT_R4, VT_R8, VT_CY, VT_DATE, VT_ERROR, VT_BOOL, VT_DECIMAL, VT_I1,
+          VT_UI1, VT_UI2, VT_UI4, VT_I8, VT_UI8, VT_INT, VT_UINT})
     {
         VARIANT variant;
         VariantInit(&variant);
@@ -65,7 +66,8 @@ TEST(VariantClear, FreesAString)
 
 TEST(VariantClear, TakesNullStringsObjectsAndArrays)
 {
-    for (const int type : {VT_BSTR + 0, VT_UNKNOWN + 0, VT_DISPATCH + 0, VT_ARRAY | VT_I4, VT_ARRAY | VT_VARIANT})
+    for (const int type :
+         {VT_BSTR + 0, VT_UNKNOWN + 0, VT_DISPATCH + 0, VT_ARRAY | VT_I4, VT_ARRAY | VT_VARIANT})
     {
         VARIANT variant;
         VariantInit(&variant);
@@ -133,8 +135,8 @@ TEST(VariantClear, LeavesWhatAReferenceNames)
 
 TEST(VariantClear, RefusesTypesThatNoVariantHas)
 {
-    for (const int type : {15, 99, VT_VECTOR | VT_I4, VT_RESERVED | VT_I4, VT_BYREF | VT_EMPTY, VT_BYREF | VT_NULL,
-                           VT_ARRAY | VT_EMPTY, VT_ARRAY | VT_NULL})
+    for (const int type : {15, 99, VT_VECTOR | VT_I4, VT_RESERVED | VT_I4, VT_BYREF | VT_EMPTY,
+                           VT_BYREF | VT_NULL, VT_ARRAY | VT_EMPTY, VT_ARRAY | VT_NULL})
     {
         VARIANT variant;
         VariantInit(&variant);
@@ -467,7 +469,8 @@ TEST(VariantCopyInd, ClearsTheTargetFirst)
 TEST(VariantCopyInd, RefusesReferencesToNothing)
 {
     LONG value = 0;
-    for (const VARTYPE type : {static_cast<VARTYPE>(VT_EMPTY), static_cast<VARTYPE>(VT_NULL), static_cast<VARTYPE>(99)})
+    for (const VARTYPE type :
+         {static_cast<VARTYPE>(VT_EMPTY), static_cast<VARTYPE>(VT_NULL), static_cast<VARTYPE>(99)})
     {
         VARIANT source = ReferenceTo(type, &value);
         CTestVariant target;

@@ -15,7 +15,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) override
     {
-        const bool known = IsEqualIID(riid, IID_IUnknown) || (m_isDispatch && IsEqualIID(riid, IID_IDispatch));
+        const bool known =
+            IsEqualIID(riid, IID_IUnknown) || (m_isDispatch && IsEqualIID(riid, IID_IDispatch));
         *object = known ? this : nullptr;
         if (known)
             AddRef();
@@ -25,11 +26,14 @@ public:
     ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--m_references); }
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
+    {
+        return E_NOTIMPL;
+    }
 
     /// The default property has the value 42, if there is one.
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                                     UINT*) override
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS*, VARIANT* result,
+                                     EXCEPINFO*, UINT*) override
     {
         ++m_calls;
         if (!m_hasValue || id != DISPID_VALUE || flags != DISPATCH_PROPERTYGET)

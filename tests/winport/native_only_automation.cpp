@@ -40,7 +40,7 @@ int AllocationsNeeded(const std::function<HRESULT()>& body)
     ADD_FAILURE() << "never succeeds";
     return -1;
 }
-}
+} // namespace
 
 TEST(WithoutMemory, NoStringIsMade)
 {
@@ -70,7 +70,8 @@ TEST(WithoutMemory, AConversionLeavesTheTargetAsItWas)
 {
     CTestVariant source = OfI4(7);
     CTestVariant target = OfText(L"old");
-    EXPECT_EQ(E_OUTOFMEMORY, WithAllocations(0, [&] { return VariantChangeType(&target, &source, 0, VT_BSTR); }));
+    EXPECT_EQ(E_OUTOFMEMORY,
+              WithAllocations(0, [&] { return VariantChangeType(&target, &source, 0, VT_BSTR); }));
     EXPECT_EQ(L"old", Content(V_BSTR(&target)));
     CTestVariant text = OfText(L"7");
     EXPECT_EQ(1, AllocationsNeeded([&] { return VariantChangeType(&target, &text, 0, VT_I4); }));

@@ -29,7 +29,7 @@ HWND SomeWindow()
     static int window = 0;
     return reinterpret_cast<HWND>(&window);
 }
-}
+} // namespace
 
 TEST(Boxes, IsAnsweredByTheHook)
 {
@@ -47,7 +47,8 @@ TEST(Boxes, IsAnsweredByTheHook)
 
 TEST(BoxesDeathTest, EndsTheRunWhenNobodyAnswers)
 {
-    EXPECT_DEATH(MessageBoxW(nullptr, L"What now?", L"Title", MB_OK), "no test answers: \"What now\\?\", titled \"Title\"");
+    EXPECT_DEATH(MessageBoxW(nullptr, L"What now?", L"Title", MB_OK),
+                 "no test answers: \"What now\\?\", titled \"Title\"");
 }
 
 TEST(ActiveWindow, IsWhatTheTestSays)

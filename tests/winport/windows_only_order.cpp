@@ -11,7 +11,7 @@ HRESULT CompareNames(const wchar_t* left, const wchar_t* right, ULONG flags = 0)
     const CTestText b(right);
     return VarBstrCmp(a, b, 0x400, flags);
 }
-}
+} // namespace
 
 TEST(WindowsOnly_NameOrder, AnAccentCountsAfterTheLettersAndBeforeTheCase)
 {

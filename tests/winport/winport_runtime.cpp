@@ -31,8 +31,9 @@ std::wstring Text(REFGUID guid)
 void SetDefault(const std::wstring& path, const std::wstring& text)
 {
     HKEY key = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr),
-              ERROR_SUCCESS);
+    ASSERT_EQ(
+        RegCreateKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr),
+        ERROR_SUCCESS);
     RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
                    static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
     RegCloseKey(key);
@@ -110,7 +111,7 @@ public:
 
     ULONG references = 1;
 };
-}
+} // namespace
 
 TEST(Identifiers, AreReadFromText)
 {
@@ -127,7 +128,8 @@ TEST(Identifiers, AreRefusedInAnyOtherForm)
     for (const wchar_t* text :
          {L"{1234ABCD-0102-F0E0-1122-33445566778}", L"{1234ABCD-0102-F0E0-1122-334455667788", L"{1234ABCD}",
           L"{1234ABCG-0102-F0E0-1122-334455667788}", L"{1234ABCD-0102-F0E0-1122-334455667788}x",
-          L"{1234ABCD 0102-F0E0-1122-334455667788}", L"1234ABCD-0102-F0E0-1122-334455667788", L"", L"no.such.class"})
+          L"{1234ABCD 0102-F0E0-1122-334455667788}", L"1234ABCD-0102-F0E0-1122-334455667788", L"",
+          L"no.such.class"})
         EXPECT_EQ(CLSIDFromString(text, &clsid), CO_E_CLASSSTRING);
 }
 
@@ -244,7 +246,8 @@ TEST_F(Creation, NeedsARegisteredClass)
     auto* object = reinterpret_cast<IUnknown*>(16);
     EXPECT_EQ(Create(FreshClass(), &object), REGDB_E_CLASSNOTREG);
     EXPECT_EQ(object, nullptr);
-    EXPECT_EQ(CoCreateInstance(FreshClass(), nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, nullptr), E_POINTER);
+    EXPECT_EQ(CoCreateInstance(FreshClass(), nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, nullptr),
+              E_POINTER);
 }
 
 TEST_F(Creation, LoadsTheModuleAndAsksItsFactory)
@@ -289,7 +292,8 @@ TEST_F(Creation, IsInProcessHere)
 {
     const CRegisteredClass registered(ModulePath());
     IUnknown* object = nullptr;
-    EXPECT_EQ(Create(registered.Id(), &object, nullptr, IID_IUnknown, CLSCTX_LOCAL_SERVER), REGDB_E_CLASSNOTREG);
+    EXPECT_EQ(Create(registered.Id(), &object, nullptr, IID_IUnknown, CLSCTX_LOCAL_SERVER),
+              REGDB_E_CLASSNOTREG);
     ASSERT_EQ(Create(registered.Id(), &object, nullptr, IID_IUnknown, CLSCTX_ALL), S_OK);
     object->Release();
 }
@@ -356,7 +360,8 @@ TEST_F(Creation, PrefersWhatTheProcessRegistered)
     const CLSID clsid = FreshClass();
     DWORD cookie = 0;
     IUnknown* object = nullptr;
-    ASSERT_EQ(CoRegisterClassObject(clsid, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie), S_OK);
+    ASSERT_EQ(CoRegisterClassObject(clsid, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie),
+              S_OK);
     EXPECT_NE(cookie, 0u);
     EXPECT_EQ(Create(clsid, &object), E_ABORT);
     EXPECT_EQ(Create(clsid, &object), E_ABORT);
@@ -370,6 +375,8 @@ TEST_F(Creation, ChecksWhatIsRegistered)
 {
     CCountedFactory factory;
     DWORD cookie = 0;
-    EXPECT_EQ(CoRegisterClassObject(kSample, nullptr, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie), E_INVALIDARG);
-    EXPECT_EQ(CoRegisterClassObject(kSample, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, nullptr), E_INVALIDARG);
+    EXPECT_EQ(CoRegisterClassObject(kSample, nullptr, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie),
+              E_INVALIDARG);
+    EXPECT_EQ(CoRegisterClassObject(kSample, &factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, nullptr),
+              E_INVALIDARG);
 }

@@ -37,7 +37,7 @@ void RemoveFiles(const std::wstring& folder, const wchar_t* const* names)
         RemoveDirectoryW(path.c_str());
     }
 }
-}
+} // namespace
 
 CScratchFolder::CScratchFolder()
 {
@@ -57,7 +57,8 @@ CScratchFolder::~CScratchFolder()
 void WriteWhole(const std::wstring& path, const std::string& content)
 {
     DWORD written = 0;
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
     CloseHandle(file);
 }
@@ -66,8 +67,8 @@ std::string ReadWhole(const std::wstring& path)
 {
     char buffer[4096];
     DWORD read = 0;
-    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
-                              nullptr);
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                              OPEN_EXISTING, 0, nullptr);
     ReadFile(file, buffer, sizeof(buffer), &read, nullptr);
     CloseHandle(file);
     return {buffer, read};
@@ -75,7 +76,8 @@ std::string ReadWhole(const std::wstring& path)
 
 CScratchKey::CScratchKey() : m_path(L"Software\\" + UniqueName())
 {
-    RegCreateKeyExW(HKEY_CURRENT_USER, m_path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_key, nullptr);
+    RegCreateKeyExW(HKEY_CURRENT_USER, m_path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_key,
+                    nullptr);
 }
 
 CScratchKey::~CScratchKey()
@@ -113,5 +115,6 @@ int RunAgain(const std::string& test)
 #else
     const char* quiet = " >/dev/null 2>&1";
 #endif
-    return std::system((std::string(program) + " --gtest_also_run_disabled_tests --gtest_filter=" + test + quiet).c_str());
+    return std::system(
+        (std::string(program) + " --gtest_also_run_disabled_tests --gtest_filter=" + test + quiet).c_str());
 }

@@ -56,5 +56,6 @@ private:
 /// Makes a key beneath HKEY_CURRENT_USER refuse access, or grant it again.
 void DenyUserKey(const std::wstring& path, bool deny);
 
-/// Runs this very program again with one test, which may be a disabled one; returns its exit status, 0 for success.
+/// Runs this very program again with one test, which may be a disabled one; returns its exit status, 0 for
+/// success.
 int RunAgain(const std::string& test);

@@ -9,7 +9,7 @@ int ToWide(const std::string& text, wchar_t* target, int size, DWORD flags = 0)
 {
     return MultiByteToWideChar(CP_UTF8, flags, text.data(), static_cast<int>(text.size()), target, size);
 }
-}
+} // namespace
 
 TEST(MultiByteToWideChar, GivesTheLengthWithTheTerminatorForMinusOne)
 {
@@ -38,14 +38,19 @@ TEST(MultiByteToWideChar, ReadsSequencesOfTwoAndThreeBytes)
 TEST(MultiByteToWideChar, PutsAReplacementForAnInvalidByte)
 {
     wchar_t text[4];
-    EXPECT_EQ(ToWide("a\xFF" "b", text, 4), 3);
-    EXPECT_EQ(std::wstring(text, 3), L"a\uFFFD" L"b");
+    EXPECT_EQ(ToWide("a\xFF"
+                     "b",
+                     text, 4),
+              3);
+    EXPECT_EQ(std::wstring(text, 3), L"a\uFFFD"
+                                     L"b");
 }
 
 TEST(MultiByteToWideChar, RefusesInvalidTextOnDemand)
 {
     wchar_t text[8];
-    const char* const invalid[] = {"\xFF", "a\xC3", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\x80"};
+    const char* const invalid[] = {
+        "\xFF", "a\xC3", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\x80"};
     for (const char* bytes : invalid)
     {
         SetLastError(0);
@@ -153,8 +158,10 @@ TEST(UpperCase, MapsATextOrOneCharacter)
     wchar_t text[] = L"abc";
     EXPECT_EQ(CharUpperW(text), text);
     EXPECT_EQ(std::wstring(text), L"ABC");
-    EXPECT_EQ(reinterpret_cast<ULONG_PTR>(CharUpperW(reinterpret_cast<LPWSTR>(L'a'))), static_cast<ULONG_PTR>(L'A'));
-    EXPECT_EQ(reinterpret_cast<ULONG_PTR>(CharLowerW(reinterpret_cast<LPWSTR>(L'A'))), static_cast<ULONG_PTR>(L'a'));
+    EXPECT_EQ(reinterpret_cast<ULONG_PTR>(CharUpperW(reinterpret_cast<LPWSTR>(L'a'))),
+              static_cast<ULONG_PTR>(L'A'));
+    EXPECT_EQ(reinterpret_cast<ULONG_PTR>(CharLowerW(reinterpret_cast<LPWSTR>(L'A'))),
+              static_cast<ULONG_PTR>(L'a'));
 }
 
 TEST(CompareStringOrdinal, ComparesByCodeUnits)

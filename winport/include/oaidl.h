@@ -151,57 +151,54 @@ enum SYSKIND
 };
 
 EXTERN_C const IID IID_IDispatch;
-MIDL_INTERFACE("00020400-0000-0000-c000-000000000046")
-IDispatch : public IUnknown
+struct IDispatch : public IUnknown
 {
-    virtual HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT * count) = 0;
-    virtual HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID lcid, ITypeInfo * *info) = 0;
-    virtual HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID riid, LPOLESTR * names, UINT count, LCID lcid,
-                                                    DISPID * ids) = 0;
-    virtual HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID riid, LCID lcid, WORD flags, DISPPARAMS * parameters,
-                                             VARIANT * result, EXCEPINFO * exception, UINT * badArgument) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID lcid, ITypeInfo** info) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID riid, LPOLESTR* names, UINT count, LCID lcid,
+                                                    DISPID* ids) = 0;
+    virtual HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID riid, LCID lcid, WORD flags,
+                                             DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                                             UINT* badArgument) = 0;
 };
 __CRT_UUID_DECL(IDispatch, 0x00020400, 0x0000, 0x0000, 0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46)
 using LPDISPATCH = IDispatch*;
 
-// Type information does not exist here: the two interfaces name what callers say to it, and no object has them.
+// Type information does not exist here: the two interfaces name what callers say to it, and no object has
+// them.
 EXTERN_C const IID IID_ITypeInfo;
-MIDL_INTERFACE("00020401-0000-0000-c000-000000000046")
-ITypeInfo : public IUnknown
+struct ITypeInfo : public IUnknown
 {
-    virtual HRESULT STDMETHODCALLTYPE GetIDsOfNames(LPOLESTR * names, UINT count, MEMBERID * ids) = 0;
-    virtual HRESULT STDMETHODCALLTYPE Invoke(PVOID instance, MEMBERID id, WORD flags, DISPPARAMS * parameters,
-                                             VARIANT * result, EXCEPINFO * exception, UINT * badArgument) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetIDsOfNames(LPOLESTR* names, UINT count, MEMBERID* ids) = 0;
+    virtual HRESULT STDMETHODCALLTYPE Invoke(PVOID instance, MEMBERID id, WORD flags, DISPPARAMS* parameters,
+                                             VARIANT* result, EXCEPINFO* exception, UINT* badArgument) = 0;
 };
 __CRT_UUID_DECL(ITypeInfo, 0x00020401, 0x0000, 0x0000, 0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46)
 using LPTYPEINFO = ITypeInfo*;
 
 EXTERN_C const IID IID_ITypeLib;
-MIDL_INTERFACE("00020402-0000-0000-c000-000000000046")
-ITypeLib : public IUnknown
+struct ITypeLib : public IUnknown
 {
     virtual UINT STDMETHODCALLTYPE GetTypeInfoCount() = 0;
-    virtual HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, ITypeInfo * *info) = 0;
-    virtual HRESULT STDMETHODCALLTYPE GetTypeInfoOfGuid(REFGUID guid, ITypeInfo * *info) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, ITypeInfo** info) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetTypeInfoOfGuid(REFGUID guid, ITypeInfo** info) = 0;
 };
 __CRT_UUID_DECL(ITypeLib, 0x00020402, 0x0000, 0x0000, 0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46)
 using LPTYPELIB = ITypeLib*;
 
 EXTERN_C const IID IID_IErrorInfo;
-MIDL_INTERFACE("1cf2b120-547d-101b-8e65-08002b2bd119")
-IErrorInfo : public IUnknown
+struct IErrorInfo : public IUnknown
 {
-    virtual HRESULT STDMETHODCALLTYPE GetGUID(GUID * guid) = 0;
-    virtual HRESULT STDMETHODCALLTYPE GetSource(BSTR * source) = 0;
-    virtual HRESULT STDMETHODCALLTYPE GetDescription(BSTR * description) = 0;
-    virtual HRESULT STDMETHODCALLTYPE GetHelpFile(BSTR * file) = 0;
-    virtual HRESULT STDMETHODCALLTYPE GetHelpContext(DWORD * context) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetGUID(GUID* guid) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetSource(BSTR* source) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetDescription(BSTR* description) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetHelpFile(BSTR* file) = 0;
+    virtual HRESULT STDMETHODCALLTYPE GetHelpContext(DWORD* context) = 0;
 };
 __CRT_UUID_DECL(IErrorInfo, 0x1cf2b120, 0x547d, 0x101b, 0x8e, 0x65, 0x08, 0x00, 0x2b, 0x2b, 0xd1, 0x19)
 
 EXTERN_C const IID IID_ISupportErrorInfo;
-MIDL_INTERFACE("df0b3d60-548f-101b-8e65-08002b2bd119")
-ISupportErrorInfo : public IUnknown
+struct ISupportErrorInfo : public IUnknown
 {
     virtual HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID riid) = 0;
 };

@@ -9,9 +9,11 @@
 WINOLEAUTAPI_(BSTR) SysAllocString(const OLECHAR* text);
 /// Copies `length` characters; a null `text` gives zeros.
 WINOLEAUTAPI_(BSTR) SysAllocStringLen(const OLECHAR* text, UINT length);
-/// Replaces `*target`; a null `text` frees it and leaves null. FALSE if memory is short; then `*target` is as it was.
+/// Replaces `*target`; a null `text` frees it and leaves null. FALSE if memory is short; then `*target` is as
+/// it was.
 WINOLEAUTAPI_(INT) SysReAllocString(BSTR* target, const OLECHAR* text);
-/// Replaces `*target` by `length` characters of `text`, which may lie inside it; a null `text` keeps what is there.
+/// Replaces `*target` by `length` characters of `text`, which may lie inside it; a null `text` keeps what is
+/// there.
 WINOLEAUTAPI_(INT) SysReAllocStringLen(BSTR* target, const OLECHAR* text, UINT length);
 WINOLEAUTAPI_(void) SysFreeString(BSTR text);
 WINOLEAUTAPI_(UINT) SysStringLen(BSTR text);

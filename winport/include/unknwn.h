@@ -1,5 +1,5 @@
-// IUnknown and IClassFactory, and what binds an interface type to its identifier: __CRT_UUID_DECL and __uuidof, in the
-// shape that headers generated from IDL expect.
+// IUnknown and IClassFactory, and what binds an interface type to its identifier: __CRT_UUID_DECL and
+// __uuidof, in the shape that headers generated from IDL expect.
 #pragma once
 
 #include "rpcndr.h"
@@ -36,17 +36,17 @@ extern "C++"
     {
         return reinterpret_cast<void**>(target);
     }
-    }
+    } // namespace winport
 }
 
-#define __CRT_UUID_DECL(type, l, w1, w2, b1, b2, b3, b4, b5, b6, b7, b8)               \
-    extern "C++"                                                                       \
-    {                                                                                  \
-        template <>                                                                    \
-        struct winport::Uuid<type>                                                     \
-        {                                                                              \
-            static constexpr GUID value{l, w1, w2, {b1, b2, b3, b4, b5, b6, b7, b8}};  \
-        };                                                                             \
+#define __CRT_UUID_DECL(type, l, w1, w2, b1, b2, b3, b4, b5, b6, b7, b8)                                     \
+    extern "C++"                                                                                             \
+    {                                                                                                        \
+        template <>                                                                                          \
+        struct winport::Uuid<type>                                                                           \
+        {                                                                                                    \
+            static constexpr GUID value{l, w1, w2, {b1, b2, b3, b4, b5, b6, b7, b8}};                        \
+        };                                                                                                   \
     }
 #define __uuidof(type) (::winport::uuid_of<type>())
 #define IID_PPV_ARGS(target) ::winport::uuid_of_target(target), ::winport::target_of(target)
@@ -56,8 +56,7 @@ extern "C" const GUID GUID_NULL;
 #define CLSID_NULL GUID_NULL
 
 EXTERN_C const IID IID_IUnknown;
-MIDL_INTERFACE("00000000-0000-0000-c000-000000000046")
-IUnknown
+struct IUnknown
 {
     virtual HRESULT STDMETHODCALLTYPE QueryInterface(REFIID riid, void** object) = 0;
     virtual ULONG STDMETHODCALLTYPE AddRef() = 0;
@@ -67,8 +66,7 @@ __CRT_UUID_DECL(IUnknown, 0x00000000, 0x0000, 0x0000, 0xc0, 0x00, 0x00, 0x00, 0x
 using LPUNKNOWN = IUnknown*;
 
 EXTERN_C const IID IID_IClassFactory;
-MIDL_INTERFACE("00000001-0000-0000-c000-000000000046")
-IClassFactory : public IUnknown
+struct IClassFactory : public IUnknown
 {
     virtual HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID riid, void** object) = 0;
     virtual HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) = 0;

@@ -3,11 +3,13 @@
 
 #include "wpbase.h"
 
-// Errors -------------------------------------------------------------------------------------------------------------
+// Errors
+// -------------------------------------------------------------------------------------------------------------
 WINBASEAPI DWORD GetLastError();
 WINBASEAPI void SetLastError(DWORD code);
 
-// Modules ------------------------------------------------------------------------------------------------------------
+// Modules
+// ------------------------------------------------------------------------------------------------------------
 #define DLL_PROCESS_DETACH 0
 #define DLL_PROCESS_ATTACH 1
 #define DLL_THREAD_ATTACH 2
@@ -25,7 +27,8 @@ WINBASEAPI BOOL FreeLibrary(HMODULE module);
 WINBASEAPI FARPROC GetProcAddress(HMODULE module, LPCSTR name);
 WINBASEAPI BOOL DisableThreadLibraryCalls(HMODULE module);
 
-// Resources ----------------------------------------------------------------------------------------------------------
+// Resources
+// ----------------------------------------------------------------------------------------------------------
 #define MAKEINTRESOURCEW(id) (reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
 #define MAKEINTRESOURCE MAKEINTRESOURCEW
 #define IS_INTRESOURCE(name) ((reinterpret_cast<ULONG_PTR>(name) >> 16) == 0)
@@ -43,7 +46,8 @@ WINBASEAPI HGLOBAL LoadResource(HMODULE module, HRSRC resource);
 WINBASEAPI LPVOID LockResource(HGLOBAL data);
 WINBASEAPI DWORD SizeofResource(HMODULE module, HRSRC resource);
 
-// Activation contexts ------------------------------------------------------------------------------------------------
+// Activation contexts
+// ------------------------------------------------------------------------------------------------
 #define ACTCTX_FLAG_PROCESSOR_ARCHITECTURE_VALID 0x00000001
 #define ACTCTX_FLAG_LANGID_VALID 0x00000002
 #define ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID 0x00000004
@@ -74,7 +78,8 @@ WINBASEAPI BOOL GetCurrentActCtx(HANDLE* context);
 WINBASEAPI void AddRefActCtx(HANDLE context);
 WINBASEAPI void ReleaseActCtx(HANDLE context);
 
-// Environment, command line, time ------------------------------------------------------------------------------------
+// Environment, command line, time
+// ------------------------------------------------------------------------------------
 WINBASEAPI DWORD GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
 WINBASEAPI BOOL SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);
 WINBASEAPI DWORD ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR target, DWORD size);
@@ -92,7 +97,8 @@ WINBASEAPI DWORD GetCurrentProcessId();
 WINBASEAPI DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer);
 WINBASEAPI DWORD GetTempPathW(DWORD size, LPWSTR buffer);
 
-// Memory and locks ---------------------------------------------------------------------------------------------------
+// Memory and locks
+// ---------------------------------------------------------------------------------------------------
 #define LMEM_FIXED 0x0000
 #define LMEM_ZEROINIT 0x0040
 #define LPTR (LMEM_FIXED | LMEM_ZEROINIT)
@@ -113,7 +119,8 @@ WINBASEAPI BOOL TryEnterCriticalSection(CRITICAL_SECTION* section);
 WINBASEAPI void LeaveCriticalSection(CRITICAL_SECTION* section);
 WINBASEAPI void DeleteCriticalSection(CRITICAL_SECTION* section);
 
-// Files --------------------------------------------------------------------------------------------------------------
+// Files
+// --------------------------------------------------------------------------------------------------------------
 #define GENERIC_READ 0x80000000u
 #define GENERIC_WRITE 0x40000000u
 #define FILE_READ_DATA 0x0001
@@ -169,7 +176,8 @@ WINBASEAPI BOOL SetEndOfFile(HANDLE file);
 WINBASEAPI BOOL FlushFileBuffers(HANDLE file);
 WINBASEAPI BOOL LockFileEx(HANDLE file, DWORD flags, DWORD reserved, DWORD sizeLow, DWORD sizeHigh,
                            OVERLAPPED* overlapped);
-WINBASEAPI BOOL UnlockFileEx(HANDLE file, DWORD reserved, DWORD sizeLow, DWORD sizeHigh, OVERLAPPED* overlapped);
+WINBASEAPI BOOL UnlockFileEx(HANDLE file, DWORD reserved, DWORD sizeLow, DWORD sizeHigh,
+                             OVERLAPPED* overlapped);
 WINBASEAPI BOOL CloseHandle(HANDLE handle);
 WINBASEAPI BOOL CreateDirectoryW(LPCWSTR path, SECURITY_ATTRIBUTES* security);
 WINBASEAPI BOOL RemoveDirectoryW(LPCWSTR path);
@@ -177,5 +185,6 @@ WINBASEAPI DWORD GetFileAttributesW(LPCWSTR path);
 WINBASEAPI BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes);
 WINBASEAPI BOOL DeleteFileW(LPCWSTR path);
 
-// Text ---------------------------------------------------------------------------------------------------------------
+// Text
+// ---------------------------------------------------------------------------------------------------------------
 WINBASEAPI int lstrlenW(LPCWSTR text);

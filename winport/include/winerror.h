@@ -16,8 +16,8 @@
 #define HRESULT_CODE(status) ((status)&0xFFFF)
 #define HRESULT_FACILITY(status) (((status) >> 16) & 0x1FFF)
 #define HRESULT_SEVERITY(status) (((status) >> 31) & 1)
-#define MAKE_HRESULT(severity, facility, code)                                                                  \
-    (static_cast<HRESULT>((static_cast<ULONG>(severity) << 31) | (static_cast<ULONG>(facility) << 16) | \
+#define MAKE_HRESULT(severity, facility, code)                                                               \
+    (static_cast<HRESULT>((static_cast<ULONG>(severity) << 31) | (static_cast<ULONG>(facility) << 16) |      \
                           static_cast<ULONG>(code)))
 #define MAKE_SCODE(severity, facility, code) MAKE_HRESULT(severity, facility, code)
 

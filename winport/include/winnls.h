@@ -12,11 +12,12 @@
 #define LANG_NEUTRAL 0x00
 #define SUBLANG_NEUTRAL 0x00
 #define SUBLANG_DEFAULT 0x01
-#define MAKELANGID(primary, sub) (static_cast<WORD>((static_cast<WORD>(sub) << 10) | static_cast<WORD>(primary)))
+#define MAKELANGID(primary, sub)                                                                             \
+    (static_cast<WORD>((static_cast<WORD>(sub) << 10) | static_cast<WORD>(primary)))
 #define PRIMARYLANGID(language) (static_cast<WORD>((language)&0x3ff))
 #define SUBLANGID(language) (static_cast<WORD>(static_cast<WORD>(language) >> 10))
 #define SORT_DEFAULT 0
-#define MAKELCID(language, sort) \
+#define MAKELCID(language, sort)                                                                             \
     (static_cast<DWORD>((static_cast<DWORD>(static_cast<WORD>(sort)) << 16) | static_cast<WORD>(language)))
 #define LANGIDFROMLCID(lcid) (static_cast<WORD>(lcid))
 #define LANG_USER_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT)

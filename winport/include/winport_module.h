@@ -1,5 +1,5 @@
-// How code that is linked into a program becomes a module that LoadLibrary finds. qp_module() writes the source that
-// registers a module; nothing else needs this header.
+// How code that is linked into a program becomes a module that LoadLibrary finds. qp_module() writes the
+// source that registers a module; nothing else needs this header.
 #pragma once
 
 #include "wpbase.h"
@@ -10,7 +10,8 @@ struct WinportExport
     FARPROC address;
 };
 
-/// A linked-in module. The program's own directory is the module's: its path is that directory and the file name.
+/// A linked-in module. The program's own directory is the module's: its path is that directory and the file
+/// name.
 struct WinportModule
 {
     const char* fileName;
@@ -21,6 +22,6 @@ struct WinportModule
     std::size_t resourceSize;
 };
 
-/// Makes `module`, which must live as long as the process, known to LoadLibrary. Returns 0, so that a registration
-/// can stand as the initialiser of a variable.
+/// Makes `module`, which must live as long as the process, known to LoadLibrary. Returns 0, so that a
+/// registration can stand as the initialiser of a variable.
 int WinportRegisterModule(const WinportModule* module);

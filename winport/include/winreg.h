@@ -30,19 +30,23 @@
 #define KEY_ALL_ACCESS 0xF003F
 
 WINADVAPI LSTATUS RegCreateKeyExW(HKEY key, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options,
-                                  REGSAM access, SECURITY_ATTRIBUTES* security, HKEY* result, DWORD* disposition);
+                                  REGSAM access, SECURITY_ATTRIBUTES* security, HKEY* result,
+                                  DWORD* disposition);
 WINADVAPI LSTATUS RegOpenKeyExW(HKEY key, LPCWSTR path, DWORD options, REGSAM access, HKEY* result);
 WINADVAPI LSTATUS RegCloseKey(HKEY key);
-WINADVAPI LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size);
-WINADVAPI LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* reserved, DWORD* type, BYTE* data, DWORD* size);
+WINADVAPI LSTATUS RegSetValueExW(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data,
+                                 DWORD size);
+WINADVAPI LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* reserved, DWORD* type, BYTE* data,
+                                   DWORD* size);
 WINADVAPI LSTATUS RegDeleteValueW(HKEY key, LPCWSTR name);
 WINADVAPI LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR path);
 WINADVAPI LSTATUS RegDeleteKeyExW(HKEY key, LPCWSTR path, REGSAM access, DWORD reserved);
 WINADVAPI LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR path);
-WINADVAPI LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, DWORD* size, DWORD* reserved, LPWSTR className,
-                                DWORD* classSize, FILETIME* written);
-WINADVAPI LSTATUS RegEnumValueW(HKEY key, DWORD index, LPWSTR name, DWORD* nameSize, DWORD* reserved, DWORD* type,
-                                BYTE* data, DWORD* size);
-WINADVAPI LSTATUS RegQueryInfoKeyW(HKEY key, LPWSTR className, DWORD* classSize, DWORD* reserved, DWORD* subkeys,
-                                   DWORD* longestSubkey, DWORD* longestClass, DWORD* values,
-                                   DWORD* longestValueName, DWORD* longestValue, DWORD* security, FILETIME* written);
+WINADVAPI LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, DWORD* size, DWORD* reserved,
+                                LPWSTR className, DWORD* classSize, FILETIME* written);
+WINADVAPI LSTATUS RegEnumValueW(HKEY key, DWORD index, LPWSTR name, DWORD* nameSize, DWORD* reserved,
+                                DWORD* type, BYTE* data, DWORD* size);
+WINADVAPI LSTATUS RegQueryInfoKeyW(HKEY key, LPWSTR className, DWORD* classSize, DWORD* reserved,
+                                   DWORD* subkeys, DWORD* longestSubkey, DWORD* longestClass, DWORD* values,
+                                   DWORD* longestValueName, DWORD* longestValue, DWORD* security,
+                                   FILETIME* written);

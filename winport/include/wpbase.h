@@ -1,5 +1,6 @@
-// The elementary types and status codes of the Windows API. LONG, ULONG, DWORD and HRESULT are 32 bits wide as on
-// Windows, so they are int based here; OLECHAR is wchar_t, so that L"..." literals and std::wstring just work.
+// The elementary types and status codes of the Windows API. LONG, ULONG, DWORD and HRESULT are 32 bits wide
+// as on Windows, so they are int based here; OLECHAR is wchar_t, so that L"..." literals and std::wstring
+// just work.
 #pragma once
 
 #include <cstddef>
@@ -51,9 +52,9 @@
 #define UNREFERENCED_PARAMETER(p) static_cast<void>(p)
 #define ARRAYSIZE(array) (sizeof(array) / sizeof((array)[0]))
 #define _countof(array) (sizeof(array) / sizeof((array)[0]))
-#define MAKEWORD(low, high) \
+#define MAKEWORD(low, high)                                                                                  \
     (static_cast<WORD>((static_cast<WORD>(low) & 0xff) | ((static_cast<WORD>(high) & 0xff) << 8)))
-#define MAKELONG(low, high) \
+#define MAKELONG(low, high)                                                                                  \
     (static_cast<LONG>((static_cast<DWORD>(low) & 0xffff) | ((static_cast<DWORD>(high) & 0xffff) << 16)))
 #define LOWORD(value) (static_cast<WORD>(static_cast<DWORD_PTR>(value) & 0xffff))
 #define HIWORD(value) (static_cast<WORD>((static_cast<DWORD_PTR>(value) >> 16) & 0xffff))
@@ -132,11 +133,11 @@ using PHANDLE = HANDLE*;
 using FARPROC = INT_PTR (*)();
 using PROC = INT_PTR (*)();
 
-#define DECLARE_HANDLE(name) \
-    struct name##__          \
-    {                        \
-        int unused;          \
-    };                       \
+#define DECLARE_HANDLE(name)                                                                                 \
+    struct name##__                                                                                          \
+    {                                                                                                        \
+        int unused;                                                                                          \
+    };                                                                                                       \
     using name = name##__*
 
 DECLARE_HANDLE(HINSTANCE);
@@ -262,7 +263,7 @@ inline BOOL IsEqualGUID(REFGUID a, REFGUID b)
 
 // A declaration; after <initguid.h> the definition.
 #ifdef INITGUID
-#define DEFINE_GUID(name, l, w1, w2, b1, b2, b3, b4, b5, b6, b7, b8)                              \
+#define DEFINE_GUID(name, l, w1, w2, b1, b2, b3, b4, b5, b6, b7, b8)                                         \
     extern "C" const GUID DECLSPEC_SELECTANY name = {l, w1, w2, {b1, b2, b3, b4, b5, b6, b7, b8}}
 #else
 #define DEFINE_GUID(name, l, w1, w2, b1, b2, b3, b4, b5, b6, b7, b8) extern "C" const GUID name

@@ -1,4 +1,5 @@
-// The types that automation values are made of: strings, booleans, currency, and the numbers of the variant types.
+// The types that automation values are made of: strings, booleans, currency, and the numbers of the variant
+// types.
 #pragma once
 
 #include "wpbase.h"

@@ -1,5 +1,5 @@
-// The module that the tests of loading and creation use. Its entry point notes its calls in the environment variable
-// WPTEST_EVENTS, which outlives it, and refuses to start while WPTEST_REFUSE is set.
+// The module that the tests of loading and creation use. Its entry point notes its calls in the environment
+// variable WPTEST_EVENTS, which outlives it, and refuses to start while WPTEST_REFUSE is set.
 #include <windows.h>
 
 #include <objbase.h>
@@ -71,7 +71,7 @@ public:
 };
 
 CTestFactory g_factory;
-}
+} // namespace
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID)
 {

@@ -1,4 +1,5 @@
-// Strings that carry their length: the number of bytes stands right before the first character, a zero after the last.
+// Strings that carry their length: the number of bytes stands right before the first character, a zero after
+// the last.
 #include <oleauto.h>
 
 #include "winport_alloc.h"
@@ -36,7 +37,7 @@ BSTR Finish(void* block, UINT length)
     text[length] = L'\0';
     return text;
 }
-}
+} // namespace
 
 BSTR SysAllocStringLen(const OLECHAR* text, UINT length)
 {

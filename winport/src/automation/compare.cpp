@@ -20,8 +20,8 @@ HRESULT Order(T left, T right)
     return left < right ? VARCMP_LT : left > right ? VARCMP_GT : VARCMP_EQ;
 }
 
-// ---- Names. A name is ordered first by its characters without regard to case, then by case, then by the minor
-// characters in it: hyphen, apostrophe and control characters, which do not count at first.
+// ---- Names. A name is ordered first by its characters without regard to case, then by case, then by the
+// minor characters in it: hyphen, apostrophe and control characters, which do not count at first.
 
 constexpr int kFirstMajor = 40;
 
@@ -94,7 +94,10 @@ struct Name
 class CNameOrder
 {
 public:
-    explicit CNameOrder(ULONG flags) : m_ignoreCase(flags & NORM_IGNORECASE), m_allMajor(flags & SORT_STRINGSORT) {}
+    explicit CNameOrder(ULONG flags)
+        : m_ignoreCase(flags & NORM_IGNORECASE), m_allMajor(flags & SORT_STRINGSORT)
+    {
+    }
 
     int Compare(Name left, Name right)
     {
@@ -256,10 +259,10 @@ HRESULT CompareText(const VARIANT* left, const VARIANT* right, LCID lcid, ULONG 
     const bool rightIsNumber = KindOf(V_VT(right)) == Comparable::Number;
     if (leftIsNumber || rightIsNumber)
         return leftIsNumber ? VARCMP_LT : VARCMP_GT;
-    return VarBstrCmp(V_VT(left) == VT_BSTR ? V_BSTR(left) : nullptr, V_VT(right) == VT_BSTR ? V_BSTR(right) : nullptr,
-                      lcid, flags);
+    return VarBstrCmp(V_VT(left) == VT_BSTR ? V_BSTR(left) : nullptr,
+                      V_VT(right) == VT_BSTR ? V_BSTR(right) : nullptr, lcid, flags);
 }
-}
+} // namespace
 
 HRESULT VarBstrCmp(BSTR left, BSTR right, LCID lcid, ULONG flags)
 {

@@ -1,97 +1,19 @@
-// Dates: days since 30 December 1899 with the time of day as a fraction, and how a user in the United States writes them.
-#include "wpvariant.h"
+// Dates as a user in the United States writes them.
+#include "wpcalendar.h"
 
-#include <cmath>
-#include <cwchar>
 #include <ctime>
+#include <cwchar>
 #include <initializer_list>
 
 namespace winport
 {
 namespace
 {
-constexpr int kSecondsOfDay = 86400;
-constexpr int kFirstDay = -657434;
-constexpr int kLastDay = 2958465;
-// 30 December 1899 counted from 1 March of the year 0.
-constexpr int kEpoch = 693899;
-
-struct CivilDate
-{
-    int year;
-    int month;
-    int day;
-};
-
-// Days from 30 December 1899. Years begin in March here, so that the leap day is a year's last.
-int DaysOf(const CivilDate& date)
-{
-    const int year = date.month <= 2 ? date.year - 1 : date.year;
-    const int month = (date.month + 9) % 12;
-    return 365 * year + year / 4 - year / 100 + year / 400 + (153 * month + 2) / 5 + date.day - 1 - kEpoch;
-}
-
-CivilDate CivilOf(int days)
-{
-    const int count = days + kEpoch;
-    const int era = count / 146097;
-    const int ofEra = count - era * 146097;
-    const int yearOfEra = (ofEra - ofEra / 1460 + ofEra / 36524 - ofEra / 146096) / 365;
-    const int ofYear = ofEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-    const int month = (5 * ofYear + 2) / 153;
-    CivilDate date{yearOfEra + era * 400, month < 10 ? month + 3 : month - 9, ofYear - (153 * month + 2) / 5 + 1};
-    if (date.month <= 2)
-        ++date.year;
-    return date;
-}
-
-int DaysInMonth(int year, int month)
-{
-    const CivilDate next{month == 12 ? year + 1 : year, month == 12 ? 1 : month + 1, 1};
-    return DaysOf(next) - DaysOf({year, month, 1});
-}
-
-// Years of one or two digits lie between 1950 and 2049.
-int FullYear(int year)
-{
-    if (year >= 100)
-        return year;
-    return year < 50 ? year + 2000 : year + 1900;
-}
-
-// The time of a day before the epoch counts forward from its midnight all the same.
-DATE Compose(int days, double fraction)
-{
-    return days < 0 ? days - fraction : days + fraction;
-}
-
-// A date in whole seconds, rounded.
-struct Moment
-{
-    int days;
-    int seconds;
-};
-
-Moment MomentOf(DATE date)
-{
-    const double whole = std::trunc(date);
-    Moment moment{static_cast<int>(whole), static_cast<int>(std::floor(std::fabs(date - whole) * kSecondsOfDay + 0.5))};
-    if (moment.seconds >= kSecondsOfDay)
-    {
-        moment.seconds = 0;
-        ++moment.days;
-    }
-    return moment;
-}
-
-bool IsInRange(DATE date)
-{
-    return date > kFirstDay - 1.0 && date < kLastDay + 1.0;
-}
-
-const OLECHAR* const kMonths[] = {L"january", L"february", L"march",     L"april",   L"may",      L"june",
-                                  L"july",    L"august",   L"september", L"october", L"november", L"december"};
-const OLECHAR* const kWeekdays[] = {L"sunday", L"monday", L"tuesday", L"wednesday", L"thursday", L"friday", L"saturday"};
+const OLECHAR* const kMonths[] = {L"january",   L"february", L"march",    L"april",
+                                  L"may",       L"june",     L"july",     L"august",
+                                  L"september", L"october",  L"november", L"december"};
+const OLECHAR* const kWeekdays[] = {L"sunday",   L"monday", L"tuesday", L"wednesday",
+                                    L"thursday", L"friday", L"saturday"};
 
 OLECHAR Lower(OLECHAR character)
 {
@@ -130,7 +52,8 @@ int CurrentYear()
     return local.tm_year + 1900;
 }
 
-// Up to three numbers and a month's name for the day; hours, minutes, seconds with a mark for the half of the day.
+// Up to three numbers and a month's name for the day; hours, minutes, seconds with a mark for the half of the
+// day.
 class CDateReader
 {
 public:
@@ -152,6 +75,7 @@ private:
     int Digits() noexcept;
     void SkipBlanks() noexcept;
     bool AtHalf() const noexcept;
+    bool AtTimeMark() const noexcept { return *m_at == L':' || *m_at == L'.'; }
     bool Day(int* days) const noexcept;
     bool Arrange(CivilDate* date) const noexcept;
     bool ArrangeNamed(CivilDate* date) const noexcept;
@@ -200,7 +124,7 @@ bool CDateReader::Time(int hour) noexcept
     m_hour = hour;
     for (int* part : {&m_minute, &m_second})
     {
-        if (*m_at != L':')
+        if (!AtTimeMark())
             return true;
         ++m_at;
         if (!IsDigit(*m_at))
@@ -213,7 +137,7 @@ bool CDateReader::Time(int hour) noexcept
 bool CDateReader::Number() noexcept
 {
     const int value = Digits();
-    if (*m_at == L':')
+    if (AtTimeMark())
         return Time(value);
     SkipBlanks();
     if (AtHalf())
@@ -346,72 +270,16 @@ HRESULT CDateReader::Read(DATE* date) noexcept
     const bool hasDay = m_count || m_month;
     int days = 0;
     double fraction = 0;
-    if (!readable || (!hasDay && m_hour < 0) || (hasDay && !Day(&days)) || (m_hour >= 0 && !TimeOfDay(&fraction)))
+    if (!readable || (!hasDay && m_hour < 0) || (hasDay && !Day(&days)) ||
+        (m_hour >= 0 && !TimeOfDay(&fraction)))
         return DISP_E_TYPEMISMATCH;
     *date = Compose(days, fraction);
     return S_OK;
 }
-}
+} // namespace
 
 HRESULT ReadDate(const OLECHAR* text, DATE* date) noexcept
 {
     return text ? CDateReader(text).Read(date) : DISP_E_TYPEMISMATCH;
 }
-
-HRESULT WriteDate(DATE date, OLECHAR (&text)[kNumberLength]) noexcept
-{
-    if (!IsInRange(date))
-        return E_INVALIDARG;
-    const Moment moment = MomentOf(date);
-    // Which halves are written is decided before rounding.
-    const bool hasDay = std::trunc(date) != 0;
-    const bool hasTime = date != std::trunc(date) || !hasDay;
-    int length = 0;
-    if (hasDay)
-    {
-        const CivilDate day = CivilOf(moment.days);
-        length = std::swprintf(text, kNumberLength, L"%d/%d/%d", day.month, day.day, day.year);
-    }
-    if (hasTime)
-    {
-        const int hour = moment.seconds / 3600;
-        std::swprintf(text + length, kNumberLength - static_cast<std::size_t>(length), L"%ls%d:%02d:%02d %ls",
-                      hasDay ? L" " : L"", hour % 12 ? hour % 12 : 12, moment.seconds / 60 % 60, moment.seconds % 60,
-                      hour < 12 ? L"AM" : L"PM");
-    }
-    return S_OK;
-}
-}
-
-using namespace winport;
-
-INT SystemTimeToVariantTime(LPSYSTEMTIME time, DOUBLE* date)
-{
-    if (!time || !date || time->wYear > 9999 || time->wMonth < 1 || time->wMonth > 12 || time->wDay > 31)
-        return FALSE;
-    // A day, hour or minute beyond its end runs over into the next unit.
-    int seconds = (time->wHour * 60 + time->wMinute) * 60 + time->wSecond;
-    const int days =
-        DaysOf({FullYear(time->wYear), time->wMonth, time->wDay}) + seconds / kSecondsOfDay;
-    seconds %= kSecondsOfDay;
-    *date = Compose(days, static_cast<double>(seconds) / kSecondsOfDay);
-    return TRUE;
-}
-
-INT VariantTimeToSystemTime(DOUBLE date, LPSYSTEMTIME time)
-{
-    if (!time || !IsInRange(date))
-        return FALSE;
-    const Moment moment = MomentOf(date);
-    const CivilDate day = CivilOf(moment.days);
-    *time = SYSTEMTIME{static_cast<WORD>(day.year),
-                       static_cast<WORD>(day.month),
-                       // 30 December 1899 was a Saturday.
-                       static_cast<WORD>((moment.days - kFirstDay * 7 + 6) % 7),
-                       static_cast<WORD>(day.day),
-                       static_cast<WORD>(moment.seconds / 3600),
-                       static_cast<WORD>(moment.seconds / 60 % 60),
-                       static_cast<WORD>(moment.seconds % 60),
-                       0};
-    return TRUE;
-}
+} // namespace winport

@@ -17,7 +17,7 @@ struct Holder
 };
 
 thread_local Holder t_holder;
-}
+} // namespace
 
 /// Replaces the thread's information; null takes it away. Always S_OK.
 HRESULT SetErrorInfo(ULONG, IErrorInfo* info)
@@ -29,8 +29,8 @@ HRESULT SetErrorInfo(ULONG, IErrorInfo* info)
     return S_OK;
 }
 
-/// Hands the thread's information over, so that it is asked for once. S_FALSE and null if there is none, E_INVALIDARG
-/// if `info` is null or `reserved` is not 0.
+/// Hands the thread's information over, so that it is asked for once. S_FALSE and null if there is none,
+/// E_INVALIDARG if `info` is null or `reserved` is not 0.
 HRESULT GetErrorInfo(ULONG reserved, IErrorInfo** info)
 {
     if (reserved || !info)

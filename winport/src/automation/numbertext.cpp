@@ -28,7 +28,8 @@ int DigitValue(OLECHAR character)
     return lower >= L'a' && lower <= L'f' ? lower - L'a' + 10 : -1;
 }
 
-// One pass over the text. Each decoration (sign, parenthesis, currency sign) may stand once, before or after the digits.
+// One pass over the text. Each decoration (sign, parenthesis, currency sign) may stand once, before or after
+// the digits.
 class CNumberReader
 {
 public:
@@ -70,7 +71,8 @@ bool CNumberReader::Take(OLECHAR wanted, bool* taken) noexcept
 void CNumberReader::Leading() noexcept
 {
     while (IsBlank(*m_at) ? ++m_at != nullptr
-                          : Take(L'+', &m_plus) || Take(L'-', &m_minus) || Take(L'(', &m_open) || Take(L'$', &m_currency))
+                          : Take(L'+', &m_plus) || Take(L'-', &m_minus) || Take(L'(', &m_open) ||
+                                Take(L'$', &m_currency))
     {
     }
 }
@@ -78,7 +80,8 @@ void CNumberReader::Leading() noexcept
 void CNumberReader::Trailing() noexcept
 {
     while (IsBlank(*m_at) ? ++m_at != nullptr
-                          : Take(L'+', &m_plus) || Take(L'-', &m_minus) || Take(L')', &m_close) || Take(L'$', &m_currency))
+                          : Take(L'+', &m_plus) || Take(L'-', &m_minus) || Take(L')', &m_close) ||
+                                Take(L'$', &m_currency))
     {
     }
 }
@@ -188,7 +191,7 @@ HRESULT CNumberReader::Read(SpelledNumber* number) noexcept
         number->value = -number->value;
     return status;
 }
-}
+} // namespace
 
 HRESULT ReadNumber(const OLECHAR* text, SpelledNumber* number) noexcept
 {
@@ -201,10 +204,12 @@ void WriteReal(double value, int digits, OLECHAR (&text)[kNumberLength]) noexcep
     char narrow[kNumberLength];
     // Minus zero reads as zero.
     const double shown = value == 0 ? 0 : value;
-    const auto end = std::to_chars(narrow, narrow + kNumberLength - 1, shown, std::chars_format::general, digits);
+    const auto end =
+        std::to_chars(narrow, narrow + kNumberLength - 1, shown, std::chars_format::general, digits);
     OLECHAR* to = text;
     for (const char* from = narrow; from != end.ptr; ++from)
-        *to++ = *from >= 'a' && *from <= 'z' ? static_cast<OLECHAR>(*from - 'a' + 'A') : static_cast<OLECHAR>(*from);
+        *to++ = *from >= 'a' && *from <= 'z' ? static_cast<OLECHAR>(*from - 'a' + 'A')
+                                             : static_cast<OLECHAR>(*from);
     *to = L'\0';
 }
-}
+} // namespace winport

@@ -9,7 +9,8 @@
 
 namespace
 {
-// Stands before the descriptor, as on Windows: the interface that elements have, or their type in the last four bytes.
+// Stands before the descriptor, as on Windows: the interface that elements have, or their type in the last
+// four bytes.
 struct Prefix
 {
     union
@@ -57,7 +58,7 @@ USHORT FeaturesOf(VARTYPE type)
 void Describe(SAFEARRAY* array, VARTYPE type, UINT dimensions, USHORT moreFeatures)
 {
     array->cDims = static_cast<USHORT>(dimensions);
-    array->fFeatures = FeaturesOf(type) | moreFeatures;
+    array->fFeatures = static_cast<USHORT>(FeaturesOf(type) | moreFeatures);
     array->cbElements = static_cast<ULONG>(winport::ValueSize(type));
     if (winport::HoldsObjects(array))
         PrefixOf(array)->iid = type == VT_DISPATCH ? IID_IDispatch : IID_IUnknown;
@@ -88,12 +89,7 @@ bool Measure(const SAFEARRAYBOUND* bounds, UINT dimensions, std::size_t elementS
     }
     return true;
 }
-
-bool HasOwnData(const SAFEARRAY* array)
-{
-    return !(array->fFeatures & kVector);
-}
-}
+} // namespace
 
 namespace winport
 {
@@ -104,7 +100,7 @@ std::size_t CountElements(const SAFEARRAY* array) noexcept
         count *= (&array->rgsabound[0])[i].cElements;
     return count;
 }
-}
+} // namespace winport
 
 using namespace winport;
 
@@ -156,7 +152,7 @@ HRESULT SafeArrayDestroyData(SAFEARRAY* array)
         return DISP_E_ARRAYISLOCKED;
     if (array->pvData)
         ClearElements(array);
-    if (!HasOwnData(array))
+    if (array->fFeatures & kVector)
     {
         array->fFeatures |= kDataGone;
         return S_OK;

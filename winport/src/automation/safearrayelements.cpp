@@ -11,16 +11,22 @@ namespace winport
 {
 namespace
 {
+// A null text is put in as an empty one.
+HRESULT PutText(BSTR* place, BSTR text)
+{
+    BSTR copy = CopyText(text);
+    if (!copy)
+        return E_OUTOFMEMORY;
+    SysFreeString(std::exchange(*place, copy));
+    return S_OK;
+}
+
+// An element that was never set is null, and so is its copy.
 HRESULT AssignText(BSTR* place, BSTR text)
 {
-    BSTR copy = nullptr;
     if (text)
-    {
-        copy = CopyText(text);
-        if (!copy)
-            return E_OUTOFMEMORY;
-    }
-    SysFreeString(std::exchange(*place, copy));
+        return PutText(place, text);
+    SysFreeString(std::exchange(*place, nullptr));
     return S_OK;
 }
 
@@ -60,7 +66,8 @@ HRESULT CopyElements(const SAFEARRAY* source, SAFEARRAY* target)
     const auto* from = static_cast<const BYTE*>(source->pvData);
     auto* to = static_cast<BYTE*>(target->pvData);
     HRESULT status = S_OK;
-    for (std::size_t i = 0; i < count && status >= 0; ++i, from += source->cbElements, to += source->cbElements)
+    for (std::size_t i = 0; i < count && status >= 0;
+         ++i, from += source->cbElements, to += source->cbElements)
         status = AssignElement(target, to, from);
     return status;
 }
@@ -82,7 +89,7 @@ SAFEARRAY* CreateLike(SAFEARRAY* source)
     WinportFree(bounds);
     return array;
 }
-}
+} // namespace
 
 void ClearElements(SAFEARRAY* array) noexcept
 {
@@ -117,7 +124,7 @@ HRESULT AssignElement(const SAFEARRAY* array, void* place, const void* value) no
         *static_cast<VARIANT*>(place) = copy;
     return status;
 }
-}
+} // namespace winport
 
 using namespace winport;
 
@@ -133,7 +140,9 @@ HRESULT SafeArrayPutElement(SAFEARRAY* array, LONG* indices, void* value)
     if (status < 0)
         return status;
     // Strings and objects are given themselves, and null is one of them.
-    if (HoldsObjects(array) || (array->fFeatures & FADF_BSTR))
+    if (array->fFeatures & FADF_BSTR)
+        return PutText(static_cast<BSTR*>(place), static_cast<BSTR>(value));
+    if (HoldsObjects(array))
         return AssignElement(array, place, &value);
     return value ? AssignElement(array, place, value) : E_INVALIDARG;
 }

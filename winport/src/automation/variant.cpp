@@ -11,8 +11,8 @@ namespace
 {
 constexpr bool IsKnown(unsigned type)
 {
-    return type <= VT_DECIMAL || (type >= VT_I1 && type <= VT_UINT) || type == VT_INT_PTR || type == VT_UINT_PTR ||
-           type == VT_CLSID;
+    return type <= VT_DECIMAL || (type >= VT_I1 && type <= VT_UINT) || type == VT_INT_PTR ||
+           type == VT_UINT_PTR || type == VT_CLSID;
 }
 
 bool IsReference(const VARIANT* variant)
@@ -77,7 +77,7 @@ HRESULT ReadReference(const VARIANT* source, VARIANT* value)
     V_VT(value) = type;
     return S_OK;
 }
-}
+} // namespace
 
 std::size_t ValueSize(VARTYPE type) noexcept
 {
@@ -129,7 +129,7 @@ BSTR CopyText(BSTR text) noexcept
 {
     return SysAllocStringLen(text, SysStringLen(text));
 }
-}
+} // namespace winport
 
 using namespace winport;
 

@@ -13,7 +13,7 @@ bool Granted() noexcept
     const WinportAllocHook hook = g_hook.load(std::memory_order_relaxed);
     return !hook || hook();
 }
-}
+} // namespace
 
 void* WinportAlloc(std::size_t size) noexcept
 {

@@ -43,4 +43,4 @@ void ClearElements(SAFEARRAY* array) noexcept;
 /// Copies one value over another, which is given back. `value` is the address of a value of the array's type.
 /// E_OUTOFMEMORY or DISP_E_BADVARTYPE leave `place` as it was.
 HRESULT AssignElement(const SAFEARRAY* array, void* place, const void* value) noexcept;
-}
+} // namespace winport

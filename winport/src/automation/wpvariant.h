@@ -25,8 +25,8 @@ struct SpelledNumber
     ULONGLONG bits = 0;
 };
 
-/// Reads a number with blanks, sign, parentheses, currency sign, thousands separators and exponent around and in it.
-/// DISP_E_TYPEMISMATCH if `text` is none, DISP_E_OVERFLOW if no double holds it.
+/// Reads a number with blanks, sign, parentheses, currency sign, thousands separators and exponent around and
+/// in it. DISP_E_TYPEMISMATCH if `text` is none, DISP_E_OVERFLOW if no double holds it.
 HRESULT ReadNumber(const OLECHAR* text, SpelledNumber* number) noexcept;
 
 /// Reads a date and/or a time of day. DISP_E_TYPEMISMATCH if `text` is none.
@@ -39,4 +39,4 @@ constexpr std::size_t kNumberLength = 64;
 void WriteReal(double value, int digits, OLECHAR (&text)[kNumberLength]) noexcept;
 /// E_INVALIDARG outside the years 100 to 9999.
 HRESULT WriteDate(DATE date, OLECHAR (&text)[kNumberLength]) noexcept;
-}
+} // namespace winport

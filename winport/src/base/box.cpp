@@ -13,7 +13,7 @@ namespace
 {
 std::atomic<WinportBoxHook> g_hook{nullptr};
 thread_local HWND t_activeWindow = nullptr;
-}
+} // namespace
 
 WinportBoxHook WinportSetBoxHook(WinportBoxHook hook)
 {

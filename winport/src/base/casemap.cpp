@@ -15,22 +15,24 @@ locale_t CaseLocale()
     static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
     return locale;
 }
-}
+} // namespace
 
 wchar_t Upper(wchar_t character)
 {
     if (character < 0x80)
         return character >= L'a' && character <= L'z' ? static_cast<wchar_t>(character - 32) : character;
-    return CaseLocale() ? static_cast<wchar_t>(towupper_l(static_cast<wint_t>(character), CaseLocale())) : character;
+    return CaseLocale() ? static_cast<wchar_t>(towupper_l(static_cast<wint_t>(character), CaseLocale()))
+                        : character;
 }
 
 wchar_t Lower(wchar_t character)
 {
     if (character < 0x80)
         return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + 32) : character;
-    return CaseLocale() ? static_cast<wchar_t>(towlower_l(static_cast<wint_t>(character), CaseLocale())) : character;
+    return CaseLocale() ? static_cast<wchar_t>(towlower_l(static_cast<wint_t>(character), CaseLocale()))
+                        : character;
 }
-}
+} // namespace winport
 
 using namespace winport;
 
@@ -51,7 +53,8 @@ DWORD CharUpperBuffW(LPWSTR text, DWORD length)
 LPWSTR CharLowerW(LPWSTR text)
 {
     if (IS_INTRESOURCE(text))
-        return reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(Lower(static_cast<wchar_t>(reinterpret_cast<ULONG_PTR>(text)))));
+        return reinterpret_cast<LPWSTR>(
+            static_cast<ULONG_PTR>(Lower(static_cast<wchar_t>(reinterpret_cast<ULONG_PTR>(text)))));
     CharLowerBuffW(text, static_cast<DWORD>(lstrlenW(text)));
     return text;
 }
@@ -59,7 +62,8 @@ LPWSTR CharLowerW(LPWSTR text)
 LPWSTR CharUpperW(LPWSTR text)
 {
     if (IS_INTRESOURCE(text))
-        return reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(Upper(static_cast<wchar_t>(reinterpret_cast<ULONG_PTR>(text)))));
+        return reinterpret_cast<LPWSTR>(
+            static_cast<ULONG_PTR>(Upper(static_cast<wchar_t>(reinterpret_cast<ULONG_PTR>(text)))));
     CharUpperBuffW(text, static_cast<DWORD>(lstrlenW(text)));
     return text;
 }

@@ -21,7 +21,7 @@ SYSTEMTIME SystemTime(const tm& parts, long nanoseconds)
             static_cast<WORD>(parts.tm_hour),        static_cast<WORD>(parts.tm_min),
             static_cast<WORD>(parts.tm_sec),         static_cast<WORD>(nanoseconds / 1'000'000)};
 }
-}
+} // namespace
 
 void GetLocalTime(SYSTEMTIME* time)
 {
@@ -77,7 +77,8 @@ BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency)
 
 void Sleep(DWORD milliseconds)
 {
-    timespec rest{static_cast<time_t>(milliseconds / 1000), static_cast<long>(milliseconds % 1000) * 1'000'000};
+    timespec rest{static_cast<time_t>(milliseconds / 1000),
+                  static_cast<long>(milliseconds % 1000) * 1'000'000};
     while (nanosleep(&rest, &rest) != 0 && errno == EINTR)
     {
     }

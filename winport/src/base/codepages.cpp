@@ -9,11 +9,13 @@ namespace
 {
 // The parameters that both directions check alike. `size` 0 asks for the length, without a target.
 template <class Source, class Target>
-bool Acceptable(UINT page, DWORD flags, DWORD known, const Source* text, int length, const Target* target, int size)
+bool Acceptable(UINT page, DWORD flags, DWORD known, const Source* text, int length, const Target* target,
+                int size)
 {
     DWORD error = ERROR_SUCCESS;
     if (!text || length == 0 || length < -1 || size < 0 || (size > 0 && !target) ||
-        static_cast<const void*>(text) == static_cast<const void*>(target) || (page != CP_UTF8 && page != CP_ACP))
+        static_cast<const void*>(text) == static_cast<const void*>(target) ||
+        (page != CP_UTF8 && page != CP_ACP))
         error = ERROR_INVALID_PARAMETER;
     else if ((flags & ~known) != 0)
         error = ERROR_INVALID_FLAGS;
@@ -42,7 +44,7 @@ int Refuse()
     SetLastError(ERROR_NO_UNICODE_TRANSLATION);
     return 0;
 }
-}
+} // namespace
 
 int MultiByteToWideChar(UINT page, DWORD flags, LPCSTR text, int length, LPWSTR target, int size)
 {
@@ -53,7 +55,8 @@ int MultiByteToWideChar(UINT page, DWORD flags, LPCSTR text, int length, LPWSTR 
                       [&]
                       {
                           bool invalid = false;
-                          const std::size_t bytes = length < 0 ? std::strlen(text) + 1 : static_cast<std::size_t>(length);
+                          const std::size_t bytes =
+                              length < 0 ? std::strlen(text) + 1 : static_cast<std::size_t>(length);
                           const std::wstring wide = Wide(std::string_view(text, bytes), &invalid);
                           if (invalid && (flags & MB_ERR_INVALID_CHARS) != 0)
                               return Refuse();
@@ -61,8 +64,8 @@ int MultiByteToWideChar(UINT page, DWORD flags, LPCSTR text, int length, LPWSTR 
                       });
 }
 
-int WideCharToMultiByte(UINT page, DWORD flags, LPCWSTR text, int length, LPSTR target, int size, LPCSTR defaultChar,
-                        LPBOOL usedDefault)
+int WideCharToMultiByte(UINT page, DWORD flags, LPCWSTR text, int length, LPSTR target, int size,
+                        LPCSTR defaultChar, LPBOOL usedDefault)
 {
     if (!Acceptable(page, flags, WC_ERR_INVALID_CHARS, text, length, target, size))
         return 0;
@@ -78,7 +81,8 @@ int WideCharToMultiByte(UINT page, DWORD flags, LPCWSTR text, int length, LPSTR 
                       [&]
                       {
                           bool invalid = false;
-                          const std::size_t count = length < 0 ? std::wcslen(text) + 1 : static_cast<std::size_t>(length);
+                          const std::size_t count =
+                              length < 0 ? std::wcslen(text) + 1 : static_cast<std::size_t>(length);
                           const std::string bytes = Utf8(std::wstring_view(text, count), &invalid);
                           if (invalid && (flags & WC_ERR_INVALID_CHARS) != 0)
                               return Refuse();

@@ -40,7 +40,8 @@ std::wstring ReadCommandLine()
     for (std::size_t start = 0; start < bytes.size();)
     {
         const std::size_t end = bytes.find('\0', start);
-        line += (line.empty() ? L"" : L" ") + Quoted(Wide(std::string_view(bytes).substr(start, end - start)));
+        line +=
+            (line.empty() ? L"" : L" ") + Quoted(Wide(std::string_view(bytes).substr(start, end - start)));
         start = end == std::string::npos ? bytes.size() : end + 1;
     }
     return line;
@@ -64,8 +65,8 @@ std::wstring ProgramWord(const wchar_t*& p)
     return word;
 }
 
-// Any further word. Backslashes escape a quote and, before a quote, each other; two quotes inside quotes are one that
-// is meant, and close them.
+// Any further word. Backslashes escape a quote and, before a quote, each other; two quotes inside quotes are
+// one that is meant, and close them.
 std::wstring NextWord(const wchar_t*& p)
 {
     std::wstring word;
@@ -135,7 +136,7 @@ LPWSTR* Pack(const std::vector<std::wstring>& words)
     pointers[words.size()] = nullptr;
     return pointers;
 }
-}
+} // namespace
 
 LPWSTR GetCommandLineW()
 {

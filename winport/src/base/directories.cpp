@@ -33,7 +33,8 @@ BOOL OnPath(LPCWSTR path, F&& call)
     return WithMemory(FALSE,
                       [&]
                       {
-                          const std::string name = path ? WithoutTrailingSlash(SystemPath(path)) : std::string();
+                          const std::string name =
+                              path ? WithoutTrailingSlash(SystemPath(path)) : std::string();
                           if (!name.empty() && call(name) == 0)
                               return TRUE;
                           DWORD error = name.empty() ? ERROR_PATH_NOT_FOUND : ErrorFromSystem(errno);
@@ -49,7 +50,7 @@ int Fail(int code)
     errno = code;
     return -1;
 }
-}
+} // namespace
 
 BOOL CreateDirectoryW(LPCWSTR path, SECURITY_ATTRIBUTES*)
 {
@@ -67,7 +68,8 @@ BOOL RemoveDirectoryW(LPCWSTR path)
     struct stat state;
     if (OnPath(path, [](const std::string& name) { return rmdir(name.c_str()); }))
         return TRUE;
-    const bool isFile = GetLastError() == ERROR_PATH_NOT_FOUND && path && stat(SystemPath(path).c_str(), &state) == 0;
+    const bool isFile =
+        GetLastError() == ERROR_PATH_NOT_FOUND && path && stat(SystemPath(path).c_str(), &state) == 0;
     if (isFile)
         SetLastError(ERROR_DIRECTORY);
     return FALSE;

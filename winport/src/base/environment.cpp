@@ -64,7 +64,7 @@ std::wstring Expand(std::wstring_view text)
     }
     return out;
 }
-}
+} // namespace
 
 DWORD GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size)
 {
@@ -91,11 +91,6 @@ BOOL SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value)
                       {
                           const std::string variable = Utf8(name);
                           const std::lock_guard lock(EnvironmentLock());
-                          if (!value && !std::getenv(variable.c_str()))
-                          {
-                              SetLastError(ERROR_ENVVAR_NOT_FOUND);
-                              return FALSE;
-                          }
                           const int failed = value ? setenv(variable.c_str(), Utf8(value).c_str(), 1)
                                                    : unsetenv(variable.c_str());
                           if (failed)

@@ -1,4 +1,5 @@
-// The user's language, out of the environment: LC_ALL, LC_MESSAGES or LANG, in the order in which the system asks them.
+// The user's language, out of the environment: LC_ALL, LC_MESSAGES or LANG, in the order in which the system
+// asks them.
 #include "wptext.h"
 
 #include <algorithm>
@@ -76,7 +77,7 @@ int Deliver(std::wstring_view name, LPWSTR target, int size)
         CopyOut(name, target, static_cast<DWORD>(size));
     return needed;
 }
-}
+} // namespace
 
 LANGID GetUserDefaultUILanguage()
 {

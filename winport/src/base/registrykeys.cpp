@@ -24,7 +24,8 @@ LSTATUS Empty(const CRegistry& registry, RegistryKey& key)
 }
 
 // The key that a deletion means; null with a status. Predefined keys stay.
-std::shared_ptr<RegistryKey> ToDelete(CRegistry& registry, HKEY handle, std::wstring_view path, LSTATUS* status)
+std::shared_ptr<RegistryKey> ToDelete(CRegistry& registry, HKEY handle, std::wstring_view path,
+                                      LSTATUS* status)
 {
     const auto start = registry.Key(handle, 0, status);
     auto key = start ? CRegistry::Find(start, path) : nullptr;
@@ -34,10 +35,10 @@ std::shared_ptr<RegistryKey> ToDelete(CRegistry& registry, HKEY handle, std::wst
         *status = ERROR_ACCESS_DENIED;
     return *status == ERROR_SUCCESS ? key : nullptr;
 }
-}
+} // namespace
 
-LSTATUS RegCreateKeyExW(HKEY handle, LPCWSTR path, DWORD reserved, LPWSTR, DWORD, REGSAM access, SECURITY_ATTRIBUTES*,
-                        HKEY* result, DWORD* disposition)
+LSTATUS RegCreateKeyExW(HKEY handle, LPCWSTR path, DWORD reserved, LPWSTR, DWORD, REGSAM access,
+                        SECURITY_ATTRIBUTES*, HKEY* result, DWORD* disposition)
 {
     if (!result || !path || reserved)
         return result && path ? ERROR_INVALID_PARAMETER : ERROR_BADKEY;
@@ -115,7 +116,8 @@ LSTATUS RegDeleteTreeW(HKEY handle, LPCWSTR path)
         {
             LSTATUS status = ERROR_SUCCESS;
             const bool itself = !NameView(path).empty();
-            const auto key = itself ? ToDelete(registry, handle, path, &status) : registry.Key(handle, 0, &status);
+            const auto key =
+                itself ? ToDelete(registry, handle, path, &status) : registry.Key(handle, 0, &status);
             if (!key)
                 return status;
             status = Empty(registry, *key);
@@ -129,8 +131,8 @@ LSTATUS RegDeleteTreeW(HKEY handle, LPCWSTR path)
         });
 }
 
-LSTATUS RegEnumKeyExW(HKEY handle, DWORD index, LPWSTR name, DWORD* size, DWORD*, LPWSTR className, DWORD* classSize,
-                      FILETIME*)
+LSTATUS RegEnumKeyExW(HKEY handle, DWORD index, LPWSTR name, DWORD* size, DWORD*, LPWSTR className,
+                      DWORD* classSize, FILETIME*)
 {
     if (!name || !size)
         return ERROR_INVALID_PARAMETER;
@@ -143,7 +145,8 @@ LSTATUS RegEnumKeyExW(HKEY handle, DWORD index, LPWSTR name, DWORD* size, DWORD*
                 return status;
             if (index >= key->children.size())
                 return ERROR_NO_MORE_ITEMS;
-            const std::wstring& found = std::next(key->children.begin(), static_cast<std::ptrdiff_t>(index))->first;
+            const std::wstring& found =
+                std::next(key->children.begin(), static_cast<std::ptrdiff_t>(index))->first;
             if (*size <= found.size())
                 return ERROR_MORE_DATA;
             *size = CopyOut(found, name, *size);
@@ -153,9 +156,9 @@ LSTATUS RegEnumKeyExW(HKEY handle, DWORD index, LPWSTR name, DWORD* size, DWORD*
         });
 }
 
-LSTATUS RegQueryInfoKeyW(HKEY handle, LPWSTR className, DWORD* classSize, DWORD*, DWORD* subkeys, DWORD* longestSubkey,
-                         DWORD* longestClass, DWORD* values, DWORD* longestValueName, DWORD* longestValue,
-                         DWORD* security, FILETIME* written)
+LSTATUS RegQueryInfoKeyW(HKEY handle, LPWSTR className, DWORD* classSize, DWORD*, DWORD* subkeys,
+                         DWORD* longestSubkey, DWORD* longestClass, DWORD* values, DWORD* longestValueName,
+                         DWORD* longestValue, DWORD* security, FILETIME* written)
 {
     const auto put = [](DWORD* target, std::size_t value)
     {

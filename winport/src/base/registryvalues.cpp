@@ -1,4 +1,5 @@
-// The registry's functions on values. Sizes are in bytes, so that of a text follows the width of its characters.
+// The registry's functions on values. Sizes are in bytes, so that of a text follows the width of its
+// characters.
 #include "wpregistry.h"
 
 #include <cstring>
@@ -32,7 +33,7 @@ LSTATUS Deliver(const RegistryValue& value, DWORD* type, BYTE* data, DWORD* size
         std::memset(data + needed, 0, sizeof(wchar_t));
     return ERROR_SUCCESS;
 }
-}
+} // namespace
 
 LSTATUS RegSetValueExW(HKEY handle, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size)
 {
@@ -88,8 +89,8 @@ LSTATUS RegDeleteValueW(HKEY handle, LPCWSTR name)
         });
 }
 
-LSTATUS RegEnumValueW(HKEY handle, DWORD index, LPWSTR name, DWORD* nameSize, DWORD* reserved, DWORD* type, BYTE* data,
-                      DWORD* size)
+LSTATUS RegEnumValueW(HKEY handle, DWORD index, LPWSTR name, DWORD* nameSize, DWORD* reserved, DWORD* type,
+                      BYTE* data, DWORD* size)
 {
     if (!name || !nameSize || reserved || (data && !size))
         return ERROR_INVALID_PARAMETER;

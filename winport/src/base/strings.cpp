@@ -22,7 +22,7 @@ std::wstring StringInBlock(const unsigned char* data, DWORD size, unsigned index
     }
     return {};
 }
-}
+} // namespace
 
 int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size)
 {
@@ -39,8 +39,10 @@ int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size)
                       [&]
                       {
                           const auto* data = static_cast<const unsigned char*>(LoadResource(module, block));
-                          const std::wstring text = StringInBlock(data, SizeofResource(module, block), id & 15);
-                          const std::size_t length = std::min(text.size(), static_cast<std::size_t>(size - 1));
+                          const std::wstring text =
+                              StringInBlock(data, SizeofResource(module, block), id & 15);
+                          const std::size_t length =
+                              std::min(text.size(), static_cast<std::size_t>(size - 1));
                           text.copy(buffer, length);
                           buffer[length] = L'\0';
                           return static_cast<int>(length);

@@ -13,7 +13,7 @@ std::recursive_mutex& LockOf(CRITICAL_SECTION* section)
 {
     return *std::launder(reinterpret_cast<std::recursive_mutex*>(section->lock));
 }
-}
+} // namespace
 
 void InitializeCriticalSection(CRITICAL_SECTION* section)
 {

@@ -39,14 +39,16 @@ HANDLE NewHandle(std::shared_ptr<CFile> file)
 struct flock SystemLock(short type, ULONGLONG offset, ULONGLONG size)
 {
     constexpr ULONGLONG kEnd = 0x7FFFFFFFFFFFFFFF;
-    struct flock lock{};
+    struct flock lock
+    {
+    };
     lock.l_type = type;
     lock.l_whence = SEEK_SET;
     lock.l_start = static_cast<off_t>(std::min(offset, kEnd - 1));
     lock.l_len = size >= kEnd - static_cast<ULONGLONG>(lock.l_start) ? 0 : static_cast<off_t>(size);
     return lock;
 }
-}
+} // namespace
 
 CFile::~CFile()
 {
@@ -64,7 +66,8 @@ bool CFile::Conflicts(const Range& range)
 {
     const std::lock_guard lock(m_lock);
     return std::any_of(m_ranges.begin(), m_ranges.end(),
-                       [&](const Range& held) { return (range.exclusive || held.exclusive) && held.Overlaps(range); });
+                       [&](const Range& held)
+                       { return (range.exclusive || held.exclusive) && held.Overlaps(range); });
 }
 
 DWORD CFile::Lock(ULONGLONG offset, ULONGLONG size, bool exclusive, bool wait)
@@ -89,8 +92,9 @@ DWORD CFile::Lock(ULONGLONG offset, ULONGLONG size, bool exclusive, bool wait)
 DWORD CFile::Unlock(ULONGLONG offset, ULONGLONG size)
 {
     const std::lock_guard lock(m_lock);
-    const auto found = std::find_if(m_ranges.begin(), m_ranges.end(), [&](const Range& range)
-                                    { return range.offset == offset && range.size == size; });
+    const auto found =
+        std::find_if(m_ranges.begin(), m_ranges.end(),
+                     [&](const Range& range) { return range.offset == offset && range.size == size; });
     if (found == m_ranges.end())
         return ERROR_NOT_LOCKED;
     m_ranges.erase(found);
@@ -146,7 +150,7 @@ std::shared_ptr<CFile> FileOf(HANDLE handle)
     SetLastError(ERROR_INVALID_HANDLE);
     return nullptr;
 }
-}
+} // namespace winport
 
 using namespace winport;
 
@@ -195,8 +199,8 @@ int DispositionFlags(DWORD disposition)
 
 constexpr DWORD kWriting = GENERIC_WRITE | FILE_WRITE_DATA | FILE_APPEND_DATA | DELETE;
 
-// Opens for reading and writing wherever that is allowed, because an exclusive lock needs the one and a shared lock
-// the other, whatever the handle is for.
+// Opens for reading and writing wherever that is allowed, because an exclusive lock needs the one and a
+// shared lock the other, whatever the handle is for.
 int OpenDescriptor(const std::string& path, DWORD access, int flags)
 {
     flags |= O_CLOEXEC;
@@ -245,11 +249,12 @@ ULONGLONG Size(DWORD low, DWORD high)
 {
     return (static_cast<ULONGLONG>(high) << 32) | low;
 }
-}
+} // namespace
 
 HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD, HANDLE)
 {
-    const bool truncatesUnwritable = disposition == TRUNCATE_EXISTING && (access & (GENERIC_WRITE | FILE_WRITE_DATA)) == 0;
+    const bool truncatesUnwritable =
+        disposition == TRUNCATE_EXISTING && (access & (GENERIC_WRITE | FILE_WRITE_DATA)) == 0;
     if (!path || DispositionFlags(disposition) < 0 || truncatesUnwritable)
     {
         SetLastError(path ? ERROR_INVALID_PARAMETER : ERROR_PATH_NOT_FOUND);
@@ -347,7 +352,8 @@ BOOL SetEndOfFile(HANDLE handle)
     if (!file->MayWrite())
         return Report(ERROR_ACCESS_DENIED);
     const off_t position = lseek(file->Descriptor(), 0, SEEK_CUR);
-    return Report(position < 0 || ftruncate(file->Descriptor(), position) != 0 ? ErrorFromSystem(errno) : ERROR_SUCCESS);
+    return Report(position < 0 || ftruncate(file->Descriptor(), position) != 0 ? ErrorFromSystem(errno)
+                                                                               : ERROR_SUCCESS);
 }
 
 BOOL FlushFileBuffers(HANDLE handle)
@@ -360,7 +366,8 @@ BOOL FlushFileBuffers(HANDLE handle)
     return Report(fsync(file->Descriptor()) != 0 ? ErrorFromSystem(errno) : ERROR_SUCCESS);
 }
 
-BOOL LockFileEx(HANDLE handle, DWORD flags, DWORD reserved, DWORD sizeLow, DWORD sizeHigh, OVERLAPPED* overlapped)
+BOOL LockFileEx(HANDLE handle, DWORD flags, DWORD reserved, DWORD sizeLow, DWORD sizeHigh,
+                OVERLAPPED* overlapped)
 {
     if (reserved || !overlapped)
         return Report(ERROR_INVALID_PARAMETER);
@@ -388,5 +395,6 @@ BOOL CloseHandle(HANDLE handle)
 {
     HandleTable& table = Handles();
     const std::lock_guard lock(table.lock);
-    return Report(table.files.erase(reinterpret_cast<ULONG_PTR>(handle)) == 1 ? ERROR_SUCCESS : ERROR_INVALID_HANDLE);
+    return Report(table.files.erase(reinterpret_cast<ULONG_PTR>(handle)) == 1 ? ERROR_SUCCESS
+                                                                              : ERROR_INVALID_HANDLE);
 }

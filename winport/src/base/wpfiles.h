@@ -1,5 +1,5 @@
-// Open files behind handles. Access rights are kept here, because a file that is to be locked must be open for more
-// than its handle allows.
+// Open files behind handles. Access rights are kept here, because a file that is to be locked must be open
+// for more than its handle allows.
 #pragma once
 
 #include <windows.h>
@@ -60,4 +60,4 @@ DWORD ErrorFromSystem(int code);
 
 /// The open file behind a handle; null, with ERROR_INVALID_HANDLE set, if there is none.
 std::shared_ptr<CFile> FileOf(HANDLE handle);
-}
+} // namespace winport

@@ -25,7 +25,8 @@ std::wstring ProgramPath()
 {
     char path[PATH_MAX];
     const ssize_t length = readlink("/proc/self/exe", path, sizeof(path));
-    return length > 0 ? Wide(std::string_view(path, static_cast<std::size_t>(length))) : std::wstring(L"program");
+    return length > 0 ? Wide(std::string_view(path, static_cast<std::size_t>(length)))
+                      : std::wstring(L"program");
 }
 
 // The program first, then the linked-in modules. A deque, because handles are addresses.
@@ -42,20 +43,6 @@ std::deque<Module>& Modules()
     return modules;
 }
 
-// The module of a name or path, by its last part, to which ".dll" is added if it has no extension.
-Module* ModuleNamed(std::wstring_view name)
-{
-    const std::size_t slash = name.find_last_of(L"\\/");
-    std::wstring base(slash == std::wstring_view::npos ? name : name.substr(slash + 1));
-    if (base.find(L'.') == std::wstring::npos)
-        base += L".dll";
-    for (Module& module : Modules())
-        if (CompareNoCase(module.FileName(), base) == 0)
-            return &module;
-    const Module& program = Modules().front();
-    return CompareNoCase(program.FileName(), name) == 0 ? &Modules().front() : nullptr;
-}
-
 bool CallEntryPoint(Module& module, DWORD reason)
 {
     if (!module.descriptor || !module.descriptor->dllMain)
@@ -65,7 +52,7 @@ bool CallEntryPoint(Module& module, DWORD reason)
 
 Module* Load(std::wstring_view name)
 {
-    Module* module = ModuleNamed(name);
+    Module* module = FindModule(name);
     if (!module)
     {
         SetLastError(ERROR_MOD_NOT_FOUND);
@@ -97,7 +84,8 @@ Module* ModuleAt(const void* address)
     }
     Dl_info where;
     Dl_info self;
-    const bool known = dladdr(address, &where) != 0 && dladdr(reinterpret_cast<const void*>(&LoadLibraryW), &self) != 0;
+    const bool known =
+        dladdr(address, &where) != 0 && dladdr(reinterpret_cast<const void*>(&LoadLibraryW), &self) != 0;
     return known && where.dli_fbase == self.dli_fbase ? &Modules().front() : nullptr;
 }
 
@@ -106,12 +94,26 @@ Module* LoadedModule(HMODULE handle)
     Module* module = ModuleOf(handle);
     return module && module->count > 0 ? module : nullptr;
 }
-}
+} // namespace
 
 std::wstring_view Module::FileName() const
 {
     const std::wstring_view whole = path;
     return whole.substr(whole.find_last_of(L'/') + 1);
+}
+
+Module* FindModule(std::wstring_view name)
+{
+    const std::lock_guard lock(LoaderLock());
+    const std::size_t slash = name.find_last_of(L"\\/");
+    std::wstring base(slash == std::wstring_view::npos ? name : name.substr(slash + 1));
+    if (base.find(L'.') == std::wstring::npos)
+        base += L".dll";
+    for (Module& module : Modules())
+        if (CompareNoCase(module.FileName(), base) == 0)
+            return &module;
+    const Module& program = Modules().front();
+    return CompareNoCase(program.FileName(), name) == 0 ? &Modules().front() : nullptr;
 }
 
 Module* ModuleOf(HMODULE handle)
@@ -134,7 +136,7 @@ const std::wstring& ProgramDirectory()
     }();
     return directory;
 }
-}
+} // namespace winport
 
 using namespace winport;
 
@@ -208,7 +210,7 @@ BOOL GetModuleHandleExW(DWORD flags, LPCWSTR nameOrAddress, HMODULE* result)
                           Module* module = !nameOrAddress ? &Modules().front()
                                            : (flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) != 0
                                                ? ModuleAt(nameOrAddress)
-                                               : ModuleNamed(nameOrAddress);
+                                               : FindModule(nameOrAddress);
                           if (!module || module->count == 0)
                           {
                               SetLastError(ERROR_MOD_NOT_FOUND);
@@ -216,7 +218,8 @@ BOOL GetModuleHandleExW(DWORD flags, LPCWSTR nameOrAddress, HMODULE* result)
                           }
                           if ((flags & GET_MODULE_HANDLE_EX_FLAG_PIN) != 0)
                               module->pinned = true;
-                          else if ((flags & GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) == 0 && !module->pinned)
+                          else if ((flags & GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) == 0 &&
+                                   !module->pinned)
                               ++module->count;
                           *result = reinterpret_cast<HMODULE>(module);
                           return TRUE;
@@ -252,7 +255,8 @@ FARPROC GetProcAddress(HMODULE handle, LPCSTR name)
         SetLastError(ERROR_MOD_NOT_FOUND);
         return nullptr;
     }
-    const std::size_t count = module->descriptor && !IS_INTRESOURCE(name) ? module->descriptor->exportCount : 0;
+    const std::size_t count =
+        module->descriptor && !IS_INTRESOURCE(name) ? module->descriptor->exportCount : 0;
     for (std::size_t i = 0; i < count; ++i)
         if (std::strcmp(module->descriptor->exports[i].name, name) == 0)
             return module->descriptor->exports[i].address;

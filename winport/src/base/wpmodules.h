@@ -21,9 +21,14 @@ struct Module
     std::wstring_view FileName() const;
 };
 
-/// The module that a handle names, whether or not it is loaded; null stands for the program. Null for no module.
+/// The module that a handle names, whether or not it is loaded; null stands for the program. Null for no
+/// module.
 Module* ModuleOf(HMODULE handle);
+
+/// The module of a name or path, by its last part, to which ".dll" is added if it has no extension. It may
+/// not be loaded. Null if there is none.
+Module* FindModule(std::wstring_view name);
 
 /// The directory of the running program, without a slash at its end.
 const std::wstring& ProgramDirectory();
-}
+} // namespace winport

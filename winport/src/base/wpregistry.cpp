@@ -38,12 +38,13 @@ void MarkDeleted(RegistryKey& key)
     for (auto& [name, child] : key.children)
         MarkDeleted(*child);
 }
-}
+} // namespace
 
 RegistryValue* RegistryKey::Value(std::wstring_view valueName)
 {
-    const auto found = std::find_if(values.begin(), values.end(), [&](const RegistryValue& value)
-                                    { return CompareNoCase(value.name, valueName) == 0; });
+    const auto found =
+        std::find_if(values.begin(), values.end(),
+                     [&](const RegistryValue& value) { return CompareNoCase(value.name, valueName) == 0; });
     return found == values.end() ? nullptr : &*found;
 }
 
@@ -97,10 +98,10 @@ std::shared_ptr<RegistryKey> CRegistry::Key(HKEY handle, DWORD access, LSTATUS* 
     if (auto key = Predefined(handle))
         return key;
     const auto found = m_handles.find(reinterpret_cast<ULONG_PTR>(handle));
-    *error = found == m_handles.end()                        ? ERROR_INVALID_HANDLE
-             : found->second.key->deleted                    ? ERROR_KEY_DELETED
-             : (found->second.access & access) != access     ? ERROR_ACCESS_DENIED
-                                                             : ERROR_SUCCESS;
+    *error = found == m_handles.end()                    ? ERROR_INVALID_HANDLE
+             : found->second.key->deleted                ? ERROR_KEY_DELETED
+             : (found->second.access & access) != access ? ERROR_ACCESS_DENIED
+                                                         : ERROR_SUCCESS;
     return *error == ERROR_SUCCESS ? found->second.key : nullptr;
 }
 
@@ -131,8 +132,8 @@ std::shared_ptr<RegistryKey> CRegistry::Find(std::shared_ptr<RegistryKey> key, s
     return key;
 }
 
-std::shared_ptr<RegistryKey> CRegistry::Create(std::shared_ptr<RegistryKey> key, std::wstring_view path, bool* created,
-                                               LSTATUS* error)
+std::shared_ptr<RegistryKey> CRegistry::Create(std::shared_ptr<RegistryKey> key, std::wstring_view path,
+                                               bool* created, LSTATUS* error)
 {
     *created = false;
     while (!path.empty())
@@ -189,7 +190,7 @@ void CRegistry::Clear()
     m_denied.clear();
     Plant();
 }
-}
+} // namespace winport
 
 using namespace winport;
 

@@ -51,10 +51,10 @@ public:
     /// Walks down from `key`; null if there is no such key.
     static std::shared_ptr<RegistryKey> Find(std::shared_ptr<RegistryKey> key, std::wstring_view path);
 
-    /// Walks down from `key` and makes what is missing, which `created` tells. Null, with ERROR_ACCESS_DENIED, if the
-    /// key itself or the one to make a key in refuses access.
-    std::shared_ptr<RegistryKey> Create(std::shared_ptr<RegistryKey> key, std::wstring_view path, bool* created,
-                                        LSTATUS* error);
+    /// Walks down from `key` and makes what is missing, which `created` tells. Null, with
+    /// ERROR_ACCESS_DENIED, if the key itself or the one to make a key in refuses access.
+    std::shared_ptr<RegistryKey> Create(std::shared_ptr<RegistryKey> key, std::wstring_view path,
+                                        bool* created, LSTATUS* error);
 
     bool IsDenied(const RegistryKey& key) const { return m_denied.count(key.Path()) != 0; }
     void Deny(HKEY root, std::wstring_view path, bool deny);
@@ -103,4 +103,4 @@ inline std::wstring_view NameView(LPCWSTR text)
 {
     return text ? std::wstring_view(text) : std::wstring_view();
 }
-}
+} // namespace winport

@@ -75,7 +75,7 @@ bool ReadResource(CReader& reader, Resource* resource)
     reader.Align();
     return resource->data != nullptr;
 }
-}
+} // namespace
 
 ResourceId ResourceId::FromArgument(LPCWSTR argument)
 {
@@ -108,7 +108,8 @@ void ResourceTable::Read(const unsigned char* data, std::size_t size)
     }
 }
 
-const Resource* ResourceTable::Find(const ResourceId& type, const ResourceId& name, WORD language, DWORD* error) const
+const Resource* ResourceTable::Find(const ResourceId& type, const ResourceId& name, WORD language,
+                                    DWORD* error) const
 {
     *error = Empty() ? ERROR_RESOURCE_DATA_NOT_FOUND : ERROR_RESOURCE_TYPE_NOT_FOUND;
     for (const Resource& resource : m_resources)
@@ -125,7 +126,7 @@ const Resource* ResourceTable::Find(const ResourceId& type, const ResourceId& na
     }
     return nullptr;
 }
-}
+} // namespace winport
 
 using namespace winport;
 
@@ -139,7 +140,8 @@ HRSRC FindResourceExW(HMODULE handle, LPCWSTR type, LPCWSTR name, WORD language)
                                  const Resource* found = nullptr;
                                  if (module)
                                      found = module->resources.Find(ResourceId::FromArgument(type),
-                                                                    ResourceId::FromArgument(name), language, &error);
+                                                                    ResourceId::FromArgument(name), language,
+                                                                    &error);
                                  if (!found)
                                      SetLastError(error);
                                  return reinterpret_cast<HRSRC>(const_cast<Resource*>(found));

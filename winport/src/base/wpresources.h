@@ -1,4 +1,5 @@
-// Resources in the plain form that the resource compiler writes: a sequence of headers, each followed by its data.
+// Resources in the plain form that the resource compiler writes: a sequence of headers, each followed by its
+// data.
 #pragma once
 
 #include <windows.h>
@@ -43,4 +44,4 @@ public:
 private:
     std::vector<Resource> m_resources;
 };
-}
+} // namespace winport

@@ -15,9 +15,10 @@ bool IsCodePoint(char32_t value)
 
 struct Lead
 {
-    int following;       ///< continuation bytes; negative for what cannot start a sequence
-    char32_t bits;       ///< the lead byte's share of the code point
-    unsigned char low;   ///< the second byte's range, which keeps out overlong forms, surrogates and too large values
+    int following; ///< continuation bytes; negative for what cannot start a sequence
+    char32_t bits; ///< the lead byte's share of the code point
+    unsigned char
+        low; ///< the second byte's range, which keeps out overlong forms, surrogates and too large values
     unsigned char high;
 };
 
@@ -57,7 +58,10 @@ char32_t NextCodePoint(std::string_view& text)
 
 void AppendUtf8(std::string& out, char32_t value)
 {
-    const auto tail = [&](int shift) { out.push_back(static_cast<char>(0x80 | ((value >> shift) & 0x3F))); };
+    const auto tail = [&](int shift)
+    {
+        out.push_back(static_cast<char>(0x80 | ((value >> shift) & 0x3F)));
+    };
     if (value < 0x80)
     {
         out.push_back(static_cast<char>(value));
@@ -75,7 +79,7 @@ void AppendUtf8(std::string& out, char32_t value)
         tail(6);
     tail(0);
 }
-}
+} // namespace
 
 std::wstring Wide(std::string_view text, bool* invalid)
 {
@@ -107,7 +111,10 @@ std::string Utf8(std::wstring_view text, bool* invalid)
 
 std::wstring WideFromUtf16(const unsigned char* data, std::size_t units)
 {
-    const auto unit = [&](std::size_t i) { return static_cast<char32_t>(data[2 * i] | (data[2 * i + 1] << 8)); };
+    const auto unit = [&](std::size_t i)
+    {
+        return static_cast<char32_t>(data[2 * i] | (data[2 * i + 1] << 8));
+    };
     std::wstring out;
     out.reserve(units);
     for (std::size_t i = 0; i < units; ++i)
@@ -156,4 +163,4 @@ std::string SystemPath(std::wstring_view path)
     std::replace(out.begin(), out.end(), '\\', '/');
     return out;
 }
-}
+} // namespace winport

@@ -1,4 +1,5 @@
-// Text between the wide form of the API and the UTF-8 of the system beneath, and names compared without regard to case.
+// Text between the wide form of the API and the UTF-8 of the system beneath, and names compared without
+// regard to case.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +15,8 @@ constexpr wchar_t kReplacement = 0xFFFD;
 /// Decodes UTF-8; each invalid sequence becomes one U+FFFD. `invalid`, if given, is set when there was any.
 std::wstring Wide(std::string_view text, bool* invalid = nullptr);
 
-/// Encodes as UTF-8; a value that is no code point becomes U+FFFD. `invalid`, if given, is set when there was any.
+/// Encodes as UTF-8; a value that is no code point becomes U+FFFD. `invalid`, if given, is set when there was
+/// any.
 std::string Utf8(std::wstring_view text, bool* invalid = nullptr);
 
 /// Decodes UTF-16 in little-endian byte order, as resources hold it.
@@ -33,8 +35,9 @@ struct LessNoCase
     bool operator()(std::wstring_view a, std::wstring_view b) const { return CompareNoCase(a, b) < 0; }
 };
 
-/// Copies `text` and its terminator to a caller's buffer of `size` characters, by the rule that most functions share:
-/// the length without the terminator if it fits, else the size needed with it, and nothing is written.
+/// Copies `text` and its terminator to a caller's buffer of `size` characters, by the rule that most
+/// functions share: the length without the terminator if it fits, else the size needed with it, and nothing
+/// is written.
 DWORD CopyOut(std::wstring_view text, LPWSTR buffer, DWORD size);
 
 /// A path for the system: UTF-8, slashes for backslashes, without the prefix of long paths.
@@ -54,4 +57,4 @@ R WithMemory(R failure, F&& body) noexcept
         return failure;
     }
 }
-}
+} // namespace winport

@@ -1,5 +1,5 @@
-// Activation contexts: counted handles and a stack for each thread. Nothing is looked up in them, because no window
-// class or library here has more than one version.
+// Activation contexts: counted handles and a stack for each thread. Nothing is looked up in them, because no
+// window class or library here has more than one version.
 #include <windows.h>
 
 #include <atomic>
@@ -47,7 +47,7 @@ BOOL Fail(DWORD error)
     SetLastError(error);
     return FALSE;
 }
-}
+} // namespace
 
 HANDLE CreateActCtxW(const ACTCTXW* parameters)
 {
@@ -56,7 +56,8 @@ HANDLE CreateActCtxW(const ACTCTXW* parameters)
         SetLastError(ERROR_INVALID_PARAMETER);
         return INVALID_HANDLE_VALUE;
     }
-    return WithMemory<HANDLE>(INVALID_HANDLE_VALUE, [&]() -> HANDLE
+    return WithMemory<HANDLE>(INVALID_HANDLE_VALUE,
+                              [&]() -> HANDLE
                               { return ManifestIsThere(*parameters) ? new Context : INVALID_HANDLE_VALUE; });
 }
 

@@ -18,7 +18,7 @@ std::atomic<unsigned> g_threads{0};
 std::atomic<unsigned> g_multithreaded{0};
 
 constexpr DWORD kFlags = COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE | COINIT_SPEED_OVER_MEMORY;
-}
+} // namespace
 
 bool winport::InApartment()
 {

@@ -56,7 +56,8 @@ IUnknown* RegisteredFor(REFCLSID clsid, DWORD context)
 {
     const std::lock_guard lock(Table().lock);
     auto& objects = Table().objects;
-    const auto found = std::find_if(objects.begin(), objects.end(), [&](const RegisteredObject& entry)
+    const auto found = std::find_if(objects.begin(), objects.end(),
+                                    [&](const RegisteredObject& entry)
                                     { return entry.clsid == clsid && (entry.context & context) != 0; });
     if (found == objects.end())
         return nullptr;
@@ -76,7 +77,8 @@ HRESULT BeginCall(const std::wstring& path, Server* server)
         return HRESULT_FROM_WIN32(GetLastError());
     const std::lock_guard lock(Table().lock);
     auto& servers = Table().servers;
-    auto known = std::find_if(servers.begin(), servers.end(), [&](const Server& entry) { return entry.module == module; });
+    auto known = std::find_if(servers.begin(), servers.end(),
+                              [&](const Server& entry) { return entry.module == module; });
     if (known != servers.end())
         FreeLibrary(module);
     else
@@ -127,7 +129,7 @@ HRESULT FindClassObject(REFCLSID clsid, DWORD context, REFIID iid, void** object
     }
     return (context & CLSCTX_INPROC_SERVER) != 0 ? FromModule(clsid, iid, object) : REGDB_E_CLASSNOTREG;
 }
-}
+} // namespace
 
 void ShutDownClasses()
 {
@@ -142,7 +144,7 @@ void ShutDownClasses()
     for (const Server& entry : servers)
         FreeLibrary(entry.module);
 }
-}
+} // namespace winport
 
 using namespace winport;
 
@@ -169,7 +171,8 @@ HRESULT CoCreateInstance(REFCLSID clsid, LPUNKNOWN outer, DWORD context, REFIID 
         return E_POINTER;
     *object = nullptr;
     IClassFactory* factory = nullptr;
-    HRESULT status = CoGetClassObject(clsid, context, nullptr, __uuidof(IClassFactory), reinterpret_cast<void**>(&factory));
+    HRESULT status = CoGetClassObject(clsid, context, nullptr, __uuidof(IClassFactory),
+                                      reinterpret_cast<void**>(&factory));
     if (FAILED(status))
         return status;
     status = factory->CreateInstance(outer, iid, object);
@@ -211,8 +214,9 @@ HRESULT CoRevokeClassObject(DWORD cookie)
     {
         const std::lock_guard lock(Table().lock);
         auto& objects = Table().objects;
-        const auto found = std::find_if(objects.begin(), objects.end(),
-                                        [&](const RegisteredObject& entry) { return entry.cookie == cookie; });
+        const auto found =
+            std::find_if(objects.begin(), objects.end(),
+                         [&](const RegisteredObject& entry) { return entry.cookie == cookie; });
         if (found == objects.end())
             return E_INVALIDARG;
         object = found->object;

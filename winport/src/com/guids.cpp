@@ -48,7 +48,7 @@ bool ReadSign(const wchar_t*& text, wchar_t sign)
 {
     return *text == sign && *text++ != L'\0';
 }
-}
+} // namespace
 
 bool ParseGuid(const wchar_t* text, GUID* guid)
 {
@@ -90,7 +90,7 @@ LSTATUS ReadClassesText(const std::wstring& path, std::wstring* text)
     RegCloseKey(key);
     return status == ERROR_SUCCESS && type != REG_SZ ? ERROR_FILE_NOT_FOUND : status;
 }
-}
+} // namespace winport
 
 using namespace winport;
 
@@ -121,7 +121,7 @@ HRESULT RegisteredClass(LPCOLESTR progId, CLSID* clsid) noexcept
         return E_OUTOFMEMORY;
     }
 }
-}
+} // namespace
 
 HRESULT CLSIDFromString(LPCOLESTR text, LPCLSID clsid)
 {
@@ -149,9 +149,9 @@ int StringFromGUID2(REFGUID guid, LPOLESTR text, int size)
 {
     if (!text || size <= static_cast<int>(kGuidLength))
         return 0;
-    std::swprintf(text, kGuidLength + 1, L"{%08X-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X}", guid.Data1, guid.Data2,
-                  guid.Data3, guid.Data4[0], guid.Data4[1], guid.Data4[2], guid.Data4[3], guid.Data4[4], guid.Data4[5],
-                  guid.Data4[6], guid.Data4[7]);
+    std::swprintf(text, kGuidLength + 1, L"{%08X-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X}", guid.Data1,
+                  guid.Data2, guid.Data3, guid.Data4[0], guid.Data4[1], guid.Data4[2], guid.Data4[3],
+                  guid.Data4[4], guid.Data4[5], guid.Data4[6], guid.Data4[7]);
     return static_cast<int>(kGuidLength) + 1;
 }
 

@@ -1,0 +1,75 @@
+#include "FaultyMemory.h"
+
+#include "winport_alloc.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace
+{
+
+struct Plan
+{
+    long failing = 0;
+    bool andAllAfter = false;
+    bool (*exempt)() noexcept = nullptr;
+    long count = 0;
+    bool struck = false;
+};
+
+thread_local Plan* t_plan = nullptr;
+bool Granted() noexcept
+{
+    Plan* plan = t_plan;
+    if (!plan || (plan->exempt && plan->exempt()))
+        return true;
+    const long number = ++plan->count;
+    if (plan->failing == 0 || (plan->andAllAfter ? number < plan->failing : number != plan->failing))
+        return true;
+    plan->struck = true;
+    return false;
+}
+
+} // namespace
+
+FaultyMemory::FaultyMemory(long n, Failing failing, bool (*exempt)() noexcept) noexcept
+{
+    static thread_local Plan plan;
+    plan = Plan{n, failing == Failing::FromThere, exempt, 0, false};
+    t_plan = &plan;
+    WinportSetAllocHook(&Granted);
+}
+
+FaultyMemory::~FaultyMemory()
+{
+    WinportSetAllocHook(nullptr);
+    t_plan = nullptr;
+}
+
+bool FaultyMemory::Struck() const noexcept
+{
+    return t_plan->struck;
+}
+
+long FaultyMemory::Count() const noexcept
+{
+    return t_plan->count;
+}
+
+void* operator new(std::size_t size)
+{
+    void* block = Granted() ? std::malloc(size ? size : 1) : nullptr;
+    if (!block)
+        throw std::bad_alloc();
+    return block;
+}
+
+void operator delete(void* block) noexcept
+{
+    std::free(block);
+}
+
+void operator delete(void* block, std::size_t) noexcept
+{
+    operator delete(block);
+}
