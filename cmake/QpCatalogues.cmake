@@ -1,5 +1,5 @@
-# Message catalogues: qptools/res/lang/<lang>.po becomes locale/<lang>/qptools.mo beside the programs, where the module
-# looks for it.
+# Message catalogues: qptools/res/lang/<lang>.po becomes locale/<lang>/qptools.mo beside the programs, where the
+# module looks for it.
 
 find_program(QP_MSGFMT msgfmt REQUIRED NO_CMAKE_FIND_ROOT_PATH)
 file(GLOB _catalogue_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/qptools/res/lang/*.po)

@@ -95,7 +95,7 @@ std::string ToUtf8(std::wstring_view text)
     return out;
 }
 
-std::string ToUtf8(const std::filesystem::path& path)
+std::string PathText(const std::filesystem::path& path)
 {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};

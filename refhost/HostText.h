@@ -17,7 +17,7 @@ std::string ToUtf8(std::wstring_view text);
 std::wstring FromUtf8(std::string_view text);
 
 /// A path's text. Natively a path is bytes already, and its way through wide text would depend on the locale.
-std::string ToUtf8(const std::filesystem::path& path);
+std::string PathText(const std::filesystem::path& path);
 
 /// True if every byte of `text` belongs to a well-formed UTF-8 character.
 bool IsUtf8(std::string_view text);

@@ -39,7 +39,7 @@ std::unique_ptr<Plant> Plant::OpenMemory()
 
 std::unique_ptr<Plant> Plant::Open(const std::filesystem::path& file)
 {
-    const std::string name = ToUtf8(file);
+    const std::string name = PathText(file);
     try
     {
         return std::unique_ptr<Plant>(new Plant(name));

@@ -11,7 +11,7 @@ std::string PlantCore::KeyOf(long long id)
 {
     Statement statement(database, R"(SELECT "key" FROM "object" WHERE "id" = ?1)");
     statement.Bind(1, id);
-    return statement.Step() ? statement.Text(0) : "#" + std::to_string(id);
+    return statement.Step() ? statement.Text(0) : std::string("#").append(std::to_string(id));
 }
 
 void PlantCore::NoteError(const char* text) noexcept

@@ -119,9 +119,9 @@ std::vector<std::filesystem::path> TablesIn(const std::filesystem::path& folder)
             files.push_back(entry->path());
     }
     if (error)
-        throw PlantError(ToUtf8(folder) + ": the folder cannot be read");
+        throw PlantError(PathText(folder) + ": the folder cannot be read");
     if (files.empty())
-        throw PlantError(ToUtf8(folder) + ": the folder holds no table");
+        throw PlantError(PathText(folder) + ": the folder holds no table");
     return files;
 }
 

@@ -58,7 +58,7 @@ std::vector<std::optional<std::string>> CellsOf(std::string_view line)
 }
 } // namespace
 
-SampleTable::SampleTable(const std::filesystem::path& file) : m_file(ToUtf8(file.filename()))
+SampleTable::SampleTable(const std::filesystem::path& file) : m_file(PathText(file.filename()))
 {
     std::ifstream stream(file, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};

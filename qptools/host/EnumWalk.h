@@ -12,6 +12,7 @@
 #include <objbase.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace qptools
 {
@@ -67,6 +68,9 @@ public:
 
     /// The object that Next found; the walk owns it until the next Next.
     Element* Object() const noexcept { return m_ptrObject.get(); }
+
+    /// Gives the object that Next found to the caller; the walk has none until the next Next.
+    ComPtr<Element> Take() noexcept { return std::move(m_ptrObject); }
 
     /// What the last RemNext returned, S_OK before the first.
     HRESULT Status() const noexcept { return m_status; }

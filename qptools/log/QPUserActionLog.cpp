@@ -62,8 +62,7 @@ HRESULT QPUserActionLog::Write(Compose&& compose)
     try
     {
         const CUiState uiState;
-        std::wstring text = compose();
-        XQPError::WriteLogLine(m_logName.data(), text.data());
+        XQPError::WriteLogLine(m_logName.c_str(), compose().c_str());
         return S_OK;
     }
     catch (const std::exception&)

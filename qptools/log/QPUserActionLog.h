@@ -38,7 +38,7 @@ private:
     template <class Compose>
     HRESULT Write(Compose&& compose);
 
-    std::wstring m_logName = L"UserActions";
+    const std::wstring m_logName = L"UserActions";
 };
 
 } // namespace qptools

@@ -40,10 +40,10 @@ HRESULT ScriptArray::PutObject(LONG row, LONG column, IUnknown* object) noexcept
     return Put(row, column, cell);
 }
 
-HRESULT ScriptArray::Put(LONG row, LONG column, const VARIANT& value) noexcept
+HRESULT ScriptArray::Put(LONG row, LONG column, VARIANT& value) noexcept
 {
     LONG cell[] = {row, column};
-    return SafeArrayPutElement(m_array, cell, const_cast<VARIANT*>(&value));
+    return SafeArrayPutElement(m_array, cell, &value);
 }
 
 void ScriptArray::MoveTo(VARIANT* target) noexcept

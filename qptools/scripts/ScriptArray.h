@@ -21,17 +21,18 @@ public:
     /// False if there was no memory for the array.
     bool IsCreated() const noexcept { return m_array != nullptr; }
 
-    // Put a copy of a value into a cell. Return the status of SafeArrayPutElement.
+    // Put a copy of a text or a reference to an object into a cell. Return the status of SafeArrayPutElement.
 
     HRESULT PutText(LONG row, LONG column, BSTR text) noexcept;
     HRESULT PutObject(LONG row, LONG column, IUnknown* object) noexcept;
-    HRESULT Put(LONG row, LONG column, const VARIANT& value) noexcept;
 
     /// Clears the variant at `target`, which must be a valid one, and gives it the array. A null `target`
     /// leaves the array to be destroyed.
     void MoveTo(VARIANT* target) noexcept;
 
 private:
+    HRESULT Put(LONG row, LONG column, VARIANT& value) noexcept;
+
     SAFEARRAY* m_array;
 };
 

@@ -1,8 +1,7 @@
 // One script command as it was found, before its name is made unique.
 #pragma once
 
-#include "XQPComBSTR.h"
-#include "XQPComVariant.h"
+#include "XHostValue.h"
 
 namespace qptools
 {
@@ -16,8 +15,8 @@ enum class ScriptMode : unsigned char
 
 struct ScriptCommand
 {
-    XQPComBSTR name;      ///< display name; may be empty
-    XQPComVariant target; ///< the script object (VT_UNKNOWN) or the name of the macro (VT_BSTR)
+    XHostValue name;   ///< display name; a text, or nothing for the empty one
+    XHostValue target; ///< the script object (VT_UNKNOWN) or the name of the macro (VT_BSTR)
     ScriptMode mode = ScriptMode::EachObject;
     bool isMacro = false;
 };

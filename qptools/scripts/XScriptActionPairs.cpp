@@ -1,13 +1,12 @@
 #include "XScriptActionPairs.h"
 
 #include "ScriptArray.h"
-#include "XResolvedValue.h"
+#include "XHostValue.h"
 
 #include "EnumWalk.h"
 #include "HostConstants.h"
 
 #include "XQPComBSTR.h"
-#include "XQPComVariant.h"
 
 #include <utility>
 
@@ -22,17 +21,17 @@ HRESULT XScriptActionPairs::AppendFrom(IEnumBaseDataObject* actions, HRESULT sta
     RemNextWalk walk(actions, WalkEnd::AtNull);
     while (walk.Next())
     {
-        XQPComVariant value;
-        status = walk.Object()->GetAttribute(attribute, &value);
+        XHostValue value;
+        status = walk.Object()->GetAttribute(attribute, value.put());
         if (status < 0)
             return status;
-        const XResolvedValue resolved(value.Value());
-        if (status != S_OK || !resolved.IsObject())
+        value.Resolve();
+        if (status != S_OK || !value.IsObject())
             continue;
-        ComPtr<IQP_BaseDataObject> script = resolved.DataObject();
+        ComPtr<IQP_BaseDataObject> script = value.DataObject();
         if (!script)
             return E_NOINTERFACE;
-        m_pairs.push_back({ComPtr<IQP_BaseDataObject>(walk.Object()), std::move(script)});
+        m_pairs.push_back({walk.Take(), std::move(script)});
     }
     return status;
 }

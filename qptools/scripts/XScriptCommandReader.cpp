@@ -1,6 +1,5 @@
 #include "XScriptCommandReader.h"
 
-#include "XResolvedValue.h"
 #include "XScriptCommandTable.h"
 
 #include "EnumWalk.h"
@@ -19,15 +18,14 @@ namespace
 {
 
 /// Reads an attribute as text and puts the host's answer into `status`. Anything without a text reads as
-/// empty.
-XQPComBSTR ReadText(IQP_BaseDataObject* object, const XQPComBSTR& attribute, HRESULT& status)
+/// nothing.
+XHostValue ReadText(IQP_BaseDataObject* object, const XQPComBSTR& attribute, HRESULT& status)
 {
-    XQPComVariant value;
-    XQPComBSTR text;
-    status = object->GetAttribute(attribute, &value);
-    if (status == S_OK && ConvertToText(value))
-        text.Attach(value.Detach().bstrVal);
-    return text;
+    XHostValue value;
+    status = object->GetAttribute(attribute, value.put());
+    if (status != S_OK || !value.ConvertToText())
+        value.Clear();
+    return value;
 }
 
 } // namespace
@@ -59,54 +57,51 @@ XScriptCommandReader::Step XScriptCommandReader::Read(IQP_BaseDataObject* comman
     ScriptCommand row;
     HRESULT unused = S_OK;
     row.name = ReadText(command, m_promptAttribute, unused);
-    const XQPComBSTR shortName = ReadText(command, m_shortNameAttribute, unused);
+    const XHostValue shortName = ReadText(command, m_shortNameAttribute, unused);
 
-    XQPComVariant value;
-    m_status = command->GetAttribute(m_scriptAttribute, &value);
+    XHostValue value;
+    m_status = command->GetAttribute(m_scriptAttribute, value.put());
     if (m_status < 0)
         return Step::Stop;
-    const XResolvedValue resolved(value.Value());
-    if (m_status != S_OK || !resolved.IsObject())
+    value.Resolve();
+    if (m_status != S_OK || !value.IsObject())
     {
         ReadMacroCommand(std::move(row), command);
         return Step::NextCommand;
     }
-    ComPtr<IQP_BaseDataObject> script = resolved.DataObject();
+    ComPtr<IQP_BaseDataObject> script = value.DataObject();
     if (!script)
     {
         m_status = E_NOINTERFACE;
         return Step::Stop;
     }
-    ReadScriptCommand(std::move(row), std::move(script), shortName);
+    ReadScriptCommand(std::move(row), std::move(script), shortName.View());
     return Step::NextCommand;
 }
 
 void XScriptCommandReader::ReadScriptCommand(ScriptCommand&& row, ComPtr<IQP_BaseDataObject> script,
-                                             const XQPComBSTR& shortName)
+                                             std::wstring_view shortName)
 {
     if (!MayExecute(script.get()))
         return;
-    if (row.name.IsEmpty())
+    if (row.name.View().empty())
         row.name = ReadText(script.get(), m_nameAttribute, m_status);
     row.mode = IsOnceForAll(shortName) ? ScriptMode::OnceForAll : ScriptMode::EachObject;
-    row.target.Value().vt = VT_UNKNOWN;
-    row.target.Value().punkVal = script.detach();
+    row.target = XHostValue::OfObject(std::move(script));
     m_table.Add(std::move(row));
 }
 
 void XScriptCommandReader::ReadMacroCommand(ScriptCommand&& row, IQP_BaseDataObject* command)
 {
-    XQPComVariant macroName;
-    m_status = command->GetAttribute(m_macroAttribute, &macroName);
-    if (m_status != S_OK || XResolvedValue(macroName.Value()).Type() != VT_BSTR || !ConvertToText(macroName))
+    m_status = command->GetAttribute(m_macroAttribute, row.target.put());
+    row.target.Resolve();
+    if (m_status != S_OK || !row.target.IsText())
         return;
-    if (row.name.IsEmpty())
-        row.name =
-            XQPComBSTR(macroName.Value().bstrVal, static_cast<int>(SysStringLen(macroName.Value().bstrVal)));
+    if (row.name.View().empty())
+        row.name = XHostValue::OfText(row.target.View());
     // A macro runs for each object, whatever short name its command has: that name is for scripts.
     row.mode = ScriptMode::EachObject;
     row.isMacro = true;
-    row.target = std::move(macroName);
     m_table.Add(std::move(row));
 }
 
@@ -118,10 +113,10 @@ bool XScriptCommandReader::MayExecute(IQP_BaseDataObject* object)
     return m_status == S_OK;
 }
 
-bool XScriptCommandReader::IsOnceForAll(const XQPComBSTR& shortName)
+bool XScriptCommandReader::IsOnceForAll(std::wstring_view shortName)
 {
     // Translated when it is first asked for, so that the user's language is the one of this call.
-    if (!m_onceForAll)
+    if (m_onceForAll.empty())
         m_onceForAll = CoTranslateText(L"Once for all objects");
     return shortName == L"0" || shortName == m_onceForAll;
 }

@@ -3,9 +3,13 @@
 
 #include "ScriptCommand.h"
 
+#include "XQPComBSTR.h"
+
 #include "ComPtr.h"
 
 #include "qpobjects.h"
+
+#include <string_view>
 
 namespace qptools
 {
@@ -36,14 +40,14 @@ private:
 
     Step Read(IQP_BaseDataObject* command);
     void ReadScriptCommand(ScriptCommand&& row, ComPtr<IQP_BaseDataObject> script,
-                           const XQPComBSTR& shortName);
+                           std::wstring_view shortName);
     void ReadMacroCommand(ScriptCommand&& row, IQP_BaseDataObject* command);
     bool MayExecute(IQP_BaseDataObject* object);
-    bool IsOnceForAll(const XQPComBSTR& shortName);
+    bool IsOnceForAll(std::wstring_view shortName);
 
     XScriptCommandTable& m_table;
     HRESULT m_status;
-    const wchar_t* m_onceForAll = nullptr;
+    std::wstring_view m_onceForAll;
     const XQPComBSTR m_promptAttribute;
     const XQPComBSTR m_shortNameAttribute;
     const XQPComBSTR m_scriptAttribute;

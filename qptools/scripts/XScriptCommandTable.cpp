@@ -3,6 +3,8 @@
 #include "ScriptArray.h"
 #include "XScriptCommandNames.h"
 
+#include "XQPComBSTR.h"
+
 namespace qptools
 {
 
@@ -22,7 +24,7 @@ BSTR ModeText(ScriptMode mode)
 HRESULT XScriptCommandTable::Deliver(VARIANT* target, HRESULT status) const
 {
     const XScriptCommandNames names(m_commands);
-    const std::vector<NamedCommand> rows = names.InOrder();
+    const std::vector<NamedCommand>& rows = names.InOrder();
     ScriptArray result(static_cast<ULONG>(rows.size()), 3);
     if (!result.IsCreated())
         return status;
@@ -39,11 +41,13 @@ HRESULT XScriptCommandTable::Deliver(VARIANT* target, HRESULT status) const
 
 HRESULT XScriptCommandTable::PutRow(ScriptArray& result, LONG row, const NamedCommand& named)
 {
+    const ScriptCommand& command = *named.command;
     HRESULT status = result.PutText(row, 0, named.name);
     if (status >= 0)
-        status = result.Put(row, 1, named.command->target.Value());
+        status = command.isMacro ? result.PutText(row, 1, command.target.Text())
+                                 : result.PutObject(row, 1, command.target.Value().punkVal);
     if (status >= 0)
-        status = result.PutText(row, 2, ModeText(named.command->mode));
+        status = result.PutText(row, 2, ModeText(command.mode));
     return status;
 }
 

@@ -7,6 +7,7 @@
 
 #include <oleauto.h>
 
+#include <utility>
 #include <vector>
 
 namespace qptools

@@ -1,6 +1,8 @@
 #include "XScriptMasters.h"
 
-#include "XResolvedValue.h"
+#include "XQPComBSTR.h"
+
+#include "ComException.h"
 
 namespace qptools
 {
@@ -8,10 +10,20 @@ namespace qptools
 namespace
 {
 
-bool ReadMaster(IQP_BaseDataObject* object, XQPComVariant& master)
+/// `master` stays as it stands; what it stands for is looked at in a copy.
+bool IsDataObject(const XHostValue& master)
 {
-    return object->GetAttribute(XQPComBSTR(L"master"), &master) == S_OK &&
-           XResolvedValue(master.Value()).DataObject();
+    if (!(master.Type() & VT_BYREF))
+        return static_cast<bool>(master.DataObject());
+    XHostValue resolved;
+    if (VariantCopyInd(resolved.put(), const_cast<VARIANT*>(&master.Value())) == E_OUTOFMEMORY)
+        ThrowOutOfMemory();
+    return static_cast<bool>(resolved.DataObject());
+}
+
+bool ReadMaster(IQP_BaseDataObject* object, XHostValue& master)
+{
+    return object->GetAttribute(XQPComBSTR(L"master"), master.put()) == S_OK && IsDataObject(master);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // The masters of a plan type set and of a plan type, whose script attachments count for them as well.
 #pragma once
 
-#include "XQPComVariant.h"
+#include "XHostValue.h"
 
 #include "qpobjects.h"
 
@@ -24,8 +24,8 @@ public:
     const VARIANT& PlanType() const noexcept { return m_planType.Value(); }
 
 private:
-    XQPComVariant m_planTypeSet;
-    XQPComVariant m_planType;
+    XHostValue m_planTypeSet;
+    XHostValue m_planType;
     bool m_hasPlanTypeSet = false;
     bool m_hasPlanType = false;
 };

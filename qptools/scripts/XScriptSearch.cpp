@@ -2,7 +2,7 @@
 
 #include "HostConstants.h"
 
-#include "XQPComVariant.h"
+#include "XQPComBSTR.h"
 
 #include "ComPtr.h"
 
@@ -24,11 +24,11 @@ VARIANT Borrowed(VARTYPE type)
 }
 
 /// A null text stays a null one, which the platform's copy does not promise.
-HRESULT CopyResolved(const VARIANT& value, XQPComVariant& copy)
+HRESULT CopyResolved(const VARIANT& value, XHostValue& copy)
 {
     if (value.vt != VT_BSTR || value.bstrVal)
-        return VariantCopyInd(&copy, const_cast<VARIANT*>(&value));
-    copy.Value() = value;
+        return VariantCopyInd(copy.put(), const_cast<VARIANT*>(&value));
+    *copy.put() = value;
     return S_OK;
 }
 
@@ -44,11 +44,11 @@ HRESULT XScriptSearch::SetCriterion(const wchar_t* attribute, LONG comparison, c
     if (!m_ptrQuery)
         return E_POINTER;
     const XQPComBSTR name(attribute);
-    XQPComVariant copy;
+    XHostValue copy;
     const HRESULT status = CopyResolved(value, copy);
     if (status < 0)
         return status;
-    return m_ptrQuery->SetSearchAttribute(name, comparison, copy, kCatenationNone);
+    return m_ptrQuery->SetSearchAttribute(name, comparison, copy.Value(), kCatenationNone);
 }
 
 void XScriptSearch::Equals(const wchar_t* attribute, const VARIANT& value)

@@ -32,9 +32,14 @@ HRESULT NoFactory(InstanceCreator, REFIID, void**)
     return E_OUTOFMEMORY;
 }
 
-HRESULT RegisterNothing(Registrar&, bool)
+std::string g_registered; ///< a letter for each class as it is registered, a small one as it is taken out
+char g_failing = 0;
+
+template <char Letter>
+HRESULT Register(Registrar&, bool add)
 {
-    return S_OK;
+    g_registered += add ? Letter : static_cast<char>(Letter - 'A' + 'a');
+    return Letter == g_failing ? E_ACCESSDENIED : S_OK;
 }
 
 void CountInit(bool starting)
@@ -58,6 +63,8 @@ protected:
     void SetUp() override
     {
         g_factories = g_starts = g_ends = 0;
+        g_registered.clear();
+        g_failing = 0;
         ASSERT_EQ(ComModule::Get().Init(map, GetModuleHandleW(nullptr), &kLibrary), S_OK);
     }
     void TearDown() override { ComModule::Get().Term(); }
@@ -68,14 +75,13 @@ protected:
         return ComModule::Get().GetClassObject(classId, __uuidof(T), result.putVoid());
     }
 
-    ObjectMapEntry map[4] = {{&kFirst, &RegisterNothing, &CountFactory, &CreateComObject<TestComponent>,
+    ObjectMapEntry map[4] = {{&kFirst, &Register<'A'>, &CountFactory, &CreateComObject<TestComponent>,
                               nullptr, 0, &NoDescription, &NoCategories, &CountInit},
-                             {&kSecond, &RegisterNothing, &NoFactory, &CreateComObject<TestComponent>,
-                              nullptr, 0, &NoDescription, &NoCategories, &CountInit},
+                             {&kSecond, &Register<'B'>, &NoFactory, &CreateComObject<TestComponent>, nullptr,
+                              0, &NoDescription, &NoCategories, &CountInit},
                              {},
-                             {&kUnknownClass, &RegisterNothing, &CountFactory,
-                              &CreateComObject<TestComponent>, nullptr, 0, &NoDescription, &NoCategories,
-                              &CountInit}};
+                             {&kUnknownClass, &Register<'X'>, &CountFactory, &CreateComObject<TestComponent>,
+                              nullptr, 0, &NoDescription, &NoCategories, &CountInit}};
 };
 } // namespace
 
@@ -202,4 +208,36 @@ TEST_F(Module, RegistrationBeforeInitIsRefused)
     RegistrationReport report;
     EXPECT_EQ(module.RegisterServer(true, nullptr, report), E_UNEXPECTED);
     EXPECT_EQ(module.UnregisterServer(true, nullptr, report), E_UNEXPECTED);
+}
+
+TEST_F(Module, RegistersItsClassesInTheOrderOfTheTableUpToTheTerminator)
+{
+    RegistrationReport report;
+    EXPECT_EQ(ComModule::Get().RegisterServer(true, nullptr, report), S_OK);
+    EXPECT_EQ(ComModule::Get().UnregisterServer(true, nullptr, report), S_OK);
+    EXPECT_EQ(g_registered, "ABab");
+}
+
+TEST_F(Module, RegistersOneClassIfOneIsNamed)
+{
+    RegistrationReport report;
+    EXPECT_EQ(ComModule::Get().RegisterServer(false, &kSecond, report), S_OK);
+    EXPECT_EQ(ComModule::Get().UnregisterServer(false, &kSecond, report), S_OK);
+    EXPECT_EQ(g_registered, "Bb");
+}
+
+TEST_F(Module, AFailedRegistrationEndsThere)
+{
+    g_failing = 'A';
+    RegistrationReport report;
+    EXPECT_EQ(ComModule::Get().RegisterServer(true, nullptr, report), E_ACCESSDENIED);
+    EXPECT_EQ(g_registered, "A");
+}
+
+TEST_F(Module, AFailureToTakeOutDoesNotKeepTheRestFromGoing)
+{
+    g_failing = 'A';
+    RegistrationReport report;
+    EXPECT_EQ(ComModule::Get().UnregisterServer(true, nullptr, report), E_ACCESSDENIED);
+    EXPECT_EQ(g_registered, "ab");
 }

@@ -15,14 +15,16 @@
 #include <string>
 #include <vector>
 
-/// A string argument.
+/// A string argument, written where the call takes a BSTR.
 class Text
 {
 public:
+    // NOLINTNEXTLINE(google-explicit-constructor): a text is the argument
     Text(const wchar_t* text) : m_text(text ? SysAllocString(text) : nullptr) {}
     ~Text() { SysFreeString(m_text); }
     Text(const Text&) = delete;
     Text& operator=(const Text&) = delete;
+    // NOLINTNEXTLINE(google-explicit-constructor)
     operator BSTR() const { return m_text; }
 
 private:
@@ -60,10 +62,11 @@ public:
     explicit Value(const ComPtr<T>& object) : Value(static_cast<IUnknown*>(object.get()))
     {
     }
+    // NOLINTNEXTLINE(google-explicit-constructor)
     operator VARIANT() const { return get(); }
 };
 
-/// The object's attribute as a value; `status` receives what the call returned.
+/// The object's attribute as a value; returns what the call returned.
 inline HRESULT Read(IQP_BaseDataObject* object, const wchar_t* name, Value& value)
 {
     VariantClear(&value.get());

@@ -9,6 +9,17 @@ namespace
 class CommandNames : public ManagerFixture
 {
 protected:
+    /// Sets a text of its own length, null characters included.
+    static void SetText(const ComPtr<MemoryObject>& object, const wchar_t* attribute,
+                        const std::wstring& text)
+    {
+        const XQPComBSTR copy(text.data(), static_cast<int>(text.size()));
+        VARIANT value;
+        value.vt = VT_BSTR;
+        value.bstrVal = copy;
+        object->Answer(attribute, S_OK, value);
+    }
+
     /// What the rows are for script commands with these prompts, each script named after its place from 0.
     TextRows Named(const std::vector<std::wstring>& prompts)
     {
@@ -16,7 +27,8 @@ protected:
         for (const std::wstring& prompt : prompts)
         {
             const std::string number = std::to_string(commands.size());
-            commands.push_back(ScriptCommand("c" + number, prompt.c_str(), host.Object("s" + number)));
+            commands.push_back(ScriptCommand("c" + number, nullptr, host.Object("s" + number)));
+            SetText(commands.back(), L"m_strPrompt", prompt);
         }
         Finds(std::move(commands));
         EXPECT_EQ(GetCommands(), S_OK);
@@ -156,6 +168,43 @@ TEST_F(CommandNames, ManyRepeatsAreNamedAsQuicklyAsMayBe)
     EXPECT_EQ(names, expected);
 }
 
+/// A text of its own length, null characters included.
+XQPComBSTR BstrOf(const std::wstring& text)
+{
+    return {text.data(), static_cast<int>(text.size())};
+}
+
+/// Another way to write `text` that is the same name in the user's language: with a character that does not
+/// count.
+std::wstring SameNameAs(const std::wstring& text)
+{
+    for (const wchar_t ignored : {L'\x00AD', L'\x200B', L'\0'})
+    {
+        const std::wstring other = text.substr(0, 1) + ignored + text.substr(1);
+        if (VarBstrCmp(BstrOf(text), BstrOf(other), LOCALE_USER_DEFAULT, 0) ==
+            static_cast<HRESULT>(VARCMP_EQ))
+            return other;
+    }
+    return text;
+}
+
+TEST_F(CommandNames, TextsThatAreTheSameNameInTheUsersLanguageShareARow)
+{
+    const std::wstring other = SameNameAs(L"Check");
+    ASSERT_NE(other, L"Check") << "no such pair of names here";
+    const std::string otherUtf8 = Utf8Of(BstrOf(other));
+    EXPECT_EQ(Named({L"Check", other, L"Check", other}), (TextRows{{"Check", "<s0>", "1"},
+                                                                   {otherUtf8 + "(2)", "<s1>", "1"},
+                                                                   {"Check(3)", "<s2>", "1"},
+                                                                   {otherUtf8 + "(4)", "<s3>", "1"}}));
+
+    const auto macro = MacroCommand("c1", nullptr, L"Macro");
+    SetText(macro, L"m_strPrompt", other);
+    Finds({ScriptCommand("c0", L"Check", Script("weld"), L"0"), macro});
+    EXPECT_EQ(GetCommands(), S_OK);
+    EXPECT_EQ(Rows(), (TextRows{{"Check", "Macro", "1"}})) << "the row keeps the name that it was made with";
+}
+
 /// The rule by the letter: a map, and a counter that starts at 2 for every command.
 std::vector<std::pair<std::wstring, std::string>>
 NamedByTheLetter(const std::vector<std::pair<std::wstring, bool>>& commands)
@@ -164,9 +213,7 @@ NamedByTheLetter(const std::vector<std::pair<std::wstring, bool>>& commands)
     {
         bool operator()(const std::wstring& first, const std::wstring& second) const
         {
-            const XQPComBSTR a(first.c_str());
-            const XQPComBSTR b(second.c_str());
-            return VarBstrCmp(a, b, 0x400, 0) == static_cast<HRESULT>(VARCMP_LT);
+            return VarBstrCmp(BstrOf(first), BstrOf(second), 0x400, 0) == static_cast<HRESULT>(VARCMP_LT);
         }
     };
     std::map<std::wstring, std::string, Before> rows;
@@ -192,9 +239,10 @@ TEST_F(CommandNames, AThousandMixedListsAreNamedAsTheRuleSays)
         random = random * 1664525u + 1013904223u;
         return (random >> 16) % bound;
     };
-    const std::wstring names[] = {L"A",    L"A(2)",   L"A(3)", L"A(2)(2)", L"B",   L"b",
-                                  L"B(2)", L"b(3)",   L"",     L"(2)",     L"(3)", L"a",
-                                  L"a(2)", L"(2)(2)", L"C1",   L"c10",     L"C2"};
+    const std::wstring same = SameNameAs(L"A");
+    const std::wstring names[] = {same,    same + L"(2)", L"A",    L"A(2)", L"A(3)", L"A(2)(2)", L"B",
+                                  L"b",    L"B(2)",       L"b(3)", L"",     L"(2)",  L"(3)",     L"a",
+                                  L"a(2)", L"(2)(2)",     L"C1",   L"c10",  L"C2"};
     for (int list = 0; list < 1000; ++list)
     {
         std::vector<std::pair<std::wstring, bool>> commands;
@@ -208,14 +256,15 @@ TEST_F(CommandNames, AThousandMixedListsAreNamedAsTheRuleSays)
             const bool isMacro = !name.empty() && next(4) == 0;
             const std::string number = std::to_string(i);
             commands.emplace_back(name, isMacro);
-            objects.push_back(isMacro ? MacroCommand("c", name.c_str(), (L"m" + std::to_wstring(i)).c_str())
-                                      : ScriptCommand("c", name.c_str(), host.Object("s" + number)));
+            objects.push_back(isMacro ? MacroCommand("c", nullptr, (L"m" + std::to_wstring(i)).c_str())
+                                      : ScriptCommand("c", nullptr, host.Object("s" + number)));
+            SetText(objects.back(), L"m_strPrompt", name);
         }
         Finds(std::move(objects));
         ASSERT_EQ(GetCommands(), S_OK);
         TextRows expected;
         for (const auto& [name, target] : NamedByTheLetter(commands))
-            expected.push_back({std::string(name.begin(), name.end()), target, "1"});
+            expected.push_back({Utf8Of(BstrOf(name)), target, "1"});
         const TextRows rows = RowsOf(result.Value(),
                                      [](IUnknown* object)
                                      {

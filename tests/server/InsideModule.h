@@ -2,16 +2,19 @@
 #pragma once
 
 #include "ClassTable.h"
+#include "LogFolder.h"
 #include "SevenClasses.h"
 
 #include "ComModule.h"
 #include "ComPtr.h"
 #include "WinApp.h"
 
-/// Starts the module in the test program, as loading it would, and ends it.
+/// Starts the module in the test program, as loading it would, and ends it. Logs go to a folder of the test's own.
 class InsideModule : public testing::Test
 {
 protected:
+    LogFolder logs;
+
     void SetUp() override
     {
         ASSERT_TRUE(RunModuleEntry(GetModuleHandleW(nullptr), DLL_PROCESS_ATTACH));

@@ -1,7 +1,12 @@
 #include "CountedMemory.h"
 #include "InsideModule.h"
 
+#include "ComException.h"
+#include "UiState.h"
+
 #include "qptools.h"
+
+#include <functional>
 
 namespace
 {
@@ -77,4 +82,83 @@ TEST_P(Memory, IsNotTouchedByARefusalToBeAggregated)
     EXPECT_EQ(status, CLASS_E_NOAGGREGATION);
     EXPECT_EQ(made, nullptr);
     EXPECT_EQ(allocations, 0);
+}
+
+namespace
+{
+class LogWithoutMemory : public InsideModule
+{
+protected:
+    void SetUp() override
+    {
+        InsideModule::SetUp();
+        ASSERT_EQ(Make(CLSID_QPUserActionLog, log), S_OK);
+        const CUiState state; // what the first entry makes is not what is tested
+    }
+    void TearDown() override
+    {
+        log.reset();
+        InsideModule::TearDown();
+    }
+
+    /// The status of the exception that leaves `call` when no memory is left, or that of the call itself.
+    static HRESULT StatusThatLeaves(const std::function<HRESULT()>& call)
+    {
+        const CountedMemory none(1);
+        try
+        {
+            return call();
+        }
+        catch (const ComException& failure)
+        {
+            return failure.Status();
+        }
+    }
+
+    ComPtr<IQPUserActionLog> log;
+    wchar_t text[5] = L"text";
+};
+} // namespace
+
+TEST_F(LogWithoutMemory, LeavesTheMethodAsAnExceptionWithItsStatusAndTheUiStateIsLeft)
+{
+    const auto call = [this]
+    {
+        return log->WriteUserActionInfo(text, text, text, text, text);
+    };
+    HANDLE before = nullptr;
+    GetCurrentActCtx(&before);
+    EXPECT_THROW(
+        {
+            const CountedMemory none(1);
+            call();
+        },
+        ComException);
+    EXPECT_EQ(StatusThatLeaves(call), E_OUTOFMEMORY);
+    HANDLE after = nullptr;
+    GetCurrentActCtx(&after);
+    EXPECT_EQ(after, before);
+    EXPECT_EQ(CUiState::Depth(), 0);
+    EXPECT_EQ(CurrentModule(), nullptr);
+}
+
+TEST_F(LogWithoutMemory, AnythingElseThatLeavesWouldEndTheTest)
+{
+    for (int failFrom = 1; failFrom < 40; ++failFrom)
+    {
+        HRESULT status = E_FAIL;
+        {
+            const CountedMemory some(failFrom);
+            try
+            {
+                status = log->WriteTimeStampWithInfo(text);
+            }
+            catch (const ComException& failure)
+            {
+                status = failure.Status();
+            }
+        }
+        EXPECT_TRUE(status == S_OK || status == E_OUTOFMEMORY) << failFrom;
+        EXPECT_EQ(CUiState::Depth(), 0);
+    }
 }

@@ -5,6 +5,8 @@
 
 #include <oleauto.h>
 
+#include <gtest/gtest.h>
+
 #include <string>
 
 /// An object on the stack that counts its references, the maker's own included.
@@ -128,6 +130,7 @@ public:
     ~CTestText() { SysFreeString(m_text); }
     CTestText(const CTestText&) = delete;
     CTestText& operator=(const CTestText&) = delete;
+    // NOLINTNEXTLINE(google-explicit-constructor): stands wherever the raw one does
     operator BSTR() const { return m_text; }
     BSTR* Address() { return &m_text; }
 
@@ -139,4 +142,23 @@ private:
 inline std::wstring Content(BSTR text)
 {
     return text ? std::wstring(text, SysStringLen(text)) : std::wstring(L"(null)");
+}
+
+/// A vector of one object.
+inline SAFEARRAY* ArrayWith(CCountedObject* object)
+{
+    SAFEARRAY* array = SafeArrayCreateVector(VT_UNKNOWN, 0, 1);
+    LONG index = 0;
+    EXPECT_EQ(S_OK, SafeArrayPutElement(array, &index, object));
+    return array;
+}
+
+/// A reference of any type to `place`.
+inline VARIANT ReferenceTo(VARTYPE type, void* place)
+{
+    VARIANT result;
+    VariantInit(&result);
+    V_VT(&result) = static_cast<VARTYPE>(type | VT_BYREF);
+    V_BYREF(&result) = place;
+    return result;
 }

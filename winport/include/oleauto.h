@@ -76,7 +76,7 @@ WINOLEAUTAPI SafeArrayGetElement(SAFEARRAY* array, LONG* indices, void* value);
 WINOLEAUTAPI SetErrorInfo(ULONG reserved, IErrorInfo* info);
 WINOLEAUTAPI GetErrorInfo(ULONG reserved, IErrorInfo** info);
 
-// ---- Type libraries: none can be loaded here.
+// ---- Type libraries: loaded as far as registration needs them; none describes a type.
 
 enum REGKIND
 {

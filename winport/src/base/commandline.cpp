@@ -140,8 +140,12 @@ LPWSTR* Pack(const std::vector<std::wstring>& words)
 
 LPWSTR GetCommandLineW()
 {
-    static std::wstring& line = *new std::wstring(ReadCommandLine());
-    return line.data();
+    return WithMemory<LPWSTR>(nullptr,
+                              []
+                              {
+                                  static std::wstring& line = *new std::wstring(ReadCommandLine());
+                                  return line.data();
+                              });
 }
 
 LPWSTR* CommandLineToArgvW(LPCWSTR commandLine, int* count)

@@ -1,5 +1,6 @@
 #include "wpfiles.h"
 
+#include "wpimmortal.h"
 #include "wptext.h"
 
 #include <algorithm>
@@ -22,8 +23,7 @@ struct HandleTable
 
 HandleTable& Handles()
 {
-    static HandleTable& table = *new HandleTable;
-    return table;
+    return Immortal<HandleTable>();
 }
 
 HANDLE NewHandle(std::shared_ptr<CFile> file)

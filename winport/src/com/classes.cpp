@@ -2,6 +2,8 @@
 #include "wpapartment.h"
 #include "wpguids.h"
 
+#include "base/wpimmortal.h"
+
 #include <algorithm>
 #include <mutex>
 #include <vector>
@@ -41,8 +43,7 @@ struct ClassTable
 
 ClassTable& Table()
 {
-    static ClassTable& table = *new ClassTable;
-    return table;
+    return Immortal<ClassTable>();
 }
 
 template <class F>

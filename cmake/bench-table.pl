@@ -1,0 +1,115 @@
+#!/usr/bin/perl
+# Writes the measured part of docs/performance.md from what qp_bench measured:
+#
+#   qp_bench --benchmark_repetitions=9 --benchmark_format=csv >bench.csv
+#   bench-table.pl bench.csv docs/performance.md
+#
+# Benchmarks are named subject/contender/rows (the rows may be missing). Of several repetitions the fastest counts: what
+# else the machine does only ever makes a run slower. Everything between the two marker lines of the page is replaced.
+use strict;
+use warnings;
+
+my ($csv, $page) = @ARGV;
+die "usage: bench-table.pl MEASURED.csv PAGE.md\n" unless defined $page;
+
+my ($begin, $end) = ('<!-- measured: begin -->', '<!-- measured: end -->');
+my %time;     # {subject}{contender}{rows}: microseconds for one call
+my %in_micro = (ns => 0.001, us => 1, ms => 1000, s => 1_000_000);
+
+open my $in, '<', $csv or die "$csv: $!\n";
+while (my $line = <$in>) {
+    next unless $line =~ /^"/;
+    my @fields = fields($line);
+    my ($name, undef, $real, $cpu, $unit) = @fields;
+    next if $name =~ /_(mean|median|stddev|cv)$/;
+    die "$csv: $name: $fields[9]\n" if ($fields[8] || '') eq 'true';
+    # What waits for the system is measured by the clock, all else by the processor's time.
+    my $by_clock = $name =~ s{/(real_time|manual_time)$}{};
+    $name =~ s{/repeats:\d+$}{};
+    my ($subject, $contender, $rows) = split m{/}, $name;
+    my $micro = ($by_clock ? $real : $cpu) * $in_micro{$unit};
+    my $best = \$time{$subject}{$contender}{defined $rows ? $rows : 0};
+    $$best = $micro if !defined $$best || $micro < $$best;
+}
+close $in;
+
+open my $old, '<', $page or die "$page: $!\n";
+my $text = do { local $/; <$old> };
+close $old;
+my $tables = tables();
+$text =~ s/\Q$begin\E.*\Q$end\E/$begin\n\n$tables\n$end/s or die "$page: the marker lines are missing\n";
+open my $new, '>', $page or die "$page: $!\n";
+print $new $text;
+close $new or die "$page: $!\n";
+
+sub fields {
+    my ($line) = @_;
+    chomp $line;
+    my @found;
+    push @found, defined $1 ? $1 : $2 while $line =~ /\G(?:"((?:[^"]|"")*)"|([^,]*))(?:,|$)/g && @found < 10;
+    return @found;
+}
+
+sub tables {
+    return join "\n", beside_floor('GetScriptsForAction'), beside_floor('GetScriptCommands'), one_prompt(), lines(),
+        first();
+}
+
+sub of {
+    my ($subject, $contender, $rows) = @_;
+    my $found = $time{$subject}{$contender}{$rows || 0};
+    die "$csv: $subject/$contender/", $rows || '', " was not measured\n" unless defined $found;
+    return $found;
+}
+
+sub sizes { return sort { $a <=> $b } keys %{ $time{ $_[0] }{service} } }
+
+sub number {
+    my ($value) = @_;
+    my $text = $value < 10 ? sprintf('%.2f', $value) : $value < 100 ? sprintf('%.1f', $value) : sprintf('%.0f', $value);
+    1 while $text =~ s/^(\d+)(\d{3})/$1,$2/;
+    return $text;
+}
+
+sub table {
+    my ($title, $head, @rows) = @_;
+    my $out = "**$title**\n\n| " . join(' | ', @$head) . " |\n|" . '---:|' x @$head . "\n";
+    $out .= '| ' . join(' | ', @$_) . " |\n" for @rows;
+    return $out;
+}
+
+sub beside_floor {
+    my ($subject) = @_;
+    my @rows;
+    for my $n (sizes($subject)) {
+        my ($service, $floor) = (of($subject, 'service', $n), of($subject, 'floor', $n));
+        push @rows, [number($n), number($service), number($floor), sprintf('%.2f', $service / $floor),
+            number($service * 1000 / $n)];
+    }
+    return table("`$subject`", ['rows', 'µs', 'floor, µs', 'times the floor', 'ns a row'], @rows);
+}
+
+sub one_prompt {
+    my $subject = 'GetScriptCommands';
+    my @rows;
+    for my $n (sizes($subject)) {
+        my ($different, $same) = (of($subject, 'service', $n), of($subject, 'one prompt', $n));
+        push @rows, [number($n), number($different), number($same), sprintf('%.2f', $same / $different)];
+    }
+    return table("`$subject`, all rows with one prompt",
+        ['rows', 'all different, µs', 'all the same, µs', 'times as long'], @rows);
+}
+
+sub lines {
+    my @rows = map { [$_->[0], number(of('WriteLine', $_->[1])), number(1_000_000 / of('WriteLine', $_->[1]))] }
+        ['`WriteLine`', 'service'],
+        ['bare append, file opened for each line', 'append, opening the file'],
+        ['bare append, file kept open', 'append, file kept open'];
+    return table('Lines written to the user action log', ['', 'µs a line', 'lines a second'], @rows);
+}
+
+sub first {
+    my @rows = map { [$_->[0], number(of('CoCreateInstance', $_->[1]))] }
+        ['`QPUserActionLog`', 'service'], ['a class of an empty module', 'empty module'];
+    return table('First `CoCreateInstance`, the module being loaded', ['', 'µs'], @rows);
+}
