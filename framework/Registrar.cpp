@@ -50,7 +50,7 @@ Registrar::~Registrar()
     try
     {
         for (auto backup = m_backups.rbegin(); backup != m_backups.rend(); ++backup)
-            ;
+            backup->Restore(m_report);
     }
     catch (...)
     {

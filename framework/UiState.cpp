@@ -66,7 +66,7 @@ CUiState::~CUiState()
     t_currentModule = m_previousModule;
     // Forced: a callee that left a context of its own active must not keep ours.
     if (m_activated)
-        DeactivateActCtx(0, m_cookie);
+        DeactivateActCtx(DEACTIVATE_ACTCTX_FLAG_FORCE_EARLY_DEACTIVATION, m_cookie);
 }
 
 int CUiState::Depth() noexcept

@@ -56,12 +56,27 @@ long FaultyMemory::Count() const noexcept
     return t_plan->count;
 }
 
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    return Granted() ? std::malloc(size ? size : 1) : nullptr;
+}
+
 void* operator new(std::size_t size)
 {
-    void* block = Granted() ? std::malloc(size ? size : 1) : nullptr;
+    void* block = operator new(size, std::nothrow);
     if (!block)
         throw std::bad_alloc();
     return block;
+}
+
+void* operator new[](std::size_t size)
+{
+    return operator new(size);
+}
+
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
+{
+    return operator new(size, std::nothrow);
 }
 
 void operator delete(void* block) noexcept
@@ -71,5 +86,25 @@ void operator delete(void* block) noexcept
 
 void operator delete(void* block, std::size_t) noexcept
 {
-    operator delete(block);
+    std::free(block);
+}
+
+void operator delete(void* block, const std::nothrow_t&) noexcept
+{
+    std::free(block);
+}
+
+void operator delete[](void* block) noexcept
+{
+    std::free(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept
+{
+    std::free(block);
+}
+
+void operator delete[](void* block, const std::nothrow_t&) noexcept
+{
+    std::free(block);
 }

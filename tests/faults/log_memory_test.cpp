@@ -5,6 +5,7 @@
 #include "XQPComBSTR.h"
 
 #include "ComException.h"
+#include "ComPtr.h"
 #include "UiState.h"
 
 #include <gtest/gtest.h>

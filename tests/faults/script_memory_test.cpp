@@ -155,7 +155,7 @@ protected:
     /// Fails every allocation in turn. Each run says that there was no memory and leaves the variant alone,
     /// or delivers a valid array: filled up to the cell that could not be put, or whole.
     template <class Call>
-    void Sweep(Call&& call)
+    void Sweep(Call&& call, bool cellsAllocate)
     {
         const Outcome whole = call(0);
         ASSERT_EQ(whole.status, S_OK);
@@ -189,7 +189,7 @@ protected:
             }
         }
         EXPECT_GT(refused, 0);
-        EXPECT_GT(partial, 0) << "a cell that could not be put";
+        EXPECT_EQ(partial > 0, cellsAllocate) << "cells that could not be put: " << partial;
     }
 
     MemoryHost host;
@@ -201,13 +201,14 @@ protected:
 TEST_P(ScriptMemory, EveryAllocationOfGetScriptCommands)
 {
     FindsCommands();
-    Sweep([this](long n) { return Commands(n); });
+    Sweep([this](long n) { return Commands(n); }, true);
 }
 
 TEST_P(ScriptMemory, EveryAllocationOfGetScriptsForAction)
 {
     FindsActions();
-    Sweep([this](long n) { return Scripts(n); });
+    // Its cells are references, which need no memory.
+    Sweep([this](long n) { return Scripts(n); }, false);
 }
 
 INSTANTIATE_TEST_SUITE_P(Failing, ScriptMemory,

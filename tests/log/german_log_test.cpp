@@ -27,10 +27,10 @@ TEST(GermanUserActionLog, TwoLabelsAreTranslatedWithTheirTrailingBlanksAndNothin
     EXPECT_TRUE(HasShape(text, kTimeStampShape +
                                    "\n"
                                    "# --> Kopie\n"
-                                   "Object ID: \\$12\n"
-                                   "Object GUID: \\{0A\\}\n"
+                                   "Object ID: $12\n"
+                                   "Object GUID: {0A}\n"
                                    "Konfigurierter Name des Objekts: Roboter\n"
-                                   "\\(Plan-\\)Typ: Schwei\xC3\x9F"
+                                   "(Plan-)Typ: Schwei\xC3\x9F"
                                    "en\n"
                                    "# <-- \n"
                                    "Ende at  " +

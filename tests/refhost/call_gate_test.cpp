@@ -193,7 +193,8 @@ TEST_F(Gate, references_and_interfaces_are_no_host_calls)
     const ComPtr<IQP_BaseDataObject> script = Find(L"script", L"Check names");
     ComPtr<IUnknown> unknown;
     unknown.queryFrom(script.get());
-    const ComPtr<IQP_BaseDataObject> copy = script;
+    ComPtr<IQP_BaseDataObject> copy;
+    EXPECT_EQ(script.copyTo(copy.put()), S_OK);
     EXPECT_EQ(gate.Count(), 0);
 }
 

@@ -115,7 +115,8 @@ TEST(LiveObjects, are_counted_from_making_to_the_last_release)
         EXPECT_EQ(refhost::Plant::LiveObjects(), before);
         const ComPtr<IQP_Query> query = plant->NewQuery();
         const ComPtr<IQP_BaseDataObject> script = plant->Add(L"script", L"S");
-        const ComPtr<IQP_BaseDataObject> copy = script;
+        ComPtr<IQP_BaseDataObject> copy;
+        EXPECT_EQ(script.copyTo(copy.put()), S_OK);
         EXPECT_EQ(refhost::Plant::LiveObjects(), before + 2);
     }
     EXPECT_EQ(refhost::Plant::LiveObjects(), before);

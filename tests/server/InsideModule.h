@@ -9,7 +9,8 @@
 #include "ComPtr.h"
 #include "WinApp.h"
 
-/// Starts the module in the test program, as loading it would, and ends it. Logs go to a folder of the test's own.
+/// Starts the module in the test program, as loading it would, and ends it. Logs go to a folder of the test's
+/// own.
 class InsideModule : public testing::Test
 {
 protected:

@@ -164,8 +164,7 @@ struct IDispatch : public IUnknown
 __CRT_UUID_DECL(IDispatch, 0x00020400, 0x0000, 0x0000, 0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46)
 using LPDISPATCH = IDispatch*;
 
-// Type information does not exist here: the two interfaces name what callers say to it, and no object has
-// them.
+// As much of type information as callers here say to it; a library that is loaded describes no type.
 EXTERN_C const IID IID_ITypeInfo;
 struct ITypeInfo : public IUnknown
 {

@@ -58,6 +58,12 @@ private:
 /// The error code for an errno.
 DWORD ErrorFromSystem(int code);
 
+/// Makes a handle for an open file.
+HANDLE NewHandle(std::shared_ptr<CFile> file);
+
+/// Closes a handle; false if there is none. The file stays open while a call on it is under way.
+bool ForgetHandle(HANDLE handle);
+
 /// The open file behind a handle; null, with ERROR_INVALID_HANDLE set, if there is none.
 std::shared_ptr<CFile> FileOf(HANDLE handle);
 } // namespace winport
