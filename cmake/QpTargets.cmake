@@ -67,7 +67,8 @@ function(qp_test name)
   if(QP_SERIAL)
     list(APPEND properties RUN_SERIAL ON)
   endif()
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 TEST_PREFIX "${name}." PROPERTIES ${properties})
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES
+                       TEST_PREFIX "${name}." PROPERTIES ${properties})
 endfunction()
 
 include(GoogleTest)

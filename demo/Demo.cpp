@@ -22,22 +22,23 @@ constexpr ActionCase kActionCases[] = {
     {L"After a weld is created: its plan type and both masters count", L"Body Shop", L"orvoplantype_workcell",
      L"Welding", kCreate, kAfter, 6},
     {L"Before a weld is created", L"Body Shop", L"orvoplantype_workcell", L"Welding", kCreate, kBefore, 2},
-    {L"After a turning step is created: no masters", L"Machining", L"orvoplantype_work", L"Turning", kCreate, kAfter,
-     2},
-    {L"After a machine is created: by type, the set has a master", L"Body Shop", L"machine", nullptr, kCreate, kAfter,
-     4},
-    {L"After a work step is created: the general type counts too", L"Body Shop", L"orvoplantype_work", nullptr,
-     kCreate, kAfter, 4},
+    {L"After a turning step is created: no masters", L"Machining", L"orvoplantype_work", L"Turning", kCreate,
+     kAfter, 2},
+    {L"After a machine is created: by type, the set has a master", L"Body Shop", L"machine", nullptr, kCreate,
+     kAfter, 4},
+    {L"After a work step is created: the general type counts too", L"Body Shop", L"orvoplantype_work",
+     nullptr, kCreate, kAfter, 4},
     {L"After a tool is changed: by type, no master", L"Machining", L"tool", nullptr, kChange, kAfter, 1},
 };
 
 constexpr CommandCase kCommandCases[] = {
-    {L"Context menu of a weld: masters count, repeated names are told apart", L"Body Shop", L"orvoplantype_workcell",
-     L"Welding", kContextMenu, 14},
+    {L"Context menu of a weld: masters count, repeated names are told apart", L"Body Shop",
+     L"orvoplantype_workcell", L"Welding", kContextMenu, 14},
     {L"Properties sheet of a weld", L"Body Shop", L"orvoplantype_workcell", L"Welding", kPropertiesSheet, 5},
-    {L"Context menu of a turning step: no masters", L"Machining", L"orvoplantype_work", L"Turning", kContextMenu, 2},
-    {L"Context menu of a robot, by type: a macro takes the place of a script of its name", L"Body Shop", L"robot",
-     nullptr, kContextMenu, 3},
+    {L"Context menu of a turning step: no masters", L"Machining", L"orvoplantype_work", L"Turning",
+     kContextMenu, 2},
+    {L"Context menu of a robot, by type: a macro takes the place of a script of its name", L"Body Shop",
+     L"robot", nullptr, kContextMenu, 3},
 };
 
 /// An owning BSTR for an argument.
@@ -103,13 +104,15 @@ bool CDemo::Run()
 void CDemo::ShowScripts(const ActionCase& search)
 {
     PrintLine(std::wstring(L"\n") + search.title);
-    PrintLine(std::wstring(L"  plan type set ") + Shown(search.planTypeSet) + L", type " + Shown(search.typeName) +
-              L", plan type " + Shown(search.planType) + L", action type " + std::to_wstring(search.actionType) +
+    PrintLine(std::wstring(L"  plan type set ") + Shown(search.planTypeSet) + L", type " +
+              Shown(search.typeName) + L", plan type " + Shown(search.planType) + L", action type " +
+              std::to_wstring(search.actionType) +
               (search.beforeAfter == kBefore ? L", before" : L", after"));
     // One object a call: its result is one search's alone.
     const ComPtr<IScriptActionAndCommandManager> manager = NewManager();
     const ComPtr<IQP_BaseDataObject> planTypeSet = Find(L"plantypeset", search.planTypeSet);
-    const ComPtr<IQP_BaseDataObject> planType = search.planType ? Find(L"plantype", search.planType) : nullptr;
+    const ComPtr<IQP_BaseDataObject> planType =
+        search.planType ? Find(L"plantype", search.planType) : nullptr;
     const ComPtr<IQP_Query> query = m_plant->NewQuery();
     if (!manager || !planTypeSet)
         return;
@@ -117,8 +120,8 @@ void CDemo::ShowScripts(const ActionCase& search)
     CVariantHolder result;
     m_plant->Calls().Clear();
     const HRESULT status =
-        manager->GetScriptsForAction(query.get(), planTypeSet.get(), CText(search.typeName).get(), planType.get(),
-                                     search.actionType, search.beforeAfter, result.get());
+        manager->GetScriptsForAction(query.get(), planTypeSet.get(), CText(search.typeName).get(),
+                                     planType.get(), search.actionType, search.beforeAfter, result.get());
     const long rows = RowsOf(result.value(), 2);
     CountHostCalls(search.title, rows);
     Expect(status == S_OK, std::wstring(search.title) + L": the status is 0");
@@ -142,11 +145,12 @@ void CDemo::ShowScripts(const ActionCase& search)
 void CDemo::ShowCommands(const CommandCase& search)
 {
     PrintLine(std::wstring(L"\n") + search.title);
-    PrintLine(std::wstring(L"  plan type set ") + Shown(search.planTypeSet) + L", type " + Shown(search.typeName) +
-              L", plan type " + Shown(search.planType));
+    PrintLine(std::wstring(L"  plan type set ") + Shown(search.planTypeSet) + L", type " +
+              Shown(search.typeName) + L", plan type " + Shown(search.planType));
     const ComPtr<IScriptActionAndCommandManager> manager = NewManager();
     const ComPtr<IQP_BaseDataObject> planTypeSet = Find(L"plantypeset", search.planTypeSet);
-    const ComPtr<IQP_BaseDataObject> planType = search.planType ? Find(L"plantype", search.planType) : nullptr;
+    const ComPtr<IQP_BaseDataObject> planType =
+        search.planType ? Find(L"plantype", search.planType) : nullptr;
     const ComPtr<IQP_Query> query = m_plant->NewQuery();
     if (!manager || !planTypeSet)
         return;
@@ -154,8 +158,8 @@ void CDemo::ShowCommands(const CommandCase& search)
     CVariantHolder result;
     m_plant->Calls().Clear();
     const HRESULT status =
-        manager->GetScriptCommands(query.get(), planTypeSet.get(), CText(search.typeName).get(), planType.get(),
-                                   search.userInterfaceType, nullptr, result.get());
+        manager->GetScriptCommands(query.get(), planTypeSet.get(), CText(search.typeName).get(),
+                                   planType.get(), search.userInterfaceType, nullptr, result.get());
     const long rows = RowsOf(result.value(), 3);
     CountHostCalls(search.title, rows);
     Expect(status == S_OK, std::wstring(search.title) + L": the status is 0");
@@ -196,7 +200,8 @@ void CDemo::ShowLog()
     const std::vector<std::wstring> lines = LinesBehind(file, before);
     for (const std::wstring& line : lines)
         PrintLine(L"  " + line);
-    Expect(lines.size() == 9 && lines.front().starts_with(L"qpdemo started at  Date/Time ") && lines.back() == L"done",
+    Expect(lines.size() == 9 && lines.front().starts_with(L"qpdemo started at  Date/Time ") &&
+               lines.back() == L"done",
            L"the log holds what was written");
 }
 

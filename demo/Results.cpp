@@ -49,7 +49,8 @@ std::wstring AttributeText(IQP_BaseDataObject* object, const wchar_t* name)
     const BSTR attribute = SysAllocString(name);
     const HRESULT status = object->GetAttribute(attribute, value.get());
     SysFreeString(attribute);
-    if (status != S_OK || VariantChangeType(value.get(), value.get(), 0, VT_BSTR) != S_OK || !value.value().bstrVal)
+    if (status != S_OK || VariantChangeType(value.get(), value.get(), 0, VT_BSTR) != S_OK ||
+        !value.value().bstrVal)
         return {};
     return value.value().bstrVal;
 }

@@ -28,7 +28,8 @@ private:
     VARIANT m_value;
 };
 
-/// The number of rows of a two-dimensional array of variants with `columns` columns, or -1 if it is no such array.
+/// The number of rows of a two-dimensional array of variants with `columns` columns, or -1 if it is no such
+/// array.
 long RowsOf(const VARIANT& array, long columns);
 
 /// A text cell, empty for any other.

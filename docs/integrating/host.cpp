@@ -82,8 +82,8 @@ public:
 static HRESULT WriteLog()
 {
     IQPUserActionLog* log = nullptr;
-    HRESULT status = CoCreateInstance(CLSID_QPUserActionLog, nullptr, CLSCTX_INPROC_SERVER, IID_IQPUserActionLog,
-                                      reinterpret_cast<void**>(&log));
+    HRESULT status = CoCreateInstance(CLSID_QPUserActionLog, nullptr, CLSCTX_INPROC_SERVER,
+                                      IID_IQPUserActionLog, reinterpret_cast<void**>(&log));
     if (FAILED(status))
         return status;
     BSTR text = SysAllocString(L"The host started.\n");
@@ -96,9 +96,8 @@ static HRESULT WriteLog()
 static HRESULT AskForScripts()
 {
     IScriptActionAndCommandManager* manager = nullptr;
-    HRESULT status =
-        CoCreateInstance(CLSID_XScriptActionAndCommandManager, nullptr, CLSCTX_INPROC_SERVER,
-                         IID_IScriptActionAndCommandManager, reinterpret_cast<void**>(&manager));
+    HRESULT status = CoCreateInstance(CLSID_XScriptActionAndCommandManager, nullptr, CLSCTX_INPROC_SERVER,
+                                      IID_IScriptActionAndCommandManager, reinterpret_cast<void**>(&manager));
     if (FAILED(status))
         return status;
     PrintingQuery query;

@@ -7,6 +7,7 @@
 
 #include "ComModule.h"
 #include "ComPtr.h"
+#include "UiState.h"
 #include "WinApp.h"
 
 /// Starts the module in the test program, as loading it would, and ends it. Logs go to a folder of the test's
@@ -20,6 +21,7 @@ protected:
     {
         ASSERT_TRUE(RunModuleEntry(GetModuleHandleW(nullptr), DLL_PROCESS_ATTACH));
         ASSERT_EQ(ComModule::Get().LockCount(), 0);
+        const CUiState first; // whose start-up work may make entries of its own
     }
     void TearDown() override
     {

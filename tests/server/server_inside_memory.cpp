@@ -93,7 +93,6 @@ protected:
     {
         InsideModule::SetUp();
         ASSERT_EQ(Make(CLSID_QPUserActionLog, log), S_OK);
-        const CUiState state; // what the first entry makes is not what is tested
     }
     void TearDown() override
     {

@@ -5,8 +5,8 @@
 
 namespace winport
 {
-/// The process's one T, made at the first use and never destroyed, so that code that runs at the end of the process
-/// may still call what stands on it. It takes no memory of its own from the heap.
+/// The process's one T, made at the first use and never destroyed, so that code that runs at the end of the
+/// process may still call what stands on it. It takes no memory of its own from the heap.
 template <class T>
 T& Immortal()
 {
@@ -14,4 +14,4 @@ T& Immortal()
     static T& object = *new (storage) T;
     return object;
 }
-}
+} // namespace winport
