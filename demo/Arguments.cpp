@@ -1,5 +1,7 @@
 #include "Arguments.h"
 
+#include "Utf8.h"
+
 #include <windows.h>
 
 #include <shellapi.h>
@@ -23,7 +25,7 @@ std::filesystem::path ProgramFolder()
 {
     wchar_t path[MAX_PATH] = L"";
     GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return std::filesystem::path(path).parent_path();
+    return ToPath(path).parent_path();
 }
 } // namespace
 
@@ -37,9 +39,9 @@ Arguments ReadArguments()
         const std::wstring& word = words[index];
         const bool hasValue = index + 1 < words.size();
         if (word == L"--db" && hasValue)
-            arguments.database = words[++index];
+            arguments.database = ToPath(words[++index]);
         else if (word == L"--sample" && hasValue)
-            arguments.sample = words[++index];
+            arguments.sample = ToPath(words[++index]);
         else if (word == L"--register")
             arguments.registerModule = true;
         else if (word == L"--help")

@@ -1,5 +1,7 @@
 #include "DemoLog.h"
 
+#include "Utf8.h"
+
 #include <windows.h>
 
 #include <fstream>
@@ -16,8 +18,7 @@ std::filesystem::path UserActionLogFile()
 {
     const std::wstring named = EnvironmentValue(L"QPTOOLS_LOG_DIR");
     const std::filesystem::path folder =
-        named.empty() ? std::filesystem::path(EnvironmentValue(L"LOCALAPPDATA")) / "qptools" / "logs"
-                      : std::filesystem::path(named);
+        named.empty() ? ToPath(EnvironmentValue(L"LOCALAPPDATA")) / "qptools" / "logs" : ToPath(named);
     return folder / "UserActions.log";
 }
 
@@ -26,15 +27,6 @@ std::uintmax_t SizeOf(const std::filesystem::path& file)
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(file, error);
     return error ? 0 : size;
-}
-
-static std::wstring FromUtf8(const std::string& bytes)
-{
-    const int length = static_cast<int>(bytes.size());
-    std::wstring text(bytes.size(), L'\0');
-    const int made = MultiByteToWideChar(CP_UTF8, 0, bytes.data(), length, text.data(), length);
-    text.resize(made > 0 ? static_cast<size_t>(made) : 0);
-    return text;
 }
 
 std::vector<std::wstring> LinesBehind(const std::filesystem::path& file, std::uintmax_t offset)

@@ -1,21 +1,12 @@
 #include "Table.h"
 
-#include <windows.h>
+#include "Utf8.h"
 
 #include <algorithm>
 #include <cstdio>
 
 namespace
 {
-std::string ToUtf8(const std::wstring& text)
-{
-    const int length = static_cast<int>(text.size());
-    const int needed = WideCharToMultiByte(CP_UTF8, 0, text.c_str(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<size_t>(std::max(needed, 0)), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.c_str(), length, bytes.data(), needed, nullptr, nullptr);
-    return bytes;
-}
-
 std::wstring Padded(std::wstring text, size_t width)
 {
     if (text.size() < width)

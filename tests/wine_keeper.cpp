@@ -1,4 +1,5 @@
-// Stays until its Wine session ends and so keeps the desktop up, whose start would otherwise be paid by every test.
+// Stays until its Wine session ends and so keeps the desktop up, whose start would otherwise be paid by every
+// test.
 #include <windows.h>
 
 int main()

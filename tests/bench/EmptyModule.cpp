@@ -51,7 +51,11 @@ public:
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** result) override
     {
-        return (new EmptyObject)->QueryInterface(iid, result);
+        auto* object = new EmptyObject;
+        object->AddRef();
+        const HRESULT status = object->QueryInterface(iid, result);
+        object->Release();
+        return status;
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 };

@@ -51,7 +51,7 @@ std::size_t RowsIn(const VARIANT& result)
 {
     LONG last = -1;
     SafeArrayGetUBound(result.parray, 1, &last);
-    return static_cast<std::size_t>(last + 1);
+    return static_cast<std::size_t>(last) + 1;
 }
 
 /// One call on a new manager each time. What goes with the manager, the pairs that it keeps, counts as the

@@ -161,7 +161,9 @@ protected:
         ASSERT_EQ(whole.status, S_OK);
         ASSERT_FALSE(whole.rows.empty());
         int refused = 0;
+        int uncreated = 0;
         int partial = 0;
+        int lacking = 0;
         for (long n = 1;; ++n)
         {
             const int objects = host.LiveObjects();
@@ -174,7 +176,7 @@ protected:
                 // Without an array the status is what the walk left.
                 ASSERT_TRUE(outcome.status == E_OUTOFMEMORY || outcome.calls == whole.calls)
                     << "allocation " << n;
-                refused += outcome.status == E_OUTOFMEMORY ? 1 : 0;
+                ++(outcome.status == E_OUTOFMEMORY ? refused : uncreated);
             }
             else if (outcome.status == E_OUTOFMEMORY)
             {
@@ -186,10 +188,16 @@ protected:
                 ASSERT_EQ(outcome.status, S_OK) << "allocation " << n;
                 ASSERT_EQ(outcome.rows, whole.rows) << "allocation " << n;
                 ASSERT_TRUE(LacksCriteriaOnly(outcome.calls, whole.calls)) << "allocation " << n;
+                lacking += outcome.calls != whole.calls ? 1 : 0;
             }
         }
         EXPECT_GT(refused, 0);
+        EXPECT_GT(uncreated, 0) << "without an array the variant stays and the walk's status is returned";
         EXPECT_EQ(partial > 0, cellsAllocate) << "cells that could not be put: " << partial;
+        if (GetParam() == FaultyMemory::Failing::Once)
+        {
+            EXPECT_GT(lacking, 0) << "a criterion whose value cannot be copied is left out";
+        }
     }
 
     MemoryHost host;

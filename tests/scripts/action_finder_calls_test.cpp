@@ -31,7 +31,6 @@ protected:
     const Calls actionSevenBefore = {Equal("beforeafter", "I4 1"), Cat(1), Equal("actiontype", "I4 7"),
                                      Equal("enabled", "I4 1")};
     const Calls end = {"SetOrderAttribute(sequence, 1)", "GetSearchResult()"};
-    const Calls noPlanType;
 
     XScriptActionFinder finder;
     ComPtr<IEnumBaseDataObject> found;
