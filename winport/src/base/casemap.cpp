@@ -3,7 +3,6 @@
 
 #include <clocale>
 #include <cwctype>
-#include <locale.h>
 
 namespace winport
 {
