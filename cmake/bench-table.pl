@@ -51,8 +51,16 @@ sub fields {
 }
 
 sub tables {
-    return join "\n", beside_floor('GetScriptsForAction'), beside_floor('GetScriptCommands'), one_prompt(), lines(),
+    return join "\n", machine(), beside_floor('GetScriptsForAction'), beside_floor('GetScriptCommands'), one_prompt(), lines(),
         first();
+}
+
+sub machine {
+    open my $info, '<', '/proc/cpuinfo' or return "On this machine:\n";
+    my @speeds = map { /^cpu MHz\s*:\s*([\d.]+)/ ? $1 : () } <$info>;
+    close $info;
+    return "On this machine:\n" unless @speeds;
+    return sprintf "On %d processor%s of %.1f GHz:\n", scalar @speeds, @speeds == 1 ? '' : 's', $speeds[0] / 1000;
 }
 
 sub of {

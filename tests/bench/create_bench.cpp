@@ -22,7 +22,7 @@ void RegisterQptools()
 }
 
 /// Only CoCreateInstance is measured; the apartment's end unloads the module.
-void MeasureFirst(benchmark::State& state, REFCLSID classId)
+void MeasureFirst(benchmark::State& state, REFCLSID classId, const wchar_t* module)
 {
     for (auto _ : state)
     {
@@ -42,18 +42,20 @@ void MeasureFirst(benchmark::State& state, REFCLSID classId)
         object->Release();
         CoUninitialize();
     }
+    if (GetModuleHandleW(module))
+        state.SkipWithError("the module was not unloaded");
 }
 
 void FirstComponent(benchmark::State& state)
 {
     RegisterQptools();
-    MeasureFirst(state, CLSID_QPUserActionLog);
+    MeasureFirst(state, CLSID_QPUserActionLog, L"qptools.dll");
 }
 
 void FirstOfEmptyModule(benchmark::State& state)
 {
     RegisterEmptyModule();
-    MeasureFirst(state, kEmptyClass);
+    MeasureFirst(state, kEmptyClass, L"qp_empty.dll");
 }
 
 BENCHMARK(FirstComponent)->Name("CoCreateInstance/service")->Unit(benchmark::kMicrosecond)->UseManualTime();

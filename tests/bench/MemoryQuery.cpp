@@ -1,0 +1,82 @@
+#include "MemoryQuery.h"
+
+#include "InterfaceAnswer.h"
+#include "MemoryHost.h"
+
+HRESULT MemoryQuery::QueryInterface(REFIID iid, void** result)
+{
+    if (iid == __uuidof(IQP_Query) || iid == __uuidof(IUnknown))
+        return Give(static_cast<IQP_Query*>(this), result);
+    return Refuse(result);
+}
+
+ULONG MemoryQuery::Release()
+{
+    const ULONG left = --m_count;
+    if (left == 0)
+        delete this;
+    return left;
+}
+
+HRESULT MemoryQuery::ResetSearch(LONG onlyWhereClause)
+{
+    const MemoryHost::CallScope call;
+    if (m_host.recording)
+        m_host.Record("ResetSearch(" + std::to_string(onlyWhereClause) + ")");
+    return resetStatus;
+}
+
+HRESULT MemoryQuery::SetSearchTable(BSTR table)
+{
+    const MemoryHost::CallScope call;
+    if (m_host.recording)
+        m_host.Record("SetSearchTable(" + Utf8Of(table) + ")");
+    return tableStatus;
+}
+
+HRESULT MemoryQuery::SetSearchCatenation(LONG catenation)
+{
+    const MemoryHost::CallScope call;
+    if (m_host.recording)
+        m_host.Record("SetSearchCatenation(" + std::to_string(catenation) + ")");
+    return catenationStatus;
+}
+
+HRESULT MemoryQuery::SetSearchAttribute(BSTR attribute, LONG comparison, VARIANT value, LONG catenation)
+{
+    const MemoryHost::CallScope call;
+    if (m_host.recording)
+    {
+        m_host.Record("SetSearchAttribute(" + Utf8Of(attribute) + ", " + std::to_string(comparison) + ", " +
+                      m_host.Describe(value) + ", " + std::to_string(catenation) + ")");
+    }
+    return criterionStatus;
+}
+
+HRESULT MemoryQuery::SetOrderAttribute(BSTR attribute, LONG ascending)
+{
+    const MemoryHost::CallScope call;
+    if (m_host.recording)
+        m_host.Record("SetOrderAttribute(" + Utf8Of(attribute) + ", " + std::to_string(ascending) + ")");
+    return orderStatus;
+}
+
+HRESULT MemoryQuery::GetSearchResult(IEnumBaseDataObject** found)
+{
+    const MemoryHost::CallScope call;
+    if (m_host.recording)
+        m_host.Record("GetSearchResult()");
+    if (result)
+    {
+        result->Reset();
+        result->AddRef();
+    }
+    *found = result.get();
+    return resultStatus;
+}
+
+HRESULT MemoryQuery::GetObjectById(BSTR, IUnknown**)
+{
+    m_host.Record("GetObjectById()");
+    return E_NOTIMPL;
+}

@@ -1,0 +1,43 @@
+// The query of a host in memory.
+#pragma once
+
+#include "MemoryEnum.h"
+
+/// The host's query. It answers every search with the enumerator that it was given.
+class MemoryQuery final : public IQP_Query
+{
+public:
+    explicit MemoryQuery(MemoryHost& host) : m_host(host) {}
+
+    /// What GetSearchResult hands out, from its beginning; may be null.
+    ComPtr<MemoryEnum> result;
+    /// What GetSearchResult hands out, along with `result`.
+    HRESULT resultStatus = S_OK;
+    HRESULT resetStatus = S_OK;
+    HRESULT tableStatus = S_OK;
+    HRESULT criterionStatus = S_OK;
+    HRESULT catenationStatus = S_OK;
+    HRESULT orderStatus = S_OK;
+
+    /// References held by others than the host.
+    ULONG References() const noexcept { return m_count - 1; }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
+    ULONG STDMETHODCALLTYPE Release() override;
+
+    HRESULT STDMETHODCALLTYPE ResetSearch(LONG onlyWhereClause) override;
+    HRESULT STDMETHODCALLTYPE SetSearchTable(BSTR table) override;
+    HRESULT STDMETHODCALLTYPE SetSearchCatenation(LONG catenation) override;
+    HRESULT STDMETHODCALLTYPE SetSearchAttribute(BSTR attribute, LONG comparison, VARIANT value,
+                                                 LONG catenation) override;
+    HRESULT STDMETHODCALLTYPE SetOrderAttribute(BSTR attribute, LONG ascending) override;
+    HRESULT STDMETHODCALLTYPE GetSearchResult(IEnumBaseDataObject** found) override;
+    HRESULT STDMETHODCALLTYPE GetObjectById(BSTR id, IUnknown** object) override;
+
+private:
+    ~MemoryQuery() = default;
+
+    MemoryHost& m_host;
+    ULONG m_count = 0;
+};
