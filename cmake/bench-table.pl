@@ -1,7 +1,7 @@
 #!/usr/bin/perl
 # Writes the measured part of docs/performance.md from what qp_bench measured:
 #
-#   qp_bench --benchmark_repetitions=9 --benchmark_format=csv >bench.csv
+#   qp_bench --benchmark_repetitions=15 --benchmark_format=csv >bench.csv
 #   bench-table.pl bench.csv docs/performance.md
 #
 # Benchmarks are named subject/contender/rows (the rows may be missing). Of several repetitions the fastest counts: what
