@@ -8,7 +8,8 @@
 
 #include <ctime>
 #include <cwchar>
-#include <exception>
+#include <new>
+#include <stdexcept>
 #include <string_view>
 
 namespace qptools
@@ -17,9 +18,11 @@ namespace qptools
 namespace
 {
 
+/// The text up to its first null character: a log takes none, and what follows the argument in a block must
+/// not be lost with the rest of it.
 std::wstring_view TextOf(BSTR text) noexcept
 {
-    return text ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();
+    return text ? std::wstring_view(text) : std::wstring_view();
 }
 
 std::tm LocalTime() noexcept
@@ -65,10 +68,22 @@ HRESULT QPUserActionLog::Write(Compose&& compose)
         XQPError::WriteLogLine(m_logName.c_str(), compose().c_str());
         return S_OK;
     }
-    catch (const std::exception&)
+    catch (const std::bad_alloc&)
     {
-        // Composing a text fails for want of memory only, whichever way its parts say so.
         ThrowOutOfMemory();
+    }
+    catch (const std::length_error&)
+    {
+        // A text longer than any memory.
+        ThrowOutOfMemory();
+    }
+    catch (const ComException&)
+    {
+        throw;
+    }
+    catch (...)
+    {
+        return E_FAIL;
     }
 }
 

@@ -11,10 +11,12 @@ namespace qptools
 {
 
 /// Composes texts and writes each, whole, by one call to a log. All methods return S_OK once they have
-/// written, and no failure of the log is seen. Arguments may be null, which is the same as empty.
+/// written, and no failure of the log is seen. Arguments may be null, which is the same as empty; of a text
+/// with a null character inside, what stands before it counts.
 ///
 /// If memory runs out while a text is composed, a ComException with the status E_OUTOFMEMORY leaves the
-/// method, after the module's UI state has been left. No other exception does.
+/// method, after the module's UI state has been left. No other exception does: the method returns E_FAIL and
+/// has written nothing.
 class QPUserActionLog final : public ComObject<QPUserActionLog, IQPUserActionLog>
 {
 public:
@@ -22,7 +24,7 @@ public:
     /// line feed.
     HRESULT STDMETHODCALLTYPE WriteTimeStampWithInfo(BSTR bstrInfo) override;
 
-    /// Writes the text as given; no line feed is added.
+    /// Writes the text as given, up to its first null character; no line feed is added.
     HRESULT STDMETHODCALLTYPE WriteLine(BSTR bstrInfoLine) override;
 
     /// Writes a block of seven lines, each with its line feed: time stamp, action, identifier, GUID,

@@ -63,15 +63,41 @@ std::string Utf8(std::wstring_view text)
     return bytes;
 }
 
-void WriteAtEnd(HANDLE file, const std::string& bytes)
+// Writes as much of `bytes` as one call of the system takes and leaves the rest in it. The offset of all ones
+// is the end of the file as it is when the bytes get there: a system that appends in one step overwrites
+// nobody's bytes with them, lock or no lock. Returns false if there is no use in going on.
+bool AppendSome(HANDLE file, std::string_view& bytes)
 {
-    // An append mode of the file alone is not enough: between the move to the end and the write another
-    // process may write there. The lock makes the two one step.
-    const CFileLock lock(file);
-    LARGE_INTEGER end{};
+    OVERLAPPED end{};
+    end.Offset = end.OffsetHigh = 0xFFFFFFFF;
     DWORD written = 0;
-    if (SetFilePointerEx(file, end, nullptr, FILE_END))
-        WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    const BOOL done = WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, &end);
+    bytes.remove_prefix(written);
+    return done && written > 0;
+}
+
+// Makes the file end at `start` again, unless somebody has written behind the `written` bytes since.
+void TakeBack(HANDLE file, LARGE_INTEGER start, std::size_t written)
+{
+    LARGE_INTEGER size{};
+    if (GetFileSizeEx(file, &size) && size.QuadPart == start.QuadPart + static_cast<LONGLONG>(written) &&
+        SetFilePointerEx(file, start, nullptr, FILE_BEGIN))
+        SetEndOfFile(file);
+}
+
+// The lock is for what appending alone does not give: systems and network drives on which finding the end and
+// writing there are two steps, a piece that takes several writes, and the half of one that a full disk left.
+void AppendWhole(HANDLE file, std::string_view bytes)
+{
+    const CFileLock lock(file);
+    LARGE_INTEGER start{};
+    const bool startKnown = GetFileSizeEx(file, &start) != FALSE;
+    std::string_view left = bytes;
+    while (!left.empty() && AppendSome(file, left))
+    {
+    }
+    if (!left.empty() && left.size() < bytes.size() && startKnown && lock.IsHeld())
+        TakeBack(file, start, bytes.size() - left.size());
 }
 } // namespace
 
@@ -83,7 +109,7 @@ void AppendToLog(std::wstring_view name, std::wstring_view text)
     std::wstring path = directory;
     path.append(L"\\").append(name).append(L".log");
     if (const CFileHandle file = OpenInDirectory(directory, path))
-        WriteAtEnd(file.Get(), Utf8(text));
+        AppendWhole(file.Get(), Utf8(text));
 }
 
 std::wstring LogDirectory()

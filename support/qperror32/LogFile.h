@@ -6,7 +6,7 @@
 
 /// Appends `text` as UTF-8 to `<name>.log` in the log directory, which is made when it is missing. The text
 /// arrives in one piece, whoever else appends to the file at the time. Does nothing where the file cannot be
-/// written.
+/// written, and leaves out a text for which the disk has no room, whole.
 void AppendToLog(std::wstring_view name, std::wstring_view text);
 
 /// The log directory without a separator at its end: %QPTOOLS_LOG_DIR%, else %LOCALAPPDATA%\qptools\logs.

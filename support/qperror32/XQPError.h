@@ -5,8 +5,9 @@
 
 /// Logs are files in UTF-8 in the log directory: %QPTOOLS_LOG_DIR%, or %LOCALAPPDATA%\qptools\logs where that
 /// is not set; it is made when it is missing. Several processes may write to one log at once: each call is
-/// one piece of it, never torn. A log that cannot be written is left alone: no call here throws, shows or
-/// waits for long, and each leaves the thread's last error as it was. Null texts are empty texts.
+/// one piece of it, never torn, and one for which the disk has no room is left out. A log that cannot be
+/// written is left alone: no call here throws, shows or waits for long, and each leaves the thread's last
+/// error as it was. Null texts are empty texts, and every text ends at its first null character.
 ///
 /// `logbook.log` is the log book: one line for each call but WriteLogLine, of eight fields with a tab between
 /// them: local time, kind, source, function, line, status in hex, flags, text. A field that a kind lacks is

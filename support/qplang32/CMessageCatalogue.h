@@ -5,6 +5,16 @@
 #include <string_view>
 #include <unordered_map>
 
+/// Lets a map of texts be asked without making one.
+struct WideTextHash
+{
+    using is_transparent = void;
+    std::size_t operator()(std::wstring_view text) const noexcept
+    {
+        return std::hash<std::wstring_view>()(text);
+    }
+};
+
 /// The texts of a catalogue file, of either byte order. A file is taken whole or not at all: the first thing
 /// wrong with it refuses it. The texts keep their addresses for as long as the object lives.
 class CMessageCatalogue
@@ -20,15 +30,7 @@ public:
     std::size_t Count() const noexcept { return m_texts.size(); }
 
 private:
-    struct Hash
-    {
-        using is_transparent = void;
-        std::size_t operator()(std::wstring_view text) const noexcept
-        {
-            return std::hash<std::wstring_view>()(text);
-        }
-    };
-    using Texts = std::unordered_map<std::wstring, std::wstring, Hash, std::equal_to<>>;
+    using Texts = std::unordered_map<std::wstring, std::wstring, WideTextHash, std::equal_to<>>;
 
     Texts m_texts;
 };

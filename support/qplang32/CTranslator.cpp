@@ -4,6 +4,7 @@
 #include "UserLanguage.h"
 
 #include <iterator>
+#include <string_view>
 #include <utility>
 
 CTranslator& CTranslator::Instance()
@@ -26,7 +27,12 @@ const wchar_t* CTranslator::Find(const wchar_t* text)
 
 wchar_t* CTranslator::Keep(const wchar_t* text)
 {
-    m_kept.emplace_front(text);
+    const std::wstring_view original = text;
+    const auto found = m_copies.find(original);
+    if (found != m_copies.end() && *found->second == original)
+        return found->second->data();
+    m_kept.emplace_front(original);
+    m_copies.insert_or_assign(std::wstring(original), &m_kept.front());
     return m_kept.front().data();
 }
 

@@ -9,6 +9,7 @@
 
 std::vector<LogCall> g_logCalls;
 std::vector<TranslationCall> g_translationCalls;
+std::function<void()> g_atTranslation;
 
 namespace
 {
@@ -18,6 +19,8 @@ wchar_t* Translated(const std::wstring& text, bool changeable, bool narrow)
 {
     static std::deque<std::wstring> kept;
     g_translationCalls.push_back({text, changeable, narrow, CUiState::Depth()});
+    if (g_atTranslation)
+        g_atTranslation();
     return kept.emplace_back(L"[" + text + L"]").data();
 }
 

@@ -1,6 +1,7 @@
 // Stands in for the libraries for logging and translation, and keeps what they were called with.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,3 +22,6 @@ struct TranslationCall
 
 extern std::vector<LogCall> g_logCalls;
 extern std::vector<TranslationCall> g_translationCalls;
+
+/// Runs at the end of each translation, if there is one; it may throw.
+extern std::function<void()> g_atTranslation;

@@ -1,13 +1,18 @@
 // What the component asks of the libraries for logging and translation, call by call.
 #include "RecordedLibraries.h"
+#include "TimeStamps.h"
 
 #include "QPUserActionLog.h"
 #include "XQPComBSTR.h"
 
+#include "ComException.h"
 #include "ComPtr.h"
 #include "UiState.h"
 
 #include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
 
 namespace
 {
@@ -19,15 +24,17 @@ protected:
     {
         g_logCalls.clear();
         g_translationCalls.clear();
+        g_atTranslation = nullptr;
         CreateComObject<qptools::QPUserActionLog>(nullptr, __uuidof(IQPUserActionLog), log.putVoid());
     }
 
-    /// Expects that all since the last time was one call for a whole text.
-    void ExpectOneCall(std::wstring_view end)
+    /// Expects that all since the last time was one call for a whole text of this shape.
+    void ExpectOneCall(const std::string& shape)
     {
         ASSERT_EQ(g_logCalls.size(), 1u);
         EXPECT_EQ(g_logCalls[0].logName, L"UserActions");
-        EXPECT_TRUE(std::wstring_view(g_logCalls[0].text).ends_with(end));
+        const std::string text(g_logCalls[0].text.begin(), g_logCalls[0].text.end());
+        EXPECT_TRUE(HasShape(text, shape)) << text;
         EXPECT_EQ(g_logCalls[0].uiDepth, 1) << "inside the module's UI state";
         EXPECT_EQ(CUiState::Depth(), 0);
         g_logCalls.clear();
@@ -40,13 +47,14 @@ TEST_F(LogCalls, EveryMethodWritesOnceInsideTheUiState)
 {
     const unsigned entries = CUiState::Entries();
     EXPECT_EQ(log->WriteTimeStampWithInfo(XQPComBSTR(L"info")), S_OK);
-    ExpectOneCall(L"\n");
+    ExpectOneCall("info at  " + kTimeStampShape + "\n");
     EXPECT_EQ(log->WriteLine(XQPComBSTR(L"a line")), S_OK);
-    ExpectOneCall(L"a line");
+    ExpectOneCall("a line");
     EXPECT_EQ(log->WriteUserActionInfo(nullptr, nullptr, nullptr, nullptr, nullptr), S_OK);
-    ExpectOneCall(L"\n# <-- \n");
+    ExpectOneCall(kTimeStampShape + "\n# --> \nObject ID: \nObject GUID: \n"
+                                    "[Configured Name of Object: ]\n[(Plan-)Type: ]\n# <-- \n");
     EXPECT_EQ(log->WriteTimeStamp(), S_OK);
-    ExpectOneCall(L"");
+    ExpectOneCall(kTimeStampShape);
     EXPECT_EQ(CUiState::Entries() - entries, 4u);
 }
 
@@ -83,6 +91,78 @@ TEST_F(LogCalls, NothingElseIsTranslated)
     log->WriteLine(XQPComBSTR(L"line"));
     log->WriteTimeStamp();
     EXPECT_TRUE(g_translationCalls.empty());
+}
+
+/// A text with null characters inside.
+XQPComBSTR WithNulls(std::wstring_view text)
+{
+    return {text.data(), static_cast<int>(text.size())};
+}
+
+TEST_F(LogCalls, ATextEndsAtItsFirstNullCharacterAndTheBlockGoesOnBehindIt)
+{
+    using namespace std::string_view_literals;
+    const XQPComBSTR cut = WithNulls(L"a\0b"sv);
+    ASSERT_EQ(SysStringLen(cut), 3u);
+    log->WriteLine(cut);
+    ExpectOneCall("a");
+    log->WriteTimeStampWithInfo(cut);
+    ExpectOneCall("a at  " + kTimeStampShape + "\n");
+    log->WriteUserActionInfo(cut, cut, cut, cut, cut);
+    ExpectOneCall(kTimeStampShape + "\n# --> a\nObject ID: a\nObject GUID: a\n"
+                                    "[Configured Name of Object: ]a\n[(Plan-)Type: ]a\n# <-- \n");
+}
+
+TEST_F(LogCalls, ATextThatBeginsWithANullCharacterIsEmpty)
+{
+    using namespace std::string_view_literals;
+    const XQPComBSTR empty = WithNulls(L"\0b"sv);
+    log->WriteLine(empty);
+    ExpectOneCall("");
+    log->WriteTimeStampWithInfo(empty);
+    ExpectOneCall(kTimeStampShape + "\n");
+}
+
+TEST_F(LogCalls, WantOfMemoryLeavesAsOneExceptionWhicheverWayItIsSaid)
+{
+    const std::function<void()> failures[] = {[] { throw std::bad_alloc(); },
+                                              [] { throw std::length_error("too long"); },
+                                              []
+                                              {
+                                                  ThrowOutOfMemory();
+                                              }};
+    for (const auto& failure : failures)
+    {
+        g_atTranslation = failure;
+        HRESULT status = S_OK;
+        try
+        {
+            log->WriteUserActionInfo(nullptr, nullptr, nullptr, nullptr, nullptr);
+        }
+        catch (const ComException& exception)
+        {
+            status = exception.Status();
+        }
+        EXPECT_EQ(status, E_OUTOFMEMORY);
+        EXPECT_EQ(CUiState::Depth(), 0);
+    }
+    EXPECT_TRUE(g_logCalls.empty());
+}
+
+TEST_F(LogCalls, AnyOtherFailureIsAStatusAndNotTakenForWantOfMemory)
+{
+    const std::function<void()> failures[] = {[] { throw std::runtime_error("other"); },
+                                              []
+                                              {
+                                                  throw 7;
+                                              }};
+    for (const auto& failure : failures)
+    {
+        g_atTranslation = failure;
+        EXPECT_EQ(log->WriteUserActionInfo(nullptr, nullptr, nullptr, nullptr, nullptr), E_FAIL);
+        EXPECT_EQ(CUiState::Depth(), 0);
+    }
+    EXPECT_TRUE(g_logCalls.empty());
 }
 
 } // namespace

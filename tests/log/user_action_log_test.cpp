@@ -70,6 +70,13 @@ TEST_F(UserActionLog, ANullOrEmptyLineWritesNothing)
     EXPECT_EQ(folder.Bytes(), "");
 }
 
+TEST_F(UserActionLog, ALineEndsAtItsFirstNullCharacter)
+{
+    EXPECT_EQ(log->WriteLine(XQPComBSTR(L"seen\0unseen", 11)), S_OK);
+    EXPECT_EQ(log->WriteLine(XQPComBSTR(L" next")), S_OK);
+    EXPECT_EQ(folder.Bytes(), "seen next");
+}
+
 TEST_F(UserActionLog, TextIsWrittenInUtf8)
 {
     EXPECT_EQ(log->WriteLine(XQPComBSTR(L"Pr\u00FCfung \u2192 \u4E2D")), S_OK);

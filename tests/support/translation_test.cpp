@@ -1,5 +1,6 @@
 #include "CTranslator.h"
 #include "CatalogueBytes.h"
+#include "DesktopLanguage.h"
 #include "TestFolder.h"
 #include "Translation.h"
 #include "UserLanguage.h"
@@ -97,19 +98,46 @@ TEST_F(Translation, KeepsTheTextsItGaveWhenTheLanguageChanges)
     EXPECT_STREQ(german, L"Pumpe");
 }
 
-TEST_F(Translation, GivesAChangeableTextOfItsOwnAtEachCall)
+TEST_F(Translation, LeavesAChangedTextToWhoeverChangedIt)
 {
     Put("de", kGerman);
     Use(L"de");
     wchar_t* const first = CoTranslateText2(L"Pump");
     first[0] = L'L';
-    EXPECT_STREQ(CoTranslateText2(L"Pump"), L"Pumpe");
+    wchar_t* const second = CoTranslateText2(L"Pump");
+    EXPECT_STREQ(second, L"Pumpe");
     EXPECT_STREQ(CoTranslateText(L"Pump"), L"Pumpe");
+    second[2] = L'\0';
+    EXPECT_STREQ(CoTranslateText2(L"Pump"), L"Pumpe") << "one that was cut is a changed one, too";
     EXPECT_STREQ(first, L"Lumpe");
+    EXPECT_STREQ(second, L"Pu");
+    first[0] = L'P';
+    EXPECT_STREQ(CoTranslateText2(L"Pump"), L"Pumpe");
     wchar_t source[] = L"Tank";
     wchar_t* const untranslated = CoTranslateText2(static_cast<const wchar_t*>(source));
     untranslated[0] = L'R';
     EXPECT_STREQ(source, L"Tank");
+}
+
+TEST_F(Translation, KeepsOneChangeableTextForEachResult)
+{
+    Put("de", kGerman);
+    Use(L"de");
+    wchar_t* const pump = CoTranslateText2(L"Pump");
+    wchar_t* const none = CoTranslateText2(L"");
+    std::vector<wchar_t*> others;
+    for (int number = 0; number < 1000; ++number)
+        others.push_back(CoTranslateText2(std::to_wstring(number).c_str()));
+    EXPECT_EQ(CoTranslateText2(L"Pump"), pump);
+    EXPECT_EQ(CoTranslateText2("Pump"), pump);
+    EXPECT_EQ(CoTranslateText2(L"Pumpe"), pump) << "another text with the same result";
+    EXPECT_EQ(CoTranslateText2(""), none);
+    for (std::size_t number = 0; number < others.size(); ++number)
+    {
+        EXPECT_EQ(others[number], std::to_wstring(number)) << "it stayed where it was";
+        EXPECT_EQ(CoTranslateText2(std::to_wstring(number).c_str()), others[number]);
+    }
+    EXPECT_STREQ(pump, L"Pumpe");
 }
 
 TEST_F(Translation, WidensANarrowText)
@@ -230,11 +258,11 @@ TEST(UserLanguageName, ComesFromTheVariable)
 
 TEST(UserLanguageName, ComesFromTheUserWithoutAVariable)
 {
-    // The tests run in a plain locale, which is English.
+    const DesktopLanguage desktop;
     for (const auto& unset : {std::optional<std::wstring>(), std::optional<std::wstring>(L"")})
     {
         const TestVariable variable(L"QPTOOLS_LANG", unset);
-        EXPECT_EQ(UserLanguage(), L"en-US");
+        EXPECT_EQ(UserLanguage(), desktop.Name());
     }
 }
 

@@ -145,6 +145,29 @@ TEST(Writing, AppendsWhereverThePositionIs)
     EXPECT_EQ(ReadWhole(folder / L"a"), "123456");
 }
 
+TEST(Writing, AppendsAtAnOffsetOfAllOnesWhereverThePositionIs)
+{
+    const CScratchFolder folder;
+    WriteWhole(folder / L"a", "123");
+    HANDLE file = Open(folder / L"a", GENERIC_WRITE, OPEN_EXISTING);
+    HANDLE other = Open(folder / L"a", GENERIC_WRITE, OPEN_EXISTING);
+    const auto append = [](HANDLE to, const std::string& text)
+    {
+        OVERLAPPED end{};
+        end.Offset = end.OffsetHigh = 0xFFFFFFFF;
+        DWORD written = 0;
+        return WriteFile(to, text.data(), static_cast<DWORD>(text.size()), &written, &end) &&
+               written == text.size();
+    };
+    EXPECT_TRUE(append(file, "45"));
+    EXPECT_TRUE(append(other, "6"));
+    EXPECT_TRUE(append(file, "78"));
+    EXPECT_TRUE(append(other, "9"));
+    CloseHandle(file);
+    CloseHandle(other);
+    EXPECT_EQ(ReadWhole(folder / L"a"), "123456789");
+}
+
 TEST(Writing, WritesAtThePosition)
 {
     const CScratchFolder folder;

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 using namespace winport;
@@ -100,6 +101,22 @@ ULONGLONG Offset(const OVERLAPPED& overlapped)
     return (static_cast<ULONGLONG>(overlapped.OffsetHigh) << 32) | overlapped.Offset;
 }
 
+// An offset of all ones is the end of the file, wherever that is when the bytes arrive there.
+constexpr ULONGLONG kEndOfFile = ~0ULL;
+
+// Writes what one call of the system takes, `done` bytes behind the place that `overlapped` names or, without
+// it, at the position. Returns how much that was, or -1 with errno set.
+ssize_t WriteSome(int descriptor, const char* bytes, std::size_t size, const OVERLAPPED* overlapped,
+                  DWORD done)
+{
+    if (!overlapped)
+        return write(descriptor, bytes, size);
+    if (Offset(*overlapped) != kEndOfFile)
+        return pwrite(descriptor, bytes, size, static_cast<off_t>(Offset(*overlapped) + done));
+    const iovec piece{const_cast<char*>(bytes), size};
+    return pwritev2(descriptor, &piece, 1, 0, RWF_APPEND);
+}
+
 ULONGLONG Size(DWORD low, DWORD high)
 {
     return (static_cast<ULONGLONG>(high) << 32) | low;
@@ -159,9 +176,7 @@ BOOL WriteFile(HANDLE handle, LPCVOID buffer, DWORD size, DWORD* written, OVERLA
     const auto* bytes = static_cast<const char*>(buffer);
     for (DWORD done = 0; done < size;)
     {
-        const off_t at = overlapped ? static_cast<off_t>(Offset(*overlapped) + done) : 0;
-        const ssize_t count = overlapped ? pwrite(file->Descriptor(), bytes + done, size - done, at)
-                                         : ::write(file->Descriptor(), bytes + done, size - done);
+        const ssize_t count = WriteSome(file->Descriptor(), bytes + done, size - done, overlapped, done);
         if (count < 0 && errno != EINTR)
             return Report(ErrorFromSystem(errno));
         done += count > 0 ? static_cast<DWORD>(count) : 0;
