@@ -6,6 +6,14 @@
 
 #include <cassert>
 
+namespace
+{
+HRESULT NoTable(RegistrationReport& report)
+{
+    return report.Add(L"module", L"it has not been started and knows no classes", E_UNEXPECTED);
+}
+} // namespace
+
 ComModule& ComModule::Get() noexcept
 {
     static ComModule module;
@@ -102,7 +110,7 @@ HRESULT ComModule::RegisterServer(bool typeLibrary, const CLSID* onlyClass,
         [&]() -> HRESULT
         {
             if (!m_map)
-                return E_UNEXPECTED;
+                return NoTable(report);
             Registrar registrar(m_instance, *m_libraryId, report);
             const HRESULT status = UpdateServer(registrar, true, typeLibrary, onlyClass);
             if (status >= 0)
@@ -118,7 +126,7 @@ HRESULT ComModule::UnregisterServer(bool typeLibrary, const CLSID* onlyClass,
         [&]() -> HRESULT
         {
             if (!m_map)
-                return E_UNEXPECTED;
+                return NoTable(report);
             Registrar registrar(m_instance, *m_libraryId, report);
             const HRESULT status = UpdateServer(registrar, false, typeLibrary, onlyClass);
             registrar.Commit();

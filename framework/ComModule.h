@@ -32,7 +32,8 @@ public:
 
     /// Adds every class of the table in its order, or the one of `onlyClass`, then, if asked, the type
     /// library. The first failure ends it: all keys written so far get back what they held before, and the
-    /// status of the system call that failed is returned. `report` tells what failed.
+    /// status of the system call that failed is returned. `report` tells what failed, unless there was no
+    /// memory to say so. Without a table: E_UNEXPECTED.
     HRESULT RegisterServer(bool typeLibrary, const CLSID* onlyClass, RegistrationReport& report) noexcept;
 
     /// Takes out what RegisterServer adds. A failure does not keep the rest from going; the first one is

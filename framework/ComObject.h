@@ -5,16 +5,14 @@
 //     class QPUserActionLog final : public ComObject<QPUserActionLog, IQPUserActionLog>
 //     {
 //     public:
-//         HRESULT STDMETHODCALLTYPE WriteLine(BSTR bstrInfoLine) override;     // the interface methods,
-//         nothing else
-//         ...                                                                  // of IUnknown: the base has
-//         it HRESULT FinalConstruct();                                            // optional, see below
+//         HRESULT STDMETHODCALLTYPE WriteLine(BSTR bstrInfoLine) override;
+//         HRESULT FinalConstruct(); // optional
 //     };
 //
-// No virtual destructor is needed: the base deletes the class by its own type. The class has a default
-// constructor and its members are ordinary members. A class whose interface has the four dispatch operations
-// behind its published methods writes DispatchTail<IThatInterface> (DispatchTail.h) in place of
-// IThatInterface.
+// It declares the methods of its interfaces and nothing of IUnknown, which the base has. No virtual
+// destructor is needed: the base deletes the class by its own type. The class has a default constructor and
+// its members are ordinary members. A class whose interface has the four dispatch operations behind its
+// published methods writes DispatchTail<IThatInterface> (DispatchTail.h) in place of IThatInterface.
 //
 // Objects come from CreateComObject, normally through the class table (ObjectMap.h), where one line names the
 // class, its identifier, its registry script and whether it may be aggregated. Tests may create one directly:
@@ -60,8 +58,9 @@ public:
     ULONG STDMETHODCALLTYPE AddRef() final { return m_controlling->AddRef(); }
     ULONG STDMETHODCALLTYPE Release() final { return m_controlling->Release(); }
 
-    /// Called once the object stands and knows its outer object, before anyone has a reference. A failure
-    /// deletes the object and is what its creator gets. A class that needs it hides this one.
+    /// Called once the object stands and knows its outer object, at count 0. References to the object may be
+    /// taken and given back meanwhile, which does not end it. A failure deletes the object and is what its
+    /// creator gets. A class that needs it hides this one.
     HRESULT FinalConstruct() { return S_OK; }
 
     /// The object's own IUnknown, whose QueryInterface does not go to the outer object.
@@ -69,6 +68,10 @@ public:
 
     /// Makes `outer`, which outlives the object and is not counted, the one that answers for its interfaces.
     void SetOuter(IUnknown* outer) noexcept { m_controlling = outer ? outer : &m_inner; }
+
+    /// From now on the object belongs to its references and ends with the last of them. Until then it belongs
+    /// to its creator.
+    void LeaveToReferences() noexcept { m_endsWithLast = true; }
 
 protected:
     ComObject() noexcept : m_inner(*this), m_controlling(&m_inner) { ComModule::Get().Lock(); }
@@ -116,20 +119,19 @@ private:
     ULONG Drop() noexcept
     {
         const ULONG left = --m_count;
-        if (left == 0)
+        if (left == 0 && m_endsWithLast)
         {
             // Whatever the destructor hands out and takes back must not end the object a second time.
-            m_count = kBeingDestroyed;
+            m_endsWithLast = false;
             delete static_cast<Class*>(this);
         }
         return left;
     }
 
-    static constexpr ULONG kBeingDestroyed = 0x40000000;
-
     Inner m_inner;
     IUnknown* m_controlling;
     ULONG m_count = 0;
+    bool m_endsWithLast = false;
 };
 
 /// Whether a class may be created as part of another object.
@@ -160,8 +162,9 @@ HRESULT CreateComObject(IUnknown* outer, REFIID iid, void** result) noexcept
             HRESULT status = object->FinalConstruct();
             if (status >= 0)
                 status = object->NonDelegatingUnknown()->QueryInterface(iid, result);
+            // The reference that the caller now has keeps the object.
             if (status >= 0)
-                static_cast<void>(object.release()); // the reference that the caller now has keeps it
+                object.release()->LeaveToReferences();
             return status;
         });
 }

@@ -131,7 +131,9 @@ enum class BatchStep
     Stop        ///< not at all
 };
 
-/// One batch: a zeroed buffer of the task allocator and a reference to every object fetched into it.
+/// One batch: a zeroed buffer of the task allocator and a reference to every object fetched into it. Its end
+/// releases what the enumerator counted and nothing behind that, whatever stands there: the count alone says
+/// which pointers are references.
 template <class Enumerator>
 class EnumBatch
 {

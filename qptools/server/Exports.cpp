@@ -14,17 +14,25 @@
 
 namespace
 {
+// By which the two are told apart in the log book; they are no positions in this file and never change.
 constexpr ULONG kRegisterLine = 41;
 constexpr ULONG kUnregisterLine = 47;
 
-/// Writes one entry for each failure to the log book and returns `status`.
+/// Writes one entry for each failure to the log book, and one for `status` if it is a failure that none of
+/// them accounts for. Returns `status`.
 HRESULT LogFailures(HRESULT status, const RegistrationReport& report, const wchar_t* function, ULONG line)
 {
+    bool told = status >= 0;
     for (const RegistrationFailure& failure : report.failures)
     {
         const std::wstring text = failure.key + L": " + failure.reason;
         XQPError::WriteErrorToLogBook(L"QPTools", function, line, text.c_str(), failure.status);
+        told = told || failure.status == status;
     }
+    if (!told)
+        XQPError::WriteErrorToLogBook(L"QPTools", function, line,
+                                      status == E_OUTOFMEMORY ? L"out of memory" : L"failed at no key",
+                                      status);
     return status;
 }
 } // namespace

@@ -21,14 +21,24 @@ HRESULT TestConstructed::s_answer = S_OK;
 ULONG TestConstructed::s_countSeen = 99;
 bool TestConstructed::s_called = false;
 
+TestConstructed::~TestConstructed()
+{
+    --s_alive;
+    UseAReferenceToThis();
+}
+
 HRESULT TestConstructed::FinalConstruct()
 {
     s_called = true;
-    // At count 0 a reference taken and given back would end the object, so it is counted only where it ends
-    // anyway.
-    if (s_answer < 0)
-        s_countSeen = AddRef() - 1;
+    s_countSeen = UseAReferenceToThis();
     return s_answer;
+}
+
+ULONG TestConstructed::UseAReferenceToThis()
+{
+    void* self = nullptr;
+    NonDelegatingUnknown()->QueryInterface(__uuidof(ITestNumber), &self);
+    return static_cast<ITestNumber*>(self)->Release();
 }
 
 HRESULT STDMETHODCALLTYPE TestConstructed::GetNumber(LONG* number)

@@ -32,12 +32,13 @@ public:
     static int s_alive;
 };
 
-/// What FinalConstruct answers and sees is the test's choice.
+/// What FinalConstruct answers and sees is the test's choice. It takes a reference to the object and gives it
+/// back, and so does the destructor.
 class TestConstructed final : public ComObject<TestConstructed, ITestNumber>
 {
 public:
     TestConstructed() { ++s_alive; }
-    ~TestConstructed() { --s_alive; }
+    ~TestConstructed();
 
     HRESULT FinalConstruct();
     HRESULT STDMETHODCALLTYPE GetNumber(LONG* number) override;
@@ -45,7 +46,11 @@ public:
     static int s_alive;
     static bool s_called;     ///< whether FinalConstruct ran
     static HRESULT s_answer;  ///< what FinalConstruct returns
-    static ULONG s_countSeen; ///< the reference count as a failing FinalConstruct found it
+    static ULONG s_countSeen; ///< the reference count as FinalConstruct found it
+
+private:
+    /// Returns the count that is left.
+    ULONG UseAReferenceToThis();
 };
 
 /// Throws the chosen way from its constructor.

@@ -207,7 +207,15 @@ TEST_F(Module, RegistrationBeforeInitIsRefused)
     ComModule module;
     RegistrationReport report;
     EXPECT_EQ(module.RegisterServer(true, nullptr, report), E_UNEXPECTED);
+    EXPECT_EQ(report.failures.size(), 1u);
     EXPECT_EQ(module.UnregisterServer(true, nullptr, report), E_UNEXPECTED);
+    ASSERT_EQ(report.failures.size(), 2u);
+    for (const RegistrationFailure& failure : report.failures)
+    {
+        EXPECT_EQ(failure.key, L"module");
+        EXPECT_EQ(failure.reason, L"it has not been started and knows no classes");
+        EXPECT_EQ(failure.status, E_UNEXPECTED);
+    }
 }
 
 TEST_F(Module, RegistersItsClassesInTheOrderOfTheTableUpToTheTerminator)

@@ -97,26 +97,39 @@ TEST(ComObject, ANullResultIsRefusedBeforeAnythingIsMade)
     EXPECT_EQ(TestComponent::s_alive, 0);
 }
 
-TEST(ComObject, FinalConstructRunsAtCountZeroAndItsFailureIsWhatTheCreatorGets)
+TEST(ComObject, TheFailureOfFinalConstructIsWhatTheCreatorGets)
 {
     TestConstructed::s_answer = E_ABORT;
     void* made = &made;
     EXPECT_EQ(CreateComObject<TestConstructed>(nullptr, __uuidof(ITestNumber), &made), E_ABORT);
     EXPECT_EQ(made, nullptr);
-    EXPECT_EQ(TestConstructed::s_countSeen, 0u);
-    EXPECT_EQ(TestConstructed::s_alive, 0);
+    EXPECT_EQ(TestConstructed::s_alive, 0) << "deleted, and once only, though it used a reference to itself";
 }
 
-TEST(ComObject, TheSuccessfulQueryAfterFinalConstructTakesTheCountToOne)
+TEST(ComObject, FinalConstructRunsAtCountZeroAndMayUseAReferenceToTheObject)
 {
     TestConstructed::s_answer = S_OK;
     TestConstructed::s_called = false;
+    TestConstructed::s_countSeen = 99;
     ComPtr<ITestNumber> made;
     ASSERT_EQ(CreateComObject<TestConstructed>(nullptr, __uuidof(ITestNumber), made.putVoid()), S_OK);
     EXPECT_TRUE(TestConstructed::s_called);
+    EXPECT_EQ(TestConstructed::s_countSeen, 0u);
+    EXPECT_EQ(TestConstructed::s_alive, 1) << "giving that reference back did not end the object";
     EXPECT_EQ(CountOf(made.get()), 1u);
     made.reset();
     EXPECT_EQ(TestConstructed::s_alive, 0);
+}
+
+TEST(ComObject, IsDeletedOnceIfItUsedAReferenceToItselfAndDoesNotAnswerTheInterfaceAskedFor)
+{
+    const LONG before = ComModule::Get().LockCount();
+    TestConstructed::s_answer = S_OK;
+    void* made = &made;
+    EXPECT_EQ(CreateComObject<TestConstructed>(nullptr, __uuidof(ITestName), &made), E_NOINTERFACE);
+    EXPECT_EQ(made, nullptr);
+    EXPECT_EQ(TestConstructed::s_alive, 0);
+    EXPECT_EQ(ComModule::Get().LockCount(), before);
 }
 
 TEST(ComObject, AnExceptionOfTheConstructorBecomesAStatus)

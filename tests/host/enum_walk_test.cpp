@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "ScriptedEnum.h"
+#include "TaskMemory.h"
 #include "qpobjects.h"
 
 #include <stdexcept>
@@ -371,6 +372,60 @@ TEST_F(Walks, AnObjectThatAVisitorKeepsOutlivesItsBatch)
     EXPECT_EQ(At(0), kept.get());
     EXPECT_EQ(2u, m_objects[0].m_references);
     EXPECT_EQ(1u, m_objects[1].m_references);
+}
+
+TEST_F(Walks, EachBatchIsOneBlockOfTaskMemoryThatIsGivenBack)
+{
+    Enum objects({{S_OK, Range(0, 25)}, {S_OK, Range(25, 25)}, {S_FALSE, Range(50, 5)}});
+    const CTaskMemory memory;
+    EXPECT_EQ(Range(0, 55), SeenInBatches(objects));
+    memory.ExpectBlocks(3, 25 * sizeof(void*));
+}
+
+TEST_F(Walks, AWalkThatEndsEarlyGivesItsBlockBackToo)
+{
+    const CTaskMemory memory;
+    Enum failing({{E_FAIL, Range(0, 3)}});
+    EXPECT_EQ(Seen{}, SeenInBatches(failing));
+    Enum stopped({{S_OK, Range(0, 25)}});
+    const auto stop = [](IQPFObject*)
+    {
+        return BatchStep::Stop;
+    };
+    EXPECT_EQ(S_OK, WalkBatches(static_cast<IEnumQPFObject*>(&stopped), stop));
+    const auto fail = [](IQPFObject*) -> BatchStep
+    {
+        throw std::runtime_error("visitor");
+    };
+    EXPECT_THROW(WalkBatches(static_cast<IEnumQPFObject*>(&stopped), fail), std::runtime_error);
+    memory.ExpectBlocks(3, 25 * sizeof(void*));
+}
+
+TEST_F(Walks, WithoutMemoryForTheFirstBatchNothingIsFetched)
+{
+    Enum objects({{S_OK, Range(0, 25)}, {S_FALSE, {At(25)}}});
+    const CTaskMemory memory(1);
+    EXPECT_EQ(Seen{}, SeenInBatches(objects));
+    EXPECT_EQ(E_OUTOFMEMORY, m_lastStatus);
+    EXPECT_EQ(0u, objects.Calls());
+    EXPECT_EQ(0, m_nulls);
+}
+
+TEST_F(Walks, WithoutMemoryForALaterBatchTheWalkEndsThere)
+{
+    Enum objects({{S_OK, Range(0, 25)}, {S_OK, Range(25, 25)}, {S_FALSE, {At(50)}}});
+    const CTaskMemory memory(3);
+    EXPECT_EQ(Range(0, 50), SeenInBatches(objects));
+    EXPECT_EQ(E_OUTOFMEMORY, m_lastStatus);
+    EXPECT_EQ(2u, objects.Calls());
+}
+
+TEST_F(Walks, WhatTheHostDidNotCountIsNotReleased)
+{
+    Enum objects({{S_FALSE, {At(0), At(1)}, 1}});
+    EXPECT_EQ((Seen{At(0)}), SeenInBatches(objects));
+    EXPECT_EQ(2u, m_objects[1].m_references) << "a pointer that was not counted may be no reference at all";
+    m_objects[1].Release();
 }
 
 TEST(EnumElements, EveryEnumeratorNamesItsElement)

@@ -14,6 +14,15 @@
 /// own.
 class InsideModule : public testing::Test
 {
+public:
+    static ObjectMapEntry& Entry(REFCLSID classId)
+    {
+        ObjectMapEntry* entry = qptools::g_classTable;
+        while (entry->classId && *entry->classId != classId)
+            ++entry;
+        return *entry;
+    }
+
 protected:
     LogFolder logs;
 
@@ -29,13 +38,6 @@ protected:
         RunModuleEntry(GetModuleHandleW(nullptr), DLL_PROCESS_DETACH);
     }
 
-    static ObjectMapEntry& Entry(REFCLSID classId)
-    {
-        ObjectMapEntry* entry = qptools::g_classTable;
-        while (entry->classId && *entry->classId != classId)
-            ++entry;
-        return *entry;
-    }
     template <class T>
     static HRESULT Make(REFCLSID classId, ComPtr<T>& result)
     {

@@ -29,12 +29,13 @@ public:
     LogFolder(const LogFolder&) = delete;
     LogFolder& operator=(const LogFolder&) = delete;
 
-    /// The whole log book, empty if there is none.
-    std::string Book() const
+    /// A whole log, empty if there is none.
+    std::string Text(const char* file) const
     {
-        std::ifstream file(m_path / "logbook.log", std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+        std::ifstream stream(m_path / file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
     }
+    std::string Book() const { return Text("logbook.log"); }
 
 private:
     std::filesystem::path m_path;

@@ -1,7 +1,12 @@
 #include "InsideModule.h"
+#include "RegistrationFixture.h"
 
 #include "ClassFactory.h"
+#include "Registrar.h"
 
+#include "qptools.h"
+
+#include <algorithm>
 #include <set>
 
 using qptools::g_classTable;
@@ -37,6 +42,32 @@ TEST(ClassTable, SharesTheFactoryCreatorAndNothingThatDiffers)
     }
     EXPECT_EQ(registrations.size(), 7u);
     EXPECT_EQ(creators.size(), 7u);
+}
+
+namespace
+{
+/// The table's functions with the resources of the built module.
+class EachEntry : public RegistrationFixture, public testing::WithParamInterface<ClassFacts>
+{
+};
+INSTANTIATE_TEST_SUITE_P(Classes, EachEntry, testing::ValuesIn(kSevenClasses), ClassTestName);
+} // namespace
+
+TEST_P(EachEntry, RegistersItsOwnClassAndNothingElseAndTakesItOut)
+{
+    const ObjectMapEntry& entry = InsideModule::Entry(GetParam().Class());
+    RegistrationReport report;
+    Registrar registrar(module.Handle(), LIBID_QPTOOLSLib, report);
+    ASSERT_EQ(entry.updateRegistry(registrar, true), S_OK);
+    std::vector<std::wstring> expected = ExpectedOf(GetParam());
+    expected.insert(expected.end(), {L"", L"CLSID"});
+    std::sort(expected.begin(), expected.end());
+    EXPECT_EQ(registry.Dump(), expected);
+
+    EXPECT_EQ(entry.updateRegistry(registrar, false), S_OK);
+    EXPECT_EQ(registry.Dump(), (std::vector<std::wstring>{L"", L"CLSID"}));
+    registrar.Commit();
+    EXPECT_TRUE(report.failures.empty());
 }
 
 TEST(ClassTable, HasNoDescriptionsCategoriesOrCookiesAndItsHookDoesNothing)

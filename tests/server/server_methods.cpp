@@ -1,5 +1,6 @@
-// The methods whose behaviour comes later, called by their position in the table: each nulls its results and
-// says that it is not there yet. What a position nulls shows which method stands there.
+// Methods called by their position in the table, as a caller in another language does.
+#include "BoxAnswers.h"
+#include "DialogDriver.h"
 #include "ModuleUnderTest.h"
 #include "VtableSlot.h"
 
@@ -74,96 +75,59 @@ protected:
 };
 } // namespace
 
+// The methods of the choosers, by what each answers to nothing at all.
+
 TEST_F(ProjectChoiceMethods, ShowDialogIsTheFirst)
 {
-    EXPECT_EQ(Call(3, none, noText, &number, &one, LONG{0}), E_NOTIMPL);
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(one, nullptr);
+    EXPECT_EQ(Call(3, none, noText, &number, &one, LONG{0}), S_OK);
+    EXPECT_EQ(number, 1) << "cancelled";
 }
 
 TEST_F(ProjectChoiceMethods, ShowDialogExIsTheSecond)
 {
-    EXPECT_EQ(Call(4, none, noText, LONG{1}, &number, &number2, &one, LONG{0}), E_NOTIMPL);
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(number2, 0);
-    EXPECT_EQ(one, nullptr);
+    EXPECT_EQ(Call(4, none, noText, LONG{1}, &number, &number2, &one, LONG{0}), S_OK);
+    EXPECT_EQ(number, 0) << "not cancelled";
+    EXPECT_EQ(number2, 1) << "something new";
 }
 
 TEST_F(ProjectChoiceMethods, InitializeIsTheThird)
 {
-    EXPECT_EQ(Call(5, noText), E_NOTIMPL);
-}
-
-TEST_F(ProjectChoiceMethods, TakeNullForEveryResult)
-{
-    LONG* noNumber = nullptr;
-    Object* noObject = nullptr;
-    EXPECT_EQ(Call(3, none, noText, noNumber, noObject, LONG{0}), E_NOTIMPL);
-    EXPECT_EQ(Call(4, none, noText, LONG{1}, noNumber, noNumber, noObject, LONG{0}), E_NOTIMPL);
+    EXPECT_EQ(Call(5, noText), S_OK);
 }
 
 TEST_F(SelectOrvoItemMethods, InitializeIsTheFirstAndShowDialogTheSecond)
 {
-    EXPECT_EQ(Call(3, static_cast<VARIANT*>(nullptr)), E_NOTIMPL);
-    EXPECT_EQ(Call(4, none, noText, &one), E_NOTIMPL);
+    EXPECT_EQ(Call(3, static_cast<VARIANT*>(nullptr)), S_OK);
+    BoxAnswers boxes;
+    boxes.Expect(L"Error", L"Unknown error.", IDOK);
+    EXPECT_EQ(Call(4, none, noText, &one), S_FALSE);
+}
+
+TEST_F(SelectOrvoItemMethods, TheLookUpsFollowAndTheLastAloneTakesNoObjectForAnAnswer)
+{
+    EXPECT_EQ(Call(5, none, &one), E_INVALIDARG) << "GetProject";
+    EXPECT_EQ(Call(6, none, &one), E_INVALIDARG) << "GetPlanType";
+    EXPECT_EQ(Call(7, none, &text), E_INVALIDARG) << "GetTypeName";
+    EXPECT_EQ(Call(8, none, &one, &two), E_INVALIDARG) << "GetProjectAndPlanType";
+    EXPECT_EQ(Call(9, none, &text, &two), E_INVALIDARG) << "GetTypeNameAndPlanType";
+    EXPECT_EQ(Call(10, none, noText, &one), S_OK) << "GetOrvoCompBase";
     EXPECT_EQ(one, nullptr);
-}
-
-TEST_F(SelectOrvoItemMethods, GetProjectAndGetPlanTypeAreTheThirdAndTheFourth)
-{
-    EXPECT_EQ(Call(5, none, &one), E_NOTIMPL);
-    EXPECT_EQ(one, nullptr);
-    EXPECT_EQ(Call(6, none, &two), E_NOTIMPL);
-    EXPECT_EQ(two, nullptr);
-}
-
-TEST_F(SelectOrvoItemMethods, GetTypeNameIsTheFifth)
-{
-    EXPECT_EQ(Call(7, none, &text), E_NOTIMPL);
-    EXPECT_EQ(text, nullptr);
-}
-
-TEST_F(SelectOrvoItemMethods, GetProjectAndPlanTypeIsTheSixth)
-{
-    EXPECT_EQ(Call(8, none, &one, &two), E_NOTIMPL);
-    EXPECT_EQ(one, nullptr);
-    EXPECT_EQ(two, nullptr);
-}
-
-TEST_F(SelectOrvoItemMethods, GetTypeNameAndPlanTypeIsTheSeventh)
-{
-    EXPECT_EQ(Call(9, none, &text, &two), E_NOTIMPL);
-    EXPECT_EQ(text, nullptr);
-    EXPECT_EQ(two, nullptr);
-}
-
-TEST_F(SelectOrvoItemMethods, GetOrvoCompBaseIsTheEighth)
-{
-    EXPECT_EQ(Call(10, none, noText, &one), E_NOTIMPL);
-    EXPECT_EQ(one, nullptr);
-}
-
-TEST_F(SelectOrvoItemMethods, TakeNullForEveryResult)
-{
-    Object* noObject = nullptr;
-    BSTR* noResult = nullptr;
-    EXPECT_EQ(Call(4, none, noText, noObject), E_NOTIMPL);
-    EXPECT_EQ(Call(5, none, noObject), E_NOTIMPL);
-    EXPECT_EQ(Call(6, none, noObject), E_NOTIMPL);
-    EXPECT_EQ(Call(7, none, noResult), E_NOTIMPL);
-    EXPECT_EQ(Call(8, none, noObject, noObject), E_NOTIMPL);
-    EXPECT_EQ(Call(9, none, noResult, noObject), E_NOTIMPL);
-    EXPECT_EQ(Call(10, none, noText, noObject), E_NOTIMPL);
 }
 
 TEST_F(SelectDlgMethods, ShowDialogIsTheOnlyOne)
 {
     IUnknown* selected = one;
-    EXPECT_EQ(Call(3, ULONG{0}, static_cast<tagINITVALUE*>(nullptr), &selected), E_NOTIMPL);
-    EXPECT_EQ(selected, nullptr);
-    EXPECT_EQ(Call(3, ULONG{0}, static_cast<tagINITVALUE*>(nullptr), static_cast<IUnknown**>(nullptr)),
-              E_NOTIMPL);
+    DialogDriver dialogs;
+    dialogs.OnDialog({[](DialogView& view)
+                      {
+                          view.Click(IDCANCEL);
+                      }});
+    EXPECT_EQ(Call(3, ULONG{0}, static_cast<tagINITVALUE*>(nullptr), &selected), S_OK);
+    EXPECT_EQ(selected, one);
 }
+
+// Those whose behaviour comes later null their results and say that it is not there yet. What a position
+// nulls shows which method stands there.
 
 TEST_F(CopyOptDlgMethods, StandInTheOrderOfUse)
 {

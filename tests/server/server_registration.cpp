@@ -3,46 +3,13 @@
 #include "Resources.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {
-std::vector<std::wstring> Sorted(std::vector<std::wstring> lines)
-{
-    std::sort(lines.begin(), lines.end());
-    return lines;
-}
-
 class Registration : public RegistrationFixture
 {
 protected:
-    std::vector<std::wstring> ExpectedOf(const ClassFacts& facts) const
-    {
-        const std::wstring title = std::wstring(facts.name) + L" Class";
-        const std::wstring shown = facts.shownPrefix + std::wstring(facts.name);
-        std::vector<std::wstring> lines;
-        const auto key = [&](const std::wstring& path, const std::wstring& value)
-        {
-            lines.push_back(path);
-            lines.push_back(path + L" [] 1:" + value);
-        };
-        for (const std::wstring& progId : {facts.ProgId(), facts.ProgId() + L".1"})
-        {
-            key(progId, title);
-            key(progId + L"\\CLSID", facts.classId);
-        }
-        key(facts.ProgId() + L"\\CurVer", shown + L".1");
-        key(ClassKey(facts), title);
-        lines.push_back(ClassKey(facts) + L" [TypeLib] 1:" + kLibraryId);
-        key(ClassKey(facts) + L"\\ProgID", shown + L".1");
-        key(ClassKey(facts) + L"\\VersionIndependentProgID", shown);
-        key(ClassKey(facts) + L"\\InprocServer32", ModulePath(module.Handle()));
-        if (facts.apartment)
-            lines.push_back(ClassKey(facts) + L"\\InprocServer32 [ThreadingModel] 1:Apartment");
-        if (facts.programmable)
-            lines.push_back(ClassKey(facts) + L"\\Programmable");
-        return lines;
-    }
-
     std::vector<std::wstring> ExpectedOfAll() const
     {
         std::vector<std::wstring> lines = {L"", L"CLSID"};
@@ -51,7 +18,8 @@ protected:
             const auto more = ExpectedOf(facts);
             lines.insert(lines.end(), more.begin(), more.end());
         }
-        return Sorted(lines);
+        std::sort(lines.begin(), lines.end());
+        return lines;
     }
 
     /// The registry of a machine that has an earlier version of the module and other programs.
@@ -190,6 +158,21 @@ TEST_F(Registration, AFailureReturnsTheSystemsCodeAndTheLogBookSaysWhichKeyAndWh
         EXPECT_NE(book.find(part), std::string::npos) << part << " in " << book;
 }
 
+TEST_F(Registration, IsTakenOutInTheOrderOfTheClasses)
+{
+    for (const ClassFacts& facts : kSevenClasses)
+        Close(facts);
+    EXPECT_EQ(module.UnregisterServer(), E_ACCESSDENIED);
+    std::size_t last = 0;
+    for (const ClassFacts& facts : kSevenClasses)
+    {
+        const std::size_t place = logs.Book().find(LoggedKey(facts));
+        ASSERT_NE(place, std::string::npos) << facts;
+        EXPECT_GT(place, last) << facts;
+        last = place;
+    }
+}
+
 namespace
 {
 /// For every class: its key is the one that cannot be written.
@@ -198,6 +181,19 @@ class FailedRegistration : public Registration, public testing::WithParamInterfa
 };
 INSTANTIATE_TEST_SUITE_P(Classes, FailedRegistration, testing::ValuesIn(kSevenClasses), ClassTestName);
 } // namespace
+
+TEST_P(FailedRegistration, EndsAtTheFirstClassInOrderThatCannotBeWritten)
+{
+    const ClassFacts* closed = kSevenClasses;
+    while (closed->script != GetParam().script)
+        ++closed;
+    for (; closed != std::end(kSevenClasses); ++closed)
+        Close(*closed);
+    EXPECT_EQ(module.RegisterServer(), E_ACCESSDENIED);
+    const std::string book = logs.Book();
+    EXPECT_EQ(std::count(book.begin(), book.end(), '\n'), 1) << book;
+    EXPECT_NE(book.find(LoggedKey(GetParam())), std::string::npos) << book;
+}
 
 TEST_P(FailedRegistration, LeavesAFreshMachineAsItWas)
 {

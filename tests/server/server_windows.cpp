@@ -37,6 +37,18 @@ TEST_F(TypeLibraryRegistration, ThatFailsTakesTheClassesBack)
         << logs.Book();
 }
 
+TEST_F(TypeLibraryRegistration, ComesAfterAllClasses)
+{
+    registry.Put(TypeLibraryKey() + L"\\1.0", L"closed");
+    registry.Deny(TypeLibraryKey() + L"\\1.0");
+    Close(kSevenClasses[6]);
+    EXPECT_EQ(module.RegisterServer(), E_ACCESSDENIED);
+    const std::string book = logs.Book();
+    EXPECT_EQ(book.find("TypeLib"), std::string::npos)
+        << "the last class ended it before the library: " << book;
+    EXPECT_NE(book.find(LoggedKey(kSevenClasses[6])), std::string::npos) << book;
+}
+
 TEST_F(TypeLibraryRegistration, OfAnEarlierInstallIsPutBackByAFailure)
 {
     registry.Put(TypeLibraryKey() + L"\\1.0", L"earlier");

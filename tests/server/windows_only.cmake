@@ -7,7 +7,9 @@ qp_test(typelib_tests SOURCES typelib_test.cpp DEPENDS module_checks LABELS wind
 qp_test(image_tests SOURCES image_test.cpp DEPENDS module_checks version LABELS windows-only)
 target_compile_definitions(image_tests PRIVATE QP_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
 qp_test(regsvr_tests SOURCES regsvr_test.cpp RegistrySnapshot.cpp DEPENDS module_checks LABELS windows-only SERIAL)
+qp_test(moved_module_tests SOURCES moved_module_test.cpp DEPENDS qp_interfaces framework LABELS windows-only)
+add_dependencies(moved_module_tests qp_catalogues)
 
-foreach(test typelib_tests image_tests regsvr_tests)
+foreach(test typelib_tests image_tests regsvr_tests moved_module_tests)
   add_dependencies(${test} qptools qp_sdk)
 endforeach()

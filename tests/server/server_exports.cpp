@@ -1,0 +1,217 @@
+// The application object and the entry points by themselves: behind them stand a base that records its calls
+// and a table of one class whose registration does what the test says.
+#include "ClassTable.h"
+#include "LogFolder.h"
+#include "WinAppDouble.h"
+
+#include "ComModule.h"
+#include "Registrar.h"
+#include "UiState.h"
+#include "WinApp.h"
+
+#include "qptools.h"
+
+#include <objbase.h>
+#include <olectl.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <new>
+#include <stdexcept>
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID reserved);
+
+namespace
+{
+const CLSID kClass = {0x11111111, 1, 1, {1}};
+
+std::function<HRESULT(Registrar& registrar, bool add)> g_registration;
+
+HRESULT Registration(Registrar& registrar, bool add)
+{
+    return g_registration(registrar, add);
+}
+
+void NothingToInit(bool) {}
+} // namespace
+
+ObjectMapEntry qptools::g_classTable[8] = {
+    {&kClass, &Registration, nullptr, nullptr, nullptr, 0, nullptr, nullptr, &NothingToInit},
+};
+
+namespace
+{
+using Calls = std::vector<BaseCall>;
+
+class Exports : public testing::Test
+{
+protected:
+    void SetUp() override { g_base = {}; }
+    void TearDown() override { ComModule::Get().Term(); }
+
+    /// The application object as the loader leaves it.
+    static CWinApp* App()
+    {
+        CWinApp::Get()->m_hInstance = GetModuleHandleW(nullptr);
+        return CWinApp::Get();
+    }
+
+    /// The log book without the time of each line.
+    std::string Book() const
+    {
+        const std::string book = logs.Book();
+        std::string lines;
+        for (std::size_t start = 0; start < book.size(); start = book.find('\n', start) + 1)
+            lines += book.substr(book.find('\t', start) + 1, book.find('\n', start) - book.find('\t', start));
+        return lines;
+    }
+
+    LogFolder logs;
+};
+} // namespace
+
+TEST_F(Exports, InitInstanceStartsTheModuleObjectThenTheBaseOnceAndReturnsItsAnswer)
+{
+    for (const BOOL answer : {TRUE, FALSE, 7})
+    {
+        g_base = {};
+        g_base.init = answer;
+        EXPECT_EQ(App()->InitInstance(), answer);
+        EXPECT_EQ(g_base.calls, (Calls{{"InitInstance", 0, true}}));
+        ComModule::Get().Term();
+    }
+}
+
+TEST_F(Exports, InitInstanceGoesOnToTheBaseWhenTheModuleObjectDoesNotStart)
+{
+    App()->m_hInstance = nullptr; // which the module object refuses
+    for (const BOOL answer : {TRUE, FALSE})
+    {
+        g_base = {};
+        g_base.init = answer;
+        EXPECT_EQ(CWinApp::Get()->InitInstance(), answer);
+        EXPECT_EQ(g_base.calls, (Calls{{"InitInstance", 0, false}}));
+    }
+}
+
+TEST_F(Exports, ExitInstanceEndsTheModuleObjectThenTheBaseOnceAndReturnsItsAnswer)
+{
+    for (const int answer : {0, 3, -1})
+    {
+        App()->InitInstance();
+        g_base = {};
+        g_base.exit = answer;
+        EXPECT_EQ(App()->ExitInstance(), answer);
+        EXPECT_EQ(g_base.calls, (Calls{{"ExitInstance", 0, false}}));
+    }
+}
+
+TEST_F(Exports, UnloadAsksTheBaseOnceInsideTheUiState)
+{
+    App()->InitInstance();
+    g_base.calls.clear();
+    EXPECT_EQ(DllCanUnloadNow(), S_OK);
+    EXPECT_EQ(g_base.calls, (Calls{{"CanUnloadNow", 1, true}}));
+    EXPECT_EQ(CUiState::Depth(), 0);
+}
+
+TEST_F(Exports, UnloadIsAllowedByTheBasesOkAloneAndNothingHeld)
+{
+    App()->InitInstance();
+    for (const HRESULT answer : {S_OK, S_FALSE, E_FAIL, static_cast<HRESULT>(2)})
+    {
+        g_base.unload = answer;
+        EXPECT_EQ(DllCanUnloadNow(), answer == S_OK ? S_OK : S_FALSE) << answer;
+        ComModule::Get().Lock();
+        EXPECT_EQ(DllCanUnloadNow(), S_FALSE) << answer;
+        ComModule::Get().Unlock();
+    }
+}
+
+TEST_F(Exports, TheLoadersEntryHandsInstanceAndReasonOnAndReturnsTheAnswer)
+{
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    for (const DWORD reason : {DLL_PROCESS_ATTACH, DLL_THREAD_ATTACH, DLL_THREAD_DETACH, DLL_PROCESS_DETACH})
+    {
+        for (const BOOL answer : {TRUE, FALSE})
+        {
+            g_base = {};
+            g_base.entry = answer;
+            EXPECT_EQ(DllMain(instance, reason, nullptr), answer);
+            EXPECT_EQ(g_base.calls, (Calls{{"RunModuleEntry", 0, false}}));
+            EXPECT_EQ(g_base.entryInstance, instance);
+            EXPECT_EQ(g_base.entryReason, reason);
+        }
+    }
+}
+
+TEST_F(Exports, RegistrationHandsItsDirectionDownAndASuccessIsNotLogged)
+{
+    App()->InitInstance();
+    std::string asked;
+    g_registration = [&](Registrar&, bool add)
+    {
+        asked += add ? '+' : '-';
+        return S_OK;
+    };
+    EXPECT_EQ(DllRegisterServer(), S_OK);
+    EXPECT_EQ(DllUnregisterServer(), S_OK);
+    EXPECT_EQ(asked, "+-");
+    EXPECT_EQ(Book(), "");
+}
+
+TEST_F(Exports, RegistrationOfAModuleThatDidNotStartIsLogged)
+{
+    EXPECT_EQ(DllRegisterServer(), E_UNEXPECTED);
+    EXPECT_EQ(DllUnregisterServer(), E_UNEXPECTED);
+    const std::string said = "\t0x8000FFFF\t-\tmodule: it has not been started and knows no classes\n";
+    EXPECT_EQ(Book(), "error\tQPTools\tDllRegisterServer\t41" + said +
+                          "error\tQPTools\tDllUnregisterServer\t47" + said);
+}
+
+TEST_F(Exports, RegistrationWithoutMemoryIsLogged)
+{
+    App()->InitInstance();
+    g_registration = [](Registrar&, bool) -> HRESULT
+    {
+        throw std::bad_alloc();
+    };
+    EXPECT_EQ(DllRegisterServer(), E_OUTOFMEMORY);
+    EXPECT_EQ(DllUnregisterServer(), E_OUTOFMEMORY);
+    EXPECT_EQ(Book(), "error\tQPTools\tDllRegisterServer\t41\t0x8007000E\t-\tout of memory\n"
+                      "error\tQPTools\tDllUnregisterServer\t47\t0x8007000E\t-\tout of memory\n");
+}
+
+TEST_F(Exports, RegistrationThatFailsAtNoKeyIsLogged)
+{
+    App()->InitInstance();
+    g_registration = [](Registrar&, bool) -> HRESULT
+    {
+        throw std::runtime_error("anything else");
+    };
+    EXPECT_EQ(DllRegisterServer(), E_FAIL);
+    g_registration = [](Registrar&, bool)
+    {
+        return TYPE_E_REGISTRYACCESS;
+    };
+    EXPECT_EQ(DllUnregisterServer(), TYPE_E_REGISTRYACCESS);
+    EXPECT_EQ(Book(), "error\tQPTools\tDllRegisterServer\t41\t0x80004005\t-\tfailed at no key\n"
+                      "error\tQPTools\tDllUnregisterServer\t47\t0x8002801C\t-\tfailed at no key\n");
+}
+
+TEST_F(Exports, AFailureAtAKeyDoesNotHideAnotherThatEndsTheRegistration)
+{
+    App()->InitInstance();
+    g_registration = [](Registrar& registrar, bool add) -> HRESULT
+    {
+        static_cast<void>(registrar.UpdateScriptText(L"no script", L"here", add));
+        throw std::bad_alloc();
+    };
+    EXPECT_EQ(DllUnregisterServer(), E_OUTOFMEMORY);
+    const std::string book = Book();
+    EXPECT_EQ(book.find("error\tQPTools\tDllUnregisterServer\t47\t0x8007000D\t-\there, line 1: "), 0u)
+        << book;
+    EXPECT_EQ(book.substr(book.find('\n') + 1),
+              "error\tQPTools\tDllUnregisterServer\t47\t0x8007000E\t-\tout of memory\n");
+}
