@@ -1,11 +1,12 @@
 #!/usr/bin/perl
-# Writes the measured part of docs/performance.md from what qp_bench measured:
+# Writes the measured part of docs/performance.md from what qp_bench measured, and says whether the limits hold:
 #
 #   qp_bench --benchmark_repetitions=15 --benchmark_format=csv >bench.csv
 #   bench-table.pl bench.csv docs/performance.md
 #
 # Benchmarks are named subject/contender/rows (the rows may be missing). Of several repetitions the fastest counts: what
 # else the machine does only ever makes a run slower. Everything between the two marker lines of the page is replaced.
+# The page is written whatever was measured; a limit that does not hold is named on standard error, and the exit code is 3.
 use strict;
 use warnings;
 
@@ -14,6 +15,7 @@ die "usage: bench-table.pl MEASURED.csv PAGE.md\n" unless defined $page;
 
 my ($begin, $end) = ('<!-- measured: begin -->', '<!-- measured: end -->');
 my %time;     # {subject}{contender}{rows}: microseconds for one call
+my @limits;   # of what, measured, least, most
 my %in_micro = (ns => 0.001, us => 1, ms => 1000, s => 1_000_000);
 
 open my $in, '<', $csv or die "$csv: $!\n";
@@ -42,6 +44,10 @@ open my $new, '>', $page or die "$page: $!\n";
 print $new $text;
 close $new or die "$page: $!\n";
 
+my @broken = grep { !holds($_) } @limits;
+print STDERR sprintf("bench-table: %s: %.4f, wanted %s\n", $_->[0], $_->[1], wanted($_)) for @broken;
+exit(@broken ? 3 : 0);
+
 sub fields {
     my ($line) = @_;
     chomp $line;
@@ -51,8 +57,32 @@ sub fields {
 }
 
 sub tables {
-    return join "\n", machine(), beside_floor('GetScriptsForAction'), beside_floor('GetScriptCommands'), one_prompt(), lines(),
-        first();
+    my @tables = (machine(), beside_floor('GetScriptsForAction', 1.15, 0), beside_floor('GetScriptCommands', 1.3, 10_000),
+        one_prompt(2), beside_floor('Script picker', 1.3, 10_000), beside_floor('QPSelectDlg', 1.3, 10_000), lookup(1.2),
+        lines(), first());
+    flat('GetScriptsForAction', 10_000, 100_000, 0.2);
+    return join "\n", @tables, limits();
+}
+
+# Asks that the measured number is from `least` to `most`.
+sub limit {
+    my ($what, $measured, $least, $most) = @_;
+    push @limits, [$what, $measured, $least, $most];
+}
+
+sub holds {
+    my ($what, $measured, $least, $most) = @{ $_[0] };
+    return $measured >= $least && $measured <= $most;
+}
+
+sub wanted {
+    my ($what, $measured, $least, $most) = @{ $_[0] };
+    return ($least > 0 ? number($least) . ' to ' : 'at most ') . number($most);
+}
+
+sub limits {
+    return table('Limits', ['', 'measured', 'wanted', 'held'],
+        map { [$_->[0], number($_->[1]), wanted($_), holds($_) ? 'yes' : '**no**'] } @limits);
 }
 
 sub machine {
@@ -81,31 +111,54 @@ sub number {
 
 sub table {
     my ($title, $head, @rows) = @_;
-    my $out = "**$title**\n\n| " . join(' | ', @$head) . " |\n|" . '---:|' x @$head . "\n";
+    my $out = "**$title**\n\n| " . join(' | ', @$head) . " |\n|" . join('|', map { $_ eq '' ? ':---' : '---:' } @$head) . "|\n";
     $out .= '| ' . join(' | ', @$_) . " |\n" for @rows;
     return $out;
 }
 
+# `most` times the floor are wanted from `smallest` rows on.
 sub beside_floor {
-    my ($subject) = @_;
+    my ($subject, $most, $smallest) = @_;
     my @rows;
     for my $n (sizes($subject)) {
         my ($service, $floor) = (of($subject, 'service', $n), of($subject, 'floor', $n));
+        limit("`$subject`, " . number($n) . ' rows: times the floor', $service / $floor, 0, $most) if $n >= $smallest;
         push @rows, [number($n), number($service), number($floor), sprintf('%.2f', $service / $floor),
             number($service * 1000 / $n)];
     }
     return table("`$subject`", ['rows', 'µs', 'floor, µs', 'times the floor', 'ns a row'], @rows);
 }
 
+# One row of the larger result takes as long as one of the smaller, but for that part.
+sub flat {
+    my ($subject, $small, $large, $part) = @_;
+    my ($of_small, $of_large) = (of($subject, 'service', $small) / $small, of($subject, 'service', $large) / $large);
+    limit("`$subject`, a row of " . number($large) . ' beside one of ' . number($small), $of_large / $of_small, 1 - $part,
+        1 + $part);
+}
+
 sub one_prompt {
+    my ($most) = @_;
     my $subject = 'GetScriptCommands';
     my @rows;
     for my $n (sizes($subject)) {
         my ($different, $same) = (of($subject, 'service', $n), of($subject, 'one prompt', $n));
-        push @rows, [number($n), number($different), number($same), sprintf('%.2f', $same / $different)];
+        limit("`$subject`, " . number($n) . ' rows with one prompt: times as long as all different', $same / $different, 0,
+            $most);
+        push @rows, [number($n), number($different), number($same), sprintf('%.2f', $same / $different),
+            number($same * 1000 / $n)];
     }
     return table("`$subject`, all rows with one prompt",
-        ['rows', 'all different, µs', 'all the same, µs', 'times as long'], @rows);
+        ['rows', 'all different, µs', 'all the same, µs', 'times as long', 'ns a row'], @rows);
+}
+
+# Beside the same host calls in a bare chain.
+sub lookup {
+    my ($most) = @_;
+    my ($service, $floor) = (of('GetProject', 'service'), of('GetProject', 'floor'));
+    limit('`GetProject`: times the floor', $service / $floor, 0, $most);
+    return table('`GetProject` of a sub-component item',
+        ['', 'µs'], ['`GetProject`', number($service)], ['the same host calls in a bare chain', number($floor)]);
 }
 
 sub lines {

@@ -41,7 +41,10 @@ Arguments ReadArguments()
         if (word == L"--db" && hasValue)
             arguments.database = ToPath(words[++index]);
         else if (word == L"--sample" && hasValue)
+        {
             arguments.sample = ToPath(words[++index]);
+            arguments.sampleNamed = true;
+        }
         else if (word == L"--register")
             arguments.registerModule = true;
         else if (word == L"--help")
@@ -55,7 +58,12 @@ Arguments ReadArguments()
 std::wstring UsageText()
 {
     return L"usage: qpdemo [--db FILE] [--sample FOLDER] [--register]\n"
-           L"  --db FILE        keep the plant in FILE; a plant that is there already is used as it is\n"
-           L"  --sample FOLDER  load the sample data of FOLDER instead of the one beside the program\n"
-           L"  --register       register the module for this process first";
+           L"  --db FILE        keep the plant in FILE: a new or empty file gets the sample data, a plant "
+           L"that is there\n"
+           L"                   already is used as it is and gets nothing\n"
+           L"  --sample FOLDER  load the sample data of FOLDER instead of the one beside the program; not "
+           L"together with\n"
+           L"                   a plant that is there already\n"
+           L"  --register       register the module for this process first\n"
+           L"exit code: 0 everything held, 1 something did not or could not be done, 2 wrong arguments";
 }

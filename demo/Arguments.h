@@ -8,6 +8,7 @@ struct Arguments
 {
     std::filesystem::path database; ///< empty: a plant in memory
     std::filesystem::path sample;   ///< the sample data; the folder "sample" beside the program unless named
+    bool sampleNamed = false;       ///< the sample data were named
     bool registerModule = false;    ///< register the module for this process before it is used
     bool help = false;
     std::wstring error; ///< what is wrong with the arguments, if anything is

@@ -1,46 +1,15 @@
 #include "Demo.h"
 
 #include "DemoLog.h"
-#include "Results.h"
+#include "HostCalls.h"
+#include "Utf8.h"
 
 #include <objbase.h>
 
-#include <set>
+#include <algorithm>
 
 namespace
 {
-constexpr int kBefore = 1;
-constexpr int kAfter = 0;
-constexpr int kContextMenu = 1;
-constexpr int kPropertiesSheet = 2;
-
-// The action types of the sample plant.
-constexpr int kCreate = 1;
-constexpr int kChange = 2;
-
-constexpr ActionCase kActionCases[] = {
-    {L"After a weld is created: its plan type and both masters count", L"Body Shop", L"orvoplantype_workcell",
-     L"Welding", kCreate, kAfter, 6},
-    {L"Before a weld is created", L"Body Shop", L"orvoplantype_workcell", L"Welding", kCreate, kBefore, 2},
-    {L"After a turning step is created: no masters", L"Machining", L"orvoplantype_work", L"Turning", kCreate,
-     kAfter, 2},
-    {L"After a machine is created: by type, the set has a master", L"Body Shop", L"machine", nullptr, kCreate,
-     kAfter, 4},
-    {L"After a work step is created: the general type counts too", L"Body Shop", L"orvoplantype_work",
-     nullptr, kCreate, kAfter, 4},
-    {L"After a tool is changed: by type, no master", L"Machining", L"tool", nullptr, kChange, kAfter, 1},
-};
-
-constexpr CommandCase kCommandCases[] = {
-    {L"Context menu of a weld: masters count, repeated names are told apart", L"Body Shop",
-     L"orvoplantype_workcell", L"Welding", kContextMenu, 14},
-    {L"Properties sheet of a weld", L"Body Shop", L"orvoplantype_workcell", L"Welding", kPropertiesSheet, 5},
-    {L"Context menu of a turning step: no masters", L"Machining", L"orvoplantype_work", L"Turning",
-     kContextMenu, 2},
-    {L"Context menu of a robot, by type: a macro takes the place of a script of its name", L"Body Shop",
-     L"robot", nullptr, kContextMenu, 3},
-};
-
 /// An owning BSTR for an argument.
 class CText
 {
@@ -74,6 +43,73 @@ std::wstring Shown(const wchar_t* text)
 {
     return text ? std::wstring(L"\"") + text + L"\"" : L"none";
 }
+
+/// The arguments that both kinds of searches have in common.
+struct Question
+{
+    IScriptActionAndCommandManager* manager;
+    IQP_Query* query;
+    IQP_BaseDataObject* planTypeSet;
+    BSTR typeName;
+    IQP_BaseDataObject* planType;
+    VARIANT* result;
+};
+
+void PrintContext(const SearchContext& context, const std::wstring& more)
+{
+    PrintLine(std::wstring(L"\n") + context.title);
+    PrintLine(std::wstring(L"  plan type set ") + Shown(context.planTypeSet) + L", type " +
+              Shown(context.typeName) + L", plan type " + Shown(context.planType) + more);
+}
+
+void PrintTable(std::vector<std::wstring> headings, const ShownRows& rows)
+{
+    CTable table(std::move(headings));
+    for (const std::vector<std::wstring>& row : rows)
+        table.AddRow(row);
+    table.Print();
+}
+
+std::wstring ModeText(const std::wstring& mode)
+{
+    if (mode == L"0")
+        return L"all objects at once";
+    return mode == L"1" ? L"each object" : L"no mode but \"" + mode + L"\"";
+}
+
+/// The user's order of names, in which commands come.
+bool ComesBefore(const std::vector<std::wstring>& first, const std::vector<std::wstring>& second)
+{
+    const CText firstName(first.front().c_str());
+    const CText secondName(second.front().c_str());
+    return VarBstrCmp(firstName.get(), secondName.get(), LOCALE_USER_DEFAULT, 0) ==
+           static_cast<HRESULT>(VARCMP_LT);
+}
+
+std::wstring InOneLine(const std::vector<std::wstring>& row)
+{
+    std::wstring line;
+    for (const std::wstring& cell : row)
+        line += (line.empty() ? L"" : L" | ") + cell;
+    return line;
+}
+
+/// A line of the log with "<time stamp>" where it has one.
+std::wstring WithoutTime(const std::wstring& line)
+{
+    const std::wstring shape = L"Date/Time 0000-00-00 @ 00:00:00";
+    const std::size_t start = line.find(L"Date/Time ");
+    if (start == std::wstring::npos || line.size() != start + shape.size())
+        return line;
+    for (std::size_t i = 0; i < shape.size(); ++i)
+    {
+        const wchar_t character = line[start + i];
+        const bool isDigit = character >= L'0' && character <= L'9';
+        if (shape[i] == L'0' ? !isDigit : character != shape[i])
+            return line;
+    }
+    return line.substr(0, start) + L"<time stamp>";
+}
 } // namespace
 
 CDemo::CDemo(std::unique_ptr<refhost::Plant> plant)
@@ -84,10 +120,10 @@ CDemo::CDemo(std::unique_ptr<refhost::Plant> plant)
 bool CDemo::Run()
 {
     PrintLine(Underlined(L"Scripts for an action"));
-    for (const ActionCase& search : kActionCases)
+    for (const ActionCase& search : ActionCases())
         ShowScripts(search);
     PrintLine(Underlined(L"Commands"));
-    for (const CommandCase& search : kCommandCases)
+    for (const CommandCase& search : CommandCases())
         ShowCommands(search);
     PrintLine(Underlined(L"User action log"));
     ShowLog();
@@ -103,83 +139,108 @@ bool CDemo::Run()
 
 void CDemo::ShowScripts(const ActionCase& search)
 {
-    PrintLine(std::wstring(L"\n") + search.title);
-    PrintLine(std::wstring(L"  plan type set ") + Shown(search.planTypeSet) + L", type " +
-              Shown(search.typeName) + L", plan type " + Shown(search.planType) + L", action type " +
-              std::to_wstring(search.actionType) +
-              (search.beforeAfter == kBefore ? L", before" : L", after"));
-    // One object a call: its result is one search's alone.
-    const ComPtr<IScriptActionAndCommandManager> manager = NewManager();
-    const ComPtr<IQP_BaseDataObject> planTypeSet = Find(L"plantypeset", search.planTypeSet);
-    const ComPtr<IQP_BaseDataObject> planType =
-        search.planType ? Find(L"plantype", search.planType) : nullptr;
-    const ComPtr<IQP_Query> query = m_plant->NewQuery();
-    if (!manager || !planTypeSet)
-        return;
-
+    PrintContext(search.context, L", action type " + std::to_wstring(search.actionType) +
+                                     (search.beforeAfter == kBefore ? L", before" : L", after"));
     CVariantHolder result;
-    m_plant->Calls().Clear();
-    const HRESULT status =
-        manager->GetScriptsForAction(query.get(), planTypeSet.get(), CText(search.typeName).get(),
-                                     planType.get(), search.actionType, search.beforeAfter, result.get());
-    const long rows = RowsOf(result.value(), 2);
-    CountHostCalls(search.title, rows);
-    Expect(status == S_OK, std::wstring(search.title) + L": the status is 0");
-    Expect(rows == search.rows, std::wstring(search.title) + L": " + std::to_wstring(search.rows) + L" rows");
-
-    CTable table({L"Action", L"Sequence", L"Script"});
-    long last = 0;
-    for (long row = 0; row < rows; ++row)
+    const long count = Ask(search.context, 2, result,
+                           [&](const Question& ask)
+                           {
+                               return ask.manager->GetScriptsForAction(
+                                   ask.query, ask.planTypeSet, ask.typeName, ask.planType, search.actionType,
+                                   search.beforeAfter, ask.result);
+                           });
+    if (count < 0)
+        return;
+    CheckHostCalls(search.context, search.hostCalls, search.calls);
+    ShownRows rows;
+    for (long row = 0; row < count; ++row)
     {
         const ComPtr<IQP_BaseDataObject> action = ObjectCell(result.value(), row, 0);
         const ComPtr<IQP_BaseDataObject> script = ObjectCell(result.value(), row, 1);
-        const std::wstring sequence = AttributeText(action.get(), L"m_iSequence");
-        const long number = std::wcstol(sequence.c_str(), nullptr, 10);
-        Expect(action && script && number >= last, std::wstring(search.title) + L": in ascending sequence");
-        last = number;
-        table.AddRow({AttributeText(action.get(), L"name"), sequence, AttributeText(script.get(), L"name")});
+        rows.push_back({AttributeText(action.get(), L"name"), AttributeText(action.get(), L"m_iSequence"),
+                        AttributeText(script.get(), L"name")});
     }
-    table.Print();
+    CheckRows(search.context, rows, search.rows);
+    PrintTable({L"Action", L"Sequence", L"Script"}, rows);
 }
 
 void CDemo::ShowCommands(const CommandCase& search)
 {
-    PrintLine(std::wstring(L"\n") + search.title);
-    PrintLine(std::wstring(L"  plan type set ") + Shown(search.planTypeSet) + L", type " +
-              Shown(search.typeName) + L", plan type " + Shown(search.planType));
+    PrintContext(search.context, L"");
+    CVariantHolder result;
+    const long count =
+        Ask(search.context, 3, result,
+            [&](const Question& ask)
+            {
+                return ask.manager->GetScriptCommands(ask.query, ask.planTypeSet, ask.typeName, ask.planType,
+                                                      search.userInterfaceType, nullptr, ask.result);
+            });
+    if (count < 0)
+        return;
+    CheckHostCalls(search.context, search.hostCalls, search.calls);
+    ShownRows rows;
+    for (long row = 0; row < count; ++row)
+    {
+        const ComPtr<IQP_BaseDataObject> script = ObjectCell(result.value(), row, 1);
+        rows.push_back({TextCell(result.value(), row, 0),
+                        script ? L"script " + AttributeText(script.get(), L"name")
+                               : L"macro " + TextCell(result.value(), row, 1),
+                        ModeText(TextCell(result.value(), row, 2))});
+    }
+    ShownRows expected = search.rows;
+    std::sort(expected.begin(), expected.end(), ComesBefore);
+    CheckRows(search.context, rows, expected);
+    PrintTable({L"Command", L"Runs", L"For"}, rows);
+}
+
+template <class Method>
+long CDemo::Ask(const SearchContext& context, long columns, CVariantHolder& result, Method&& method)
+{
+    // One object a call: its result is one search's alone.
     const ComPtr<IScriptActionAndCommandManager> manager = NewManager();
-    const ComPtr<IQP_BaseDataObject> planTypeSet = Find(L"plantypeset", search.planTypeSet);
+    const ComPtr<IQP_BaseDataObject> planTypeSet = Find(L"plantypeset", context.planTypeSet);
     const ComPtr<IQP_BaseDataObject> planType =
-        search.planType ? Find(L"plantype", search.planType) : nullptr;
+        context.planType ? Find(L"plantype", context.planType) : nullptr;
     const ComPtr<IQP_Query> query = m_plant->NewQuery();
     if (!manager || !planTypeSet)
-        return;
+        return -1;
 
-    CVariantHolder result;
     m_plant->Calls().Clear();
-    const HRESULT status =
-        manager->GetScriptCommands(query.get(), planTypeSet.get(), CText(search.typeName).get(),
-                                   planType.get(), search.userInterfaceType, nullptr, result.get());
-    const long rows = RowsOf(result.value(), 3);
-    CountHostCalls(search.title, rows);
-    Expect(status == S_OK, std::wstring(search.title) + L": the status is 0");
-    Expect(rows == search.rows, std::wstring(search.title) + L": " + std::to_wstring(search.rows) + L" rows");
+    m_plant->Calls().Record(true);
+    const CText typeName(context.typeName);
+    const HRESULT status = method(Question{manager.get(), query.get(), planTypeSet.get(), typeName.get(),
+                                           planType.get(), result.get()});
+    m_plant->Calls().Record(false);
+    Expect(status == S_OK, std::wstring(context.title) + L": the status is 0");
+    const long rows = RowsOf(result.value(), columns);
+    Expect(rows >= 0, std::wstring(context.title) + L": the result is a table");
+    m_hostCalls.AddRow({context.title, std::to_wstring(rows), std::to_wstring(m_plant->Calls().Count())});
+    return rows;
+}
 
-    CTable table({L"Command", L"Runs", L"For"});
-    std::set<std::wstring> names;
-    for (long row = 0; row < rows; ++row)
+void CDemo::CheckHostCalls(const SearchContext& context, int count, const char* calls)
+{
+    const refhost::CallGate& gate = m_plant->Calls();
+    Expect(gate.Count() == count,
+           std::wstring(context.title) + L": " + std::to_wstring(count) + L" host calls");
+    const std::string made = InWords(gate.Calls());
+    const std::string expected = OnOneLine(calls);
+    if (made == expected)
+        return;
+    const auto [first, unused] = std::mismatch(made.begin(), made.end(), expected.begin(), expected.end());
+    Expect(false, std::wstring(context.title) + L": the host calls and their order, from here on: " +
+                      FromUtf8(made.substr(static_cast<std::size_t>(first - made.begin()), 80)));
+}
+
+void CDemo::CheckRows(const SearchContext& context, const ShownRows& rows, const ShownRows& expected)
+{
+    Expect(rows.size() == expected.size(),
+           std::wstring(context.title) + L": " + std::to_wstring(expected.size()) + L" rows");
+    for (std::size_t row = 0; row < std::min(rows.size(), expected.size()); ++row)
     {
-        const std::wstring name = TextCell(result.value(), row, 0);
-        const std::wstring mode = TextCell(result.value(), row, 2);
-        const ComPtr<IQP_BaseDataObject> script = ObjectCell(result.value(), row, 1);
-        Expect(names.insert(name).second, L"the name \"" + name + L"\" is unique");
-        Expect(mode == L"0" || mode == L"1", L"\"" + name + L"\" has a mode");
-        table.AddRow({name,
-                      script ? L"script " + AttributeText(script.get(), L"name")
-                             : L"macro " + TextCell(result.value(), row, 1),
-                      mode == L"0" ? L"all objects at once" : L"each object"});
+        Expect(rows[row] == expected[row], std::wstring(context.title) + L": row " +
+                                               std::to_wstring(row + 1) + L" is " + InOneLine(expected[row]));
     }
-    table.Print();
 }
 
 void CDemo::ShowLog()
@@ -197,12 +258,25 @@ void CDemo::ShowLog()
            L"an action is written");
     Expect(log->WriteLine(CText(L"done\n").get()) == S_OK, L"a line is written");
 
+    const std::vector<std::wstring> expected = {L"qpdemo started at  <time stamp>",
+                                                L"<time stamp>",
+                                                L"# --> Release",
+                                                L"Object ID: 4711",
+                                                L"Object GUID: {0B1E8C6A-52D3-4B0E-9E37-6C1D4A9F7E21}",
+                                                L"Configured Name of Object: Weld left door",
+                                                L"(Plan-)Type: Operation",
+                                                L"# <-- ",
+                                                L"done"};
     const std::vector<std::wstring> lines = LinesBehind(file, before);
     for (const std::wstring& line : lines)
         PrintLine(L"  " + line);
-    Expect(lines.size() == 9 && lines.front().starts_with(L"qpdemo started at  Date/Time ") &&
-               lines.back() == L"done",
-           L"the log holds what was written");
+    Expect(lines.size() == expected.size(),
+           L"the log grows by " + std::to_wstring(expected.size()) + L" lines");
+    for (std::size_t line = 0; line < std::min(lines.size(), expected.size()); ++line)
+    {
+        Expect(WithoutTime(lines[line]) == expected[line],
+               L"line " + std::to_wstring(line + 1) + L" of the log is \"" + expected[line] + L"\"");
+    }
 }
 
 void CDemo::ShowHostCalls() const
@@ -222,11 +296,6 @@ ComPtr<IQP_BaseDataObject> CDemo::Find(const wchar_t* table, const wchar_t* name
     ComPtr<IQP_BaseDataObject> object = m_plant->Find(table, name);
     Expect(static_cast<bool>(object), std::wstring(L"the plant has the ") + table + L" \"" + name + L"\"");
     return object;
-}
-
-void CDemo::CountHostCalls(const wchar_t* title, long rows)
-{
-    m_hostCalls.AddRow({title, std::to_wstring(rows), std::to_wstring(m_plant->Calls().Count())});
 }
 
 void CDemo::Expect(bool held, const std::wstring& what)

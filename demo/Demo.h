@@ -1,6 +1,8 @@
 // The demonstration: what the components answer on the sample plant, printed as tables and checked.
 #pragma once
 
+#include "DemoCases.h"
+#include "Results.h"
 #include "Table.h"
 
 #include "Plant.h"
@@ -12,29 +14,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-/// A search for the scripts of an action, and what the sample plant holds for it.
-struct ActionCase
-{
-    const wchar_t* title;
-    const wchar_t* planTypeSet;
-    const wchar_t* typeName;
-    const wchar_t* planType; ///< null: a search by type
-    int actionType;
-    int beforeAfter; ///< 0 after, 1 before
-    long rows;
-};
-
-/// A search for commands, and what the sample plant holds for it.
-struct CommandCase
-{
-    const wchar_t* title;
-    const wchar_t* planTypeSet;
-    const wchar_t* typeName;
-    const wchar_t* planType; ///< null: a search by type
-    int userInterfaceType;   ///< 1 context menu, 2 properties sheet
-    long rows;
-};
 
 class CDemo
 {
@@ -51,9 +30,16 @@ private:
     void ShowLog();
     void ShowHostCalls() const;
 
+    /// Calls `method`, which gets a new script service, the query, the objects of the context and the variant
+    /// for the result, and looks at its status and at what it cost the host. Returns the number of rows, -1
+    /// without a result.
+    template <class Method>
+    long Ask(const SearchContext& context, long columns, CVariantHolder& result, Method&& method);
+    void CheckHostCalls(const SearchContext& context, int count, const char* calls);
+    void CheckRows(const SearchContext& context, const ShownRows& rows, const ShownRows& expected);
+
     ComPtr<IScriptActionAndCommandManager> NewManager();
     ComPtr<IQP_BaseDataObject> Find(const wchar_t* table, const wchar_t* name);
-    void CountHostCalls(const wchar_t* title, long rows);
     void Expect(bool held, const std::wstring& what);
 
     std::unique_ptr<refhost::Plant> m_plant;

@@ -15,14 +15,41 @@
 
 namespace
 {
+bool HoldsSomething(const std::filesystem::path& file)
+{
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    return !error && size > 0;
+}
+
+/// A new plant with the sample data. Where these cannot be loaded there is no file afterwards that would pass
+/// for a plant the next time.
+std::unique_ptr<refhost::Plant> MakePlant(const Arguments& arguments)
+{
+    auto plant =
+        arguments.database.empty() ? refhost::Plant::OpenMemory() : refhost::Plant::Open(arguments.database);
+    try
+    {
+        plant->Load(arguments.sample);
+    }
+    catch (const refhost::PlantError&)
+    {
+        plant.reset();
+        std::error_code ignored;
+        if (!arguments.database.empty())
+            std::filesystem::remove(arguments.database, ignored);
+        throw;
+    }
+    return plant;
+}
+
 std::unique_ptr<refhost::Plant> OpenPlant(const Arguments& arguments)
 {
-    const bool kept = !arguments.database.empty();
-    const bool existed = kept && std::filesystem::exists(arguments.database);
-    auto plant = kept ? refhost::Plant::Open(arguments.database) : refhost::Plant::OpenMemory();
-    if (!existed)
-        plant->Load(arguments.sample);
-    return plant;
+    if (arguments.database.empty() || !HoldsSomething(arguments.database))
+        return MakePlant(arguments);
+    if (arguments.sampleNamed)
+        throw refhost::PlantError("the plant is there already: --sample is for a new one");
+    return refhost::Plant::Open(arguments.database);
 }
 
 /// Registers the module for this process, which wants no registry of the machine's where that is in memory.
@@ -57,6 +84,8 @@ int main()
         PrintLine(arguments.help ? UsageText() : L"qpdemo: " + arguments.error + L"\n" + UsageText());
         return arguments.help ? 0 : 2;
     }
+    // The sample data and the texts to compare with are in English, whatever the user's language is.
+    SetEnvironmentVariableW(L"QPTOOLS_LANG", L"en");
     if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
         return 1;
     int result = 1;

@@ -33,8 +33,12 @@ public:
     /// `IQPObjectRights<script Report>::HasRight(4)`.
     const std::vector<std::string>& Calls() const { return m_calls; }
 
-    /// Forgets recorded calls and counts. A planned fault stays planned.
+    /// Forgets recorded calls and counts. A planned fault stays planned, and misuses are not forgotten.
     void Clear();
+
+    /// The calls so far that handed a variant in for an output with something in it, or never initialised:
+    /// "IQP_BaseDataObject::GetAttribute". What it held is lost. The call itself goes on as any other.
+    const std::vector<std::string>& Misuses() const { return m_misuses; }
 
     /// Calls since the last Clear.
     long long Count() const { return m_count; }
@@ -75,6 +79,8 @@ public:
         return Judge();
     }
 
+    void NoteMisuse(const char* method) { m_misuses.emplace_back(method); }
+
 private:
     void Wait() const;
     Verdict Judge();
@@ -82,6 +88,7 @@ private:
     bool m_recording = false;
     bool m_struck = false;
     std::vector<std::string> m_calls;
+    std::vector<std::string> m_misuses;
     std::map<std::string_view, long long> m_counts;
     long long m_count = 0;
     long long m_failing = 0;

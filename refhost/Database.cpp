@@ -6,11 +6,24 @@
 
 namespace refhost
 {
+namespace
+{
+/// SQLite calls this when a statement begins to run.
+int CountStatement(unsigned /*event*/, void* count, void* /*statement*/, void* /*text*/)
+{
+    ++*static_cast<long long*>(count);
+    return 0;
+}
+} // namespace
+
 Database::Database(const std::string& name)
 {
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
     if (sqlite3_open_v2(name.c_str(), &m_connection, flags, nullptr) == SQLITE_OK)
+    {
+        sqlite3_trace_v2(m_connection, SQLITE_TRACE_STMT, &CountStatement, &m_statements);
         return;
+    }
     const std::string reason = m_connection ? sqlite3_errmsg(m_connection) : "out of memory";
     sqlite3_close(m_connection);
     throw PlantError(name + ": " + reason);

@@ -30,6 +30,9 @@ public:
 
     long long LastInsertedId() const;
 
+    /// How many statements SQLite has begun to run on this connection.
+    long long Statements() const { return m_statements; }
+
 private:
     friend class Statement;
     sqlite3_stmt* Take(const std::string& sql);
@@ -37,6 +40,7 @@ private:
     [[noreturn]] void Fail() const;
 
     sqlite3* m_connection = nullptr;
+    long long m_statements = 0;
     std::unordered_map<std::string, sqlite3_stmt*> m_idle;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CallText.h"
+#include "HostWork.h"
 #include "PlantCore.h"
 #include "PlantError.h"
 #include "StatusError.h"
@@ -17,6 +18,7 @@ struct Out
 {
     T* target;
     bool Given() const { return target != nullptr; }
+    bool Fresh() const { return true; }
     void Empty() const { *target = T{}; }
     void GiveNull() const {}
 };
@@ -28,6 +30,8 @@ struct Out<VARIANT>
 {
     VARIANT* target;
     bool Given() const { return target != nullptr; }
+    /// A caller initialises every variant before the call and clears it afterwards.
+    bool Fresh() const { return target->vt == VT_EMPTY; }
     void Empty() const { VariantInit(target); }
     void GiveNull() const
     {
@@ -41,6 +45,7 @@ struct InOut
 {
     VARIANT* target;
     bool Given() const { return target != nullptr; }
+    bool Fresh() const { return true; }
     void Empty() const { VariantClear(target); }
     void GiveNull() const {}
 };
@@ -53,6 +58,7 @@ struct Batch
     T** elements;
     ULONG* fetched;
     bool Given() const { return elements && fetched; }
+    bool Fresh() const { return true; }
     void Empty() const
     {
         std::fill(elements, elements + wanted, nullptr);
@@ -66,17 +72,20 @@ Batch(ULONG, T**, ULONG*) -> Batch<T>;
 /// Runs `body`, which returns the call's status, as one host call.
 ///
 /// `describe` gives the line to record. `outputs` is a tuple of the call's outputs: one that is null gives
-/// E_POINTER, all are emptied before anything else. Returns the status of the body or of the injected fault;
-/// E_OUTOFMEMORY when memory runs out; E_FAIL for a failure of the database, whose message
-/// PlantCore::lastError keeps.
+/// E_POINTER, all are emptied before anything else; one that the caller should have left empty is noted.
+/// Returns the status of the body or of the injected fault; E_OUTOFMEMORY when memory runs out; E_FAIL for a
+/// failure of the database, whose message PlantCore::lastError keeps.
 template <class Describe, class Outputs, class Body>
 HRESULT HostCall(PlantCore& core, const char* method, Describe&& describe, const Outputs& outputs,
                  Body&& body) noexcept
 try
 {
+    const HostWork atWork;
     const CallGate::Verdict verdict = core.gate.Enter(method, describe);
     if (!std::apply([](const auto&... out) { return (out.Given() && ...); }, outputs))
         return E_POINTER;
+    if (!std::apply([](const auto&... out) { return (out.Fresh() && ...); }, outputs))
+        core.gate.NoteMisuse(method);
     std::apply([](const auto&... out) { (out.Empty(), ...); }, outputs);
     if (verdict.fault == Fault::None)
         return body();

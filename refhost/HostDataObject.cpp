@@ -5,6 +5,7 @@
 #include "HostEnumerator.h"
 #include "HostText.h"
 #include "HostVariant.h"
+#include "HostWork.h"
 #include "SqlVariant.h"
 
 #include <new>
@@ -14,9 +15,6 @@ namespace refhost
 {
 namespace
 {
-/// By this identifier a data object tells another object of the reference host who it is.
-constexpr IID kOwnIdentity = {0x5f2e7a3c, 0x91b4, 0x4d0e, {0x8c, 0x57, 0x2b, 0xe6, 0x90, 0x14, 0xfd, 0x3a}};
-
 /// GetAttributes: some of the attributes asked for could not be read.
 constexpr HRESULT kSomeUnreadable = static_cast<HRESULT>(0x8004035E);
 
@@ -59,6 +57,7 @@ void* HostDataObject::Interface(REFIID iid) noexcept
 
 bool HostDataObject::OffersRights() noexcept
 {
+    const HostWork atWork;
     try
     {
         Statement statement(m_core->database, R"(SELECT 1 FROM "objectright" WHERE "object" = ?1)");
@@ -195,12 +194,7 @@ HRESULT HostDataObject::IsDerivedFromClass(BSTR className)
 {
     return Call(
         "IQP_BaseDataObject::IsDerivedFromClass", std::tuple(),
-        [&]
-        {
-            const std::string name = ToUtf8(TextOf(className));
-            return name == m_kind.className || name == kBaseClass ? S_OK : S_FALSE;
-        },
-        className);
+        [&] { return m_kind.IsOf(ToUtf8(TextOf(className))) ? S_OK : S_FALSE; }, className);
 }
 
 HRESULT HostDataObject::HasRight(enum QPRightType right)

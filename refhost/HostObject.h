@@ -1,10 +1,12 @@
-// Reference counting and QueryInterface for the host's objects, and how many of them are alive.
+// Reference counting and QueryInterface for the host's objects, how many of them are alive, and what they are
+// asked for.
 #pragma once
 
 #include <unknwn.h>
 #include <windows.h>
 
 #include <atomic>
+#include <vector>
 
 namespace refhost
 {
@@ -24,6 +26,34 @@ private:
     static inline std::atomic<long> s_alive{0};
 };
 
+/// By this identifier a data object tells another object of the reference host who it is.
+inline constexpr IID kOwnIdentity = {
+    0x5f2e7a3c, 0x91b4, 0x4d0e, {0x8c, 0x57, 0x2b, 0xe6, 0x90, 0x14, 0xfd, 0x3a}};
+
+/// The interfaces that the objects in the process are asked for, by whoever and also in vain, while they are
+/// noted.
+class AskedInterfaces
+{
+public:
+    /// Begins with an empty list, or ends.
+    static void Note(bool on)
+    {
+        s_noting = on;
+        if (on)
+            s_list.clear();
+    }
+    static const std::vector<IID>& List() { return s_list; }
+    static void Add(REFIID iid)
+    {
+        if (s_noting && iid != kOwnIdentity)
+            s_list.push_back(iid);
+    }
+
+private:
+    static inline bool s_noting = false;
+    static inline std::vector<IID> s_list;
+};
+
 /// Base of the final class `Derived`, which implements the interfaces `First` and `Rest`. An object starts
 /// with no reference; whoever makes it takes the first one, by a ComPtr.
 template <class Derived, class First, class... Rest>
@@ -34,6 +64,7 @@ public:
     {
         if (!found)
             return E_POINTER;
+        AskedInterfaces::Add(iid);
         *found = static_cast<Derived*>(this)->Interface(iid);
         if (!*found)
             return E_NOINTERFACE;

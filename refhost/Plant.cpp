@@ -113,8 +113,23 @@ const std::string& Plant::LastError() const
     return m_core->lastError;
 }
 
+long long Plant::Statements() const
+{
+    return m_core->database.Statements();
+}
+
 long Plant::LiveObjects()
 {
     return LiveObject::Alive();
+}
+
+void Plant::NoteInterfaces(bool on)
+{
+    refhost::AskedInterfaces::Note(on);
+}
+
+const std::vector<IID>& Plant::AskedInterfaces()
+{
+    return refhost::AskedInterfaces::List();
 }
 } // namespace refhost

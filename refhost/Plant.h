@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace refhost
 {
@@ -58,8 +59,17 @@ public:
     const std::string& LastSql() const;
     const std::string& LastError() const;
 
+    /// How many SQL statements have begun to run since the plant was opened.
+    long long Statements() const;
+
     /// All COM objects of all plants that are alive in the process.
     static long LiveObjects();
+
+    /// Begins, with an empty list, or ends noting which interfaces the objects of all plants are asked for.
+    static void NoteInterfaces(bool on);
+
+    /// What has been noted: every QueryInterface in order, answered or not.
+    static const std::vector<IID>& AskedInterfaces();
 
     /// What its objects share; for the reference host itself.
     const std::shared_ptr<PlantCore>& Shared() const { return m_core; }

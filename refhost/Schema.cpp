@@ -16,7 +16,7 @@ constexpr auto Object = ColumnType::Object;
 
 /// Marks a SQLite file as a plant, and which form its tables have.
 constexpr long long kApplicationId = 0x51504C54;
-constexpr long long kSchemaVersion = 1;
+constexpr long long kSchemaVersion = 2;
 
 Kind RootKind()
 {
@@ -144,6 +144,66 @@ Kind ScriptCommandKind()
             {}};
 }
 
+Kind ItemKind()
+{
+    return {"orvoitem",
+            "orvoitem",
+            "XDOOrvoItem",
+            true,
+            {{"m_name", "name"},
+             {"m_pOrvoProject", "orvoproject", Object, "project"},
+             {"m_pPlanType", "orvoplantype", Object, "plantype"}},
+            {}};
+}
+
+/// A component of a work system is an item that belongs to no project.
+Kind WorkSystemComponentKind()
+{
+    return {"orvowsc",
+            "orvowsc",
+            "XDOWorkSystemComponent",
+            true,
+            {{"m_name", "name"},
+             {"m_pOrvoProject", "orvoproject", Object, "project"},
+             {"m_pPlanType", "orvoplantype", Object, "plantype"}},
+            {},
+            {"XDOOrvoItem"}};
+}
+
+Kind CompBaseKind()
+{
+    return {"orvocompbase",
+            "orvocompbase",
+            "XDOOrvoCompBase",
+            true,
+            {{"m_name", "name"}, {"m_pOrvoProject", "orvoproject", Object, "project"}},
+            {}};
+}
+
+Kind SubComponentKind()
+{
+    return {"subcompitem",
+            "subcompitem",
+            "XDOSubCompItem",
+            true,
+            {{"m_name", "name"},
+             {"m_pOrvoProject", "orvoproject", Object, "project"},
+             {"m_pOrvoCompBase", "orvocompbase", Object, "orvocompbase"}},
+            {}};
+}
+
+Kind RelationshipKind()
+{
+    return {"relationship",
+            "relationship",
+            "XDORelationship",
+            false,
+            {{"m_name", "name"},
+             {"m_pRelationObject1", "relationobject1", Object, "orvoitem"},
+             {"m_pRelationObject2", "relationobject2", Object, "orvoitem"}},
+            {}};
+}
+
 template <class Items, class Test>
 auto FindIn(const Items& items, Test test) -> decltype(items.data())
 {
@@ -226,11 +286,18 @@ const ChildList* Kind::FindChildren(std::string_view list) const
     return FindIn(children, [list](const ChildList& c) { return list == c.name; });
 }
 
+bool Kind::IsOf(std::string_view name) const
+{
+    return name == className || name == kBaseClass ||
+           FindIn(moreClasses, [name](auto c) { return name == c; });
+}
+
 const std::vector<Kind>& Kinds()
 {
-    static const std::vector<Kind> kinds = {RootKind(),         ProjectKind(),      PlanTypeSetKind(),
-                                            PlanTypeKind(),     ConfigTypeKind(),   ScriptKind(),
-                                            ScriptActionKind(), ScriptCommandKind()};
+    static const std::vector<Kind> kinds = {
+        RootKind(),     ProjectKind(),      PlanTypeSetKind(),   PlanTypeKind(), ConfigTypeKind(),
+        ScriptKind(),   ScriptActionKind(), ScriptCommandKind(), ItemKind(),     WorkSystemComponentKind(),
+        CompBaseKind(), SubComponentKind(), RelationshipKind()};
     return kinds;
 }
 

@@ -41,6 +41,7 @@ struct Kind
     bool hasRights; ///< its objects offer the rights service unless the data say otherwise
     std::vector<Attribute> attributes;
     std::vector<ChildList> children;
+    std::vector<const char*> moreClasses = {}; ///< which its objects derive from besides `className`
 
     /// The attribute of either name, case counting; null if there is none.
     const Attribute* FindAttribute(std::string_view name) const;
@@ -49,6 +50,9 @@ struct Kind
     const Attribute* FindColumn(std::string_view column) const;
 
     const ChildList* FindChildren(std::string_view list) const;
+
+    /// Whether its objects derive from that class, case counting.
+    bool IsOf(std::string_view name) const;
 };
 
 /// All kinds, a kind before those that refer to it.

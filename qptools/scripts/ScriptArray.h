@@ -27,7 +27,8 @@ public:
     HRESULT PutObject(LONG row, LONG column, IUnknown* object) noexcept;
 
     /// Clears the variant at `target`, which must be a valid one, and gives it the array. A null `target`
-    /// leaves the array to be destroyed.
+    /// leaves the array to be destroyed. An old value that cannot be cleared, for it is an array that
+    /// somebody has locked, remains theirs to destroy; the variant gets the new one all the same.
     void MoveTo(VARIANT* target) noexcept;
 
 private:

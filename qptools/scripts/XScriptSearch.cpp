@@ -43,6 +43,11 @@ HRESULT XScriptSearch::SetCriterion(const wchar_t* attribute, LONG comparison, c
 {
     if (!m_ptrQuery)
         return E_POINTER;
+    // The host gets copies of its own of both. The name, because a BSTR has to be made of the literal in any
+    // case. The value, because a reference is to arrive resolved, and because it may be an answer of the host
+    // that is passed back more than once: whatever the host does with its copy, the answer stays as it was.
+    // No memory for the name ends the search like any other want of memory; a value that cannot be copied is
+    // the status of this one criterion.
     const XQPComBSTR name(attribute);
     XHostValue copy;
     const HRESULT status = CopyResolved(value, copy);

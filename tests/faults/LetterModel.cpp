@@ -156,6 +156,7 @@ ComPtr<IEnumBaseDataObject> FindActions(const ScriptContext& context, int type, 
     status = search.status;
     if (status < 0)
         return {};
+    const bool special = context.typeName == L"scriptaction" || context.typeName == L"scriptcommand";
     if (!context.planType && context.typeName.rfind(L"orvoplantype_", 0) == 0)
         search.Cat(4)
             .Is(L"type", std::wstring(L"orvoplantypewsc"))
@@ -163,7 +164,7 @@ ComPtr<IEnumBaseDataObject> FindActions(const ScriptContext& context, int type, 
             .Is(L"type", context.typeName)
             .Cat(8)
             .Cat(1);
-    else if (!context.planType)
+    else if (!context.planType || special)
         search.Is(L"type", context.typeName).Cat(1);
     else if (!search.hasMasterType)
         search.Cat(4).Is(L"orvoplantype", context.planType).Cat(2).Is(L"type", context.typeName).Cat(9);

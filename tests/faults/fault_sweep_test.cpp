@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 using refhost::CallGate;
 using refhost::Fault;
@@ -41,13 +42,30 @@ struct Context
     const wchar_t* set;
     const wchar_t* typeName;
     const wchar_t* planType;
+    int number; ///< the action type, or the user interface
+    int before; ///< of an action: 1 before, 0 after it
 };
 
-const Context kContexts[] = {{L"Body Shop", L"orvoplantype_workcell", L"Welding"},
-                             {L"Body Shop", L"tool", L"Painting"},
-                             {L"Body Shop", L"robot", nullptr},
-                             {L"Body Shop", L"orvoplantype_workcell", nullptr},
-                             {L"Machining", L"machine", L"Turning"}};
+const Context kActionContexts[] = {{L"Body Shop", L"orvoplantype_workcell", L"Welding", 1, 0},
+                                   {L"Body Shop", L"orvoplantype_workcell", L"Welding", 1, 1},
+                                   {L"Body Shop", L"orvoplantype_workcell", L"Welding", 0, 1},
+                                   {L"Body Shop", L"tool", L"Painting", 1, 0},
+                                   {L"Body Shop", L"tool", L"Painting", 5, 0},
+                                   {L"Body Shop", L"robot", nullptr, 1, 0},
+                                   {L"Body Shop", L"robot", nullptr, 2, 1},
+                                   {L"Body Shop", L"orvoplantypewsc", nullptr, 1, 0},
+                                   {L"Body Shop", L"orvoplantype_workcell", nullptr, 1, 0},
+                                   {L"Body Shop", L"scriptaction", L"Welding", 2, 0},
+                                   {L"Machining", L"machine", L"Turning", 1, 0}};
+
+const Context kCommandContexts[] = {{L"Body Shop", L"orvoplantype_workcell", L"Welding", 1},
+                                    {L"Body Shop", L"tool", L"Welding", 2},
+                                    {L"Body Shop", L"tool", L"Painting", 1},
+                                    {L"Body Shop", L"robot", nullptr, 1},
+                                    {L"Body Shop", L"fixture", nullptr, 3},
+                                    {L"Body Shop", L"orvoplantype_workcell", nullptr, 1},
+                                    {L"Machining", L"machine", L"Turning", 1},
+                                    {L"Machining", L"scriptcommand", L"Milling", 1}};
 
 /// What one run gave and which host calls it made.
 struct Outcome
@@ -62,15 +80,21 @@ class FaultSweep : public ::testing::TestWithParam<Way>
 {
 protected:
     FaultSweep() { plant->Load(QP_SAMPLE_DIR); }
-
-    ScriptContext Enter(const Context& context)
+    ~FaultSweep() override
     {
-        m_query = plant->NewQuery();
+        EXPECT_EQ(plant->Calls().Misuses(), std::vector<std::string>{})
+            << "variants that were not empty before the call";
+    }
+
+    void Enter(const Context& context)
+    {
         m_set = plant->Find(L"plantypeset", context.set);
         m_planType.reset();
         if (context.planType)
             m_planType = plant->Find(L"plantype", context.planType);
-        return {m_query.get(), m_set.get(), context.typeName, m_planType.get()};
+        m_context = {nullptr, m_set.get(), context.typeName, m_planType.get()};
+        m_number = context.number;
+        m_before = context.before;
     }
 
     /// Makes `run` with the n-th host call failing; 0 fails none. `run` gives the status and something to be
@@ -78,6 +102,9 @@ protected:
     template <class Call, class Rows>
     Outcome With(long long n, Call&& run, Rows&& rows)
     {
+        // A query that keeps nothing of an earlier search, which a step that fails may not have taken back.
+        m_query = plant->NewQuery();
+        m_context.query = m_query.get();
         CallGate& gate = plant->Calls();
         gate.Clear();
         gate.Record(true);
@@ -92,90 +119,109 @@ protected:
         return result;
     }
 
-    Outcome Commands(const ScriptContext& context, long long n)
+    ComPtr<IScriptActionAndCommandManager> NewManager() const
     {
         ComPtr<IScriptActionAndCommandManager> manager;
         EXPECT_EQ(module.Create(CLSID_XScriptActionAndCommandManager, manager), S_OK);
+        return manager;
+    }
+
+    Outcome Commands(const ComPtr<IScriptActionAndCommandManager>& manager, long long n)
+    {
         XQPComVariant result;
         return With(
             n,
             [&]
             {
-                return manager->GetScriptCommands(context.query, context.set,
-                                                  XQPComBSTR(context.typeName.c_str()), context.planType, 1,
-                                                  nullptr, &result);
+                return manager->GetScriptCommands(m_context.query, m_context.set,
+                                                  XQPComBSTR(m_context.typeName.c_str()), m_context.planType,
+                                                  m_number, nullptr, &result);
             },
             [&] { return RowsOf(result.Value(), NameInPlant); });
     }
-    Outcome CommandsModel(const ScriptContext& context, long long n)
+    Outcome CommandsModel(long long n)
     {
         ModelResult model;
         return With(
             n,
             [&]
             {
-                model = CommandsByTheLetter(context, 1);
+                model = CommandsByTheLetter(m_context, m_number);
                 return model.status;
             },
             [&] { return TextOf(model); });
     }
 
-    Outcome Scripts(const ScriptContext& context, long long n)
+    Outcome Scripts(const ComPtr<IScriptActionAndCommandManager>& manager, long long n)
     {
-        ComPtr<IScriptActionAndCommandManager> manager;
-        EXPECT_EQ(module.Create(CLSID_XScriptActionAndCommandManager, manager), S_OK);
         XQPComVariant result;
         return With(
             n,
             [&]
             {
-                return manager->GetScriptsForAction(context.query, context.set,
-                                                    XQPComBSTR(context.typeName.c_str()), context.planType, 1,
-                                                    0, &result);
+                return manager->GetScriptsForAction(m_context.query, m_context.set,
+                                                    XQPComBSTR(m_context.typeName.c_str()),
+                                                    m_context.planType, m_number, m_before, &result);
             },
             [&] { return RowsOf(result.Value(), NameInPlant); });
     }
-    Outcome ScriptsModel(const ScriptContext& context, long long n)
+    Outcome ScriptsModel(long long n)
     {
         ModelResult model;
         return With(
             n,
             [&]
             {
-                model = ScriptsByTheLetter(context, 1, 0);
+                model = ScriptsByTheLetter(m_context, m_number, m_before);
                 return model.status;
             },
             [&] { return TextOf(model); });
     }
 
     /// Fails every call of `real` in turn and compares with `model`, whose calls and results must be the
-    /// same.
-    template <class Real, class Model>
-    void Sweep(Real&& real, Model&& model)
+    /// same. Then come a call without the fault and one more with it on the same manager: each finds what it
+    /// finds, alone or, with `keeps`, behind the rows of the calls before.
+    template <class Contexts, class Real, class Model>
+    void Sweep(const Contexts& contexts, Real&& real, Model&& model, bool keeps)
     {
         int failed = 0;
-        for (const Context& place : kContexts)
+        for (const Context& place : contexts)
         {
-            const ScriptContext context = Enter(place);
-            const Outcome whole = real(context, 0);
+            Enter(place);
+            SCOPED_TRACE(::testing::Message() << "context " << (&place - &contexts[0]));
+            const Outcome whole = real(NewManager(), 0);
             ASSERT_FALSE(whole.rows.empty());
             for (long long n = 0; n <= static_cast<long long>(whole.calls.size()); ++n)
             {
+                const std::string failing = n == 0 ? "no call" : whole.calls[static_cast<std::size_t>(n) - 1];
+                SCOPED_TRACE(failing);
                 const long before = Plant::LiveObjects();
-                const Outcome run = real(context, n);
-                EXPECT_EQ(Plant::LiveObjects(), before) << "objects of the host are left";
-                const Outcome expected = model(context, n);
-                const std::string failing = n == 0 ? "no call" : run.calls[static_cast<std::size_t>(n) - 1];
+                auto manager = NewManager();
+                const Outcome run = real(manager, n);
+                const Outcome expected = model(n);
                 EXPECT_EQ(run.struck, n > 0);
-                EXPECT_EQ(run.status, expected.status) << failing;
-                EXPECT_EQ(run.rows, expected.rows) << failing;
-                EXPECT_EQ(run.calls, expected.calls) << failing;
+                EXPECT_EQ(run.status, expected.status);
+                EXPECT_EQ(run.rows, expected.rows);
+                EXPECT_EQ(run.calls, expected.calls);
+                TextRows rows = run.rows;
+                for (const auto& [found, fault] : {std::pair(&whole, 0LL), std::pair(&run, n)})
+                {
+                    if (!keeps)
+                        rows.clear();
+                    rows.insert(rows.end(), found->rows.begin(), found->rows.end());
+                    const Outcome next = real(manager, fault);
+                    EXPECT_EQ(next.status, rows.empty() ? run.status : S_OK);
+                    EXPECT_EQ(next.rows, rows) << "a call after it";
+                    EXPECT_EQ(next.calls, found->calls);
+                }
+                manager.reset();
+                EXPECT_EQ(Plant::LiveObjects(), before) << "objects of the host are left";
                 failed += run.struck ? 1 : 0;
                 if (HasFailure())
                     return;
             }
         }
-        EXPECT_GT(failed, 100) << "calls that were made to fail";
+        EXPECT_GT(failed, 200) << "calls that were made to fail";
     }
 
     ModuleUnderTest module;
@@ -185,26 +231,31 @@ private:
     ComPtr<IQP_Query> m_query;
     ComPtr<IQP_BaseDataObject> m_set;
     ComPtr<IQP_BaseDataObject> m_planType;
+    ScriptContext m_context;
+    int m_number = 0;
+    int m_before = 0;
 };
 
 TEST_P(FaultSweep, EveryCallOfGetScriptCommands)
 {
-    Sweep([this](const ScriptContext& context, long long n) { return Commands(context, n); },
-          [this](const ScriptContext& context, long long n) { return CommandsModel(context, n); });
+    Sweep(
+        kCommandContexts, [this](const auto& manager, long long n) { return Commands(manager, n); },
+        [this](long long n) { return CommandsModel(n); }, false);
 }
 
 TEST_P(FaultSweep, EveryCallOfGetScriptsForAction)
 {
-    Sweep([this](const ScriptContext& context, long long n) { return Scripts(context, n); },
-          [this](const ScriptContext& context, long long n) { return ScriptsModel(context, n); });
+    Sweep(
+        kActionContexts, [this](const auto& manager, long long n) { return Scripts(manager, n); },
+        [this](long long n) { return ScriptsModel(n); }, true);
 }
 
 /// The rows of a whole run, and which of them a failed read of an action's script or a failed step of the
 /// walk leaves.
 TEST_P(FaultSweep, AFailedStepOfTheWalkLeavesTheRowsBeforeItAndAFailedReadItsOwnRowOut)
 {
-    const ScriptContext context = Enter(kContexts[0]);
-    const Outcome whole = Scripts(context, 0);
+    Enter(kActionContexts[0]);
+    const Outcome whole = Scripts(NewManager(), 0);
     ASSERT_EQ(whole.rows.size(), 6u);
     // A step and a read for each row, and the step that finds the end.
     const std::size_t walk = 2 * whole.rows.size() + 1;
@@ -218,10 +269,10 @@ TEST_P(FaultSweep, AFailedStepOfTheWalkLeavesTheRowsBeforeItAndAFailedReadItsOwn
 
         const long long step = static_cast<long long>(firstStep + 2 * row) + 1;
         EXPECT_EQ(whole.calls[static_cast<std::size_t>(step) - 1], "IEnumBaseDataObject::RemNext(1)");
-        EXPECT_EQ(Scripts(context, step).rows, before);
+        EXPECT_EQ(Scripts(NewManager(), step).rows, before);
 
         const bool stops = GetParam().status == E_FAIL || GetParam().fault == Fault::NullObject;
-        EXPECT_EQ(Scripts(context, step + 1).rows, stops ? before : others);
+        EXPECT_EQ(Scripts(NewManager(), step + 1).rows, stops ? before : others);
     }
 }
 

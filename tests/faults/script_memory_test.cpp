@@ -1,7 +1,9 @@
-// The script service while memory runs out: at every single allocation of its own, once and for good.
+// The script service while memory runs out: at every single allocation of its own, once and for good, in
+// every mode of searching.
 #include "ArrayText.h"
 #include "FaultyMemory.h"
 #include "MemoryHost.h"
+#include "MemorySweep.h"
 #include "XQPComBSTR.h"
 
 #include "XScriptActionAndCommandManager.h"
@@ -15,15 +17,43 @@
 namespace
 {
 
-constexpr LONG kOldValue = 42;
+struct MemoryCase
+{
+    const char* name;
+    const wchar_t* typeName;
+    bool byPlanType;
+    bool withMasters;
+    FaultyMemory::Failing failing;
+};
 
-class ScriptMemory : public ::testing::TestWithParam<FaultyMemory::Failing>
+std::ostream& operator<<(std::ostream& stream, const MemoryCase& memoryCase)
+{
+    return stream << memoryCase.name << NameOf(memoryCase.failing);
+}
+
+std::vector<MemoryCase> MemoryCases()
+{
+    std::vector<MemoryCase> cases;
+    for (const auto failing : {FaultyMemory::Failing::Once, FaultyMemory::Failing::FromThere})
+    {
+        cases.push_back({"ByPlanTypeWithMasters", L"machine", true, true, failing});
+        cases.push_back({"ByPlanType", L"machine", true, false, failing});
+        cases.push_back({"ByType", L"machine", false, true, failing});
+        cases.push_back({"ByTypeAndGeneralType", L"orvoplantype_work", false, false, failing});
+    }
+    return cases;
+}
+
+class ScriptMemory : public ::testing::TestWithParam<MemoryCase>
 {
 protected:
     ScriptMemory()
     {
-        set->Set(L"master", host.Object("masterset"));
-        planType->Set(L"master", host.Object("masterplantype"));
+        if (GetParam().withMasters)
+        {
+            set->Set(L"master", host.Object("masterset"));
+            planType->Set(L"master", host.Object("masterplantype"));
+        }
         host.Query().result = host.List({});
     }
 
@@ -53,7 +83,9 @@ protected:
         host.Query().result = host.List(
             {Command(L"Check", weld), Macro(L"Draw", L"DrawAll"), Command(L"Check", weld), number,
              Command(L"", weld), Macro(L"", L"Unprompted"), Command(L"Check", weld), Macro(L"Check", L"Last"),
-             Command(L"Check(5)", weld), Command(L"Check", weld), Command(L"Check", weld)});
+             Command(L"Check(5)", weld), Command(L"Check", weld), Command(L"Check", weld),
+             // The last read that counts: S_FALSE.
+             Command(L"", host.Object("nameless"))});
     }
 
     void FindsActions()
@@ -64,166 +96,136 @@ protected:
             actions.push_back(host.Object("action" + std::to_string(i)));
             actions.back()->Set(L"script", Script(L"weld"));
         }
+        // The last read that counts: S_FALSE.
+        actions.push_back(host.Object("without"));
         host.Query().result = host.List(std::move(actions));
     }
 
-    /// What one call gave.
-    struct Outcome
-    {
-        HRESULT status = S_OK;
-        bool untouched = false;
-        TextRows rows;
-        std::vector<std::string> calls;
-        bool struck = false;
-    };
-
     template <class Call>
-    Outcome With(long n, Call&& call)
+    MemoryRun With(long n, Call&& call)
     {
         ComPtr<IScriptActionAndCommandManager> manager;
         CreateComObject<qptools::XScriptActionAndCommandManager>(
             nullptr, __uuidof(IScriptActionAndCommandManager), manager.putVoid());
         XQPComVariant result;
-        result.Value().vt = VT_I4;
-        result.Value().lVal = kOldValue;
+        PutOldValue(result.Value());
         host.calls.clear();
-        Outcome outcome;
+        MemoryRun run;
         {
-            const FaultyMemory memory(n, GetParam(), &MemoryHost::InCall);
-            outcome.status = call(manager.get(), &result.Value());
-            outcome.struck = memory.Struck();
+            const FaultyMemory memory(n, GetParam().failing, &MemoryHost::InCall);
+            run.status = call(manager.get(), &result.Value());
+            run.struck = memory.Struck();
         }
         EXPECT_EQ(CUiState::Depth(), 0);
-        outcome.untouched = result.Type() == VT_I4 && result.Value().lVal == kOldValue;
-        if (!outcome.untouched)
-            outcome.rows = RowsOf(result.Value(), [this](IUnknown* object) { return host.NameOf(object); });
-        outcome.calls = host.calls;
-        return outcome;
+        run.untouched = IsOldValue(result.Value());
+        if (!run.untouched)
+            run.rows = RowsOf(result.Value(), [this](IUnknown* object) { return host.NameOf(object); });
+        run.calls = host.calls;
+        return run;
     }
 
-    Outcome Commands(long n)
+    IQP_BaseDataObject* OfPlanType() { return GetParam().byPlanType ? planType.get() : nullptr; }
+
+    MemoryRun Commands(long n)
     {
         return With(n,
                     [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
-                        return manager->GetScriptCommands(&host.Query(), set.get(), type, planType.get(), 1,
+                        return manager->GetScriptCommands(&host.Query(), set.get(), type, OfPlanType(), 1,
                                                           nullptr, result);
                     });
     }
 
-    Outcome Scripts(long n)
+    MemoryRun Scripts(long n)
     {
         return With(n,
                     [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
-                        return manager->GetScriptsForAction(&host.Query(), set.get(), type, planType.get(), 7,
+                        return manager->GetScriptsForAction(&host.Query(), set.get(), type, OfPlanType(), 7,
                                                             1, result);
                     });
     }
 
-    /// A whole run with its last cells left out.
-    static bool IsPartOf(const TextRows& rows, const TextRows& whole)
+    MemoryOutcomes Sweep(std::function<MemoryRun(long n)> call)
     {
-        if (rows.size() != whole.size())
-            return false;
-        bool ended = false;
-        for (std::size_t row = 0; row < rows.size(); ++row)
+        MemorySweep sweep(std::move(call), [this] { return host.LiveObjects(); });
+        sweep.ExpectWalkStatus(S_FALSE);
+        sweep.Run();
+        if (GetParam().failing == FaultyMemory::Failing::Once)
         {
-            for (std::size_t column = 0; column < rows[row].size(); ++column)
-            {
-                ended = ended || rows[row][column] == "-";
-                if (rows[row][column] != (ended ? "-" : whole[row][column]))
-                    return false;
-            }
+            EXPECT_GT(sweep.Outcomes().lacking, 0) << "a criterion whose value cannot be copied is left out";
         }
-        return ended;
-    }
-
-    /// The search did without some of its criteria on texts, and was otherwise whole.
-    static bool LacksCriteriaOnly(const std::vector<std::string>& calls,
-                                  const std::vector<std::string>& whole)
-    {
-        std::size_t next = 0;
-        for (const std::string& call : whole)
-        {
-            if (next < calls.size() && calls[next] == call)
-                ++next;
-            else if (!call.starts_with("SetSearchAttribute(type, 1, BSTR"))
-                return false;
-        }
-        return next == calls.size();
-    }
-
-    /// Fails every allocation in turn. Each run says that there was no memory and leaves the variant alone,
-    /// or delivers a valid array: filled up to the cell that could not be put, or whole.
-    template <class Call>
-    void Sweep(Call&& call, bool cellsAllocate)
-    {
-        const Outcome whole = call(0);
-        ASSERT_EQ(whole.status, S_OK);
-        ASSERT_FALSE(whole.rows.empty());
-        int refused = 0;
-        int uncreated = 0;
-        int partial = 0;
-        int lacking = 0;
-        for (long n = 1;; ++n)
-        {
-            const int objects = host.LiveObjects();
-            const Outcome outcome = call(n);
-            ASSERT_EQ(host.LiveObjects(), objects) << "allocation " << n;
-            if (!outcome.struck)
-                break;
-            if (outcome.untouched)
-            {
-                // Without an array the status is what the walk left.
-                ASSERT_TRUE(outcome.status == E_OUTOFMEMORY || outcome.calls == whole.calls)
-                    << "allocation " << n;
-                ++(outcome.status == E_OUTOFMEMORY ? refused : uncreated);
-            }
-            else if (outcome.status == E_OUTOFMEMORY)
-            {
-                ASSERT_TRUE(IsPartOf(outcome.rows, whole.rows)) << "allocation " << n;
-                ++partial;
-            }
-            else
-            {
-                ASSERT_EQ(outcome.status, S_OK) << "allocation " << n;
-                ASSERT_EQ(outcome.rows, whole.rows) << "allocation " << n;
-                ASSERT_TRUE(LacksCriteriaOnly(outcome.calls, whole.calls)) << "allocation " << n;
-                lacking += outcome.calls != whole.calls ? 1 : 0;
-            }
-        }
-        EXPECT_GT(refused, 0);
-        EXPECT_GT(uncreated, 0) << "without an array the variant stays and the walk's status is returned";
-        EXPECT_EQ(partial > 0, cellsAllocate) << "cells that could not be put: " << partial;
-        if (GetParam() == FaultyMemory::Failing::Once)
-        {
-            EXPECT_GT(lacking, 0) << "a criterion whose value cannot be copied is left out";
-        }
+        return sweep.Outcomes();
     }
 
     MemoryHost host;
     ComPtr<MemoryObject> set = host.Object("set");
     ComPtr<MemoryObject> planType = host.Object("plantype");
-    const XQPComBSTR type{L"machine"};
+    const XQPComBSTR type{GetParam().typeName};
 };
 
 TEST_P(ScriptMemory, EveryAllocationOfGetScriptCommands)
 {
     FindsCommands();
-    Sweep([this](long n) { return Commands(n); }, true);
+    EXPECT_GT(Sweep([this](long n) { return Commands(n); }).partial, 0) << "cells that could not be put";
 }
 
 TEST_P(ScriptMemory, EveryAllocationOfGetScriptsForAction)
 {
     FindsActions();
-    // Its cells are references, which need no memory.
-    Sweep([this](long n) { return Scripts(n); }, false);
+    EXPECT_EQ(Sweep([this](long n) { return Scripts(n); }).partial, 0) << "references need no memory";
 }
 
-INSTANTIATE_TEST_SUITE_P(Failing, ScriptMemory,
-                         ::testing::Values(FaultyMemory::Failing::Once, FaultyMemory::Failing::FromThere),
-                         [](const auto& info) {
-                             return std::string(info.param == FaultyMemory::Failing::Once ? "Once"
-                                                                                          : "FromThere");
-                         });
+TEST_P(ScriptMemory, ACallAfterOneWithoutMemoryReturnsWhatWasFoundInBoth)
+{
+    FindsActions();
+    TextRows once;
+    for (long n = 0;; ++n)
+    {
+        ComPtr<IScriptActionAndCommandManager> manager;
+        CreateComObject<qptools::XScriptActionAndCommandManager>(
+            nullptr, __uuidof(IScriptActionAndCommandManager), manager.putVoid());
+        HRESULT first = S_OK;
+        bool struck = false;
+        {
+            const FaultyMemory memory(n, GetParam().failing, &MemoryHost::InCall);
+            first = manager->GetScriptsForAction(&host.Query(), set.get(), type, OfPlanType(), 7, 1, nullptr);
+            struck = memory.Struck();
+        }
+        // How far the first walk came: an action is kept if its pair could be, all of them or none but at its
+        // end.
+        const auto reads =
+            std::count_if(host.calls.begin(), host.calls.end(),
+                          [](const std::string& call) { return call.ends_with(".GetAttribute(script)"); });
+        host.calls.clear();
+        XQPComVariant result;
+        ASSERT_EQ(manager->GetScriptsForAction(&host.Query(), set.get(), type, OfPlanType(), 7, 1, &result),
+                  S_OK)
+            << "allocation " << n;
+        host.calls.clear();
+        const TextRows both =
+            RowsOf(result.Value(), [this](IUnknown* object) { return host.NameOf(object); });
+        if (n == 0)
+        {
+            ASSERT_EQ(both.size(), 18u);
+            once.assign(both.begin(), both.begin() + 9);
+            continue;
+        }
+        if (!struck)
+            break;
+        ASSERT_GE(both.size(), once.size()) << "allocation " << n;
+        const std::size_t kept = both.size() - once.size();
+        TextRows expected(once.begin(), once.begin() + static_cast<std::ptrdiff_t>(kept));
+        expected.insert(expected.end(), once.begin(), once.end());
+        ASSERT_EQ(both, expected) << "allocation " << n;
+        // The read at which memory ran out is of an action that could not be kept.
+        ASSERT_EQ(kept, first == E_OUTOFMEMORY
+                            ? static_cast<std::size_t>(std::max<std::ptrdiff_t>(reads, 1) - 1)
+                            : 9u)
+            << "allocation " << n;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Modes, ScriptMemory, ::testing::ValuesIn(MemoryCases()),
+                         [](const auto& info)
+                         { return std::string(info.param.name) + NameOf(info.param.failing); });
 
 } // namespace

@@ -275,6 +275,24 @@ TEST_F(Gate, a_failed_call_has_no_effect_and_empties_its_outputs)
     EXPECT_EQ(name, nullptr);
 }
 
+TEST_F(Gate, notes_a_value_for_an_output_that_is_not_empty)
+{
+    const ComPtr<IQP_BaseDataObject> script = Find(L"script", L"Check names");
+    Value value;
+    EXPECT_EQ(script->GetAttribute(Text(L"name"), &value.get()), S_OK);
+    EXPECT_EQ(gate.Misuses(), Lines{});
+    VARIANT held = value.get();
+    EXPECT_EQ(script->GetAttribute(Text(L"name"), &held), S_OK);
+    EXPECT_EQ(gate.Misuses(), Lines{"IQP_BaseDataObject::GetAttribute"});
+    VariantClear(&held);
+    VARIANT never;
+    never.vt = static_cast<VARTYPE>(0xCCCC);
+    EXPECT_EQ(script->GetAttribute(Text(L"no such"), &never), E_INVALIDARG);
+    EXPECT_EQ(never.vt, VT_EMPTY);
+    gate.Clear();
+    EXPECT_EQ(gate.Misuses().size(), 2U);
+}
+
 TEST_F(Gate, a_null_object_comes_with_success)
 {
     Search search(*plant, L"script");

@@ -263,7 +263,13 @@ TEST_F(DataObject, table_type_and_class_of_each_kind)
                        {L"configtype", L"configtype", L"XDOConfigType"},
                        {L"script", L"script", L"XDOScript"},
                        {L"scriptaction", L"scriptaction", L"XDOScriptAction"},
-                       {L"scriptcommand", L"scriptcommand", L"XDOScriptCommand"}};
+                       {L"scriptcommand", L"scriptcommand", L"XDOScriptCommand"},
+                       {L"orvoitem", L"orvoitem", L"XDOOrvoItem"},
+                       {L"orvowsc", L"orvowsc", L"XDOWorkSystemComponent"},
+                       {L"orvowsc", L"orvowsc", L"XDOOrvoItem"},
+                       {L"orvocompbase", L"orvocompbase", L"XDOOrvoCompBase"},
+                       {L"subcompitem", L"subcompitem", L"XDOSubCompItem"},
+                       {L"relationship", L"relationship", L"XDORelationship"}};
     for (const auto& kind : kinds)
     {
         const ComPtr<IQP_BaseDataObject> object = Object(kind.table);
@@ -276,7 +282,7 @@ TEST_F(DataObject, table_type_and_class_of_each_kind)
         EXPECT_STREQ(name->bstrVal, kind.type);
         EXPECT_EQ(object->IsDerivedFromClass(Text(kind.className)), S_OK) << kind.table;
         EXPECT_EQ(object->IsDerivedFromClass(Text(L"XDOBaseObject")), S_OK);
-        for (const wchar_t* other : {L"XDORelationship", L"xdoscriptaction", L""})
+        for (const wchar_t* other : {L"XDOAnotherObject", L"xdoscriptaction", L"xdorelationship", L""})
             EXPECT_EQ(object->IsDerivedFromClass(Text(other)), S_FALSE) << kind.table << other;
         EXPECT_EQ(object->IsDerivedFromClass(nullptr), S_FALSE);
         EXPECT_EQ(object->GetTableName(nullptr), E_POINTER);

@@ -168,6 +168,35 @@ TEST_F(QueryResult, one_search_is_one_host_call_for_the_result)
     EXPECT_EQ(plant->Calls().Count(), 1);
 }
 
+TEST_F(QueryResult, one_search_is_one_statement_from_its_first_word_to_its_result)
+{
+    const long long before = plant->Statements();
+    Search search = Actions();
+    search.Cat(4).Is(L"orvoplantype", welding).Cat(2).Is(L"orvoplantype", painting).Cat(9);
+    search.Is(L"enabled", 0).Cat(2).IsNothing(L"script").Order(L"sequence");
+    EXPECT_EQ(plant->Statements(), before) << "nothing is asked before the search is whole";
+    ComPtr<IEnumBaseDataObject> found;
+    ASSERT_EQ(search.Run(found), S_OK);
+    EXPECT_EQ(plant->Statements(), before + 1);
+    ASSERT_EQ(search.Run(found), S_OK);
+    EXPECT_EQ(plant->Statements(), before + 2) << "a search that is run again";
+
+    ComPtr<IQP_BaseDataObject> object;
+    while (found->GetSingleNext(object.put()) == S_OK)
+    {
+    }
+    EXPECT_EQ(plant->Statements(), before + 2) << "a walk over the result";
+}
+
+TEST_F(QueryResult, a_search_that_the_database_refuses_runs_no_statement)
+{
+    Search search = Actions();
+    search.Cat(4).Is(L"orvoplantype", welding);
+    const long long before = plant->Statements();
+    search.Refused();
+    EXPECT_EQ(plant->Statements(), before);
+}
+
 class ObjectById : public QueryResult
 {
 protected:

@@ -1,6 +1,9 @@
 // Sample data with errors are refused with file, line and reason, and nothing of them gets in.
 #include "PlantFixture.h"
 
+#include "PlantCore.h"
+
+#include <algorithm>
 #include <fstream>
 #include <map>
 
@@ -33,18 +36,26 @@ protected:
         return "<no error>";
     }
 
-    /// The names in all tables.
-    std::map<std::wstring, Names> Everything() const
+    /// Every row of every table of the database, column by column with its type: objects, values, masters,
+    /// rights, settings and whatever else there may be.
+    Lines Everything() const
     {
-        std::map<std::wstring, Names> all;
-        for (const wchar_t* table : {L"root", L"project", L"plantypeset", L"plantype", L"configtype",
-                                     L"script", L"scriptaction", L"scriptcommand"})
+        refhost::Database& database = plant->Shared()->database;
+        Lines tables;
+        refhost::Statement names(database,
+                                 "SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name");
+        while (names.Step())
+            tables.push_back(names.Text(0));
+        Lines all;
+        for (const std::string& table : tables)
         {
-            const ComPtr<IQP_Query> query = plant->NewQuery();
-            ComPtr<IEnumBaseDataObject> found;
-            EXPECT_EQ(query->SetSearchTable(Text(table)), S_OK);
-            EXPECT_EQ(query->GetSearchResult(found.put()), S_OK);
-            all[table] = NamesOf(found.get());
+            std::string row = "SELECT '" + table + "'";
+            refhost::Statement columns(database, "SELECT name FROM pragma_table_info('" + table + "')");
+            while (columns.Step())
+                row += " || ' | ' || quote(\"" + columns.Text(0) + "\")";
+            refhost::Statement rows(database, row + " FROM \"" + table + "\" ORDER BY rowid");
+            while (rows.Step())
+                all.push_back(rows.Text(0));
         }
         return all;
     }
@@ -57,6 +68,29 @@ TEST_F(SampleErrors, good_data_get_in)
     Write("script.txt", "name\nA\n");
     EXPECT_EQ(Error(), "<no error>");
     EXPECT_TRUE(plant->Find(L"script", L"A"));
+}
+
+TEST_F(SampleErrors, what_is_compared_is_everything)
+{
+    plant->Load(QP_SAMPLE_DIR);
+    const Lines all = Everything();
+    const auto has = [&](const std::string& table, const std::string& part)
+    {
+        return std::any_of(all.begin(), all.end(),
+                           [&](const std::string& row)
+                           { return row.starts_with(table + " | ") && row.find(part) != std::string::npos; });
+    };
+    EXPECT_TRUE(has("object", "'Welding'"));
+    EXPECT_TRUE(has("scriptcommand", "'Once for all objects'"));
+    EXPECT_TRUE(has("storekey", "'properties'"));
+    EXPECT_TRUE(has("storevalue", "'enablemcmscriptactions'"));
+
+    const ComPtr<IQP_BaseDataObject> welding = plant->Find(L"plantype", L"Welding");
+    EXPECT_EQ(welding->SetAttribute(Text(L"master"), Value()), S_OK);
+    const Lines withoutMaster = Everything();
+    EXPECT_NE(withoutMaster, all);
+    plant->SetRights(L"plantype", L"Welding", 4);
+    EXPECT_NE(Everything(), withoutMaster);
 }
 
 TEST_F(SampleErrors, a_folder_that_is_not_there)
@@ -202,6 +236,17 @@ TEST_F(SampleErrors, settings_with_errors)
         Write("setting.txt", text);
         EXPECT_EQ(Error(), error);
     }
+}
+
+TEST_F(SampleErrors, an_error_in_the_last_file_leaves_a_plant_with_data_as_it_was)
+{
+    plant->Load(QP_SAMPLE_DIR);
+    Write("plantypeset.txt", "name | master | rights\nNew Shop | Company Standards | read\n");
+    Write("plantype.txt", "name | master | orvoplantypeset\nNew | Welding | New Shop\n");
+    Write("setting.txt",
+          "scope | key | name | type | value\n1 | properties | enablemcmscriptactions | flag | no\n"
+          "1 | k | m | number | v\n");
+    EXPECT_EQ(Error(), "setting.txt:3: value: \"v\" is no number");
 }
 
 TEST_F(SampleErrors, an_error_in_the_last_file_undoes_the_first)

@@ -61,6 +61,11 @@ TEST_F(Sample, holds_as_much_as_its_readers_count_on)
     EXPECT_EQ(Count(L"script"), 40U);
     EXPECT_EQ(Count(L"scriptaction"), 60U);
     EXPECT_EQ(Count(L"scriptcommand"), 60U);
+    EXPECT_EQ(Count(L"orvoitem"), 7U);
+    EXPECT_EQ(Count(L"orvowsc"), 2U);
+    EXPECT_EQ(Count(L"orvocompbase"), 3U);
+    EXPECT_EQ(Count(L"subcompitem"), 5U);
+    EXPECT_EQ(Count(L"relationship"), 4U);
 }
 
 TEST_F(Sample, has_every_kind_of_action)

@@ -8,6 +8,47 @@
 
 using Row = std::vector<std::string>;
 
+/// A dispatch object that leads to a data object.
+class DispatchReference final : public IDispatch
+{
+public:
+    explicit DispatchReference(ComPtr<MemoryObject> object) : m_object(std::move(object)) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
+    {
+        if (iid != __uuidof(IUnknown) && iid != __uuidof(IDispatch))
+            return m_object->QueryInterface(iid, result);
+        *result = static_cast<IDispatch*>(this);
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
+    ULONG STDMETHODCALLTYPE Release() override
+    {
+        const ULONG left = --m_count;
+        if (left == 0)
+            delete this;
+        return left;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                     UINT*) override
+    {
+        return E_NOTIMPL;
+    }
+
+private:
+    ~DispatchReference() = default;
+
+    ComPtr<MemoryObject> m_object;
+    ULONG m_count = 0;
+};
+
 class ManagerFixture : public SearchFixture
 {
 protected:
@@ -58,6 +99,33 @@ protected:
         ComPtr<MemoryObject> action = host.Object(name);
         action->Set(L"script", script);
         return action;
+    }
+
+    // Values that objects seldom have.
+
+    static void SetNull(const ComPtr<MemoryObject>& object, const wchar_t* attribute)
+    {
+        VARIANT value;
+        value.vt = VT_NULL;
+        object->Answer(attribute, S_OK, value);
+    }
+    /// A reference as a dispatch pointer.
+    static void SetDispatch(const ComPtr<MemoryObject>& object, const wchar_t* attribute,
+                            const ComPtr<MemoryObject>& target)
+    {
+        const ComPtr<IDispatch> reference(new DispatchReference(target));
+        VARIANT value;
+        value.vt = VT_DISPATCH;
+        value.pdispVal = reference.get();
+        object->Answer(attribute, S_OK, value);
+    }
+    /// A text that is a null pointer.
+    static void SetNullText(const ComPtr<MemoryObject>& object, const wchar_t* attribute)
+    {
+        VARIANT value;
+        value.vt = VT_BSTR;
+        value.bstrVal = nullptr;
+        object->Answer(attribute, S_OK, value);
     }
 
     HRESULT GetCommands(const wchar_t* typeName = L"machine", int userInterface = 1)

@@ -78,6 +78,7 @@ protected:
     }
     ~ScriptPlant() override
     {
+        EXPECT_EQ(plant->Calls().Misuses(), Lines{}) << "variants that were not empty before the call";
         manager.reset();
         query.reset();
         plant.reset();

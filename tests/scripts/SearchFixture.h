@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,55 @@ protected:
     /// of the two is passed on.
     void GiveSetMaster() { set->Set(L"master", masterSetReference.get()); }
     void GivePlanTypeMaster() { planType->Set(L"master", masterPlanTypeReference.get()); }
+
+    /// One way to have no master.
+    struct NoMaster
+    {
+        const char* way;
+        std::function<void(MemoryObject& object)> give;
+    };
+
+    /// All of them, with `reference` where a reference that leads to a data object is answered in vain.
+    std::vector<NoMaster> NoMasters(const ComPtr<IUnknown>& reference)
+    {
+        const auto answer = [reference](HRESULT status)
+        {
+            return [reference, status](MemoryObject& object)
+            {
+                VARIANT value;
+                value.vt = VT_UNKNOWN;
+                value.punkVal = reference.get();
+                object.Answer(L"master", status, value);
+            };
+        };
+        return {{"a failure", answer(E_FAIL)},
+                {"S_FALSE", answer(S_FALSE)},
+                {"another success", answer(static_cast<HRESULT>(2))},
+                {"no value",
+                 [](MemoryObject& object)
+                 {
+                     object.Fail(L"master", S_OK);
+                 }},
+                {"a text",
+                 [](MemoryObject& object)
+                 {
+                     object.Set(L"master", L"master");
+                 }},
+                {"a number",
+                 [](MemoryObject& object)
+                 {
+                     object.Set(L"master", LONG{1});
+                 }},
+                {"a null reference",
+                 [](MemoryObject& object)
+                 {
+                     object.Set(L"master", static_cast<IUnknown*>(nullptr));
+                 }},
+                {"no data object", [this](MemoryObject& object)
+                 {
+                     object.Set(L"master", static_cast<IEnumBaseDataObject*>(host.List({}).get()));
+                 }}};
+    }
 
     MemoryHost host;
     ComPtr<MemoryObject> set = host.Object("set");

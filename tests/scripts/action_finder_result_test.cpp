@@ -200,14 +200,20 @@ TEST_F(ActionFinderResult, AMasterThatIsNoDataObjectIsNoMaster)
 TEST_F(ActionFinderResult, AMasterOfThePlanTypeCountsUnderTheSameConditions)
 {
     GiveSetMaster();
-    VARIANT reference;
-    reference.vt = VT_UNKNOWN;
-    reference.punkVal = masterPlanTypeReference.get();
-    planType->Answer(L"master", S_FALSE, reference);
-    EXPECT_EQ(FindMachinesOfPlanType(), S_OK);
-    found->Release();
-    EXPECT_TRUE(SearchedMasterSet());
-    EXPECT_FALSE(Called(Equal("orvoplantype", "UNKNOWN reference to masterplantype")));
+    for (const NoMaster& none : NoMasters(masterPlanTypeReference))
+    {
+        none.give(*planType);
+        EXPECT_EQ(FindMachinesOfPlanType(), S_OK);
+        found->Release();
+        EXPECT_CALLS((bothMastersRead +
+                      Calls{"ResetSearch(0)", "SetSearchTable(scriptaction)", Cat(4),
+                            Equal("orvoplantype", "UNKNOWN plantype"), Cat(2),
+                            Equal("type", "BSTR 'machine'"), Cat(9)} +
+                      inSetOrMaster +
+                      Calls{Equal("beforeafter", "I4 1"), Cat(1), Equal("actiontype", "I4 7"),
+                            Equal("enabled", "I4 1"), "SetOrderAttribute(sequence, 1)", "GetSearchResult()"}))
+            << none.way;
+    }
 }
 
 TEST_F(ActionFinderResult, AMasterBehindAReferenceCountsAndReachesTheHostResolved)

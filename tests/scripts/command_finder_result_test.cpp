@@ -159,30 +159,30 @@ TEST_F(CommandFinderResult, FailedCatenationsAndCriteriaAreIgnored)
 
 TEST_F(CommandFinderResult, AMasterThatCannotBeReadOrIsNoDataObjectIsNoMaster)
 {
-    VARIANT reference;
-    reference.vt = VT_UNKNOWN;
-    reference.punkVal = masterSetReference.get();
-    for (const HRESULT status : {S_FALSE, E_FAIL})
+    for (const NoMaster& none : NoMasters(masterSetReference))
     {
-        set->Answer(L"master", status, reference);
+        none.give(*set);
         EXPECT_EQ(FindMachines(), S_OK);
         found->Release();
-        EXPECT_CALLS(wholeSearch);
+        EXPECT_CALLS(wholeSearch) << none.way;
     }
-    set->Set(L"master", L"text");
-    EXPECT_EQ(FindMachines(), S_OK);
-    found->Release();
-    EXPECT_CALLS(wholeSearch);
+}
 
-    set->Set(L"master", static_cast<IUnknown*>(nullptr));
-    EXPECT_EQ(FindMachines(), S_OK);
-    found->Release();
-    EXPECT_CALLS(wholeSearch);
-
-    set->Set(L"master", static_cast<IUnknown*>(static_cast<IEnumBaseDataObject*>(query.result.get())));
-    EXPECT_EQ(FindMachines(), S_OK);
-    found->Release();
-    EXPECT_CALLS(wholeSearch);
+TEST_F(CommandFinderResult, AMasterOfThePlanTypeCountsUnderTheSameConditions)
+{
+    GiveSetMaster();
+    for (const NoMaster& none : NoMasters(masterPlanTypeReference))
+    {
+        none.give(*planType);
+        EXPECT_EQ(Find(&query, set.get(), L"machine", planType.get()), S_OK);
+        found->Release();
+        EXPECT_CALLS((bothMastersRead +
+                      Calls{"ResetSearch(0)", "SetSearchTable(scriptcommand)", Cat(4),
+                            Equal("orvoplantype", "UNKNOWN plantype"), Cat(2),
+                            Equal("type", "BSTR 'machine'"), Cat(9)} +
+                      inSetOrMaster + Calls(wholeSearch.end() - 8, wholeSearch.end())))
+            << none.way;
+    }
 }
 
 TEST_F(CommandFinderResult, TheQueryIsHeldUntilTheFinderEndsOrSearchesAnother)

@@ -221,9 +221,13 @@ TEST_F(ScriptsForAction, AnActionWithoutAScriptIsLeftOut)
     reference.vt = VT_UNKNOWN;
     reference.punkVal = static_cast<IQP_BaseDataObject*>(weld.get());
     unsure->Answer(L"script", S_FALSE, reference);
-    Finds({without, text, empty, unsure, Action("a5", weld)});
+    const auto null = host.Object("null");
+    SetNull(null, L"script");
+    const auto dispatch = host.Object("dispatch");
+    SetDispatch(dispatch, L"script", weld);
+    Finds({without, text, empty, unsure, null, dispatch, Action("a7", weld)});
     EXPECT_EQ(GetActions(), S_OK);
-    EXPECT_EQ(Rows(), (TextRows{{"<a5>", "<weld>"}}));
+    EXPECT_EQ(Rows(), (TextRows{{"<a7>", "<weld>"}}));
 }
 
 TEST_F(ScriptsForAction, TheLastReadIsTheStatusWhenEveryActionIsLeftOut)

@@ -208,9 +208,50 @@ TEST_F(ScriptCommands, AnythingButAnObjectReferenceMakesAMacroCommand)
     reference.vt = VT_UNKNOWN;
     reference.punkVal = static_cast<IQP_BaseDataObject*>(planType.get());
     unsure->Answer(L"script", S_FALSE, reference);
-    Finds({empty, without, text, unsure});
+    const auto null = MacroCommand("c5", L"E", L"M5");
+    SetNull(null, L"script");
+    const auto dispatch = MacroCommand("c6", L"F", L"M6");
+    SetDispatch(dispatch, L"script", planType);
+    Finds({empty, without, text, unsure, null, dispatch});
     EXPECT_EQ(GetCommands(), S_OK);
-    EXPECT_EQ(Rows(), (TextRows{{"A", "M1", "1"}, {"B", "M2", "1"}, {"C", "M3", "1"}, {"D", "M4", "1"}}));
+    EXPECT_EQ(Rows(), (TextRows{{"A", "M1", "1"},
+                                {"B", "M2", "1"},
+                                {"C", "M3", "1"},
+                                {"D", "M4", "1"},
+                                {"E", "M5", "1"},
+                                {"F", "M6", "1"}}));
+}
+
+TEST_F(ScriptCommands, ATextThatIsANullPointerIsAnEmptyOne)
+{
+    const auto prompt = ScriptCommand("c1", nullptr, Script("weld"));
+    SetNullText(prompt, L"m_strPrompt");
+    const auto shortName = ScriptCommand("c2", L"B", Script("drill"));
+    SetNullText(shortName, L"m_nameShort");
+    const auto scriptName = ScriptCommand("c3", nullptr, host.Object("nameless"));
+    SetNullText(scriptName, L"m_strPrompt");
+    const auto macro = MacroCommand("c4", L"M", nullptr);
+    SetNullText(macro, L"m_strVBAMacroName");
+    Finds({prompt, shortName, scriptName, macro});
+    EXPECT_EQ(GetCommands(), S_OK);
+    EXPECT_EQ(
+        Rows(),
+        (TextRows{{"", "<nameless>", "1"}, {"B", "<drill>", "1"}, {"M", "", "1"}, {"weld", "<weld>", "1"}}));
+}
+
+TEST_F(ScriptCommands, AScriptAndAMacroWhoseNamesAreNullPointersHaveTheEmptyName)
+{
+    const auto script = host.Object("script");
+    SetNullText(script, L"name");
+    Finds({ScriptCommand("c1", nullptr, script)});
+    EXPECT_EQ(GetCommands(), S_OK);
+    EXPECT_EQ(Rows(), (TextRows{{"", "<script>", "1"}}));
+
+    const auto macro = MacroCommand("c2", nullptr, nullptr);
+    SetNullText(macro, L"m_strVBAMacroName");
+    Finds({macro, ScriptCommand("c3", nullptr, script)});
+    EXPECT_EQ(GetCommands(), S_OK);
+    EXPECT_EQ(Rows(), (TextRows{{"", "", "1"}, {"(2)", "<script>", "1"}})) << "the name is in use";
 }
 
 TEST_F(ScriptCommands, AMacroWhoseNameIsNoTextOrCannotBeReadIsDropped)

@@ -243,6 +243,7 @@ TEST_F(CommandNames, AThousandMixedListsAreNamedAsTheRuleSays)
         return (random >> 16) % bound;
     };
     const std::wstring same = SameNameAs(L"A");
+    ASSERT_NE(same, L"A") << "no such pair of names here";
     const std::wstring names[] = {same,    same + L"(2)", L"A",    L"A(2)", L"A(3)", L"A(2)(2)", L"B",
                                   L"b",    L"B(2)",       L"b(3)", L"",     L"(2)",  L"(3)",     L"a",
                                   L"a(2)", L"(2)(2)",     L"C1",   L"c10",  L"C2"};

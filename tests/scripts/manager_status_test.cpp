@@ -243,6 +243,42 @@ TEST_F(CommandStatus, TheOldValueOfTheVariantIsCleared)
     EXPECT_EQ(Rows(), TextRows{});
 }
 
+TEST_F(CommandStatus, AnOldArrayIsDestroyedWithWhatItHolds)
+{
+    const int before = host.LiveObjects();
+    Finds({Good()});
+    EXPECT_EQ(GetCommands(), S_OK);
+    Finds({});
+    const BstrArgument type(L"machine");
+    EXPECT_EQ(manager->GetScriptCommands(&query, set.get(), type.get(), nullptr, 1, nullptr, &result.Value()),
+              S_OK);
+    query.result.reset();
+    EXPECT_EQ(host.LiveObjects(), before);
+    EXPECT_EQ(Rows(), TextRows{});
+}
+
+TEST_F(CommandStatus, AnOldArrayThatIsLockedIsLeftToWhoeverLockedIt)
+{
+    Finds({Good()});
+    EXPECT_EQ(GetCommands(), S_OK);
+    SAFEARRAY* const old = result.Value().parray;
+    ASSERT_EQ(SafeArrayLock(old), S_OK);
+    Finds({});
+    const BstrArgument type(L"machine");
+    EXPECT_EQ(manager->GetScriptCommands(&query, set.get(), type.get(), nullptr, 1, nullptr, &result.Value()),
+              S_OK);
+    EXPECT_NE(result.Value().parray, old);
+    EXPECT_EQ(Rows(), TextRows{});
+    EXPECT_EQ(ColumnsOf(result.Value()), 3);
+
+    VARIANT still;
+    still.vt = VT_ARRAY | VT_VARIANT;
+    still.parray = old;
+    EXPECT_EQ(RowsOf(still, [this](IUnknown* object) { return host.NameOf(object); }), oneRow);
+    EXPECT_EQ(SafeArrayUnlock(old), S_OK);
+    EXPECT_EQ(SafeArrayDestroy(old), S_OK);
+}
+
 TEST_F(CommandStatus, WithoutAVariantTheSearchAndTheWalkRunInFull)
 {
     const int before = host.LiveObjects();

@@ -1,7 +1,10 @@
 // Scripts for an action on the sample plant: the words of each search, whole, and the actions that they mean.
 #include "ScriptPlant.h"
 
+#include "qpservices.h"
+
 #include <algorithm>
+#include <set>
 
 namespace
 {
@@ -143,6 +146,19 @@ TEST_F(PlantActions, TheNameScriptactionIsSearchedAsATypeEvenWithAPlanType)
                                  OnAction(2, 0));
 }
 
+TEST_F(PlantActions, TheNameScriptcommandIsSearchedAsATypeEvenWithAPlanType)
+{
+    EXPECT_EQ(Scripts(L"Body Shop", L"scriptcommand", L"Welding", 2, 0), TextRows{});
+    EXPECT_EQ(status, S_OK);
+    plant->Find(L"scriptaction", L"Action log")
+        ->SetAttribute(XQPComBSTR(L"type"), XQPComVariant(L"scriptcommand"));
+    EXPECT_ROWS(Scripts(L"Body Shop", L"scriptcommand", L"Welding", 2, 0),
+                {"<Action log>", "<Notify planner>"});
+    EXPECT_LINES(Searched(), Lines{Master("plantypeset Body Shop"), Master("plantype Welding")} + Begin() +
+                                 Lines{Equal("type", "\"scriptcommand\""), Cat(1)} + bodyShop +
+                                 OnAction(2, 0));
+}
+
 TEST_F(PlantActions, AMasterOfAPlanTypeDoesNotCountWhenItsSetHasNone)
 {
     EXPECT_ROWS(Scripts(L"Machining", L"robot", L"Measuring", 5, 0),
@@ -188,11 +204,68 @@ TEST_F(PlantActions, TwoCallsOnOneManagerAddUpAndANewManagerStartsAnew)
     EXPECT_EQ(Scripts(L"Machining", L"tool", nullptr, 3, 0).size(), 1u);
 }
 
+TEST_F(PlantActions, OnlyTheInterfacesAndMethodsThatTheServiceNeedsAreAskedForAndCalled)
+{
+    using refhost::Plant;
+    const std::set<std::string> allowed = {
+        "IQP_Query::ResetSearch",           "IQP_Query::SetSearchTable",    "IQP_Query::SetSearchCatenation",
+        "IQP_Query::SetSearchAttribute",    "IQP_Query::SetOrderAttribute", "IQP_Query::GetSearchResult",
+        "IQP_BaseDataObject::GetAttribute", "IQPObjectRights::HasRight",    "IEnumBaseDataObject::RemNext"};
+    std::set<std::string> called;
+    const auto note = [&](const TextRows& rows)
+    {
+        EXPECT_EQ(status, S_OK);
+        EXPECT_FALSE(rows.empty());
+        for (const std::string& line : record) // "Interface::Method(...)" or "Interface<object>::Method(...)"
+        {
+            const std::size_t object = line.find(">::");
+            const std::size_t method = object == std::string::npos ? line.find("::") : object + 1;
+            called.insert(line.substr(0, line.find_first_of("<:")) +
+                          line.substr(method, line.find('(', method) - method));
+        }
+    };
+    Plant::NoteInterfaces(true);
+    note(Scripts(L"Body Shop", L"tool", L"Welding", 3, 1));
+    note(Scripts(L"Machining", L"tool", nullptr, 2, 0));
+    note(Commands(L"Body Shop", L"machine", nullptr, 1));
+    note(Commands(L"Body Shop", L"orvoplantype_workcell", L"Welding", 1));
+    Plant::NoteInterfaces(false);
+    EXPECT_EQ(called, allowed);
+    bool forRights = false;
+    for (const IID& iid : Plant::AskedInterfaces())
+    {
+        forRights = forRights || iid == __uuidof(IQPObjectRights);
+        EXPECT_TRUE(iid == __uuidof(IUnknown) || iid == __uuidof(IQP_BaseDataObject) ||
+                    iid == __uuidof(IQPObjectRights))
+            << std::hex << iid.Data1;
+    }
+    EXPECT_TRUE(forRights) << "what is asked for is not noted";
+}
+
 TEST_F(PlantActions, EachSearchIsOneStatementOfTheHost)
 {
     Scripts(L"Body Shop", L"orvoplantype_workcell", L"Welding", 1, 0);
     EXPECT_EQ(plant->Calls().Count("IQP_Query::GetSearchResult"), 1);
     EXPECT_EQ(plant->LastError(), "");
+
+    // All statements of a call that finds nothing, but for those of reading the master.
+    const auto set = Find(L"plantypeset", L"Machining");
+    XQPComVariant master;
+    long long before = plant->Statements();
+    EXPECT_EQ(set->GetAttribute(XQPComBSTR(L"master"), &master), S_FALSE);
+    const long long ofMaster = plant->Statements() - before;
+    XQPComVariant result;
+    before = plant->Statements();
+    EXPECT_EQ(manager->GetScriptCommands(query.get(), set.get(), XQPComBSTR(L"conveyor"), nullptr, 1, nullptr,
+                                         &result),
+              S_OK);
+    EXPECT_EQ(plant->Statements() - before, ofMaster + 1);
+    ASSERT_EQ(module.Create(CLSID_XScriptActionAndCommandManager, manager), S_OK);
+    before = plant->Statements();
+    EXPECT_EQ(manager->GetScriptsForAction(query.get(), set.get(), XQPComBSTR(L"conveyor"), nullptr, 1, 0,
+                                           &result.Value()),
+              S_OK);
+    EXPECT_EQ(plant->Statements() - before, ofMaster + 1);
 }
 
 } // namespace
