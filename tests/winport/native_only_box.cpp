@@ -1,64 +1,62 @@
-// Message boxes and windows where there is no screen.
-#include <winport_test.h>
+// A message box where nobody could press a button.
+#include <windows.h>
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <thread>
-
 namespace
 {
-struct Shown
-{
-    HWND owner = nullptr;
-    std::wstring text;
-    std::wstring title;
-    UINT type = 0;
-};
+// What is posted to the box that comes up, and then No or OK.
+UINT g_message = 0;
+WPARAM g_key = 0;
 
-Shown g_shown;
-
-int Answer(HWND owner, const wchar_t* text, const wchar_t* title, UINT type)
+void CALLBACK PostToBox(HWND, UINT, UINT_PTR timer, DWORD)
 {
-    g_shown = {owner, text, title, type};
-    return IDNO;
+    KillTimer(nullptr, timer);
+    PostMessageW(g_message == WM_KEYDOWN ? GetFocus() : GetActiveWindow(), g_message, g_key, 1);
 }
 
-HWND SomeWindow()
+void CALLBACK SayNo(HWND, UINT, UINT_PTR timer, DWORD)
 {
-    static int window = 0;
-    return reinterpret_cast<HWND>(&window);
+    KillTimer(nullptr, timer);
+    if (GetActiveWindow())
+        SendMessageW(GetDlgItem(GetActiveWindow(), IDNO), BM_CLICK, 0, 0);
+}
+
+int Show(UINT type, UINT message, WPARAM key)
+{
+    g_message = message;
+    g_key = key;
+    SetTimer(nullptr, 0, 10, PostToBox);
+    const UINT_PTR last = SetTimer(nullptr, 0, 50, SayNo);
+    const int answer = MessageBoxW(nullptr, L"Text", L"Title", type);
+    KillTimer(nullptr, last);
+    return answer;
 }
 } // namespace
 
-TEST(Boxes, IsAnsweredByTheHook)
+TEST(Boxes, AreLeftByEscapeAndTheCloseBoxWhereThereIsOkOnly)
 {
-    EXPECT_EQ(WinportSetBoxHook(&Answer), nullptr);
-    EXPECT_EQ(MessageBoxW(SomeWindow(), L"Really?", L"Title", MB_YESNO | MB_ICONQUESTION), IDNO);
-    EXPECT_EQ(g_shown.owner, SomeWindow());
-    EXPECT_EQ(g_shown.text, L"Really?");
-    EXPECT_EQ(g_shown.title, L"Title");
-    EXPECT_EQ(g_shown.type, MB_YESNO | MB_ICONQUESTION);
-    EXPECT_EQ(MessageBoxW(nullptr, nullptr, nullptr, MB_OK), IDNO);
-    EXPECT_EQ(g_shown.text, L"");
-    EXPECT_EQ(g_shown.title, L"Error");
-    EXPECT_EQ(WinportSetBoxHook(nullptr), &Answer);
+    EXPECT_EQ(Show(MB_OK, WM_KEYDOWN, VK_ESCAPE), IDOK);
+    EXPECT_EQ(Show(MB_OK, WM_SYSCOMMAND, SC_CLOSE), IDOK);
+    EXPECT_EQ(Show(MB_OKCANCEL, WM_SYSCOMMAND, SC_CLOSE), IDCANCEL);
 }
 
-TEST(BoxesDeathTest, EndsTheRunWhenNobodyAnswers)
+TEST(Boxes, AreLeftByNothingButTheirButtonsWithoutCancel)
 {
+    EXPECT_EQ(Show(MB_YESNO, WM_KEYDOWN, VK_ESCAPE), IDNO);
+    EXPECT_EQ(Show(MB_YESNO, WM_SYSCOMMAND, SC_CLOSE), IDNO);
+    EXPECT_EQ(Show(MB_YESNO, WM_CLOSE, 0), IDNO);
+}
+
+TEST(BoxesDeathTest, EndTheRunWithTheirTextWhenNobodyAnswers)
+{
+    ::testing::GTEST_FLAG(death_test_style) = "threadsafe";
     EXPECT_DEATH(MessageBoxW(nullptr, L"What now?", L"Title", MB_OK),
-                 "no test answers: \"What now\\?\", titled \"Title\"");
+                 "that nobody can send.*\n#32770 .*\"Title\"\n(.*\n)*.*Static .*\"What now\\?\"");
 }
 
-TEST(ActiveWindow, IsWhatTheTestSays)
+TEST(BoxesDeathTest, EndTheRunAtButtonsThatAreNotThere)
 {
-    EXPECT_EQ(GetActiveWindow(), nullptr);
-    EXPECT_FALSE(IsWindow(SomeWindow()));
-    WinportSetActiveWindow(SomeWindow());
-    EXPECT_EQ(GetActiveWindow(), SomeWindow());
-    EXPECT_TRUE(IsWindow(SomeWindow()));
-    std::thread([] { EXPECT_EQ(GetActiveWindow(), nullptr); }).join();
-    WinportSetActiveWindow(nullptr);
-    EXPECT_EQ(GetActiveWindow(), nullptr);
+    constexpr UINT kTryContinue = 6;
+    EXPECT_DEATH(MessageBoxW(nullptr, L"Text", L"Title", kTryContinue), "no buttons of a message box 0x6");
 }

@@ -216,6 +216,16 @@ TEST_F(Resources, AreNotFoundForAReason)
     EXPECT_NE(LastError(), 0);
 }
 
+TEST_F(Resources, OfIconsAreLoadedOnce)
+{
+    const CTestModule module;
+    const HICON icon = LoadIconW(module.Get(), MAKEINTRESOURCEW(50));
+    EXPECT_NE(icon, nullptr);
+    EXPECT_EQ(LoadIconW(module.Get(), MAKEINTRESOURCEW(50)), icon);
+    EXPECT_NE(LoadIconW(nullptr, IDI_HAND), icon);
+    EXPECT_EQ(LoadIconW(module.Get(), MAKEINTRESOURCEW(60)), nullptr); // its picture alone
+}
+
 TEST_F(Resources, OfStringsAreLoaded)
 {
     const CTestModule module;

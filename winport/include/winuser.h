@@ -1,49 +1,218 @@
-// The part of the window system's API that needs no windows: message boxes, strings, case mapping.
+// The window system: windows, messages, the standard controls, dialogs, message boxes; case mapping of texts.
+// What this header does not name, the window system does not have: docs/winport.md lists it.
 #pragma once
 
 #include "wpbase.h"
 
-#define MB_OK 0x00000000u
-#define MB_OKCANCEL 0x00000001u
-#define MB_ABORTRETRYIGNORE 0x00000002u
-#define MB_YESNOCANCEL 0x00000003u
-#define MB_YESNO 0x00000004u
-#define MB_RETRYCANCEL 0x00000005u
-#define MB_TYPEMASK 0x0000000Fu
-#define MB_ICONHAND 0x00000010u
-#define MB_ICONSTOP MB_ICONHAND
-#define MB_ICONERROR MB_ICONHAND
-#define MB_ICONQUESTION 0x00000020u
-#define MB_ICONEXCLAMATION 0x00000030u
-#define MB_ICONWARNING MB_ICONEXCLAMATION
-#define MB_ICONASTERISK 0x00000040u
-#define MB_ICONINFORMATION MB_ICONASTERISK
-#define MB_ICONMASK 0x000000F0u
-#define MB_DEFBUTTON1 0x00000000u
-#define MB_DEFBUTTON2 0x00000100u
-#define MB_DEFBUTTON3 0x00000200u
-#define MB_DEFMASK 0x00000F00u
-#define MB_APPLMODAL 0x00000000u
-#define MB_SYSTEMMODAL 0x00001000u
-#define MB_TASKMODAL 0x00002000u
-#define MB_SETFOREGROUND 0x00010000u
-#define MB_TOPMOST 0x00040000u
+#include "wpwinmessages.h"
+#include "wpwinstyles.h"
 
-#define IDOK 1
-#define IDCANCEL 2
-#define IDABORT 3
-#define IDRETRY 4
-#define IDIGNORE 5
-#define IDYES 6
-#define IDNO 7
-#define IDCLOSE 8
-#define IDHELP 9
+#define MAKEWPARAM(low, high) (static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
+#define MAKELPARAM(low, high) (static_cast<LPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
 
-WINUSERAPI int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT type);
-WINUSERAPI HWND GetActiveWindow();
+using WNDPROC = LRESULT(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
+using DLGPROC = INT_PTR(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
+using HOOKPROC = LRESULT(CALLBACK*)(int, WPARAM, LPARAM);
+using TIMERPROC = void(CALLBACK*)(HWND, UINT, UINT_PTR, DWORD);
+using WNDENUMPROC = BOOL(CALLBACK*)(HWND, LPARAM);
+
+struct WNDCLASSW
+{
+    UINT style;
+    WNDPROC lpfnWndProc;
+    int cbClsExtra;
+    int cbWndExtra;
+    HINSTANCE hInstance;
+    HICON hIcon;
+    HCURSOR hCursor;
+    HBRUSH hbrBackground;
+    LPCWSTR lpszMenuName;
+    LPCWSTR lpszClassName;
+};
+
+struct CREATESTRUCTW
+{
+    LPVOID lpCreateParams;
+    HINSTANCE hInstance;
+    HMENU hMenu;
+    HWND hwndParent;
+    int cy;
+    int cx;
+    int y;
+    int x;
+    LONG style;
+    LPCWSTR lpszName;
+    LPCWSTR lpszClass;
+    DWORD dwExStyle;
+};
+using LPCREATESTRUCTW = CREATESTRUCTW*;
+
+struct WINDOWPOS
+{
+    HWND hwnd;
+    HWND hwndInsertAfter;
+    int x;
+    int y;
+    int cx;
+    int cy;
+    UINT flags;
+};
+
+struct STYLESTRUCT
+{
+    DWORD styleOld;
+    DWORD styleNew;
+};
+
+struct CBT_CREATEWNDW
+{
+    CREATESTRUCTW* lpcs;
+    HWND hwndInsertAfter;
+};
+
+struct CBTACTIVATESTRUCT
+{
+    BOOL fMouse;
+    HWND hWndActive;
+};
+
+struct MSG
+{
+    HWND hwnd;
+    UINT message;
+    WPARAM wParam;
+    LPARAM lParam;
+    DWORD time;
+    POINT pt;
+};
+using LPMSG = MSG*;
+
+struct NMHDR
+{
+    HWND hwndFrom;
+    UINT_PTR idFrom;
+    UINT code;
+};
+using LPNMHDR = NMHDR*;
+
+#pragma pack(push, 2)
+struct DLGTEMPLATE
+{
+    DWORD style;
+    DWORD dwExtendedStyle;
+    WORD cdit;
+    short x;
+    short y;
+    short cx;
+    short cy;
+};
+#pragma pack(pop)
+using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
+
+// Classes and windows.
+WINUSERAPI ATOM RegisterClassW(const WNDCLASSW* description);
+WINUSERAPI BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance);
+WINUSERAPI HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style, int x, int y,
+                                int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
+                                LPVOID parameter);
+WINUSERAPI BOOL DestroyWindow(HWND window);
 WINUSERAPI BOOL IsWindow(HWND window);
+WINUSERAPI BOOL IsWindowVisible(HWND window);
+WINUSERAPI BOOL IsWindowEnabled(HWND window);
+WINUSERAPI BOOL IsChild(HWND parent, HWND window);
+WINUSERAPI BOOL EnableWindow(HWND window, BOOL enable);
+WINUSERAPI BOOL ShowWindow(HWND window, int how);
+WINUSERAPI BOOL UpdateWindow(HWND window);
+WINUSERAPI BOOL InvalidateRect(HWND window, const RECT* part, BOOL erase);
+WINUSERAPI BOOL RedrawWindow(HWND window, const RECT* part, HANDLE region, UINT flags);
+WINUSERAPI BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
+WINUSERAPI BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags);
+WINUSERAPI BOOL GetWindowRect(HWND window, LPRECT rect);
+WINUSERAPI BOOL GetClientRect(HWND window, LPRECT rect);
+WINUSERAPI BOOL ClientToScreen(HWND window, LPPOINT point);
+WINUSERAPI BOOL ScreenToClient(HWND window, LPPOINT point);
+WINUSERAPI int MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count);
+WINUSERAPI LONG GetWindowLongW(HWND window, int index);
+WINUSERAPI LONG SetWindowLongW(HWND window, int index, LONG value);
+WINUSERAPI LONG_PTR GetWindowLongPtrW(HWND window, int index);
+WINUSERAPI LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value);
+WINUSERAPI int GetClassNameW(HWND window, LPWSTR buffer, int size);
+WINUSERAPI BOOL SetWindowTextW(HWND window, LPCWSTR text);
+WINUSERAPI int GetWindowTextW(HWND window, LPWSTR buffer, int size);
+WINUSERAPI int GetWindowTextLengthW(HWND window);
+WINUSERAPI HWND GetParent(HWND window);
+WINUSERAPI HWND GetAncestor(HWND window, UINT which);
+WINUSERAPI HWND GetWindow(HWND window, UINT which);
+WINUSERAPI HWND GetLastActivePopup(HWND window);
+WINUSERAPI BOOL EnumChildWindows(HWND parent, WNDENUMPROC each, LPARAM parameter);
+WINUSERAPI BOOL EnumThreadWindows(DWORD thread, WNDENUMPROC each, LPARAM parameter);
+WINUSERAPI DWORD GetWindowThreadProcessId(HWND window, LPDWORD process);
+WINUSERAPI HWND GetActiveWindow();
+WINUSERAPI HWND SetActiveWindow(HWND window);
+WINUSERAPI HWND GetFocus();
+WINUSERAPI HWND SetFocus(HWND window);
+WINUSERAPI HWND GetDesktopWindow();
+WINUSERAPI int GetSystemMetrics(int index);
+
+// Messages.
+WINUSERAPI LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+WINUSERAPI BOOL PostMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+WINUSERAPI void PostQuitMessage(int exitCode);
+WINUSERAPI BOOL GetMessageW(LPMSG message, HWND window, UINT first, UINT last);
+WINUSERAPI BOOL PeekMessageW(LPMSG message, HWND window, UINT first, UINT last, UINT remove);
+WINUSERAPI BOOL TranslateMessage(const MSG* message);
+WINUSERAPI LRESULT DispatchMessageW(const MSG* message);
+WINUSERAPI LRESULT DefWindowProcW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+WINUSERAPI LRESULT CallWindowProcW(WNDPROC procedure, HWND window, UINT message, WPARAM wParam,
+                                   LPARAM lParam);
+WINUSERAPI UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, TIMERPROC procedure);
+WINUSERAPI BOOL KillTimer(HWND window, UINT_PTR id);
+WINUSERAPI HHOOK SetWindowsHookExW(int kind, HOOKPROC procedure, HINSTANCE module, DWORD thread);
+WINUSERAPI BOOL UnhookWindowsHookEx(HHOOK hook);
+WINUSERAPI LRESULT CallNextHookEx(HHOOK hook, int code, WPARAM wParam, LPARAM lParam);
+
+// Keyboard and pointer.
+WINUSERAPI SHORT GetKeyState(int key);
+WINUSERAPI BOOL GetKeyboardState(LPBYTE keys);
+WINUSERAPI BOOL SetKeyboardState(LPBYTE keys);
+WINUSERAPI HWND SetCapture(HWND window);
+WINUSERAPI BOOL ReleaseCapture();
+WINUSERAPI HWND GetCapture();
+WINUSERAPI HCURSOR SetCursor(HCURSOR cursor);
+WINUSERAPI HCURSOR GetCursor();
+WINUSERAPI HCURSOR LoadCursorW(HINSTANCE module, LPCWSTR name);
+WINUSERAPI HICON LoadIconW(HINSTANCE module, LPCWSTR name);
+
+// Dialogs.
+WINUSERAPI HWND CreateDialogIndirectParamW(HINSTANCE module, LPCDLGTEMPLATEW description, HWND owner,
+                                           DLGPROC procedure, LPARAM parameter);
+WINUSERAPI LRESULT DefDlgProcW(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+WINUSERAPI BOOL IsDialogMessageW(HWND dialog, LPMSG message);
+WINUSERAPI BOOL MapDialogRect(HWND dialog, LPRECT rect);
+WINUSERAPI HWND GetDlgItem(HWND dialog, int id);
+WINUSERAPI int GetDlgCtrlID(HWND window);
+WINUSERAPI LRESULT SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam);
+WINUSERAPI BOOL SetDlgItemTextW(HWND dialog, int id, LPCWSTR text);
+WINUSERAPI UINT GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int size);
+WINUSERAPI BOOL SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned);
+WINUSERAPI UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned);
+WINUSERAPI BOOL CheckDlgButton(HWND dialog, int id, UINT state);
+WINUSERAPI UINT IsDlgButtonChecked(HWND dialog, int id);
+WINUSERAPI BOOL CheckRadioButton(HWND dialog, int first, int last, int checked);
+WINUSERAPI HWND GetNextDlgTabItem(HWND dialog, HWND from, BOOL previous);
+WINUSERAPI HWND GetNextDlgGroupItem(HWND dialog, HWND from, BOOL previous);
+WINUSERAPI int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT type);
+
+// Device contexts, as far as texts are measured: every character is 6 pixels wide and 13 high.
+WINUSERAPI HDC GetDC(HWND window);
+WINUSERAPI int ReleaseDC(HWND window, HDC context);
+
+// Texts.
 WINUSERAPI int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
 WINUSERAPI DWORD CharLowerBuffW(LPWSTR text, DWORD length);
 WINUSERAPI DWORD CharUpperBuffW(LPWSTR text, DWORD length);
 WINUSERAPI LPWSTR CharLowerW(LPWSTR text);
 WINUSERAPI LPWSTR CharUpperW(LPWSTR text);
+
+// Rectangles.
+WINUSERAPI BOOL PtInRect(const RECT* rect, POINT point);

@@ -1,4 +1,6 @@
 // The order of values and of names.
+#include "wpnames.h"
+
 #include <oleauto.h>
 
 #include <winnls.h>
@@ -263,6 +265,12 @@ HRESULT CompareText(const VARIANT* left, const VARIANT* right, LCID lcid, ULONG 
                       V_VT(right) == VT_BSTR ? V_BSTR(right) : nullptr, lcid, flags);
 }
 } // namespace
+
+int winport::CompareNames(std::wstring_view left, std::wstring_view right, ULONG flags)
+{
+    return CNameOrder(flags).Compare({left.data(), left.data() + left.size()},
+                                     {right.data(), right.data() + right.size()});
+}
 
 HRESULT VarBstrCmp(BSTR left, BSTR right, LCID lcid, ULONG flags)
 {

@@ -1,0 +1,456 @@
+// Where things are in a list view in report mode: rectangles, hits, scrolling. Sizes are the system's own:
+// the tests compare them with each other.
+#include "ListViewHost.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+int HeaderHeight(const ListViewHost& list)
+{
+    RECT rect{};
+    GetWindowRect(list.Header(), &rect);
+    return rect.bottom - rect.top;
+}
+
+int RowHeight(const ListViewHost& list)
+{
+    const RECT row = list.ItemRect(0);
+    return row.bottom - row.top;
+}
+
+bool IsWhole(const ListViewHost& list, int item)
+{
+    const RECT row = list.ItemRect(item);
+    return row.top >= HeaderHeight(list) && row.bottom <= list.Client().bottom;
+}
+
+void ExpectSame(const RECT& one, const RECT& other)
+{
+    EXPECT_EQ(one.left, other.left);
+    EXPECT_EQ(one.top, other.top);
+    EXPECT_EQ(one.right, other.right);
+    EXPECT_EQ(one.bottom, other.bottom);
+}
+} // namespace
+
+TEST(ListViewGeometry, TheFirstRowLiesUnderTheHeader)
+{
+    ListViewHost list;
+    list.Fill(3);
+    EXPECT_GT(HeaderHeight(list), 0);
+    EXPECT_EQ(list.ItemRect(0).top, HeaderHeight(list));
+}
+
+TEST(ListViewGeometry, WithoutAHeaderTheFirstRowIsAtTheTop)
+{
+    ListViewHost list(LVS_REPORT | LVS_NOCOLUMNHEADER);
+    list.Fill(3);
+    EXPECT_EQ(list.ItemRect(0).top, 0);
+}
+
+TEST(ListViewGeometry, RowsFollowEachOtherWithoutGaps)
+{
+    ListViewHost list;
+    list.Fill(30);
+    EXPECT_GT(RowHeight(list), 0);
+    for (int i = 1; i < 30; ++i)
+        EXPECT_EQ(list.ItemRect(i).top, list.ItemRect(i - 1).bottom) << i;
+}
+
+TEST(ListViewGeometry, ARowIsAsWideAsItsColumns)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(1);
+    const RECT row = list.ItemRect(0);
+    EXPECT_EQ(row.left, 0);
+    EXPECT_EQ(row.right, 240);
+    list.Send(LVM_SETCOLUMNWIDTH, 1, 100);
+    EXPECT_EQ(list.ItemRect(0).right, 260);
+}
+
+TEST(ListViewGeometry, TheLabelIsInsideTheFirstColumn)
+{
+    ListViewHost list(LVS_REPORT, 2);
+    list.Fill(1);
+    const RECT label = list.ItemRect(0, LVIR_LABEL);
+    const RECT row = list.ItemRect(0);
+    EXPECT_EQ(label.top, row.top);
+    EXPECT_EQ(label.bottom, row.bottom);
+    EXPECT_GE(label.left, row.left);
+    EXPECT_GT(label.right, label.left);
+    EXPECT_EQ(label.right, 80);
+}
+
+TEST(ListViewGeometry, TheRectangleOfWhatIsNotThereIsRefused)
+{
+    ListViewHost list(LVS_REPORT, 2);
+    list.Fill(2);
+    RECT rect{LVIR_BOUNDS, 0, 0, 0};
+    EXPECT_FALSE(list.Send(LVM_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&rect)));
+    rect.left = LVIR_BOUNDS;
+    EXPECT_FALSE(list.Send(LVM_GETITEMRECT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&rect)));
+    rect = {LVIR_BOUNDS, 1, 0, 0};
+    EXPECT_TRUE(list.Send(LVM_GETSUBITEMRECT, 1, reinterpret_cast<LPARAM>(&rect)));
+}
+
+TEST(ListViewGeometry, ASubItemIsTheRowsPartUnderItsColumn)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(2);
+    list.Send(LVM_SETCOLUMNWIDTH, 0, 50);
+    const RECT second = list.SubItemRect(1, 1);
+    const RECT third = list.SubItemRect(1, 2);
+    EXPECT_EQ(second.left, 50);
+    EXPECT_EQ(second.right, 130);
+    EXPECT_EQ(third.left, 130);
+    EXPECT_EQ(third.right, 210);
+    EXPECT_EQ(third.top, list.ItemRect(1).top);
+    EXPECT_EQ(third.bottom, list.ItemRect(1).bottom);
+    ExpectSame(list.SubItemRect(1, 2, LVIR_LABEL), third);
+}
+
+TEST(ListViewGeometry, SubItemZeroIsTheWholeRow)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(1);
+    ExpectSame(list.SubItemRect(0, 0), list.ItemRect(0));
+}
+
+TEST(ListViewGeometry, SubItemsLieUnderTheirHeadings)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(1);
+    for (int i = 1; i < 3; ++i)
+    {
+        RECT heading{};
+        EXPECT_TRUE(SendMessageW(list.Header(), HDM_GETITEMRECT, static_cast<WPARAM>(i),
+                                 reinterpret_cast<LPARAM>(&heading)));
+        EXPECT_EQ(list.SubItemRect(0, i).left, heading.left);
+        EXPECT_EQ(list.SubItemRect(0, i).right, heading.right);
+    }
+}
+
+TEST(ListViewGeometry, APageHoldsTheRowsThatAreWholeInSight)
+{
+    ListViewHost list;
+    list.Fill(50);
+    EXPECT_EQ(list.PerPage(), (list.Client().bottom - HeaderHeight(list)) / RowHeight(list));
+    EXPECT_GT(list.PerPage(), 2);
+    EXPECT_TRUE(IsWhole(list, list.PerPage() - 1));
+    EXPECT_FALSE(IsWhole(list, list.PerPage()));
+}
+
+TEST(ListViewGeometry, TheCountPerPageIsNotLimitedByTheItems)
+{
+    ListViewHost list;
+    const int empty = list.PerPage();
+    EXPECT_GT(empty, 2);
+    list.Fill(2);
+    EXPECT_EQ(list.PerPage(), empty);
+}
+
+TEST(ListViewGeometry, EnsureVisibleScrollsJustFarEnoughDown)
+{
+    ListViewHost list;
+    list.Fill(50);
+    EXPECT_TRUE(list.Send(LVM_ENSUREVISIBLE, 30, FALSE));
+    EXPECT_TRUE(IsWhole(list, 30));
+    EXPECT_FALSE(IsWhole(list, 31));
+    EXPECT_EQ(list.Top(), 31 - list.PerPage());
+    EXPECT_EQ(list.ItemRect(list.Top()).top, HeaderHeight(list));
+}
+
+TEST(ListViewGeometry, EnsureVisibleScrollsJustFarEnoughUp)
+{
+    ListViewHost list;
+    list.Fill(50);
+    list.Send(LVM_ENSUREVISIBLE, 49, FALSE);
+    EXPECT_TRUE(list.Send(LVM_ENSUREVISIBLE, 10, FALSE));
+    EXPECT_EQ(list.Top(), 10);
+}
+
+TEST(ListViewGeometry, EnsureVisibleOfWhatIsInSightDoesNotScroll)
+{
+    ListViewHost list;
+    list.Fill(50);
+    list.Send(LVM_ENSUREVISIBLE, 30, FALSE);
+    const int top = list.Top();
+    EXPECT_TRUE(list.Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(top), FALSE));
+    EXPECT_TRUE(list.Send(LVM_ENSUREVISIBLE, 30, FALSE));
+    EXPECT_TRUE(list.Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(top + 1), TRUE));
+    EXPECT_EQ(list.Top(), top);
+}
+
+TEST(ListViewGeometry, EnsureVisibleOfWhatIsNotThereFails)
+{
+    ListViewHost list;
+    EXPECT_FALSE(list.Send(LVM_ENSUREVISIBLE, 0, FALSE));
+    list.Fill(2);
+    EXPECT_FALSE(list.Send(LVM_ENSUREVISIBLE, 2, FALSE));
+    EXPECT_FALSE(list.Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(-1), FALSE));
+}
+
+TEST(ListViewGeometry, AListThatFitsStartsAtTheTop)
+{
+    ListViewHost list;
+    list.Fill(2);
+    EXPECT_EQ(list.Top(), 0);
+    list.Send(LVM_ENSUREVISIBLE, 1, FALSE);
+    EXPECT_EQ(list.Top(), 0);
+}
+
+TEST(ListViewGeometry, ScrollsByWholeRows)
+{
+    ListViewHost list;
+    list.Fill(50);
+    EXPECT_TRUE(list.Send(LVM_SCROLL, 0, 3 * RowHeight(list)));
+    EXPECT_EQ(list.Top(), 3);
+    EXPECT_TRUE(list.Send(LVM_SCROLL, 0, -RowHeight(list)));
+    EXPECT_EQ(list.Top(), 2);
+}
+
+TEST(ListViewGeometry, ScrollsNoFurtherThanTheEnds)
+{
+    ListViewHost list;
+    list.Fill(50);
+    list.Send(LVM_SCROLL, 0, 1000 * RowHeight(list));
+    EXPECT_EQ(list.Top(), 50 - list.PerPage());
+    EXPECT_TRUE(IsWhole(list, 49));
+    list.Send(LVM_SCROLL, 0, -1000 * RowHeight(list));
+    EXPECT_EQ(list.Top(), 0);
+}
+
+TEST(ListViewGeometry, RowsAboveTheSightHaveRectanglesAboveTheFirst)
+{
+    ListViewHost list;
+    list.Fill(50);
+    list.Send(LVM_ENSUREVISIBLE, 49, FALSE);
+    const int top = list.Top();
+    EXPECT_EQ(list.ItemRect(top - 1).bottom, HeaderHeight(list));
+    EXPECT_EQ(list.ItemRect(0).top, HeaderHeight(list) - top * RowHeight(list));
+}
+
+TEST(ListViewGeometry, ScrollsSidewaysByPixelsAsFarAsTheColumnsGo)
+{
+    ListViewHost list(LVS_REPORT, 5);
+    list.Fill(2);
+    EXPECT_TRUE(list.Send(LVM_SCROLL, 30, 0));
+    EXPECT_EQ(list.ItemRect(0).left, -30);
+    EXPECT_EQ(list.ItemRect(0).right, 370);
+    EXPECT_EQ(list.SubItemRect(0, 1).left, 50);
+    list.Send(LVM_SCROLL, 1000, 0);
+    EXPECT_EQ(list.ItemRect(0).right, list.Client().right);
+    list.Send(LVM_SCROLL, static_cast<WPARAM>(-1000), 0);
+    EXPECT_EQ(list.ItemRect(0).left, 0);
+}
+
+TEST(ListViewGeometry, ColumnsThatFitDoNotScrollSideways)
+{
+    ListViewHost list(LVS_REPORT, 2);
+    list.Fill(2);
+    list.Send(LVM_SCROLL, 30, 0);
+    EXPECT_EQ(list.ItemRect(0).left, 0);
+}
+
+TEST(ListViewGeometry, TheHeaderScrollsAlong)
+{
+    ListViewHost list(LVS_REPORT, 5);
+    list.Fill(2);
+    list.Send(LVM_SCROLL, 30, 0);
+    RECT window{};
+    GetWindowRect(list.Header(), &window);
+    POINT corner{window.left, window.top};
+    ScreenToClient(list.Control(), &corner);
+    RECT heading{};
+    SendMessageW(list.Header(), HDM_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&heading));
+    EXPECT_EQ(corner.x + heading.left, list.SubItemRect(0, 2).left);
+}
+
+TEST(ListViewGeometry, TheScrollBarsMoveByLinesAndPages)
+{
+    ListViewHost list(LVS_REPORT, 5);
+    list.Fill(50);
+    constexpr WPARAM kLineBack = 0;
+    constexpr WPARAM kLineOn = 1;
+    constexpr WPARAM kPageOn = 3;
+    list.Send(WM_VSCROLL, kLineOn, 0);
+    list.Send(WM_VSCROLL, kLineOn, 0);
+    EXPECT_EQ(list.Top(), 2);
+    list.Send(WM_VSCROLL, kLineBack, 0);
+    EXPECT_EQ(list.Top(), 1);
+    list.Send(WM_VSCROLL, kPageOn, 0);
+    EXPECT_GT(list.Top(), 2);
+    EXPECT_LE(list.Top(), 1 + list.PerPage());
+    list.Send(WM_HSCROLL, kLineOn, 0);
+    EXPECT_LT(list.ItemRect(0).left, 0);
+    list.Send(WM_HSCROLL, kLineBack, 0);
+    EXPECT_EQ(list.ItemRect(0).left, 0);
+}
+
+TEST(ListViewGeometry, DeletedItemsScrollTheListBack)
+{
+    ListViewHost list;
+    list.Fill(50);
+    list.Send(LVM_ENSUREVISIBLE, 49, FALSE);
+    for (int i = 0; i < 47; ++i)
+        list.Send(LVM_DELETEITEM, 0);
+    EXPECT_EQ(list.Top(), 0);
+}
+
+TEST(ListViewHit, FindsTheRowUnderThePoint)
+{
+    ListViewHost list;
+    list.Fill(50);
+    for (int i = 0; i < list.PerPage(); ++i)
+    {
+        const POINT point = list.MiddleOf(i);
+        EXPECT_EQ(list.Hit(point.x, point.y).iItem, i);
+    }
+    list.Send(LVM_ENSUREVISIBLE, 40, FALSE);
+    const POINT point = list.MiddleOf(40);
+    EXPECT_EQ(list.Hit(point.x, point.y).iItem, 40);
+}
+
+TEST(ListViewHit, OnTheTextIsOnTheLabel)
+{
+    ListViewHost list;
+    list.Fill(1);
+    const RECT label = list.ItemRect(0, LVIR_LABEL);
+    const LVHITTESTINFO hit = list.Hit(label.left + 6, (label.top + label.bottom) / 2);
+    EXPECT_EQ(hit.iItem, 0);
+    EXPECT_EQ(hit.flags, LVHT_ONITEMLABEL);
+}
+
+TEST(ListViewHit, BelowTheLastRowIsNowhere)
+{
+    ListViewHost list;
+    list.Fill(2);
+    const LVHITTESTINFO hit = list.Hit(5, list.ItemRect(1).bottom + 2);
+    EXPECT_EQ(hit.iItem, -1);
+    EXPECT_EQ(hit.flags, LVHT_NOWHERE);
+}
+
+TEST(ListViewHit, RightOfTheColumnsIsNowhere)
+{
+    ListViewHost list;
+    list.Fill(2);
+    EXPECT_EQ(list.Hit(200, list.MiddleOf(1).y).iItem, -1);
+    EXPECT_EQ(list.SubItemHit(200, list.MiddleOf(1).y).iItem, -1);
+    list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT);
+    EXPECT_EQ(list.Hit(200, list.MiddleOf(1).y).iItem, -1);
+}
+
+TEST(ListViewHit, OnASubItemIsTheRowOnlyIfFullRowsAreSelected)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(2);
+    list.SetText(1, 1, L"sub");
+    const POINT point = list.MiddleOf(1, 1);
+    EXPECT_EQ(list.Hit(point.x, point.y).iItem, -1);
+    list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+    const LVHITTESTINFO hit = list.Hit(point.x, point.y);
+    EXPECT_EQ(hit.iItem, 1);
+    EXPECT_NE(hit.flags & LVHT_ONITEM, 0U);
+}
+
+TEST(ListViewHit, TheSubItemHitTellsTheColumnInEitherCase)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(2);
+    for (const DWORD style : {DWORD{0}, DWORD{LVS_EX_FULLROWSELECT}})
+    {
+        list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, static_cast<LPARAM>(style));
+        for (int column = 0; column < 3; ++column)
+        {
+            const POINT point = list.MiddleOf(1, column);
+            const LVHITTESTINFO hit = list.SubItemHit(point.x, point.y);
+            EXPECT_EQ(hit.iItem, 1);
+            EXPECT_EQ(hit.iSubItem, column);
+        }
+    }
+}
+
+TEST(ListViewHit, TheSubItemHitFollowsSidewaysScrolling)
+{
+    ListViewHost list(LVS_REPORT, 5);
+    list.Fill(2);
+    list.Send(LVM_SCROLL, 90, 0);
+    const LVHITTESTINFO hit = list.SubItemHit(2, list.MiddleOf(1).y);
+    EXPECT_EQ(hit.iItem, 1);
+    EXPECT_EQ(hit.iSubItem, 1);
+}
+
+TEST(ListViewHit, ColumnsEndWhereTheNextOnesStart)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(1);
+    const int y = list.MiddleOf(0).y;
+    EXPECT_EQ(list.SubItemHit(79, y).iSubItem, 0);
+    EXPECT_EQ(list.SubItemHit(80, y).iSubItem, 1);
+    EXPECT_EQ(list.SubItemHit(159, y).iSubItem, 1);
+    EXPECT_EQ(list.SubItemHit(160, y).iSubItem, 2);
+}
+
+TEST(ListViewHit, InAnEmptyListIsNowhere)
+{
+    const ListViewHost list;
+    EXPECT_EQ(list.Hit(5, 40).iItem, -1);
+    EXPECT_EQ(list.SubItemHit(5, 40).iItem, -1);
+}
+
+TEST(ListViewStyles, TheExtendedStyleIsSetWholeWithoutAMask)
+{
+    const ListViewHost list;
+    EXPECT_EQ(list.Send(LVM_GETEXTENDEDLISTVIEWSTYLE), 0);
+    EXPECT_EQ(list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_GRIDLINES | LVS_EX_REGIONAL), 0);
+    EXPECT_EQ(list.Send(LVM_GETEXTENDEDLISTVIEWSTYLE), 0x201);
+    EXPECT_EQ(list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP), 0x201);
+    EXPECT_EQ(list.Send(LVM_GETEXTENDEDLISTVIEWSTYLE), 0x4020);
+}
+
+TEST(ListViewStyles, TheMaskSavesTheOtherBitsOfTheExtendedStyle)
+{
+    const ListViewHost list;
+    list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_GRIDLINES | LVS_EX_FLATSB);
+    list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+    EXPECT_EQ(list.Send(LVM_GETEXTENDEDLISTVIEWSTYLE), 0x121);
+    list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_GRIDLINES, 0);
+    EXPECT_EQ(list.Send(LVM_GETEXTENDEDLISTVIEWSTYLE), 0x120);
+}
+
+TEST(ListViewStyles, AListMadeWithoutAModeBecomesAReport)
+{
+    ListViewHost list(WS_BORDER, 0);
+    SetWindowLongW(list.Control(), GWL_STYLE, GetWindowLongW(list.Control(), GWL_STYLE) | LVS_REPORT);
+    EXPECT_EQ(list.InsertColumn(0, L"a"), 0);
+    EXPECT_EQ(list.InsertColumn(1, L"b"), 1);
+    list.Fill(3);
+    list.SetText(1, 1, L"sub");
+    EXPECT_NE(list.Header(), nullptr);
+    EXPECT_EQ(list.Headings(), L"a|b");
+    EXPECT_EQ(list.TextOf(1, 1), L"sub");
+    EXPECT_EQ(list.ItemRect(0).top, HeaderHeight(list));
+    EXPECT_TRUE(IsWindowVisible(list.Header()));
+}
+
+TEST(ListViewStyles, LabelEditingMayBeAddedLater)
+{
+    ListViewHost list;
+    list.Fill(1);
+    SetFocus(list.Control());
+    EXPECT_EQ(list.Send(LVM_EDITLABELW, 0), 0);
+    SetWindowLongW(list.Control(), GWL_STYLE, GetWindowLongW(list.Control(), GWL_STYLE) | LVS_EDITLABELS);
+    EXPECT_NE(list.Send(LVM_EDITLABELW, 0), 0);
+}
+
+TEST(ListViewStyles, TheHeaderIsAsWideAsTheListOrWider)
+{
+    ListViewHost list(LVS_REPORT, 2);
+    RECT window{};
+    GetWindowRect(list.Header(), &window);
+    EXPECT_GE(window.right - window.left, list.Client().right);
+    MoveWindow(list.Control(), 10, 10, 350, 200, FALSE);
+    GetWindowRect(list.Header(), &window);
+    EXPECT_GE(window.right - window.left, list.Client().right);
+}
