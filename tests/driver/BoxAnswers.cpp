@@ -1,10 +1,6 @@
 #include "BoxAnswers.h"
 
-#ifdef _WIN32
-#include "BoxHookWindows.h"
-#else
-#include "BoxHookNative.h"
-#endif
+#include "BoxWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -13,25 +9,34 @@
 
 namespace
 {
-bool Has(const std::vector<int>& buttons, int button)
+thread_local int t_listening = 0;
+
+template <class List, class Value>
+bool Has(const List& list, Value value)
 {
-    return std::find(buttons.begin(), buttons.end(), button) != buttons.end();
+    return std::find(list.begin(), list.end(), value) != list.end();
 }
 
-// What a careful user presses who did not expect the box.
-int Dismissal(const std::vector<int>& buttons)
+template <class List>
+void Remove(List& list, HWND window)
 {
-    for (const int careful : {IDCANCEL, IDNO, IDABORT, IDOK})
-        if (Has(buttons, careful))
-            return careful;
-    return buttons.empty() ? IDCANCEL : buttons.back();
+    list.erase(std::remove(list.begin(), list.end(), window), list.end());
 }
 } // namespace
 
-BoxAnswers::BoxAnswers() : m_hook(std::make_unique<Hook>(*this)) {}
+BoxAnswers::BoxAnswers()
+{
+    ++t_listening;
+}
+
+bool BoxAnswers::Listening()
+{
+    return t_listening != 0;
+}
 
 BoxAnswers::~BoxAnswers()
 {
+    --t_listening;
     for (const Expectation& missing : m_expected)
         ADD_FAILURE() << Describe({.title = missing.title, .text = missing.text}) << " was never shown";
 }
@@ -60,7 +65,7 @@ int BoxAnswers::Answer(const ShownBox& box, const std::vector<int>& buttons)
 {
     m_shown.push_back(box);
     const bool expected = IsAsExpected(box, buttons);
-    Expectation next{.answer = Dismissal(buttons)};
+    Expectation next{.answer = CarefulButton(buttons)};
     if (!m_expected.empty())
     {
         next = expected ? std::move(m_expected.front()) : std::move(next);
@@ -69,4 +74,34 @@ int BoxAnswers::Answer(const ShownBox& box, const std::vector<int>& buttons)
     if (next.meanwhile)
         next.meanwhile();
     return next.answer;
+}
+
+void BoxAnswers::OnActivated(HWND dialog)
+{
+    if (Has(m_up, dialog))
+        return;
+    m_up.push_back(dialog);
+    m_unseen.push_back(dialog);
+    CallLater();
+}
+
+void BoxAnswers::OnGoing(HWND window)
+{
+    Remove(m_up, window);
+    Remove(m_unseen, window);
+}
+
+// The box is looked at from a message that its own loop delivers, when everything in it stands.
+void BoxAnswers::OnCall()
+{
+    while (!m_unseen.empty())
+    {
+        const HWND box = m_unseen.front();
+        m_unseen.pop_front();
+        if (!IsMessageBox(box))
+            continue;
+        const int answer = Answer(ReadBox(box), BoxButtons(box));
+        if (IsWindow(box))
+            PressBoxButton(box, answer);
+    }
 }

@@ -1,11 +1,11 @@
 // Answers the message boxes of the calling thread, as a user in front of it would.
 #pragma once
 
+#include "ModalWatch.h"
 #include "ShownBox.h"
 
 #include <deque>
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,13 +13,11 @@
 /// within the box's own modal loop. A box that nobody expected, or with another title or text or without the
 /// wanted button, fails the test and is dismissed, so that no test ever waits; an expectation whose box never
 /// came fails it at the end. One object at a time for each thread.
-class BoxAnswers
+class BoxAnswers : private ModalWatch
 {
 public:
     BoxAnswers();
-    ~BoxAnswers();
-    BoxAnswers(const BoxAnswers&) = delete;
-    BoxAnswers& operator=(const BoxAnswers&) = delete;
+    ~BoxAnswers() override;
 
     /// The next box has this title and text and is answered with the button `answer` (IDOK, IDYES ...).
     /// `meanwhile`, if there is one, runs while the box is up.
@@ -31,11 +29,10 @@ public:
     /// The boxes shown so far, expected or not.
     const std::vector<ShownBox>& Shown() const { return m_shown; }
 
-    /// Called by the platform's part with each box and its buttons: gives the button to press.
-    int Answer(const ShownBox& box, const std::vector<int>& buttons);
+    /// True while an object answers the boxes of this thread.
+    static bool Listening();
 
 private:
-    class Hook;
     struct Expectation
     {
         std::wstring title;
@@ -44,9 +41,14 @@ private:
         std::function<void()> meanwhile;
     };
 
+    void OnActivated(HWND dialog) override;
+    void OnGoing(HWND window) override;
+    void OnCall() override;
+    int Answer(const ShownBox& box, const std::vector<int>& buttons);
     bool IsAsExpected(const ShownBox& box, const std::vector<int>& buttons) const;
 
     std::deque<Expectation> m_expected;
     std::vector<ShownBox> m_shown;
-    std::unique_ptr<Hook> m_hook;
+    std::vector<HWND> m_up;    ///< dialogs that came up: each is activated again when its owner was
+    std::deque<HWND> m_unseen; ///< those of them that were not looked at yet
 };

@@ -1,18 +1,8 @@
 #include "ShownBox.h"
 
-namespace
-{
-std::string Utf8(const std::wstring& text)
-{
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
-    return bytes;
-}
-} // namespace
+#include "WindowTexts.h"
 
 std::string Describe(const ShownBox& box)
 {
-    return "the box \"" + Utf8(box.title) + "\" with the text \"" + Utf8(box.text) + "\"";
+    return "the box \"" + Utf8Text(box.title) + "\" with the text \"" + Utf8Text(box.text) + "\"";
 }

@@ -1,12 +1,24 @@
 #include "ActiveWindow.h"
 
-#ifdef _WIN32
-
-ActiveWindow::ActiveWindow()
-    : m_window(CreateWindowExW(0, L"Static", L"active", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100,
-                               nullptr, nullptr, GetModuleHandleW(nullptr), nullptr)),
-      m_before(SetActiveWindow(m_window))
+namespace
 {
+constexpr const wchar_t* kClass = L"QptoolsActiveWindow";
+
+HWND MakeWindow()
+{
+    WNDCLASSW description{};
+    description.lpfnWndProc = DefWindowProcW;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.lpszClassName = kClass;
+    RegisterClassW(&description); // fails from the second time on, which is as good
+    return CreateWindowExW(0, kClass, L"active", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100, nullptr,
+                           nullptr, description.hInstance, nullptr);
+}
+} // namespace
+
+ActiveWindow::ActiveWindow() : m_before(GetActiveWindow()), m_window(MakeWindow())
+{
+    Activate();
 }
 
 void ActiveWindow::Activate() const
@@ -19,24 +31,3 @@ ActiveWindow::~ActiveWindow()
     DestroyWindow(m_window);
     SetActiveWindow(m_before);
 }
-
-#else
-
-#include "winport_test.h"
-
-ActiveWindow::ActiveWindow() : m_window(reinterpret_cast<HWND>(this)), m_before(GetActiveWindow())
-{
-    WinportSetActiveWindow(m_window);
-}
-
-void ActiveWindow::Activate() const
-{
-    WinportSetActiveWindow(m_window);
-}
-
-ActiveWindow::~ActiveWindow()
-{
-    WinportSetActiveWindow(m_before);
-}
-
-#endif

@@ -17,6 +17,6 @@ public:
     void Activate() const;
 
 private:
-    HWND m_window = nullptr;
     HWND m_before = nullptr;
+    HWND m_window = nullptr;
 };

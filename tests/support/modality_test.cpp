@@ -1,4 +1,4 @@
-// What a message box leaves usable behind it. On Windows only, where there are windows.
+// What a message box leaves usable behind it.
 #include "ActiveWindow.h"
 #include "BoxAnswers.h"
 #include "MessageBoxes.h"

@@ -1,0 +1,21 @@
+// What windows show, as strings.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+/// UTF-8, for a test's message.
+std::string Utf8Text(const std::wstring& text);
+
+std::wstring ClassOf(HWND window);
+
+/// A title, or what a control holds.
+std::wstring TextOf(HWND window);
+
+/// The children in the order of the Tab key.
+std::vector<HWND> ChildrenOf(HWND window);
+
+/// True if the window itself is shown, wherever its parents are.
+bool IsShown(HWND window);
