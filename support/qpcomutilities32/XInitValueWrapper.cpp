@@ -2,8 +2,8 @@
 
 #include "ComException.h"
 
-#include <algorithm>
 #include <new>
+#include <string_view>
 #include <utility>
 
 namespace
@@ -38,7 +38,7 @@ try
         if (status < 0)
             continue;
         entry.name = values[index].bstrParamName;
-        m_entries.push_back(std::move(entry));
+        Append(std::move(entry));
     }
 }
 catch (const std::bad_alloc&)
@@ -67,7 +67,7 @@ try
     if (index < m_entries.size())
         m_entries[index].value = value;
     else
-        m_entries.push_back({XQPComBSTR(name), XQPComVariant(value)});
+        Append({XQPComBSTR(name), XQPComVariant(value)});
 }
 catch (const std::bad_alloc&)
 {
@@ -112,9 +112,17 @@ void XInitValueWrapper::FreeStruct(ULONG count, tagINITVALUE* values) noexcept
     CoTaskMemFree(values);
 }
 
+void XInitValueWrapper::Append(Entry entry)
+{
+    // Room first, so that the last step cannot fail.
+    if (m_entries.size() == m_entries.capacity())
+        m_entries.reserve(2 * m_entries.size() + 8);
+    m_places.emplace(entry.name.View(), m_entries.size());
+    m_entries.push_back(std::move(entry));
+}
+
 std::size_t XInitValueWrapper::IndexOf(const wchar_t* name) const noexcept
 {
-    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
-                                    [name](const Entry& entry) { return entry.name == name; });
-    return static_cast<std::size_t>(found - m_entries.begin());
+    const auto found = m_places.find(std::wstring_view(name ? name : L""));
+    return found == m_places.end() ? m_entries.size() : found->second;
 }

@@ -5,6 +5,8 @@
 #include "XQPComVariant.h"
 #include "qptypes.h"
 
+#include <map>
+#include <string>
 #include <vector>
 
 /// Holds copies: the array it is made from stays the caller's, who may free or change it at any time. Names
@@ -50,5 +52,9 @@ private:
     /// The index of the first entry of that name, or the number of entries.
     std::size_t IndexOf(const wchar_t* name) const noexcept;
 
+    /// Adds the entry whole or, thrown out by std::bad_alloc, not at all.
+    void Append(Entry entry);
+
     std::vector<Entry> m_entries;
+    std::map<std::wstring, std::size_t, std::less<>> m_places; ///< of the first entry of each name
 };

@@ -1,0 +1,91 @@
+#include "DataExchange.h"
+
+#include "Wnd.h"
+
+namespace
+{
+/// The radio buttons from `first` to the end of its group; other controls among them are passed over.
+template <class Visit>
+void ForEachRadio(HWND first, Visit&& visit)
+{
+    int place = 0;
+    for (HWND item = first; item; item = GetWindow(item, GW_HWNDNEXT))
+    {
+        if (item != first && (GetWindowLongW(item, GWL_STYLE) & static_cast<LONG>(WS_GROUP)))
+            break;
+        if (SendMessageW(item, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON)
+            visit(item, place++);
+    }
+}
+
+/// The control to move a value of, null if there is nothing to move.
+HWND ItemOf(const CDataExchange& exchange, int id)
+{
+    return exchange.Failed() ? nullptr : GetDlgItem(exchange.Dialog(), id);
+}
+} // namespace
+
+void DDX_Control(CDataExchange* pDX, int id, CWnd& control)
+{
+    if (!control.m_hWnd)
+        control.SubclassDlgItem(static_cast<UINT>(id), pDX->Dialog());
+}
+
+void DDX_Text(CDataExchange* pDX, int id, std::wstring& value)
+{
+    const HWND item = ItemOf(*pDX, id);
+    if (!item)
+        return;
+    if (!pDX->m_bSaveAndValidate)
+    {
+        SetWindowTextW(item, value.c_str());
+        return;
+    }
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(item)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(item, text.data(), static_cast<int>(text.size()))));
+    value = std::move(text);
+}
+
+void DDX_Text(CDataExchange* pDX, int id, int& value)
+{
+    const HWND item = ItemOf(*pDX, id);
+    if (!item)
+        return;
+    if (!pDX->m_bSaveAndValidate)
+    {
+        SetDlgItemInt(pDX->Dialog(), id, static_cast<UINT>(value), TRUE);
+        return;
+    }
+    BOOL isNumber = FALSE;
+    const UINT number = GetDlgItemInt(pDX->Dialog(), id, &isNumber, TRUE);
+    if (isNumber)
+        value = static_cast<int>(number);
+    else
+        pDX->Fail();
+}
+
+void DDX_Check(CDataExchange* pDX, int id, int& value)
+{
+    const HWND item = ItemOf(*pDX, id);
+    if (!item)
+        return;
+    if (pDX->m_bSaveAndValidate)
+        value = static_cast<int>(SendMessageW(item, BM_GETCHECK, 0, 0));
+    else
+        SendMessageW(item, BM_SETCHECK, static_cast<WPARAM>(value), 0);
+}
+
+void DDX_Radio(CDataExchange* pDX, int id, int& value)
+{
+    const HWND first = ItemOf(*pDX, id);
+    if (first && pDX->m_bSaveAndValidate)
+        value = -1;
+    ForEachRadio(first,
+                 [&](HWND radio, int place)
+                 {
+                     if (!pDX->m_bSaveAndValidate)
+                         SendMessageW(radio, BM_SETCHECK, place == value ? BST_CHECKED : BST_UNCHECKED, 0);
+                     else if (SendMessageW(radio, BM_GETCHECK, 0, 0) == BST_CHECKED)
+                         value = place;
+                 });
+}

@@ -1,0 +1,230 @@
+#include "Dialog.h"
+
+#include "Resources.h"
+#include "UiState.h"
+
+#include <utility>
+
+namespace
+{
+constinit thread_local CDialog* t_current = nullptr;
+
+/// RT_DIALOG.
+const LPCWSTR kDialogResource = MAKEINTRESOURCEW(5);
+
+/// The window that a dialog without a parent belongs to, so that the host cannot be used behind it.
+HWND OwnerFor(HWND parent)
+{
+    const HWND window = parent ? parent : GetActiveWindow();
+    return window ? GetAncestor(window, GA_ROOT) : nullptr;
+}
+
+/// Keeps the owner disabled while a dialog runs.
+class CDisabledOwner
+{
+public:
+    explicit CDisabledOwner(HWND owner) noexcept : m_owner(owner && IsWindowEnabled(owner) ? owner : nullptr)
+    {
+        if (m_owner)
+            EnableWindow(m_owner, FALSE);
+    }
+    ~CDisabledOwner() { Enable(); }
+    CDisabledOwner(const CDisabledOwner&) = delete;
+    CDisabledOwner& operator=(const CDisabledOwner&) = delete;
+
+    void Enable() noexcept
+    {
+        if (const HWND owner = std::exchange(m_owner, nullptr))
+            EnableWindow(owner, TRUE);
+    }
+
+private:
+    HWND m_owner;
+};
+} // namespace
+
+CDialog::CDialog(UINT templateId, HWND parent) noexcept : m_template(templateId), m_parent(parent) {}
+
+CDialog::~CDialog() = default;
+
+INT_PTR CDialog::DoModal()
+{
+    const std::string_view resource = ResourceBytes(CurrentModule(), m_template, kDialogResource);
+    if (m_hWnd || resource.empty())
+        return -1;
+    const HWND owner = OwnerFor(m_parent);
+    m_code = -1;
+    m_failure = nullptr;
+    m_running = true;
+    m_outer = std::exchange(t_current, this);
+    {
+        CDisabledOwner disabled(owner);
+        CreateDialogIndirectParamW(CurrentModule(), reinterpret_cast<LPCDLGTEMPLATEW>(resource.data()), owner,
+                                   &CDialog::Procedure, reinterpret_cast<LPARAM>(this));
+        RunModalLoop();
+        // While the dialog still stands, lest another program's window comes to the front.
+        disabled.Enable();
+        Close(owner);
+    }
+    t_current = m_outer;
+    m_running = false;
+    if (m_failure)
+        std::rethrow_exception(std::exchange(m_failure, nullptr));
+    return m_code;
+}
+
+void CDialog::RunModalLoop()
+{
+    if (m_hWnd && m_running)
+        ShowWindow(SW_SHOWNORMAL);
+    MSG message;
+    while (m_hWnd && m_running)
+    {
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got <= 0)
+        {
+            // The program ends: its own loop has to hear of it, too.
+            if (got == 0)
+                PostQuitMessage(static_cast<int>(message.wParam));
+            EndDialog(-1);
+        }
+        else if (!WalkPreTranslateTree(m_hWnd, message))
+        {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+}
+
+void CDialog::Close(HWND owner) noexcept
+{
+    if (!m_hWnd)
+        return;
+    SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
+                 SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+    if (owner && GetActiveWindow() == m_hWnd)
+        SetActiveWindow(owner);
+    DestroyWindow();
+}
+
+void CDialog::EndDialog(INT_PTR code) noexcept
+{
+    m_code = code;
+    m_running = false;
+    // The loop may be waiting when this comes from outside of it.
+    if (m_hWnd)
+        PostMessageW(m_hWnd, WM_NULL, 0, 0);
+}
+
+bool CDialog::UpdateData(bool save)
+{
+    CDataExchange exchange(m_hWnd, save);
+    DoDataExchange(&exchange);
+    return !exchange.Failed();
+}
+
+bool CDialog::PreTranslateMessage(MSG& message)
+{
+    const bool input = (message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST) ||
+                       (message.message >= WM_MOUSEFIRST && message.message <= WM_MOUSELAST);
+    return input && IsDialogMessageW(m_hWnd, &message);
+}
+
+void CDialog::FailCurrent(std::exception_ptr failure) noexcept
+{
+    if (!t_current)
+        return;
+    t_current->m_failure = std::move(failure);
+    t_current->EndDialog(-1);
+}
+
+const CMessageMap& CDialog::ClassMessageMap()
+{
+    static const CMessageMapEntry entries[] = {
+        OnCommand<&CDialog::OnOK>(IDOK),
+        OnCommand<&CDialog::OnCancel>(IDCANCEL),
+    };
+    static const CMessageMap map{&CWnd::ClassMessageMap(), entries};
+    return map;
+}
+
+const CMessageMap& CDialog::GetMessageMap() const
+{
+    return ClassMessageMap();
+}
+
+bool CDialog::OnInitDialog()
+{
+    UpdateData(false);
+    return true;
+}
+
+void CDialog::DoDataExchange(CDataExchange*) {}
+
+void CDialog::OnOK()
+{
+    if (UpdateData(true))
+        EndDialog(IDOK);
+}
+
+void CDialog::OnCancel()
+{
+    EndDialog(IDCANCEL);
+}
+
+void CDialog::ShowItem(int id, bool show) const noexcept
+{
+    if (const HWND item = GetDlgItem(id))
+        ::ShowWindow(item, show ? SW_SHOW : SW_HIDE);
+}
+
+void CDialog::EnableItem(int id, bool enable) const noexcept
+{
+    if (const HWND item = GetDlgItem(id))
+        ::EnableWindow(item, enable);
+}
+
+CRect CDialog::ItemRect(int id) const noexcept
+{
+    CRect rect;
+    const HWND item = GetDlgItem(id);
+    return item && ::GetWindowRect(item, &rect) ? ScreenToClient(rect) : CRect();
+}
+
+// The dialog's own window procedure runs after this one for what was not handled.
+LRESULT CDialog::DefaultWindowProc(UINT, WPARAM, LPARAM)
+{
+    return 0;
+}
+
+INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == WM_INITDIALOG)
+    {
+        auto* dialog = reinterpret_cast<CDialog*>(lParam);
+        dialog->Attach(window);
+        // A dialog that is over already must not come up for the focus's sake.
+        return Guarded([dialog] { return dialog->OnInitDialog() && dialog->m_running ? TRUE : FALSE; },
+                       FALSE);
+    }
+    auto* dialog = static_cast<CDialog*>(FromHandlePermanent(window));
+    if (!dialog)
+        return FALSE;
+    const INT_PTR handled = Guarded([=] { return dialog->OnDialogMessage(message, wParam, lParam); });
+    if (message == WM_NCDESTROY)
+    {
+        dialog->Detach();
+        dialog->PostNcDestroy();
+    }
+    return handled;
+}
+
+INT_PTR CDialog::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    const HWND window = m_hWnd;
+    const std::optional<LRESULT> result = Dispatch(message, wParam, lParam);
+    if (!result)
+        return FALSE;
+    SetWindowLongPtrW(window, DWLP_MSGRESULT, *result);
+    return TRUE;
+}

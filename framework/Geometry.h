@@ -1,0 +1,35 @@
+// Points and rectangles that start at zero and know their size.
+#pragma once
+
+#include <windows.h>
+
+class CPoint : public POINT
+{
+public:
+    CPoint() noexcept : POINT{} {}
+    CPoint(LONG x, LONG y) noexcept : POINT{x, y} {}
+    explicit CPoint(const POINT& point) noexcept : POINT(point) {}
+
+    /// The point that mouse messages carry.
+    static CPoint FromMessage(LPARAM lParam) noexcept
+    {
+        return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    }
+};
+
+class CRect : public RECT
+{
+public:
+    CRect() noexcept : RECT{} {}
+    CRect(LONG left, LONG top, LONG right, LONG bottom) noexcept : RECT{left, top, right, bottom} {}
+    explicit CRect(const RECT& rect) noexcept : RECT(rect) {}
+
+    LONG Width() const noexcept { return right - left; }
+    LONG Height() const noexcept { return bottom - top; }
+
+    /// The right and bottom edges lie outside.
+    bool Contains(const POINT& point) const noexcept
+    {
+        return point.x >= left && point.x < right && point.y >= top && point.y < bottom;
+    }
+};

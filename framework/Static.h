@@ -1,0 +1,8 @@
+// A label or a group's frame.
+#pragma once
+
+#include "Wnd.h"
+
+class CStatic : public CWnd
+{
+};

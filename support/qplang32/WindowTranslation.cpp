@@ -1,0 +1,38 @@
+#include "WindowTranslation.h"
+
+#include "Translation.h"
+
+#include <cwchar>
+#include <string>
+
+namespace
+{
+constexpr int kLongestClassName = 16;
+
+/// Labels, buttons and frames: what the module wrote, not its user.
+bool ShowsFixedText(HWND window)
+{
+    wchar_t name[kLongestClassName] = {};
+    GetClassNameW(window, name, kLongestClassName);
+    return std::wcscmp(name, L"Button") == 0 || std::wcscmp(name, L"Static") == 0;
+}
+
+void TranslateText(HWND window)
+{
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+    if (length <= 0)
+        return;
+    const wchar_t* translated = CoTranslateText(text.c_str());
+    if (text.c_str() != translated && std::wcscmp(translated, text.c_str()) != 0)
+        SetWindowTextW(window, translated);
+}
+} // namespace
+
+void CoTranslateWindow(HWND window)
+{
+    TranslateText(window);
+    for (HWND child = GetWindow(window, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        if (ShowsFixedText(child))
+            TranslateText(child);
+}
