@@ -1,0 +1,172 @@
+#include "XProjectChoiceDlg.h"
+
+#include "EnumWalk.h"
+#include "HostConstants.h"
+#include "ObjectValue.h"
+
+#include "MessageBoxes.h"
+#include "Translation.h"
+#include "WindowTranslation.h"
+
+#include <cmath>
+#include <string_view>
+#include <vector>
+
+namespace qptools
+{
+
+namespace
+{
+
+constexpr UINT kTemplate = 201;
+constexpr UINT kCreateNewButton = 3;
+constexpr UINT kPlaceholder = 206;
+constexpr UINT kList = 202;
+constexpr DWORD kListStyle = 0x50800000;
+
+/// The column of no width that carries the child.
+constexpr int kObjectColumn = 1;
+
+/// The text with `inserted` in place of the first "%s". Neither of the two is ever read as a format.
+std::wstring Inserted(std::wstring text, const XQPComBSTR& inserted)
+{
+    const std::size_t place = text.find(L"%s");
+    if (place != std::wstring::npos)
+        text.replace(place, 2, inserted.View());
+    return text;
+}
+
+std::wstring_view TextOf(const XQPComVariant& name)
+{
+    const BSTR text = name.Value().bstrVal;
+    return {text ? text : L"", SysStringLen(text)};
+}
+
+} // namespace
+
+XProjectChoiceDlg::XProjectChoiceDlg(IQP_BaseDataObject* root, const wchar_t* title,
+                                     const wchar_t* buttonText, HWND parent, LONG showTemplates,
+                                     bool showCancel)
+    : CDialog(kTemplate, parent), m_buttonText(buttonText), m_ptrRoot(root), m_title(title),
+      m_showTemplates(showTemplates), m_showCancel(showCancel)
+{
+}
+
+const wchar_t* XProjectChoiceDlg::ChildrenOf(LONG showTemplates) noexcept
+{
+    return showTemplates ? L"template" : kChildrenProjects;
+}
+
+const CMessageMap& XProjectChoiceDlg::GetMessageMap() const
+{
+    static const CMessageMapEntry entries[] = {
+        OnCommand<&XProjectChoiceDlg::OnCreateNew>(kCreateNewButton),
+    };
+    static const CMessageMap map{&CDialog::ClassMessageMap(), entries};
+    return map;
+}
+
+bool XProjectChoiceDlg::OnInitDialog()
+{
+    CDialog::OnInitDialog();
+    CoTranslateWindow(m_hWnd);
+    ShowItem(IDCANCEL, m_showCancel);
+    if (!CreateList())
+        return false;
+    FillList(ReadChildren());
+    // After the translation: these texts are the host's and stay as it gave them.
+    SetWindowText(m_title);
+    SetItemText(kCreateNewButton, m_buttonText);
+    return true;
+}
+
+bool XProjectChoiceDlg::CreateList()
+{
+    const wchar_t* caption =
+        m_showTemplates ? CoTranslateText(L"Template name") : CoTranslateText(L"Project name");
+    const CRect place = ItemRect(kPlaceholder);
+    ShowItem(kPlaceholder, false);
+    if (!m_list.Create(kListStyle, place, m_hWnd, kList))
+        return false;
+    const int width = static_cast<int>(std::floor(m_list.GetWindowRect().Width() * 0.95));
+    m_list.InsertColumn(0, caption, LVCFMT_LEFT, width);
+    m_list.InsertColumn(kObjectColumn, L"", LVCFMT_LEFT, 0);
+    return true;
+}
+
+XProjectChoiceDlg::Children XProjectChoiceDlg::ReadChildren() const
+{
+    Children children;
+    ComPtr<IEnumBaseDataObject> found;
+    if (m_ptrRoot->GetChildren(XQPComBSTR(ChildrenOf(m_showTemplates)), found.put()) != S_OK || !found)
+        return children;
+    const XQPComBSTR attribute(kAttributeName);
+    int counter = 0;
+    RemNextWalk walk(found.get(), WalkEnd::AtNull);
+    while (walk.Next())
+    {
+        XQPComVariant name;
+        if (walk.Object()->GetAttribute(attribute, &name) >= 0 && name.Type() == VT_BSTR)
+            children.emplace(std::pair(std::wstring(TextOf(name)), ++counter), walk.Take());
+        else
+            ShowUnreadable();
+    }
+    return children;
+}
+
+/// The texts stay as they stand; the title alone is translated.
+void XProjectChoiceDlg::ShowUnreadable() const
+{
+    CoErrorBox(nullptr, CoTranslateText(L"Error"),
+               m_showTemplates ? L"unexpected error reading templates.\nTrying next template ..."
+                               : L"unexpected error reading projects.\nTrying next project ...",
+               0);
+}
+
+void XProjectChoiceDlg::FillList(const Children& children)
+{
+    int row = 0;
+    for (const auto& [key, child] : children)
+    {
+        std::vector<XQPComVariant> columns;
+        columns.reserve(2);
+        columns.emplace_back(key.first.c_str());
+        columns.emplace_back(BorrowedObject(child.get()));
+        m_list.AddEntry(std::move(columns), row++, -1);
+    }
+}
+
+void XProjectChoiceDlg::OnOK()
+{
+    XQPComVariant child;
+    if (!m_list.GetSelData(kObjectColumn, child))
+    {
+        ShowNothingSelected();
+        return;
+    }
+    m_ptrSelected.queryFrom(ObjectOf(child.Value()));
+    if (m_ptrSelected)
+        EndDialog(IDOK);
+}
+
+void XProjectChoiceDlg::ShowNothingSelected() const
+{
+    std::wstring text = m_showTemplates
+                            ? CoTranslateText(L"You must either select a template and choose ok, ")
+                            : CoTranslateText(L"You must either select a project and choose ok, ");
+    text += L'\n';
+    text += Inserted(CoTranslateText(L"or you must choose the '%s' button!"), m_buttonText);
+    CoOkBox(nullptr, CoTranslateText(L"Information"), text.c_str(), 0);
+}
+
+void XProjectChoiceDlg::OnCreateNew()
+{
+    m_ptrSelected.reset();
+    // Without Cancel the plain end: the host reads "not cancelled, no project".
+    if (m_showCancel)
+        EndDialog(kCreateNew);
+    else
+        CDialog::OnOK();
+}
+
+} // namespace qptools

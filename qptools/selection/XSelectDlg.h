@@ -1,0 +1,54 @@
+// The dialog in which a user chooses one of the given objects by its prompt.
+#pragma once
+
+#include "Dialog.h"
+#include "XBaseListCtrl.h"
+#include "XQPComBSTR.h"
+
+#include "ComPtr.h"
+
+#include <map>
+
+namespace qptools
+{
+
+/// Shows one row for each object. Nothing in it knows what the objects are, but for the wording of one
+/// message, which speaks of what the dialog was made for first.
+class XSelectDlg final : public CDialog
+{
+public:
+    struct Entry
+    {
+        ComPtr<IUnknown> object;
+        XQPComBSTR prompt;
+    };
+
+    /// Keyed by the object's pointer, so that an object has one row and rows follow no order that a caller
+    /// could set.
+    using Entries = std::map<IUnknown*, Entry>;
+
+    /// `title` may be null. The thread's active window becomes the owner.
+    XSelectDlg(Entries entries, const wchar_t* title);
+
+    /// What was chosen with OK; null before that.
+    const ComPtr<IUnknown>& Selected() const noexcept { return m_ptrSelected; }
+
+protected:
+    const CMessageMap& GetMessageMap() const override;
+    bool OnInitDialog() override;
+
+    /// Ends the dialog if a row is selected; else shows a message and stays.
+    void OnOK() override;
+
+private:
+    void OnDoubleClick(NMHDR* header, LRESULT* result);
+    bool CreateList();
+    void FillList();
+
+    ComPtr<IUnknown> m_ptrSelected;
+    Entries m_entries;
+    XQPComBSTR m_title;
+    XBaseListCtrl m_list;
+};
+
+} // namespace qptools

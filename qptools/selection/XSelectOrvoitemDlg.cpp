@@ -1,0 +1,143 @@
+#include "XSelectOrvoitemDlg.h"
+
+#include "ObjectValue.h"
+
+#include "MessageBoxes.h"
+#include "Translation.h"
+#include "WindowTranslation.h"
+#include "XQPError.h"
+
+namespace qptools
+{
+
+namespace
+{
+
+constexpr UINT kTemplate = 204;
+constexpr UINT kPlaceholder = 206;
+constexpr DWORD kListStyle = 0x50800000;
+
+/// The list has the placeholder's identifier, too. So it is only ever reached through its object; a look-up
+/// by the identifier finds the placeholder, which stands before it.
+constexpr UINT kList = kPlaceholder;
+
+/// No control has this identifier.
+constexpr UINT kDoubleClicked = 203;
+
+/// The column of no width that carries the object.
+constexpr int kObjectColumn = 5;
+
+} // namespace
+
+XSelectOrvoitemDlg::XSelectOrvoitemDlg(HWND parent, const wchar_t* itemType, IQP_BaseDataObject* dataObject,
+                                       IQP_Query* query)
+    : CDialog(kTemplate, parent), m_ptrDataObject(dataObject), m_ptrQuery(query), m_bstrItemType(itemType)
+{
+}
+
+HRESULT XSelectOrvoitemDlg::GetSelectedObject(IQP_BaseDataObject** out) const
+{
+    return m_ptrSelected.copyTo(out);
+}
+
+HRESULT XSelectOrvoitemDlg::Report(HRESULT status, const wchar_t* message, ULONG line) noexcept
+{
+    return XQPError::HandleComError(status, L"QPTools", message, line, true, false);
+}
+
+const CMessageMap& XSelectOrvoitemDlg::GetMessageMap() const
+{
+    static const CMessageMapEntry entries[] = {
+        // Meant as it is: the list has another identifier, so that OK alone ends the choice.
+        OnNotify<&XSelectOrvoitemDlg::OnDoubleClick>(NM_DBLCLK, kDoubleClicked),
+    };
+    static const CMessageMap map{&CDialog::ClassMessageMap(), entries};
+    return map;
+}
+
+bool XSelectOrvoitemDlg::OnInitDialog()
+{
+    CDialog::OnInitDialog();
+    if (m_list.m_hWnd)
+        m_list.Empty();
+    const wchar_t* caption = CoTranslateText(L"Items");
+    const wchar_t* boxTitle = CoTranslateText(L"Error");
+    const wchar_t* boxMessage = CoTranslateText(L"Unknown error.");
+    if (m_bstrItemType == L"script")
+    {
+        if (!CreateList())
+            return false;
+        const HRESULT status = GetScriptsFromProject(&m_list);
+        if (status < 0)
+        {
+            Report(status, L"XSelectOrvoitemDlg::OnInitDialog  GetScriptsFromProject", 102);
+            return false;
+        }
+        caption = CoTranslateText(L"Scripts");
+        boxTitle = CoTranslateText(L"Select Script");
+        boxMessage = CoTranslateText(L"No scripts available.");
+    }
+    if (!m_list.m_hWnd || m_list.GetItemCount() == 0)
+    {
+        CoInfoBox(nullptr, boxTitle, boxMessage, 0);
+        OnCancel();
+        return false;
+    }
+    // With the focus, so that the arrow keys go on from there.
+    m_list.SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    SetWindowText(caption);
+    CoTranslateWindow(m_hWnd);
+    m_list.SetFocus();
+    return false;
+}
+
+bool XSelectOrvoitemDlg::CreateList()
+{
+    const CRect place = ItemRect(kPlaceholder);
+    ShowItem(kPlaceholder, false);
+    if (!m_list.Create(kListStyle, place, m_hWnd, kList))
+        return false;
+    const int width = static_cast<int>(place.Width() * 0.2);
+    const wchar_t* const captions[] = {CoTranslateText(L"Name"), CoTranslateText(L"Location"),
+                                       CoTranslateText(L"Script Language"), CoTranslateText(L"Creation Date"),
+                                       CoTranslateText(L"Modification Date")};
+    int column = 0;
+    for (const wchar_t* caption : captions)
+        m_list.InsertColumn(column++, caption, LVCFMT_LEFT, width);
+    m_list.InsertColumn(kObjectColumn, L"", LVCFMT_LEFT, 0);
+    return true;
+}
+
+void XSelectOrvoitemDlg::OnOK()
+{
+    m_ptrSelected.reset();
+    if (GetSelectionFromList(m_ptrSelected.put()) != S_OK)
+    {
+        CoInfoBox(nullptr, CoTranslateText(L"Execute script"), CoTranslateText(L"Please select a script."),
+                  0);
+        return;
+    }
+    // GetSelectionFromList has ended the dialog already; once more does no harm and is kept.
+    CDialog::OnOK();
+}
+
+HRESULT XSelectOrvoitemDlg::GetSelectionFromList(IQP_BaseDataObject** out)
+{
+    XQPComVariant value;
+    if (!m_list.GetSelData(kObjectColumn, value))
+        return S_FALSE;
+    ComPtr<IQP_BaseDataObject> selected;
+    selected.queryFrom(ObjectOf(value.Value()));
+    if (!selected)
+        return E_NOINTERFACE;
+    *out = selected.detach();
+    CDialog::OnOK();
+    return S_OK;
+}
+
+void XSelectOrvoitemDlg::OnDoubleClick(NMHDR*, LRESULT*)
+{
+    OnOK();
+}
+
+} // namespace qptools

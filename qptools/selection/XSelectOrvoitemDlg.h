@@ -1,0 +1,143 @@
+// The dialog in which a user chooses an item, and the look-ups of the context of any data object.
+#pragma once
+
+#include "Dialog.h"
+#include "XBaseListCtrl.h"
+#include "XQPComBSTR.h"
+#include "XQPComVariant.h"
+
+#include "ComPtr.h"
+
+#include "qpobjects.h"
+
+#include <array>
+#include <map>
+
+namespace qptools
+{
+
+/// What the list shows of a script, and the script.
+struct ScriptRecord
+{
+    ComPtr<IQP_BaseDataObject> script;
+    XQPComVariant name;
+    const wchar_t* location = nullptr; ///< a fixed text
+    XQPComVariant language;
+    XQPComVariant creationDate;
+    XQPComVariant modificationDate;
+};
+
+/// What there is to know of a script action, and the action.
+struct ScriptActionRecord
+{
+    ComPtr<IQP_BaseDataObject> action;
+    XQPComVariant name;
+    ComPtr<IQP_BaseDataObject> project;
+    ComPtr<IQP_BaseDataObject> script;
+    ComPtr<IQP_BaseDataObject> planType;
+    LONG actionType = 0;
+    LONG beforeAfter = 0;
+    XQPComVariant creationDate;
+    XQPComVariant modificationDate;
+};
+
+/// Keyed by the object's pointer: an object has one record, its first, and the order is the pointers'.
+using ScriptMap = std::map<IQP_BaseDataObject*, ScriptRecord>;
+using ScriptActionMap = std::map<IQP_BaseDataObject*, ScriptActionRecord>;
+
+/// Lists the items of a kind. The only kind that it can list is "script": the scripts that the user may run
+/// of the project of a given object, and those of no project. Any other kind gives a message and no dialog.
+///
+/// The look-ups need no window: whoever wants them alone makes the object and does not show it. Each takes an
+/// object and writes its result, with a reference for the caller, only where it found one; result addresses
+/// may be null. Everything here may throw ComException(E_OUTOFMEMORY) and std::bad_alloc.
+class XSelectOrvoitemDlg final : public CDialog
+{
+public:
+    /// `itemType` and all pointers may be null. `dataObject` need not be a project.
+    XSelectOrvoitemDlg(HWND parent, const wchar_t* itemType, IQP_BaseDataObject* dataObject,
+                       IQP_Query* query);
+
+    /// Writes the choice with a reference for the caller, null before OK. Returns E_POINTER if `out` is null,
+    /// else S_OK.
+    HRESULT GetSelectedObject(IQP_BaseDataObject** out) const;
+
+    // The look-ups, in XSelectOrvoitemLookups.cpp.
+
+    /// The project of any data object, found by its class: the object itself, its project, or the project of
+    /// what a relationship or script action refers to. Returns E_INVALIDARG for a null object; S_FALSE for a
+    /// component of a work system, which has no project; the status of an attribute that cannot be read;
+    /// E_NOINTERFACE for a reference to something that is no data object; else S_OK, also without a project.
+    HRESULT GetProjectFromDO(IQP_BaseDataObject* pDO, IQP_BaseDataObject** ppProject) const;
+
+    /// The plan type of an object. Returns E_INVALIDARG for a null object; the status of the read if that is
+    /// not S_OK (a failure is reported); else S_OK, also without a plan type.
+    HRESULT GetPlantypeFromDO(IQP_BaseDataObject* pDO, IQP_BaseDataObject** ppPlanType) const;
+
+    /// The name of an object's table, which its callers take for a type name; the caller frees it. Returns
+    /// E_INVALIDARG for a null object, a reported failure, or S_OK.
+    HRESULT GetTypeNameFromDO(IQP_BaseDataObject* pDO, BSTR* pbstrTypeName) const;
+
+    /// The component base of a sub-component item, which `typeName` ("subcompitem", "subcompitempro") tells;
+    /// any other object is its own. Returns S_OK with nothing for a null object, unlike GetProjectFromDO; the
+    /// reported status of a read that gave no object, S_OK included; else S_OK.
+    HRESULT GetOrvoCompBase(IQP_BaseDataObject* pDO, const wchar_t* typeName,
+                            IQP_BaseDataObject** ppBase) const;
+
+    // The scripts, in XSelectOrvoitemScripts.cpp.
+
+    /// Adds a row to `list` for each script. Returns a failure of CollectScripts, with no row added, else its
+    /// status.
+    HRESULT GetScriptsFromProject(XBaseListCtrl* list) const;
+
+    /// Searches the scripts. Returns a failure to find the project; E_POINTER without a query; any status of
+    /// the search but S_OK; S_OK with nothing if a criterion is refused; E_POINTER if the host delivered null
+    /// for a script and no other behind it; else S_OK.
+    HRESULT CollectScripts(ScriptMap& out) const;
+
+    /// Reads one script. What cannot be read is an empty value. Returns E_POINTER for null, else S_OK.
+    HRESULT AddScriptVectorToMap(IQP_BaseDataObject* script, ScriptMap& out) const;
+
+    // Nothing calls the three that follow. They are meant to be here all the same: what a list of script
+    // actions would be made of.
+
+    /// The script actions of the project, whatever the name says. Returns E_POINTER without a project, or the
+    /// status of what could not be listed, both reported; the first status of AddScriptActionVectorToMap that
+    /// is not S_OK; else S_OK.
+    HRESULT ScriptQuery(ScriptActionMap& out) const;
+
+    /// Does nothing and returns S_FALSE.
+    HRESULT ScriptActionQuery(IQP_BaseDataObject* project, const wchar_t* typeName,
+                              ScriptActionMap& out) const;
+
+    /// Reads one script action as AddScriptVectorToMap does a script.
+    HRESULT AddScriptActionVectorToMap(IQP_BaseDataObject* action, ScriptActionMap& out) const;
+
+protected:
+    const CMessageMap& GetMessageMap() const override;
+    bool OnInitDialog() override;
+
+    /// Ends the dialog if a row with a script is selected; else shows a message and stays.
+    void OnOK() override;
+
+private:
+    void OnDoubleClick(NMHDR* header, LRESULT* result);
+    bool CreateList();
+
+    /// Moves the selected row's object to `out` and ends the dialog. Returns S_FALSE if no row is selected,
+    /// E_NOINTERFACE if its object is no data object, else S_OK.
+    HRESULT GetSelectionFromList(IQP_BaseDataObject** out);
+
+    HRESULT SearchScripts(IQP_BaseDataObject* project, ComPtr<IEnumBaseDataObject>& found) const;
+
+    /// Records a failed host call. Returns `status`.
+    static HRESULT Report(HRESULT status, const wchar_t* message, ULONG line) noexcept;
+
+    ComPtr<IQP_BaseDataObject> m_ptrDataObject;
+    ComPtr<IQP_BaseDataObject> m_ptrSelected;
+    ComPtr<IQP_Query> m_ptrQuery;
+    XQPComBSTR m_bstrItemType;
+    XBaseListCtrl m_list;
+};
+
+} // namespace qptools

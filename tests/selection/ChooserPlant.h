@@ -1,0 +1,116 @@
+// The choosers on the sample plant, made by COM and used as a host and its user do.
+#pragma once
+
+#include "BoxAnswers.h"
+#include "DialogDriver.h"
+#include "LogBook.h"
+#include "ModuleUnderTest.h"
+#include "Plant.h"
+#include "XQPComBSTR.h"
+#include "XQPComVariant.h"
+
+#include "qptools.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+using Lines = std::vector<std::string>;
+using Texts = std::vector<std::wstring>;
+using Cells = std::vector<Texts>; ///< row by row
+
+/// The object's attribute "name"; "null" for none. The sample's names are ASCII.
+inline std::string NameInPlant(IUnknown* object)
+{
+    ComPtr<IQP_BaseDataObject> data;
+    data.queryFrom(object);
+    if (!data)
+        return "null";
+    XQPComVariant name;
+    const HRESULT status = data->GetAttribute(XQPComBSTR(L"name"), &name);
+    EXPECT_EQ(status, S_OK);
+    const std::wstring text = name.GetString();
+    return {text.begin(), text.end()};
+}
+
+/// All cells of the one list that is shown.
+inline Cells CellsOf(const DialogView& view)
+{
+    const HWND list = view.List();
+    Cells cells(static_cast<std::size_t>(view.Rows(list)));
+    const int columns = static_cast<int>(view.Columns(list).size());
+    for (std::size_t row = 0; row < cells.size(); ++row)
+        for (int column = 0; column < columns; ++column)
+            cells[row].push_back(view.Cell(list, static_cast<int>(row), column));
+    return cells;
+}
+
+class ChooserPlant : public ::testing::Test
+{
+protected:
+    ChooserPlant() : m_objects(refhost::Plant::LiveObjects()), plant(refhost::Plant::OpenMemory())
+    {
+        plant->Load(QP_SAMPLE_DIR);
+        query = plant->NewQuery();
+        EXPECT_EQ(module.Create(CLSID_QPProjectChoice, choice), S_OK);
+        EXPECT_EQ(module.Create(CLSID_QPSelectOrvoItem, item), S_OK);
+        XQPComVariant given;
+        given.Value().vt = VT_UNKNOWN;
+        given.Value().punkVal = query.get();
+        query->AddRef();
+        EXPECT_EQ(item->Initialize(&given.Value()), S_OK);
+    }
+    ~ChooserPlant() override
+    {
+        EXPECT_EQ(plant->Calls().Misuses(), Lines{}) << "variants that were not empty before the call";
+        choice.reset();
+        item.reset();
+        query.reset();
+        plant.reset();
+        EXPECT_EQ(refhost::Plant::LiveObjects(), m_objects) << "objects of the host are left";
+    }
+
+    ComPtr<IQP_BaseDataObject> Find(const wchar_t* table, const wchar_t* name) const
+    {
+        ComPtr<IQP_BaseDataObject> object = plant->Find(table, name);
+        EXPECT_TRUE(object) << "the sample has no such object";
+        return object;
+    }
+    ComPtr<IQP_BaseDataObject> Root() const { return Find(L"root", L"root"); }
+
+    /// Makes `call`, whose host calls become the record.
+    template <class Call>
+    HRESULT Recorded(Call&& call)
+    {
+        plant->Calls().Clear();
+        plant->Calls().Record(true);
+        const HRESULT status = call();
+        plant->Calls().Record(false);
+        record = plant->Calls().Calls();
+        return status;
+    }
+
+    long CountOf(const std::string& part) const
+    {
+        return static_cast<long>(std::count_if(record.begin(), record.end(),
+                                               [&](const std::string& line)
+                                               { return line.find(part) != std::string::npos; }));
+    }
+
+private:
+    const long m_objects;
+
+protected:
+    LogBook logBook;
+    ModuleUnderTest module;
+    std::unique_ptr<refhost::Plant> plant;
+    ComPtr<IQP_Query> query;
+    ComPtr<IQPProjectChoice> choice;
+    ComPtr<IQPSelectOrvoItem> item;
+    BoxAnswers boxes;
+    DialogDriver dialogs;
+    Lines record;
+};

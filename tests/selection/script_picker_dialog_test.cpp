@@ -1,0 +1,173 @@
+// The choice of a script as its user sees it: texts, places, keys.
+#include "ScriptPickerFixture.h"
+
+namespace
+{
+
+class ScriptPickerDialog : public ScriptPickerFixture
+{
+protected:
+    /// The cells that are shown of one script.
+    Texts RowOfOnly(const ComPtr<MemoryObject>& script)
+    {
+        Finds({script});
+        Texts cells;
+        Show({[&](DialogView& view)
+              {
+                  ASSERT_EQ(view.Rows(view.List()), 1);
+                  for (int column = 0; column < 6; ++column)
+                      cells.push_back(view.Cell(view.List(), 0, column));
+              },
+              Presses(IDCANCEL)});
+        return cells;
+    }
+
+    void LookAt(const DialogStep& look)
+    {
+        Finds({Script("a"), Script("b"), Script("c")});
+        Show({look, Presses(IDCANCEL)});
+    }
+};
+
+TEST_F(ScriptPickerDialog, ShowsWhatTheHostGivesInFiveColumns)
+{
+    auto script = Script("Check weld spots");
+    script->Set(L"m_pDODefaultImpl", project)->Set(L"languagetype", L"basic");
+    script->Set(L"creationdate", L"2019-01-01")->Set(L"modificationdate", L"2021-05-25");
+    EXPECT_EQ(RowOfOnly(script),
+              (Texts{L"Check weld spots", L"Project Lib", L"basic", L"2019-01-01", L"2021-05-25", L""}));
+}
+
+TEST_F(ScriptPickerDialog, AScriptOfNoProjectIsInTheLibrary)
+{
+    EXPECT_EQ(RowOfOnly(Script("s")), (Texts{L"s", L"Library", L"", L"", L"", L""}));
+}
+
+TEST_F(ScriptPickerDialog, ALanguageThatIsANumberIsShownAsOne)
+{
+    auto script = Script("s");
+    script->Set(L"languagetype", LONG{-3});
+    EXPECT_EQ(RowOfOnly(script)[2], L"-3");
+}
+
+TEST_F(ScriptPickerDialog, WhatCannotBeReadIsAnEmptyCell)
+{
+    auto script = Script("s");
+    script->Fail(L"name", E_FAIL)->Fail(L"m_pDODefaultImpl", E_FAIL)->Fail(L"languagetype", E_ACCESSDENIED);
+    script->Fail(L"creationdate", E_FAIL)->Set(L"modificationdate", L"2021");
+    EXPECT_EQ(RowOfOnly(script), (Texts{L"", L"Library", L"", L"", L"2021", L""}));
+}
+
+TEST_F(ScriptPickerDialog, LongNamesAndThoseOfOtherScriptsAreShownWhole)
+{
+    for (const std::wstring& name :
+         {std::wstring(10'000, L'x'), std::wstring(L"\u05d0\u05d1\u05d2"), std::wstring(L"\u5de5\u5382")})
+    {
+        auto script = host.Object("s");
+        script->Set(L"name", name.c_str());
+        EXPECT_EQ(RowOfOnly(script)[0], name);
+    }
+}
+
+TEST_F(ScriptPickerDialog, AnObjectFoundTwiceHasOneRow)
+{
+    const auto script = Script("s");
+    Finds({script, Script("t"), script});
+    Show({[](DialogView& view) { EXPECT_EQ(view.Rows(view.List()), 2); }, Presses(IDCANCEL)});
+}
+
+TEST_F(ScriptPickerDialog, IsCalledScripts)
+{
+    LookAt([](DialogView& view) { EXPECT_EQ(view.Title(), L"Scripts"); });
+}
+
+TEST_F(ScriptPickerDialog, EachOfFiveColumnsHasAFifthOfTheWidthAndTheSixthHasNone)
+{
+    LookAt(
+        [](DialogView& view)
+        {
+            const int fifth = static_cast<int>(Width(view.Rect(view.List())) * 0.2);
+            EXPECT_GT(fifth, 0);
+            EXPECT_EQ(view.Columns(view.List()), (std::vector<ShownColumn>{{L"Name", fifth},
+                                                                           {L"Location", fifth},
+                                                                           {L"Script Language", fifth},
+                                                                           {L"Creation Date", fifth},
+                                                                           {L"Modification Date", fifth},
+                                                                           {L"", 0}}));
+        });
+}
+
+TEST_F(ScriptPickerDialog, TheListStandsWhereTheFrameWasAndHasItsIdentifier)
+{
+    LookAt(
+        [](DialogView& view)
+        {
+            const HWND list = view.List();
+            EXPECT_EQ(GetDlgCtrlID(list), kFrame);
+            EXPECT_NE(view.Control(kFrame), list) << "the identifier stands for the frame";
+            EXPECT_FALSE(view.IsVisible(kFrame));
+            const RECT frame = view.Rect(kFrame);
+            const RECT place = view.Rect(list);
+            EXPECT_EQ(place.left, frame.left);
+            EXPECT_EQ(place.top, frame.top);
+            EXPECT_EQ(place.right, frame.right);
+            EXPECT_EQ(place.bottom, frame.bottom);
+            EXPECT_EQ(view.Style(list) & 0x50800000, 0x50800000u);
+        });
+}
+
+TEST_F(ScriptPickerDialog, TheListHasTheKeyboardFromTheStart)
+{
+    LookAt([](DialogView& view) { EXPECT_EQ(GetFocus(), view.List()); });
+}
+
+TEST_F(ScriptPickerDialog, ARowIsChosenWithoutAMouse)
+{
+    const auto selected = [](int row)
+    {
+        return [row](DialogView& view)
+        {
+            EXPECT_EQ(view.SelectedRow(view.List()), row);
+        };
+    };
+    Finds({Script("a"), Script("b"), Script("c")});
+    EXPECT_EQ(Show({selected(0), Types(VK_DOWN), selected(1), Types(VK_END), selected(2), Types(VK_UP),
+                    selected(1), Types(VK_HOME), selected(0), Types(VK_RETURN)})
+                  .status,
+              S_OK);
+}
+
+TEST_F(ScriptPickerDialog, TabGoesRoundTheVisibleControls)
+{
+    std::vector<int> order;
+    const DialogStep note = [&](DialogView& view)
+    {
+        order.push_back(view.Focus());
+    };
+    Finds({Script("a")});
+    Show({note, Types(VK_TAB), note, Types(VK_TAB), note, Types(VK_TAB), note, Presses(IDCANCEL)});
+    EXPECT_EQ(order, (std::vector<int>{kFrame, IDOK, IDCANCEL, kFrame}));
+}
+
+TEST_F(ScriptPickerDialog, EnterOnCancelCancels)
+{
+    Finds({Script("a")});
+    EXPECT_EQ(Show({Types(VK_TAB), Types(VK_TAB), Types(VK_RETURN)}), (Outcome{S_FALSE, "untouched"}));
+}
+
+TEST_F(ScriptPickerDialog, WaitsVisiblyWhileTheScriptsAreCollected)
+{
+    const HCURSOR arrow = LoadCursorW(nullptr, IDC_ARROW);
+    const HCURSOR waiting = LoadCursorW(nullptr, IDC_WAIT);
+    SetCursor(arrow);
+    int seen = 0;
+    host.onCall = [&](const std::string& call)
+    {
+        EXPECT_EQ(GetCursor(), waiting) << call;
+        ++seen;
+    };
+    LookAt([&](DialogView&) { EXPECT_NE(GetCursor(), waiting); });
+    EXPECT_EQ(seen, 7 + 3 * 6);
+}
+
+} // namespace
