@@ -3,6 +3,12 @@
 
 add_library(qp_options INTERFACE)
 target_compile_options(qp_options INTERFACE -Wall -Wextra -Wno-missing-field-initializers -Wno-unknown-pragmas)
+# GCC 12, optimising, takes the room for short texts inside a std::string for all there is and sees longer literals copied
+# beyond its end, under one of these names or another. It is wrong. Other compilers keep the checks, and the sanitised
+# build as well, which looks at every copy as it happens.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^12\\." AND NOT QP_SANITIZE)
+  target_compile_options(qp_options INTERFACE -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
+endif()
 target_compile_definitions(qp_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
 if(WIN32)
   target_compile_definitions(qp_options INTERFACE _WIN32_WINNT=0x0601 __USE_MINGW_ANSI_STDIO=0)
@@ -61,8 +67,10 @@ function(qp_test name)
   if(QP_LABELS)
     list(APPEND properties LABELS "${QP_LABELS}")
   endif()
-  if(QP_TEST_ENVIRONMENT)
-    list(APPEND properties ENVIRONMENT "${QP_TEST_ENVIRONMENT}")
+  if(NOT WIN32)
+    # Two properties, because a list of several values does not survive the way to the tests. Wine's own wrapper
+    # sets both on Windows.
+    list(APPEND properties ENVIRONMENT LC_ALL=C.UTF-8 ENVIRONMENT_MODIFICATION TZ=set:UTC)
   endif()
   if(QP_SERIAL)
     list(APPEND properties RUN_SERIAL ON)
@@ -77,8 +85,6 @@ if(WIN32)
   set(INSTALL_GTEST OFF)
   set(BUILD_GMOCK OFF)
   add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
-  set(QP_TEST_ENVIRONMENT "")
 else()
   find_package(GTest REQUIRED)
-  set(QP_TEST_ENVIRONMENT "LC_ALL=C.UTF-8;TZ=UTC")
 endif()

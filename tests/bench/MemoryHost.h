@@ -44,6 +44,8 @@ public:
     bool recordingQueries = false;
     /// Runs after each recorded call.
     std::function<void(const std::string& call)> onCall;
+    /// Runs with each reference taken to a data object.
+    std::function<void()> onReference;
 
     /// The name under which `object` is recorded.
     std::string NameOf(IUnknown* object) const;

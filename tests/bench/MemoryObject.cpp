@@ -1,6 +1,7 @@
 #include "MemoryObject.h"
 
 #include "InterfaceAnswer.h"
+#include "MemoryEnum.h"
 #include "MemoryHost.h"
 
 #include <string_view>
@@ -67,6 +68,24 @@ MemoryObject* MemoryObject::Fail(const wchar_t* attribute, HRESULT status)
     return Answer(attribute, status, empty);
 }
 
+MemoryObject* MemoryObject::Is(const wchar_t* className, HRESULT status)
+{
+    m_classes.emplace_back(className, status);
+    return this;
+}
+
+MemoryObject* MemoryObject::Table(const wchar_t* name, HRESULT status)
+{
+    m_table = MemoryAnswer{status, name ? XQPComVariant(name) : XQPComVariant()};
+    return this;
+}
+
+MemoryObject* MemoryObject::Children(const wchar_t* name, const ComPtr<MemoryEnum>& list, HRESULT status)
+{
+    m_children.push_back({name, list, status});
+    return this;
+}
+
 HRESULT MemoryObject::QueryInterface(REFIID iid, void** result)
 {
     const MemoryHost::CallScope call;
@@ -74,7 +93,7 @@ HRESULT MemoryObject::QueryInterface(REFIID iid, void** result)
     {
         if (m_host.recordingQueries)
             m_host.Record(m_name + ".QueryInterface(IQP_BaseDataObject)");
-        return Give(static_cast<IQP_BaseDataObject*>(this), result);
+        return offersData ? Give(static_cast<IQP_BaseDataObject*>(this), result) : Refuse(result);
     }
     if (iid == __uuidof(IQPObjectRights))
     {
@@ -89,6 +108,8 @@ HRESULT MemoryObject::QueryInterface(REFIID iid, void** result)
 
 ULONG MemoryObject::AddRef()
 {
+    if (m_host.onReference)
+        m_host.onReference();
     return ++m_count;
 }
 
@@ -130,9 +151,15 @@ HRESULT MemoryObject::Unexpected(const char* method)
     return E_NOTIMPL;
 }
 
-HRESULT MemoryObject::GetTableName(BSTR*)
+HRESULT MemoryObject::GetTableName(BSTR* name)
 {
-    return Unexpected("GetTableName");
+    if (!m_table)
+        return Unexpected("GetTableName");
+    const MemoryHost::CallScope call;
+    if (m_host.recording)
+        m_host.Record(m_name + ".GetTableName()");
+    *name = m_table->value.Type() == VT_BSTR ? SysAllocString(m_table->value.Value().bstrVal) : nullptr;
+    return m_table->status;
 }
 
 HRESULT MemoryObject::GetTypeName(BSTR*)
@@ -155,9 +182,26 @@ HRESULT MemoryObject::SetAttributes(SAFEARRAY**, SAFEARRAY**)
     return Unexpected("SetAttributes");
 }
 
-HRESULT MemoryObject::GetChildren(BSTR, IEnumBaseDataObject**)
+HRESULT MemoryObject::GetChildren(BSTR name, IEnumBaseDataObject** children)
 {
-    return Unexpected("GetChildren");
+    const MemoryHost::CallScope call;
+    if (m_host.recording)
+        m_host.Record(m_name + ".GetChildren(" + Utf8Of(name) + ")");
+    *children = nullptr;
+    const std::wstring_view asked(name, SysStringLen(name));
+    for (const ChildAnswer& answer : m_children)
+    {
+        if (asked != answer.name)
+            continue;
+        if (answer.list)
+        {
+            answer.list->Reset();
+            answer.list->AddRef();
+        }
+        *children = answer.list.get();
+        return answer.status;
+    }
+    return E_INVALIDARG;
 }
 
 HRESULT MemoryObject::GetType(BSTR, BSTR, IQPType**)
@@ -170,9 +214,16 @@ HRESULT MemoryObject::GetClientId(LONG*)
     return Unexpected("GetClientId");
 }
 
-HRESULT MemoryObject::IsDerivedFromClass(BSTR)
+HRESULT MemoryObject::IsDerivedFromClass(BSTR className)
 {
-    return Unexpected("IsDerivedFromClass");
+    const MemoryHost::CallScope call;
+    if (m_host.recording)
+        m_host.Record(m_name + ".IsDerivedFromClass(" + Utf8Of(className) + ")");
+    const std::wstring_view asked(className, SysStringLen(className));
+    for (const auto& [name, status] : m_classes)
+        if (asked == name)
+            return status;
+    return S_FALSE;
 }
 
 HRESULT MemoryObject::SetAttributeMultiLingual(BSTR, LONG, VARIANT)

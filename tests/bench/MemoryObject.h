@@ -7,10 +7,12 @@
 #include "qpobjects.h"
 #include "qpservices.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+class MemoryEnum;
 class MemoryHost;
 
 /// What the host answers to one read of an attribute.
@@ -33,10 +35,22 @@ public:
     MemoryObject* Answer(const wchar_t* attribute, HRESULT status, const VARIANT& value);
     MemoryObject* Fail(const wchar_t* attribute, HRESULT status);
 
+    /// What IsDerivedFromClass answers for that class; S_FALSE for one that was never set.
+    MemoryObject* Is(const wchar_t* className, HRESULT status = S_OK);
+
+    /// What GetTableName answers; E_NOTIMPL if it was never set. A null name is a null text.
+    MemoryObject* Table(const wchar_t* name, HRESULT status = S_OK);
+
+    /// What GetChildren answers for that list, from its beginning; `list` may be null. E_INVALIDARG for a
+    /// list that was never set.
+    MemoryObject* Children(const wchar_t* name, const ComPtr<MemoryEnum>& list, HRESULT status = S_OK);
+
     /// What HasRight answers.
     HRESULT right = S_OK;
     /// Whether the object has IQPObjectRights at all.
     bool offersRights = true;
+    /// Whether the object, asked for it, still is a data object.
+    bool offersData = true;
 
     const std::string& Name() const noexcept { return m_name; }
 
@@ -63,8 +77,18 @@ private:
     ~MemoryObject();
     HRESULT Unexpected(const char* method);
 
+    struct ChildAnswer
+    {
+        std::wstring name;
+        ComPtr<MemoryEnum> list;
+        HRESULT status;
+    };
+
     MemoryHost& m_host;
     std::string m_name;
     std::vector<std::pair<std::wstring, MemoryAnswer>> m_answers;
+    std::vector<std::pair<std::wstring, HRESULT>> m_classes;
+    std::vector<ChildAnswer> m_children;
+    std::optional<MemoryAnswer> m_table;
     ULONG m_count = 0;
 };
