@@ -1,39 +1,15 @@
 #include "Demo.h"
 
+#include "ChooserDemo.h"
+#include "Created.h"
 #include "DemoLog.h"
 #include "HostCalls.h"
 #include "Utf8.h"
-
-#include <objbase.h>
 
 #include <algorithm>
 
 namespace
 {
-/// An owning BSTR for an argument.
-class CText
-{
-public:
-    explicit CText(const wchar_t* text) : m_text(SysAllocString(text)) {}
-    ~CText() { SysFreeString(m_text); }
-    CText(const CText&) = delete;
-    CText& operator=(const CText&) = delete;
-    BSTR get() const { return m_text; }
-
-private:
-    BSTR m_text;
-};
-
-template <class Interface>
-ComPtr<Interface> CreateByProgId(const wchar_t* progId)
-{
-    CLSID clsid{};
-    ComPtr<Interface> object;
-    if (CLSIDFromProgID(progId, &clsid) == S_OK)
-        CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface), object.putVoid());
-    return object;
-}
-
 std::wstring Underlined(const std::wstring& heading)
 {
     return L"\n" + heading + L"\n" + std::wstring(heading.size(), L'=');
@@ -112,8 +88,9 @@ std::wstring WithoutTime(const std::wstring& line)
 }
 } // namespace
 
-CDemo::CDemo(std::unique_ptr<refhost::Plant> plant)
-    : m_plant(std::move(plant)), m_hostCalls({L"Call", L"Rows", L"Host calls"})
+CDemo::CDemo(std::unique_ptr<refhost::Plant> plant, CPictures pictures)
+    : m_plant(std::move(plant)), m_pictures(std::move(pictures)),
+      m_hostCalls({L"Call", L"Rows", L"Host calls"})
 {
 }
 
@@ -125,11 +102,29 @@ bool CDemo::Run()
     PrintLine(Underlined(L"Commands"));
     for (const CommandCase& search : CommandCases())
         ShowCommands(search);
+    ShowChoosers();
     PrintLine(Underlined(L"User action log"));
     ShowLog();
     PrintLine(Underlined(L"What it cost the host"));
     ShowHostCalls();
+    return Conclude();
+}
 
+bool CDemo::RunDialogs()
+{
+    ShowChoosers();
+    return Conclude();
+}
+
+void CDemo::ShowChoosers()
+{
+    PrintLine(Underlined(L"Choosers"));
+    CChooserDemo(*m_plant, m_pictures, [this](bool held, const std::wstring& what) { Expect(held, what); })
+        .Run();
+}
+
+bool CDemo::Conclude() const
+{
     PrintLine(L"");
     for (const std::wstring& what : m_broken)
         PrintLine(L"NOT AS EXPECTED: " + what);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "DemoCases.h"
+#include "Pictures.h"
 #include "Results.h"
 #include "Table.h"
 
@@ -19,12 +20,17 @@ class CDemo
 {
 public:
     /// Takes the plant that the host side answers from.
-    explicit CDemo(std::unique_ptr<refhost::Plant> plant);
+    CDemo(std::unique_ptr<refhost::Plant> plant, CPictures pictures);
 
     /// Runs all steps. Returns true if everything held; what did not has been printed.
     bool Run();
 
+    /// Runs those steps alone that open dialogs.
+    bool RunDialogs();
+
 private:
+    void ShowChoosers();
+    bool Conclude() const;
     void ShowScripts(const ActionCase& search);
     void ShowCommands(const CommandCase& search);
     void ShowLog();
@@ -43,6 +49,7 @@ private:
     void Expect(bool held, const std::wstring& what);
 
     std::unique_ptr<refhost::Plant> m_plant;
+    CPictures m_pictures;
     CTable m_hostCalls;
     std::vector<std::wstring> m_broken;
 };

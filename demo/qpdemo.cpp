@@ -71,8 +71,9 @@ int Run(const Arguments& arguments)
         PrintLine(L"qpdemo: the module could not be registered");
         return 1;
     }
-    CDemo demo(OpenPlant(arguments));
-    return demo.Run() ? 0 : 1;
+    CDemo demo(OpenPlant(arguments), CPictures(arguments.pictures));
+    const bool held = arguments.dialogs.empty() ? demo.Run() : demo.RunDialogs();
+    return held ? 0 : 1;
 }
 } // namespace
 
@@ -84,8 +85,9 @@ int main()
         PrintLine(arguments.help ? UsageText() : L"qpdemo: " + arguments.error + L"\n" + UsageText());
         return arguments.help ? 0 : 2;
     }
-    // The sample data and the texts to compare with are in English, whatever the user's language is.
-    SetEnvironmentVariableW(L"QPTOOLS_LANG", L"en");
+    // The sample data and the texts to compare with are in English, whatever the user's language is; in the
+    // dialogs alone nothing is compared.
+    SetEnvironmentVariableW(L"QPTOOLS_LANG", arguments.dialogs.empty() ? L"en" : arguments.dialogs.c_str());
     if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
         return 1;
     int result = 1;

@@ -5,6 +5,8 @@
 
 HRESULT MemoryQuery::QueryInterface(REFIID iid, void** result)
 {
+    if (m_host.recordingQueries && iid == __uuidof(IQP_Query))
+        m_host.Record("QueryInterface(IQP_Query)");
     if (iid == __uuidof(IQP_Query) || iid == __uuidof(IUnknown))
         return Give(static_cast<IQP_Query*>(this), result);
     return Refuse(result);

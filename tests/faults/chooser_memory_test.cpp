@@ -1,6 +1,6 @@
-// A chooser whose dialog runs out of memory while it is being opened: the dialog goes, the caller hears of it,
-// and nothing is kept. (The host throws in place of an allocation of the dialog's own; natively an exception
-// may cross the border between the two.)
+// A chooser whose dialog runs out of memory while it is being opened: the dialog goes, the caller hears of
+// it, and nothing is kept. (The host throws in place of an allocation of the dialog's own; natively an
+// exception may cross the border between the two.)
 #include "ProjectChoiceFixture.h"
 #include "ScriptPickerFixture.h"
 

@@ -141,6 +141,14 @@ TEST_F(QueryGiven, IsKeptHoweverItIsReferredTo)
     EXPECT_EQ(Held(), 0u);
 }
 
+TEST_F(QueryGiven, IsAskedForItsInterfaceOnlyWhereItIsNew)
+{
+    host.recordingQueries = true;
+    EXPECT_EQ(Initialize(Reference(VT_UNKNOWN, &host.Query())), S_OK);
+    EXPECT_EQ(Initialize(Reference(VT_UNKNOWN, &host.Query())), S_OK);
+    EXPECT_CALLS(Calls{"QueryInterface(IQP_Query)"});
+}
+
 TEST_F(QueryGiven, StaysIfNothingNewIsGiven)
 {
     EXPECT_EQ(Initialize(Reference(VT_UNKNOWN, &host.Query())), S_OK);

@@ -99,7 +99,8 @@ TEST(DialogView, RefusesWhatNoUserCanDo)
         {[](DialogView& view) { EXPECT_EQ(view.List(), nullptr); }, "lists are shown in"}};
     for (const auto& [step, text] : cases)
     {
-        const std::vector<std::string> failures = CaughtFailures([&] { EXPECT_EQ(Drive({step}), IDOK); });
+        const std::vector<std::string> failures =
+            CaughtFailures([&step = step] { EXPECT_EQ(Drive({step}), IDOK); });
         ASSERT_EQ(failures.size(), 1u) << text;
         EXPECT_NE(failures[0].find(text), std::string::npos) << failures[0];
     }

@@ -1,0 +1,32 @@
+// Components of the module, made as any host makes them, and texts for their arguments.
+#pragma once
+
+#include "ComPtr.h"
+
+#include <objbase.h>
+#include <oleauto.h>
+
+/// An owning BSTR for an argument.
+class CText
+{
+public:
+    explicit CText(const wchar_t* text) : m_text(SysAllocString(text)) {}
+    ~CText() { SysFreeString(m_text); }
+    CText(const CText&) = delete;
+    CText& operator=(const CText&) = delete;
+    BSTR get() const { return m_text; }
+
+private:
+    BSTR m_text;
+};
+
+/// Null if the class is not registered or does not have the interface.
+template <class Interface>
+ComPtr<Interface> CreateByProgId(const wchar_t* progId)
+{
+    CLSID clsid{};
+    ComPtr<Interface> object;
+    if (CLSIDFromProgID(progId, &clsid) == S_OK)
+        CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface), object.putVoid());
+    return object;
+}
