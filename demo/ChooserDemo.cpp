@@ -106,6 +106,7 @@ void CChooserDemo::ChooseProject()
     m_expect(static_cast<bool>(choice), L"the project choice is created by ProgID");
     if (!choice || !root)
         return;
+    choice->Initialize(CText(L"&None of these").get());
     DialogDriver user;
     user.OnDialog({[this](DialogView& view)
                    {
