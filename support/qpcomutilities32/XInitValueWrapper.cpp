@@ -117,7 +117,7 @@ void XInitValueWrapper::Append(Entry entry)
     // Room first, so that the last step cannot fail.
     if (m_entries.size() == m_entries.capacity())
         m_entries.reserve(2 * m_entries.size() + 8);
-    m_places.emplace(entry.name.View(), m_entries.size());
+    m_places.emplace(std::wstring(entry.name.View()), m_entries.size());
     m_entries.push_back(std::move(entry));
 }
 

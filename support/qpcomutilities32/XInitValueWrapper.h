@@ -5,8 +5,10 @@
 #include "XQPComVariant.h"
 #include "qptypes.h"
 
-#include <map>
+#include <functional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 /// Holds copies: the array it is made from stays the caller's, who may free or change it at any time. Names
@@ -43,6 +45,16 @@ public:
     static void FreeStruct(ULONG count, tagINITVALUE* values) noexcept;
 
 private:
+    /// Lets the map of names be asked without making a text.
+    struct NameHash
+    {
+        using is_transparent = void;
+        std::size_t operator()(std::wstring_view name) const noexcept
+        {
+            return std::hash<std::wstring_view>()(name);
+        }
+    };
+
     struct Entry
     {
         XQPComBSTR name;
@@ -56,5 +68,6 @@ private:
     void Append(Entry entry);
 
     std::vector<Entry> m_entries;
-    std::map<std::wstring, std::size_t, std::less<>> m_places; ///< of the first entry of each name
+    std::unordered_map<std::wstring, std::size_t, NameHash, std::equal_to<>>
+        m_places; ///< of the first entry of each name
 };

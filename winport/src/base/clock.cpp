@@ -86,7 +86,9 @@ void Sleep(DWORD milliseconds)
 
 DWORD GetCurrentThreadId()
 {
-    return static_cast<DWORD>(gettid());
+    // Every message asks for it, so the system is asked once a thread.
+    thread_local const auto thread = static_cast<DWORD>(gettid());
+    return thread;
 }
 
 DWORD GetCurrentProcessId()
