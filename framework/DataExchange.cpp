@@ -36,14 +36,10 @@ void DDX_Text(CDataExchange* pDX, int id, std::wstring& value)
     const HWND item = ItemOf(*pDX, id);
     if (!item)
         return;
-    if (!pDX->m_bSaveAndValidate)
-    {
+    if (pDX->m_bSaveAndValidate)
+        value = WindowText(item);
+    else
         SetWindowTextW(item, value.c_str());
-        return;
-    }
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(item)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(item, text.data(), static_cast<int>(text.size()))));
-    value = std::move(text);
 }
 
 void DDX_Text(CDataExchange* pDX, int id, int& value)

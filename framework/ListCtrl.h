@@ -27,9 +27,6 @@ public:
 
     int GetItemCount() const noexcept { return Int(SendMessage(LVM_GETITEMCOUNT)); }
 
-    /// Announces how many rows will be inserted.
-    void ReserveItems(int count) const noexcept { SendMessage(LVM_SETITEMCOUNT, Index(count)); }
-
     /// The index that the row got, or -1: a sorted list places it by its text.
     int InsertItem(int index, LPCWSTR text, LPARAM data = 0) const noexcept;
     bool DeleteItem(int index) const noexcept { return SendMessage(LVM_DELETEITEM, Index(index)) != 0; }

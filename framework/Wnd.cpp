@@ -10,6 +10,13 @@ namespace
 constinit thread_local CWnd* t_first = nullptr;
 } // namespace
 
+std::wstring WindowText(HWND window)
+{
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
 CWnd::~CWnd()
 {
     const HWND window = m_hWnd;
@@ -75,14 +82,6 @@ void CWnd::Detach() noexcept
 bool CWnd::DestroyWindow() noexcept
 {
     return m_hWnd && ::DestroyWindow(m_hWnd);
-}
-
-std::wstring CWnd::GetWindowText() const
-{
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(m_hWnd)) + 1, L'\0');
-    const int length = ::GetWindowTextW(m_hWnd, text.data(), static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
 }
 
 void CWnd::ModifyStyle(DWORD remove, DWORD add) const noexcept

@@ -10,6 +10,9 @@
 #include <optional>
 #include <string>
 
+/// The text of any window, of any length; empty for none.
+std::wstring WindowText(HWND window);
+
 /// The object belongs to whoever made it and outlives its window, or ends it: the destructor destroys the
 /// window. While it has a window the module stays loaded. A handler may destroy the window; the object then
 /// has no handle any more.
@@ -47,7 +50,7 @@ public:
     }
 
     void SetWindowText(LPCWSTR text) const noexcept { ::SetWindowTextW(m_hWnd, text); }
-    std::wstring GetWindowText() const;
+    std::wstring GetWindowText() const { return WindowText(m_hWnd); }
     bool EnableWindow(bool enable = true) const noexcept { return ::EnableWindow(m_hWnd, enable) != FALSE; }
     bool IsWindowEnabled() const noexcept { return ::IsWindowEnabled(m_hWnd) != FALSE; }
     bool ShowWindow(int how) const noexcept { return ::ShowWindow(m_hWnd, how) != FALSE; }

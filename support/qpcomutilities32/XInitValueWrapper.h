@@ -1,13 +1,13 @@
 // A bag of named values over an array of tagINITVALUE, the parameter form that crosses the host's interfaces.
 #pragma once
 
+#include "WideTextHash.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
 #include "qptypes.h"
 
 #include <functional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -45,16 +45,6 @@ public:
     static void FreeStruct(ULONG count, tagINITVALUE* values) noexcept;
 
 private:
-    /// Lets the map of names be asked without making a text.
-    struct NameHash
-    {
-        using is_transparent = void;
-        std::size_t operator()(std::wstring_view name) const noexcept
-        {
-            return std::hash<std::wstring_view>()(name);
-        }
-    };
-
     struct Entry
     {
         XQPComBSTR name;
@@ -68,6 +58,6 @@ private:
     void Append(Entry entry);
 
     std::vector<Entry> m_entries;
-    std::unordered_map<std::wstring, std::size_t, NameHash, std::equal_to<>>
+    std::unordered_map<std::wstring, std::size_t, WideTextHash, std::equal_to<>>
         m_places; ///< of the first entry of each name
 };

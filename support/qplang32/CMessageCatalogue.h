@@ -1,19 +1,11 @@
 // One message catalogue in the gettext format, checked and held in memory.
 #pragma once
 
+#include "WideTextHash.h"
+
 #include <string>
 #include <string_view>
 #include <unordered_map>
-
-/// Lets a map of texts be asked without making one.
-struct WideTextHash
-{
-    using is_transparent = void;
-    std::size_t operator()(std::wstring_view text) const noexcept
-    {
-        return std::hash<std::wstring_view>()(text);
-    }
-};
 
 /// The texts of a catalogue file, of either byte order. A file is taken whole or not at all: the first thing
 /// wrong with it refuses it. The texts keep their addresses for as long as the object lives.

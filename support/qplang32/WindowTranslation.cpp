@@ -2,6 +2,8 @@
 
 #include "Translation.h"
 
+#include "Wnd.h"
+
 #include <cwchar>
 #include <string>
 
@@ -19,9 +21,8 @@ bool ShowsFixedText(HWND window)
 
 void TranslateText(HWND window)
 {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
-    if (length <= 0)
+    const std::wstring text = WindowText(window);
+    if (text.empty())
         return;
     const wchar_t* translated = CoTranslateText(text.c_str());
     if (text.c_str() != translated && std::wcscmp(translated, text.c_str()) != 0)

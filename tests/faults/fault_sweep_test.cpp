@@ -1,5 +1,6 @@
 // Every host call of a whole run fails once, in each way a call can: each run ends, keeps nothing of the
 // host, and delivers what the rules say for exactly that failure.
+#include "FaultWays.h"
 #include "LetterModel.h"
 #include "ModuleUnderTest.h"
 #include "Plant.h"
@@ -18,24 +19,6 @@ using refhost::Plant;
 
 namespace
 {
-
-/// One way to fail a host call.
-struct Way
-{
-    const char* name;
-    Fault fault;
-    HRESULT status;
-};
-
-std::ostream& operator<<(std::ostream& stream, const Way& way)
-{
-    return stream << way.name;
-}
-
-const Way kWays[] = {{"Failure", Fault::Status, E_FAIL},
-                     {"NegativeAnswer", Fault::Status, S_FALSE},
-                     {"NullObject", Fault::NullObject, S_OK},
-                     {"EmptyVariant", Fault::EmptyVariant, S_OK}};
 
 struct Context
 {

@@ -363,8 +363,6 @@ TEST_F(DialogData, ATextOfTenThousandCharactersComesBackFromACell)
             const std::wstring text(10'000, L'x');
             list.InsertColumn(0, L"Name", LVCFMT_LEFT, 80);
             ASSERT_EQ(list.InsertItem(0, text.c_str()), 0);
-            const std::wstring back = list.GetItemText(0, 0);
-            EXPECT_EQ(text.compare(0, back.size(), back), 0);
-            EXPECT_GE(back.size(), 259u) << "what a list keeps at least";
+            EXPECT_EQ(list.GetItemText(0, 0), text);
         });
 }

@@ -1,6 +1,7 @@
 // Every host call that a chooser makes fails once, in each way a call can, while its dialog is being opened:
 // what is shown then, that it can be left, and that nothing of the host is kept.
 #include "ChooserPlant.h"
+#include "FaultWays.h"
 
 #include <functional>
 #include <optional>
@@ -12,24 +13,6 @@ using refhost::Plant;
 
 namespace
 {
-
-/// One way to fail a host call.
-struct Way
-{
-    const char* name;
-    Fault fault;
-    HRESULT status;
-};
-
-std::ostream& operator<<(std::ostream& stream, const Way& way)
-{
-    return stream << way.name;
-}
-
-const Way kWays[] = {{"Failure", Fault::Status, E_FAIL},
-                     {"NegativeAnswer", Fault::Status, S_FALSE},
-                     {"NullObject", Fault::NullObject, S_OK},
-                     {"EmptyVariant", Fault::EmptyVariant, S_OK}};
 
 /// What a run shows.
 struct Shown

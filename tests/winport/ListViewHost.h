@@ -81,3 +81,22 @@ public:
 private:
     BYTE m_before[256];
 };
+
+/// A list with the focus, the given rows, and nothing told yet.
+class FilledHost : public ListViewHost
+{
+public:
+    explicit FilledHost(int count, DWORD style = LVS_REPORT, int columns = 1) : ListViewHost(style, columns)
+    {
+        Fill(count);
+        SetFocus(Control());
+        Trace();
+    }
+
+    void SelectAndFocus(int item)
+    {
+        SetState(-1, 0, LVIS_SELECTED);
+        SetState(item, LVIS_FOCUSED | LVIS_SELECTED);
+        Trace();
+    }
+};

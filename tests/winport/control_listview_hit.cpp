@@ -1,0 +1,105 @@
+// What lies under a point of a list view.
+#include "ListViewHost.h"
+
+#include <gtest/gtest.h>
+
+TEST(ListViewHit, FindsTheRowUnderThePoint)
+{
+    ListViewHost list;
+    list.Fill(50);
+    for (int i = 0; i < list.PerPage(); ++i)
+    {
+        const POINT point = list.MiddleOf(i);
+        EXPECT_EQ(list.Hit(point.x, point.y).iItem, i);
+    }
+    list.Send(LVM_ENSUREVISIBLE, 40, FALSE);
+    const POINT point = list.MiddleOf(40);
+    EXPECT_EQ(list.Hit(point.x, point.y).iItem, 40);
+}
+
+TEST(ListViewHit, OnTheTextIsOnTheLabel)
+{
+    ListViewHost list;
+    list.Fill(1);
+    const RECT label = list.ItemRect(0, LVIR_LABEL);
+    const LVHITTESTINFO hit = list.Hit(label.left + 6, (label.top + label.bottom) / 2);
+    EXPECT_EQ(hit.iItem, 0);
+    EXPECT_EQ(hit.flags, LVHT_ONITEMLABEL);
+}
+
+TEST(ListViewHit, BelowTheLastRowIsNowhere)
+{
+    ListViewHost list;
+    list.Fill(2);
+    const LVHITTESTINFO hit = list.Hit(5, list.ItemRect(1).bottom + 2);
+    EXPECT_EQ(hit.iItem, -1);
+    EXPECT_EQ(hit.flags, LVHT_NOWHERE);
+}
+
+TEST(ListViewHit, RightOfTheColumnsIsNowhere)
+{
+    ListViewHost list;
+    list.Fill(2);
+    EXPECT_EQ(list.Hit(200, list.MiddleOf(1).y).iItem, -1);
+    EXPECT_EQ(list.SubItemHit(200, list.MiddleOf(1).y).iItem, -1);
+    list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT);
+    EXPECT_EQ(list.Hit(200, list.MiddleOf(1).y).iItem, -1);
+}
+
+TEST(ListViewHit, OnASubItemIsTheRowOnlyIfFullRowsAreSelected)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(2);
+    list.SetText(1, 1, L"sub");
+    const POINT point = list.MiddleOf(1, 1);
+    EXPECT_EQ(list.Hit(point.x, point.y).iItem, -1);
+    list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
+    const LVHITTESTINFO hit = list.Hit(point.x, point.y);
+    EXPECT_EQ(hit.iItem, 1);
+    EXPECT_NE(hit.flags & LVHT_ONITEM, 0U);
+}
+
+TEST(ListViewHit, TheSubItemHitTellsTheColumnInEitherCase)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(2);
+    for (const DWORD style : {DWORD{0}, DWORD{LVS_EX_FULLROWSELECT}})
+    {
+        list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, static_cast<LPARAM>(style));
+        for (int column = 0; column < 3; ++column)
+        {
+            const POINT point = list.MiddleOf(1, column);
+            const LVHITTESTINFO hit = list.SubItemHit(point.x, point.y);
+            EXPECT_EQ(hit.iItem, 1);
+            EXPECT_EQ(hit.iSubItem, column);
+        }
+    }
+}
+
+TEST(ListViewHit, TheSubItemHitFollowsSidewaysScrolling)
+{
+    ListViewHost list(LVS_REPORT, 5);
+    list.Fill(2);
+    list.Send(LVM_SCROLL, 90, 0);
+    const LVHITTESTINFO hit = list.SubItemHit(2, list.MiddleOf(1).y);
+    EXPECT_EQ(hit.iItem, 1);
+    EXPECT_EQ(hit.iSubItem, 1);
+}
+
+TEST(ListViewHit, ColumnsEndWhereTheNextOnesStart)
+{
+    ListViewHost list(LVS_REPORT, 3);
+    list.Fill(1);
+    const int y = list.MiddleOf(0).y;
+    EXPECT_EQ(list.SubItemHit(79, y).iSubItem, 0);
+    EXPECT_EQ(list.SubItemHit(80, y).iSubItem, 1);
+    EXPECT_EQ(list.SubItemHit(159, y).iSubItem, 1);
+    EXPECT_EQ(list.SubItemHit(160, y).iSubItem, 2);
+}
+
+TEST(ListViewHit, InAnEmptyListIsNowhere)
+{
+    const ListViewHost list;
+    EXPECT_EQ(list.Hit(5, 40).iItem, -1);
+    EXPECT_EQ(list.SubItemHit(5, 40).iItem, -1);
+}
