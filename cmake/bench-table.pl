@@ -116,17 +116,19 @@ sub table {
     return $out;
 }
 
-# `most` times the floor are wanted from `smallest` rows on.
+# `most` times the floor are wanted from `smallest` rows on. A contender "list" is what the filling of a list alone takes.
 sub beside_floor {
     my ($subject, $most, $smallest) = @_;
+    my $has_list = exists $time{$subject}{list};
     my @rows;
     for my $n (sizes($subject)) {
         my ($service, $floor) = (of($subject, 'service', $n), of($subject, 'floor', $n));
         limit("`$subject`, " . number($n) . ' rows: times the floor', $service / $floor, 0, $most) if $n >= $smallest;
         push @rows, [number($n), number($service), number($floor), sprintf('%.2f', $service / $floor),
-            number($service * 1000 / $n)];
+            number($service * 1000 / $n), $has_list ? number(of($subject, 'list', $n)) : ()];
     }
-    return table("`$subject`", ['rows', 'µs', 'floor, µs', 'times the floor', 'ns a row'], @rows);
+    return table("`$subject`", ['rows', 'µs', 'floor, µs', 'times the floor', 'ns a row',
+            $has_list ? 'the list alone, µs' : ()], @rows);
 }
 
 # One row of the larger result takes as long as one of the smaller, but for that part.

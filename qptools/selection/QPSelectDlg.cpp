@@ -2,12 +2,13 @@
 
 #include "XSelectDlg.h"
 
-#include "ObjectValue.h"
-
 #include "XInitValueWrapper.h"
 
 #include "UiState.h"
 
+#include <charconv>
+#include <iterator>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -16,15 +17,15 @@ namespace qptools
 namespace
 {
 /// The parameter converted to `type`; empty if it is not there or has no such form.
-XQPComVariant Parameter(const XInitValueWrapper& parameters, const std::wstring& name, VARTYPE type)
+XQPComVariant Parameter(const XInitValueWrapper& parameters, const wchar_t* name, VARTYPE type)
 {
     XQPComVariant value;
-    if (parameters.GetData(name.c_str(), value.Value()) && value.Type() != type && value.ChangeType(type) < 0)
+    if (parameters.GetData(name, value.Value()) && value.Type() != type && value.ChangeType(type) < 0)
         value.Clear();
     return value;
 }
 
-XQPComBSTR TextParameter(const XInitValueWrapper& parameters, const std::wstring& name)
+XQPComBSTR TextParameter(const XInitValueWrapper& parameters, const wchar_t* name)
 {
     XQPComVariant value = Parameter(parameters, name, VT_BSTR);
     XQPComBSTR text;
@@ -33,20 +34,49 @@ XQPComBSTR TextParameter(const XInitValueWrapper& parameters, const std::wstring
     return text;
 }
 
+ComPtr<IUnknown> ObjectParameter(const XInitValueWrapper& parameters, const wchar_t* name)
+{
+    XQPComVariant value = Parameter(parameters, name, VT_UNKNOWN);
+    ComPtr<IUnknown> object;
+    if (value.Type() == VT_UNKNOWN)
+        object.attach(value.Detach().punkVal);
+    return object;
+}
+
+/// "Prompt0", "Prompt1" and so on, one after the other in one place.
+class NumberedName
+{
+public:
+    explicit NumberedName(const wchar_t* stem) : m_name(stem), m_stem(m_name.size()) {}
+
+    const wchar_t* Of(ULONG number)
+    {
+        char digits[std::numeric_limits<ULONG>::digits10 + 1];
+        const auto end = std::to_chars(std::begin(digits), std::end(digits), number).ptr;
+        m_name.resize(m_stem);
+        m_name.append(digits, end);
+        return m_name.c_str();
+    }
+
+private:
+    std::wstring m_name;
+    std::size_t m_stem;
+};
+
 /// Of `count` parameters every two are an entry, the caption among them: n entries and a caption make the
 /// same number as n entries alone. 0 and 1 are no entries.
 XSelectDlg::Entries EntriesOf(const XInitValueWrapper& parameters, ULONG count)
 {
     XSelectDlg::Entries entries;
+    NumberedName objectName(L"Object");
+    NumberedName promptName(L"Prompt");
     for (ULONG number = 0; number < count / 2; ++number)
     {
-        const std::wstring digits = std::to_wstring(number);
-        const XQPComVariant object = Parameter(parameters, L"Object" + digits, VT_UNKNOWN);
-        IUnknown* const pointer = ObjectOf(object.Value());
+        const ComPtr<IUnknown> object = ObjectParameter(parameters, objectName.Of(number));
         // The first entry of an object stays.
-        if (pointer && entries.count(pointer) == 0)
-            entries.emplace(pointer, XSelectDlg::Entry{ComPtr<IUnknown>(pointer),
-                                                       TextParameter(parameters, L"Prompt" + digits)});
+        if (object && entries.count(object.get()) == 0)
+            entries.emplace(object.get(),
+                            XSelectDlg::Entry{object, TextParameter(parameters, promptName.Of(number))});
     }
     return entries;
 }

@@ -25,7 +25,6 @@ constexpr UINT kList = kPlaceholder;
 constexpr UINT kDoubleClicked = 203;
 
 /// The column of no width that carries the object.
-constexpr int kObjectColumn = 5;
 
 } // namespace
 
@@ -104,7 +103,7 @@ bool XSelectOrvoitemDlg::CreateList()
     int column = 0;
     for (const wchar_t* caption : captions)
         m_list.InsertColumn(column++, caption, LVCFMT_LEFT, width);
-    m_list.InsertColumn(kObjectColumn, L"", LVCFMT_LEFT, 0);
+    m_list.InsertColumn(kScriptObject, L"", LVCFMT_LEFT, 0);
     return true;
 }
 
@@ -124,7 +123,7 @@ void XSelectOrvoitemDlg::OnOK()
 HRESULT XSelectOrvoitemDlg::GetSelectionFromList(IQP_BaseDataObject** out)
 {
     XQPComVariant value;
-    if (!m_list.GetSelData(kObjectColumn, value))
+    if (!m_list.GetSelData(kScriptObject, value))
         return S_FALSE;
     ComPtr<IQP_BaseDataObject> selected;
     selected.queryFrom(ObjectOf(value.Value()));

@@ -10,22 +10,25 @@
 
 #include "qpobjects.h"
 
-#include <array>
 #include <map>
+#include <vector>
 
 namespace qptools
 {
 
-/// What the list shows of a script, and the script.
-struct ScriptRecord
+/// The columns of the list of scripts.
+enum ScriptColumn : int
 {
-    ComPtr<IQP_BaseDataObject> script;
-    XQPComVariant name;
-    const wchar_t* location = nullptr; ///< a fixed text
-    XQPComVariant language;
-    XQPComVariant creationDate;
-    XQPComVariant modificationDate;
+    kScriptName,
+    kScriptLocation, ///< a fixed text
+    kScriptLanguage,
+    kScriptCreationDate,
+    kScriptModificationDate,
+    kScriptObject ///< of no width: the script itself, VT_UNKNOWN
 };
+
+/// A row of that list, with a value a column.
+using ScriptRecord = std::vector<XQPComVariant>;
 
 /// What there is to know of a script action, and the action.
 struct ScriptActionRecord

@@ -5,6 +5,8 @@
 #include "HostConstants.h"
 #include "ObjectValue.h"
 
+#include "FixedText.h"
+
 #include "WaitCursor.h"
 
 #include <algorithm>
@@ -16,30 +18,30 @@ namespace qptools
 namespace
 {
 
-constexpr wchar_t kAttributeProject[] = L"orvoproject";
+constexpr FixedText kAttributeProject(L"orvoproject");
 
 /// Any answer but S_OK, failures too, is a no.
-bool IsOf(IQP_BaseDataObject* object, const wchar_t* className)
+bool IsOf(IQP_BaseDataObject* object, const FixedText& className)
 {
-    return object->IsDerivedFromClass(XQPComBSTR(className)) == S_OK;
+    return object->IsDerivedFromClass(className) == S_OK;
 }
 
 /// The objects that have a project of their own.
 bool IsItemOrKin(IQP_BaseDataObject* object)
 {
-    static constexpr const wchar_t* kClasses[] = {L"XDOOrvoItem", L"XDOOrvoCompBase", L"XDOSubCompItem",
-                                                  L"XDOOrvoPlanType", L"XDOOrvoPlanTypeSet"};
+    static constexpr FixedText kClasses[] = {L"XDOOrvoItem", L"XDOOrvoCompBase", L"XDOSubCompItem",
+                                             L"XDOOrvoPlanType", L"XDOOrvoPlanTypeSet"};
     return std::any_of(std::begin(kClasses), std::end(kClasses),
-                       [object](const wchar_t* name) { return IsOf(object, name); });
+                       [object](const FixedText& name) { return IsOf(object, name); });
 }
 
 /// The data object that an attribute refers to. Returns the status of the read; E_NOINTERFACE for a
 /// reference to something else; S_OK with null for a reference to nothing.
-HRESULT ReadReference(IQP_BaseDataObject* object, const wchar_t* attribute,
+HRESULT ReadReference(IQP_BaseDataObject* object, const FixedText& attribute,
                       ComPtr<IQP_BaseDataObject>& referred)
 {
     XQPComVariant value;
-    const HRESULT status = object->GetAttribute(XQPComBSTR(attribute), &value);
+    const HRESULT status = object->GetAttribute(attribute, &value);
     IUnknown* const target = status == S_OK ? ObjectOf(value.Value()) : nullptr;
     if (!target)
         return status;
@@ -48,7 +50,7 @@ HRESULT ReadReference(IQP_BaseDataObject* object, const wchar_t* attribute,
 }
 
 /// The project of the object that an attribute refers to.
-HRESULT ReadProjectBehind(IQP_BaseDataObject* object, const wchar_t* attribute,
+HRESULT ReadProjectBehind(IQP_BaseDataObject* object, const FixedText& attribute,
                           ComPtr<IQP_BaseDataObject>& project)
 {
     ComPtr<IQP_BaseDataObject> referred;
@@ -100,7 +102,7 @@ HRESULT XSelectOrvoitemDlg::GetPlantypeFromDO(IQP_BaseDataObject* pDO, IQP_BaseD
         return E_INVALIDARG;
     const CWaitCursor wait;
     XQPComVariant value;
-    const HRESULT status = pDO->GetAttribute(XQPComBSTR(kAttributePlanType), &value);
+    const HRESULT status = pDO->GetAttribute(FixedText(kAttributePlanType), &value);
     if (status < 0)
         return Report(status, L"XSelectOrvoitemDlg::GetPlantypeFromDO    pDO->GetAttribute(orvoplantype)",
                       645);
@@ -141,7 +143,7 @@ HRESULT XSelectOrvoitemDlg::GetOrvoCompBase(IQP_BaseDataObject* pDO, const wchar
         return S_OK;
     }
     XQPComVariant value;
-    const HRESULT status = pDO->GetAttribute(XQPComBSTR(kAttributeCompBase), &value);
+    const HRESULT status = pDO->GetAttribute(FixedText(kAttributeCompBase), &value);
     IUnknown* const target = status == S_OK ? ObjectOf(value.Value()) : nullptr;
     if (!target)
         return Report(status, L"XSelectOrvoitemDlg::GetOrvoCompBase    pDO->GetAttribute(orvocompbase)", 701);

@@ -5,6 +5,8 @@
 #include "HostConstants.h"
 #include "ObjectValue.h"
 
+#include "FixedText.h"
+
 #include "WaitCursor.h"
 
 #include "qpservices.h"
@@ -22,14 +24,14 @@ namespace
 [[maybe_unused]] constexpr wchar_t kActionLabel[] = L"XSelectOrvoitemDlg::AddScriptActionVectorToMap\t";
 
 /// The status of each read is of no account: what cannot be read is an empty value.
-XQPComVariant Read(IQP_BaseDataObject* object, const wchar_t* attribute)
+XQPComVariant Read(IQP_BaseDataObject* object, const FixedText& attribute)
 {
     XQPComVariant value;
-    object->GetAttribute(XQPComBSTR(attribute), &value);
+    object->GetAttribute(attribute, &value);
     return value;
 }
 
-ComPtr<IQP_BaseDataObject> ReadObject(IQP_BaseDataObject* object, const wchar_t* attribute)
+ComPtr<IQP_BaseDataObject> ReadObject(IQP_BaseDataObject* object, const FixedText& attribute)
 {
     const XQPComVariant value = Read(object, attribute);
     ComPtr<IQP_BaseDataObject> referred;
@@ -38,7 +40,7 @@ ComPtr<IQP_BaseDataObject> ReadObject(IQP_BaseDataObject* object, const wchar_t*
 }
 
 /// The 32 bits of the value as they are; 0 without a value.
-LONG ReadNumber(IQP_BaseDataObject* object, const wchar_t* attribute)
+LONG ReadNumber(IQP_BaseDataObject* object, const FixedText& attribute)
 {
     const XQPComVariant value = Read(object, attribute);
     return value.Type() == VT_EMPTY ? 0 : value.Value().lVal;
@@ -48,19 +50,6 @@ LONG ReadNumber(IQP_BaseDataObject* object, const wchar_t* attribute)
 const wchar_t* LocationOf(const XQPComVariant& project)
 {
     return project.Type() == VT_UNKNOWN && project.Value().punkVal ? L"Project Lib" : L"Library";
-}
-
-std::vector<XQPComVariant> RowOf(ScriptRecord&& record)
-{
-    std::vector<XQPComVariant> row;
-    row.reserve(6);
-    row.push_back(std::move(record.name));
-    row.emplace_back(record.location);
-    row.push_back(std::move(record.language));
-    row.push_back(std::move(record.creationDate));
-    row.push_back(std::move(record.modificationDate));
-    row.emplace_back(BorrowedObject(record.script.get()));
-    return row;
 }
 
 } // namespace
@@ -74,7 +63,7 @@ HRESULT XSelectOrvoitemDlg::GetScriptsFromProject(XBaseListCtrl* list) const
         return status;
     int row = 0;
     for (auto& [pointer, record] : scripts)
-        list->AddEntry(RowOf(std::move(record)), row++, -1);
+        list->AddEntry(std::move(record), row++, -1);
     return status;
 }
 
@@ -114,11 +103,11 @@ HRESULT XSelectOrvoitemDlg::SearchScripts(IQP_BaseDataObject* project,
         return E_POINTER;
     HRESULT status = m_ptrQuery->ResetSearch(kResetAll);
     if (status == S_OK)
-        status = m_ptrQuery->SetSearchTable(XQPComBSTR(kTableScript));
+        status = m_ptrQuery->SetSearchTable(FixedText(kTableScript));
     if (status != S_OK)
         return status;
     // The scripts of the project together with those of none.
-    const XQPComBSTR column(kAttributeDefaultImpl);
+    constexpr FixedText column(kAttributeDefaultImpl);
     const XQPComVariant none;
     HRESULT ofProject = S_OK;
     if (project)
@@ -135,14 +124,15 @@ HRESULT XSelectOrvoitemDlg::AddScriptVectorToMap(IQP_BaseDataObject* script, Scr
     if (!script)
         return E_POINTER;
     ScriptRecord record;
-    record.script = ComPtr<IQP_BaseDataObject>(script);
-    record.name = Read(script, kAttributeName);
+    record.reserve(kScriptObject + 1);
+    record.push_back(Read(script, kAttributeName));
     // The key of the relation that the search knows by the name of its column.
-    record.location = LocationOf(Read(script, L"m_pDODefaultImpl"));
-    record.language = Read(script, L"languagetype");
-    record.creationDate = Read(script, L"creationdate");
-    record.modificationDate = Read(script, L"modificationdate");
-    out.emplace(script, std::move(record));
+    record.emplace_back(LocationOf(Read(script, L"m_pDODefaultImpl")));
+    record.push_back(Read(script, L"languagetype"));
+    record.push_back(Read(script, L"creationdate"));
+    record.push_back(Read(script, L"modificationdate"));
+    record.emplace_back(BorrowedObject(script));
+    out.try_emplace(script, std::move(record));
     return S_OK;
 }
 
@@ -152,7 +142,7 @@ HRESULT XSelectOrvoitemDlg::ScriptQuery(ScriptActionMap& out) const
     if (GetProjectFromDO(m_ptrDataObject.get(), project.put()) != S_OK || !project)
         return Report(E_POINTER, L"XSelectOrvoitemDlg::ScriptQuery    piPrj: Invalid", 385);
     ComPtr<IEnumBaseDataObject> actions;
-    HRESULT status = project->GetChildren(XQPComBSTR(L"scriptactions"), actions.put());
+    HRESULT status = project->GetChildren(FixedText(L"scriptactions"), actions.put());
     if (status != S_OK || !actions)
         return Report(status, L"m_ptrDataObject->GetChildren(scriptactions)", 394);
     RemNextWalk walk(actions.get(), WalkEnd::AtStatusOnly);

@@ -1,10 +1,17 @@
 #include "XBaseListCtrl.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace
 {
 constexpr DWORD kKindStyles = LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP;
+
+/// A text is had from its cell again.
+bool IsKept(const XQPComVariant& value)
+{
+    return value.Type() != VT_BSTR;
+}
 
 /// What a cell shows of a value: a text as it stands, anything else as converted. `converted` keeps it.
 const wchar_t* ShownText(const XQPComVariant& value, XQPComVariant& converted)
@@ -37,24 +44,55 @@ bool XBaseListCtrl::Create(DWORD style, const RECT& rect, HWND parent, UINT id)
     return true;
 }
 
+const CMessageMap& XBaseListCtrl::GetMessageMap() const
+{
+    static const CMessageMapEntry entries[] = {
+        OnReflected<&XBaseListCtrl::OnDeleteAllItems>(LVN_DELETEALLITEMS),
+    };
+    static const CMessageMap map{&CListCtrl::ClassMessageMap(), entries};
+    return map;
+}
+
+/// Nobody wants to hear of each row.
+void XBaseListCtrl::OnDeleteAllItems(NMHDR*, LRESULT* result)
+{
+    *result = TRUE;
+}
+
 bool XBaseListCtrl::AddEntry(std::vector<XQPComVariant> columns, int row, int)
 {
     if (!m_hWnd || columns.empty())
         return false;
-    m_rows.push_back(std::make_unique<Row>(std::move(columns)));
-    const Row& values = *m_rows.back();
+    m_rows.push_back(RowFor(columns));
     XQPComVariant converted;
-    const int made = InsertItem(row, ShownText(values[0], converted), reinterpret_cast<LPARAM>(&values));
+    const int made =
+        InsertItem(row, ShownText(columns[0], converted), reinterpret_cast<LPARAM>(&m_rows.back()));
     if (made < 0)
     {
         m_rows.pop_back();
         return false;
     }
-    ShowTexts(made, values);
+    ShowTexts(made, columns);
+    Keep(columns, m_rows.back());
     return true;
 }
 
-void XBaseListCtrl::ShowTexts(int row, const Row& columns) const
+/// With room for what is to be kept, so that a row that is shown cannot be without it.
+XBaseListCtrl::Row XBaseListCtrl::RowFor(const std::vector<XQPComVariant>& columns)
+{
+    Row row{static_cast<int>(columns.size()), {}};
+    row.values.reserve(static_cast<std::size_t>(std::count_if(columns.begin(), columns.end(), IsKept)));
+    return row;
+}
+
+void XBaseListCtrl::Keep(std::vector<XQPComVariant>& columns, Row& row) noexcept
+{
+    for (int column = 0; column < row.columns; ++column)
+        if (XQPComVariant& value = columns[static_cast<std::size_t>(column)]; IsKept(value))
+            row.values.emplace_back(column, std::move(value));
+}
+
+void XBaseListCtrl::ShowTexts(int row, const std::vector<XQPComVariant>& columns) const
 {
     for (std::size_t column = 1; column < columns.size(); ++column)
     {
@@ -70,10 +108,15 @@ bool XBaseListCtrl::GetSelData(int column, XQPComVariant& value) const
     const int selected = m_hWnd ? GetNextItem(-1, LVNI_SELECTED) : -1;
     if (selected < 0)
         return false;
-    const auto* values = reinterpret_cast<const Row*>(GetItemData(selected));
-    if (!values || column < 0 || static_cast<std::size_t>(column) >= values->size())
+    const auto* row = reinterpret_cast<const Row*>(GetItemData(selected));
+    if (!row || column < 0 || column >= row->columns)
         return false;
-    value = (*values)[static_cast<std::size_t>(column)];
+    const auto kept = std::find_if(row->values.begin(), row->values.end(),
+                                   [column](const auto& entry) { return entry.first == column; });
+    if (kept != row->values.end())
+        value = kept->second;
+    else
+        value = GetItemText(selected, column).c_str();
     return true;
 }
 

@@ -1,14 +1,15 @@
-// The list of the choosers: shows values as texts and keeps the values.
+// The list of the choosers: shows values as texts and keeps those that are no texts.
 #pragma once
 
 #include "ListCtrl.h"
 #include "XQPComVariant.h"
 
-#include <memory>
+#include <deque>
+#include <utility>
 #include <vector>
 
 /// A report list with a header in which one row can be selected, over its whole width, and stays visibly so.
-/// Each row keeps the values it was made of, so that a column of no width can carry an object.
+/// A row keeps the values that its cells cannot give back, so that a column of no width can carry an object.
 class XBaseListCtrl : public CListCtrl
 {
 public:
@@ -25,17 +26,28 @@ public:
     /// cannot be made, and nothing is added then. Throws ComException(E_OUTOFMEMORY).
     bool AddEntry(std::vector<XQPComVariant> columns, int row, int image);
 
-    /// A copy of the selected row's value in `column`, counted from 0. False, with `value` unchanged, if no
-    /// row is selected or the row has no such column. Throws ComException(E_OUTOFMEMORY).
+    /// A copy of the selected row's value in `column`, counted from 0; a text is what the cell has. False,
+    /// with `value` unchanged, if no row is selected or the row has no such column. Throws
+    /// ComException(E_OUTOFMEMORY) and std::bad_alloc.
     bool GetSelData(int column, XQPComVariant& value) const;
 
     /// Takes all rows and their values away.
     void Empty();
 
+protected:
+    const CMessageMap& GetMessageMap() const override;
+
 private:
-    using Row = std::vector<XQPComVariant>;
+    struct Row
+    {
+        int columns;
+        std::vector<std::pair<int, XQPComVariant>> values; ///< by column, without the texts
+    };
 
-    void ShowTexts(int row, const Row& columns) const;
+    void OnDeleteAllItems(NMHDR* header, LRESULT* result);
+    static Row RowFor(const std::vector<XQPComVariant>& columns);
+    static void Keep(std::vector<XQPComVariant>& columns, Row& row) noexcept;
+    void ShowTexts(int row, const std::vector<XQPComVariant>& columns) const;
 
-    std::vector<std::unique_ptr<Row>> m_rows; ///< in the order of their making
+    std::deque<Row> m_rows; ///< in the order of their making, where the rows of the window refer to them
 };

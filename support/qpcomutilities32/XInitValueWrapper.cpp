@@ -3,42 +3,52 @@
 #include "ComException.h"
 
 #include <new>
-#include <string_view>
 #include <utility>
 
 namespace
 {
-// Writes `target` only when all of the record could be copied.
-bool CopyRecord(const wchar_t* name, UINT nameLength, const VARIANT& value, tagINITVALUE& target) noexcept
+std::wstring_view NameOf(const wchar_t* name) noexcept
+{
+    return name ? std::wstring_view(name) : std::wstring_view();
+}
+
+/// Writes `copy`, an uninitialised variant, in any case. Returns the status of the copying.
+HRESULT CopyValue(const VARIANT& value, VARIANT& copy) noexcept
+{
+    VariantInit(&copy);
+    return VariantCopyInd(&copy, const_cast<VARIANT*>(&value));
+}
+
+/// Writes `target` only when all of the record could be copied. Returns E_OUTOFMEMORY or the status of the
+/// copying of the value.
+HRESULT CopyRecord(std::wstring_view name, const VARIANT& value, tagINITVALUE& target) noexcept
 {
     VARIANT copy;
-    VariantInit(&copy);
-    if (VariantCopy(&copy, const_cast<VARIANT*>(&value)) < 0)
-        return false;
-    const BSTR nameCopy = SysAllocStringLen(name, nameLength);
+    const HRESULT status = CopyValue(value, copy);
+    if (status < 0)
+        return status;
+    const BSTR nameCopy = SysAllocStringLen(name.data(), static_cast<UINT>(name.size()));
     if (!nameCopy)
     {
         VariantClear(&copy);
-        return false;
+        return E_OUTOFMEMORY;
     }
     target = {nameCopy, copy};
-    return true;
+    return S_OK;
 }
 } // namespace
 
 XInitValueWrapper::XInitValueWrapper(ULONG count, const tagINITVALUE* values)
 try
 {
-    for (ULONG index = 0; values && index < count; ++index)
+    if (!values)
+        return;
+    m_entries.reserve(count);
+    m_places.reserve(count);
+    for (const tagINITVALUE* record = values; record != values + count; ++record)
     {
-        Entry entry;
-        const HRESULT status = VariantCopyInd(&entry.value, const_cast<VARIANT*>(&values[index].varValue));
-        if (status == E_OUTOFMEMORY)
-            ThrowOutOfMemory();
-        if (status < 0)
-            continue;
-        entry.name = values[index].bstrParamName;
-        Append(std::move(entry));
+        m_entries.push_back({NameOf(record->bstrParamName), &record->varValue, nullptr});
+        m_places.emplace(m_entries.back().name, m_entries.size() - 1);
     }
 }
 catch (const std::bad_alloc&)
@@ -52,8 +62,7 @@ bool XInitValueWrapper::GetData(const wchar_t* name, VARIANT& value) const noexc
     if (index == m_entries.size())
         return false;
     VARIANT copy;
-    VariantInit(&copy);
-    if (VariantCopy(&copy, const_cast<VARIANT*>(&m_entries[index].value.Value())) < 0)
+    if (CopyValue(*m_entries[index].value, copy) < 0)
         return false;
     VariantClear(&value);
     value = copy;
@@ -65,9 +74,9 @@ try
 {
     const std::size_t index = IndexOf(name);
     if (index < m_entries.size())
-        m_entries[index].value = value;
+        Replace(m_entries[index], value);
     else
-        Append({XQPComBSTR(name), XQPComVariant(value)});
+        Add(name, value);
 }
 catch (const std::bad_alloc&)
 {
@@ -88,12 +97,13 @@ bool XInitValueWrapper::GetStruct(ULONG& count, tagINITVALUE** values) const noe
     ULONG made = 0;
     for (const Entry& entry : m_entries)
     {
-        if (!CopyRecord(entry.name, static_cast<UINT>(entry.name.Length()), entry.value.Value(), array[made]))
+        const HRESULT status = CopyRecord(entry.name, *entry.value, array[made]);
+        if (status == E_OUTOFMEMORY)
         {
             FreeStruct(made, array);
             return false;
         }
-        ++made;
+        made += status < 0 ? 0 : 1;
     }
     count = made;
     *values = array;
@@ -112,17 +122,38 @@ void XInitValueWrapper::FreeStruct(ULONG count, tagINITVALUE* values) noexcept
     CoTaskMemFree(values);
 }
 
-void XInitValueWrapper::Append(Entry entry)
+void XInitValueWrapper::Add(const wchar_t* name, const VARIANT& value)
 {
     // Room first, so that the last step cannot fail.
     if (m_entries.size() == m_entries.capacity())
         m_entries.reserve(2 * m_entries.size() + 8);
-    m_places.emplace(std::wstring(entry.name.View()), m_entries.size());
-    m_entries.push_back(std::move(entry));
+    Own& own = m_own.emplace_back(Own{XQPComBSTR(name), XQPComVariant(value)});
+    const std::wstring_view ownName = own.name.View();
+    try
+    {
+        m_places.emplace(ownName, m_entries.size());
+    }
+    catch (...)
+    {
+        m_own.pop_back();
+        throw;
+    }
+    m_entries.push_back({ownName, &own.value.Value(), &own});
+}
+
+void XInitValueWrapper::Replace(Entry& entry, const VARIANT& value)
+{
+    if (entry.own)
+    {
+        entry.own->value = value;
+        return;
+    }
+    entry.own = &m_own.emplace_back(Own{{}, XQPComVariant(value)});
+    entry.value = &entry.own->value.Value();
 }
 
 std::size_t XInitValueWrapper::IndexOf(const wchar_t* name) const noexcept
 {
-    const auto found = m_places.find(std::wstring_view(name ? name : L""));
+    const auto found = m_places.find(NameOf(name));
     return found == m_places.end() ? m_entries.size() : found->second;
 }

@@ -123,14 +123,14 @@ bool XQPComBSTR::operator==(const XQPComBSTR& other) const noexcept
     return View() == other.View();
 }
 
-bool XQPComBSTR::operator<(const wchar_t* text) const noexcept
+std::strong_ordering XQPComBSTR::operator<=>(const wchar_t* text) const noexcept
 {
-    return View() < ViewOf(text);
+    return View() <=> ViewOf(text);
 }
 
-bool XQPComBSTR::operator<(const XQPComBSTR& other) const noexcept
+std::strong_ordering XQPComBSTR::operator<=>(const XQPComBSTR& other) const noexcept
 {
-    return View() < other.View();
+    return View() <=> other.View();
 }
 
 XQPComBSTR& XQPComBSTR::operator+=(const XQPComBSTR& other)

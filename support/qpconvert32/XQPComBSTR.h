@@ -5,6 +5,7 @@
 
 #include <oleauto.h>
 
+#include <compare>
 #include <string_view>
 
 /// A text of its own. Embedded null characters are kept; a null text and the empty text are the same thing,
@@ -44,10 +45,14 @@ public:
     bool operator==(const XQPComBSTR& other) const noexcept;
     bool operator==(wchar_t* text) const noexcept { return *this == static_cast<const wchar_t*>(text); }
 
-    /// The order of maps keyed by this class: code unit by code unit, whatever the user's language.
-    bool operator<(const wchar_t* text) const noexcept;
-    bool operator<(const XQPComBSTR& other) const noexcept;
-    bool operator<(wchar_t* text) const noexcept { return *this < static_cast<const wchar_t*>(text); }
+    /// The order of maps keyed by this class, also as a part of the key: code unit by code unit, whatever the
+    /// user's language.
+    std::strong_ordering operator<=>(const wchar_t* text) const noexcept;
+    std::strong_ordering operator<=>(const XQPComBSTR& other) const noexcept;
+    std::strong_ordering operator<=>(wchar_t* text) const noexcept
+    {
+        return *this <=> static_cast<const wchar_t*>(text);
+    }
 
     /// Appends; appending a text to itself doubles it.
     XQPComBSTR& operator+=(const XQPComBSTR& other);

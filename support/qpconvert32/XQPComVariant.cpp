@@ -40,20 +40,11 @@ HRESULT Convert(const VARIANT& source, VARTYPE vt, VARIANT& result) noexcept
 }
 } // namespace
 
-XQPComVariant::XQPComVariant() noexcept : m_value(EmptyValue()) {}
-
 XQPComVariant::XQPComVariant(const wchar_t* text) : m_value(TextValue(text)) {}
 
 XQPComVariant::XQPComVariant(const VARIANT& value) : m_value(CopyOf(value)) {}
 
 XQPComVariant::XQPComVariant(const XQPComVariant& other) : m_value(CopyOf(other.m_value)) {}
-
-XQPComVariant::XQPComVariant(XQPComVariant&& other) noexcept : m_value(other.Detach()) {}
-
-XQPComVariant::~XQPComVariant()
-{
-    VariantClear(&m_value);
-}
 
 XQPComVariant& XQPComVariant::operator=(const wchar_t* text)
 {
@@ -97,11 +88,6 @@ void XQPComVariant::Clear() noexcept
     // stays with whoever locked it.
     VARIANT old = std::exchange(m_value, EmptyValue());
     VariantClear(&old);
-}
-
-VARIANT XQPComVariant::Detach() noexcept
-{
-    return std::exchange(m_value, EmptyValue());
 }
 
 HRESULT XQPComVariant::ChangeType(VARTYPE vt, const VARIANT* source) noexcept

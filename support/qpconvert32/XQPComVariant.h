@@ -7,6 +7,8 @@
 
 #include <oleauto.h>
 
+#include <utility>
+
 /// Holds one VARIANT and clears it at the end. Copying throws ComException(E_OUTOFMEMORY) when there is no
 /// memory; a value that cannot be copied at all (of a type that no copy exists for) is copied as an empty
 /// variant.
@@ -14,7 +16,7 @@ class XQPComVariant
 {
 public:
     /// Empty (VT_EMPTY).
-    XQPComVariant() noexcept;
+    XQPComVariant() noexcept = default;
 
     /// A VT_BSTR with a copy of `text`; null is the empty text.
     XQPComVariant(const wchar_t* text); // NOLINT(google-explicit-constructor): a text stands in for it
@@ -22,8 +24,12 @@ public:
     /// A copy of `value`, which stays the caller's.
     explicit XQPComVariant(const VARIANT& value);
     XQPComVariant(const XQPComVariant& other);
-    XQPComVariant(XQPComVariant&& other) noexcept;
-    ~XQPComVariant();
+    XQPComVariant(XQPComVariant&& other) noexcept : m_value(other.Detach()) {}
+    ~XQPComVariant()
+    {
+        if (m_value.vt != VT_EMPTY)
+            VariantClear(&m_value);
+    }
 
     XQPComVariant& operator=(const wchar_t* text);
     XQPComVariant& operator=(const VARIANT& value);
@@ -47,7 +53,7 @@ public:
     void Clear() noexcept;
 
     /// Gives the inner value to the caller, who clears it. The object is empty afterwards.
-    VARIANT Detach() noexcept;
+    VARIANT Detach() noexcept { return std::exchange(m_value, VARIANT{}); }
 
     /// Converts `source`, or the inner value when `source` is null, to the type `vt` and holds the result.
     /// Returns the status of the conversion; after a failure the value is what it was.
@@ -61,6 +67,6 @@ public:
     wchar_t* GetString();
 
 private:
-    VARIANT m_value;
+    VARIANT m_value{};
     XQPComBSTR m_text;
 };

@@ -1,5 +1,6 @@
 #include "BareChoosers.h"
 
+#include "Translation.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
 
@@ -7,7 +8,12 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -80,18 +86,55 @@ bool MayRun(IQP_BaseDataObject* script)
     return rights->HasRight(QPRT_execute) == S_OK;
 }
 
-void Show(BareList& list, IQP_BaseDataObject* script)
+/// What was read of a script: the rows follow the objects' addresses, so nothing can be shown before all are
+/// there.
+struct BareScript
 {
-    XQPComVariant name = Read(script, L"name");
-    const XQPComVariant project = Read(script, L"m_pDODefaultImpl");
-    XQPComVariant language = Read(script, L"languagetype");
-    XQPComVariant created = Read(script, L"creationdate");
-    XQPComVariant modified = Read(script, L"modificationdate");
-    list.Insert(name.GetString(), script);
-    list.Set(1, project.Type() == VT_UNKNOWN ? L"Project Lib" : L"Library");
-    list.Set(2, language.GetString());
-    list.Set(3, created.GetString());
-    list.Set(4, modified.GetString());
+    ComPtr<IQP_BaseDataObject> script;
+    XQPComVariant name;
+    const wchar_t* location;
+    XQPComVariant language;
+    XQPComVariant created;
+    XQPComVariant modified;
+};
+
+BareScript ReadScript(ComPtr<IQP_BaseDataObject> script)
+{
+    IQP_BaseDataObject* const object = script.get();
+    return {std::move(script),
+            Read(object, L"name"),
+            Read(object, L"m_pDODefaultImpl").Type() == VT_UNKNOWN ? L"Project Lib" : L"Library",
+            Read(object, L"languagetype"),
+            Read(object, L"creationdate"),
+            Read(object, L"modificationdate")};
+}
+
+void Show(BareList& list, BareScript& script)
+{
+    list.Insert(script.name.GetString(), script.script.get());
+    list.Set(1, script.location);
+    list.Set(2, script.language.GetString());
+    list.Set(3, script.created.GetString());
+    list.Set(4, script.modified.GetString());
+}
+
+/// Both may come in any type that can be converted.
+struct BareEntry
+{
+    XQPComVariant object;
+    XQPComVariant prompt;
+};
+
+/// One record an object, in the order of the addresses.
+template <class Record, class KeyOf>
+void PutInOrder(std::vector<Record>& records, KeyOf keyOf)
+{
+    std::stable_sort(records.begin(), records.end(),
+                     [&](const Record& left, const Record& right) { return keyOf(left) < keyOf(right); });
+    records.erase(std::unique(records.begin(), records.end(),
+                              [&](const Record& left, const Record& right)
+                              { return keyOf(left) == keyOf(right); }),
+                  records.end());
 }
 
 ComPtr<IEnumBaseDataObject> Search(IQP_Query* query, IQP_BaseDataObject* project)
@@ -133,8 +176,7 @@ std::size_t PickerFloor(IQP_Query* query, IQP_BaseDataObject* project)
 {
     project->IsDerivedFromClass(XQPComBSTR(L"XDOOrvoProject"));
     const ComPtr<IEnumBaseDataObject> found = Search(query, project);
-    BareList list(6);
-    std::vector<ComPtr<IQP_BaseDataObject>> scripts;
+    std::vector<BareScript> scripts;
     IQP_BaseDataObject* batch[25];
     ULONG fetched = 0;
     HRESULT status = S_OK;
@@ -143,20 +185,52 @@ std::size_t PickerFloor(IQP_Query* query, IQP_BaseDataObject* project)
         status = found->RemNext(25, batch, &fetched);
         for (ULONG index = 0; index < fetched; ++index)
         {
-            scripts.emplace_back();
-            scripts.back().attach(batch[index]);
-            if (MayRun(batch[index]))
-                Show(list, batch[index]);
+            ComPtr<IQP_BaseDataObject> script;
+            script.attach(batch[index]);
+            if (MayRun(script.get()))
+                scripts.push_back(ReadScript(std::move(script)));
         }
     }
+    PutInOrder(scripts, [](const BareScript& script) { return script.script.get(); });
+    BareList list(6);
+    for (BareScript& script : scripts)
+        Show(list, script);
     return list.Rows();
 }
 
 std::size_t SelectFloor(ULONG count, const tagINITVALUE* records)
 {
+    std::unordered_map<std::wstring_view, const VARIANT*> values;
+    values.reserve(count);
+    for (ULONG index = 0; index < count; ++index)
+        values.emplace(records[index].bstrParamName, &records[index].varValue);
+    std::vector<BareEntry> entries;
+    for (ULONG number = 0; number < count / 2; ++number)
+    {
+        const std::wstring digits = std::to_wstring(number);
+        const auto object = values.find(L"Object" + digits);
+        const auto prompt = values.find(L"Prompt" + digits);
+        BareEntry entry;
+        if (object != values.end() && entry.object.ChangeType(VT_UNKNOWN, object->second) == S_OK &&
+            prompt != values.end() && entry.prompt.ChangeType(VT_BSTR, prompt->second) == S_OK)
+            entries.push_back(std::move(entry));
+    }
+    PutInOrder(entries, [](const BareEntry& entry) { return entry.object.Value().punkVal; });
     BareList list(2);
-    for (ULONG index = 0; index + 1 < count; index += 2)
-        list.Insert(records[index].varValue.bstrVal, records[index + 1].varValue.punkVal);
+    for (const BareEntry& entry : entries)
+        list.Insert(CoTranslateText(entry.prompt.Value().bstrVal), entry.object.Value().punkVal);
+    return list.Rows();
+}
+
+std::size_t ListAlone(std::size_t rows, int columns)
+{
+    BareList list(columns + 1);
+    for (std::size_t row = 0; row < rows; ++row)
+    {
+        list.Insert(L"Script 1234", nullptr);
+        for (int column = 1; column < columns; ++column)
+            list.Set(column, L"12/03/2025");
+    }
     return list.Rows();
 }
 

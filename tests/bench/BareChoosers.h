@@ -23,11 +23,15 @@ private:
     ComPtr<MemoryObject> m_project;
 };
 
-/// The calls of opening the script picker for a project. Returns the rows.
+/// The calls of opening the script picker for a project, and its rows, which follow the objects' addresses.
+/// Returns the rows.
 std::size_t PickerFloor(IQP_Query* query, IQP_BaseDataObject* project);
 
-/// A list of the objects by their prompts, taken from the array in its order. Returns the rows.
+/// A list of the objects by their prompts, found in the array by their names and converted. Returns the rows.
 std::size_t SelectFloor(ULONG count, const tagINITVALUE* records);
+
+/// A list of `rows` rows with texts in each of `columns` columns, that and nothing else. Returns the rows.
+std::size_t ListAlone(std::size_t rows, int columns);
 
 /// The calls that find the project of a sub-component item.
 ComPtr<IQP_BaseDataObject> ProjectFloor(IQP_BaseDataObject* item);

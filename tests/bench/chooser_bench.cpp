@@ -1,4 +1,5 @@
-// The choosers beside their floors: the same host calls, and the same list filled by hand.
+// The choosers beside their floors: the same host calls and the same list with bare loops; and the list
+// alone.
 #include "BareChoosers.h"
 #include "ClosedDialogs.h"
 #include "ModuleUnderTest.h"
@@ -70,6 +71,15 @@ void PickerBare(benchmark::State& state)
     ScriptBenchHost& host = ScriptHost(scripts);
     for (auto _ : state)
         Require(PickerFloor(host.Query(), host.Project()) == scripts, "rows are missing");
+}
+
+/// A list of as many text columns as the chooser shows, without anything to be read for it.
+template <int Columns>
+void ChooserList(benchmark::State& state)
+{
+    const auto rows = static_cast<std::size_t>(state.range(0));
+    for (auto _ : state)
+        Require(ListAlone(rows, Columns) == rows, "rows are missing");
 }
 
 /// Prompts and objects as a host passes them.
@@ -185,8 +195,10 @@ void ProjectBare(benchmark::State& state)
 
 BENCHMARK(PickerService)->Name("Script picker/service")->AT_TEN_THOUSAND;
 BENCHMARK(PickerBare)->Name("Script picker/floor")->AT_TEN_THOUSAND;
+BENCHMARK(ChooserList<5>)->Name("Script picker/list")->AT_TEN_THOUSAND;
 BENCHMARK(SelectService)->Name("QPSelectDlg/service")->AT_TEN_THOUSAND;
 BENCHMARK(SelectBare)->Name("QPSelectDlg/floor")->AT_TEN_THOUSAND;
+BENCHMARK(ChooserList<1>)->Name("QPSelectDlg/list")->AT_TEN_THOUSAND;
 BENCHMARK(ProjectService)->Name("GetProject/service");
 BENCHMARK(ProjectBare)->Name("GetProject/floor");
 

@@ -7,9 +7,7 @@
 namespace
 {
 
-using qptools::ScriptMap;
-using qptools::ScriptRecord;
-using qptools::XSelectOrvoitemDlg;
+using namespace qptools;
 
 class ScriptCollection : public LookupFixture
 {
@@ -141,13 +139,15 @@ TEST_F(ScriptCollection, ARecordHoldsWhatTheHostGave)
     EXPECT_EQ(Collect(), S_OK);
     ASSERT_EQ(scripts.size(), 1u);
     ScriptRecord& record = scripts.begin()->second;
-    EXPECT_EQ(record.script.get(), script.get());
-    EXPECT_STREQ(record.name.GetString(), L"Check");
-    EXPECT_STREQ(record.location, L"Project Lib");
-    EXPECT_EQ(record.language.Type(), VT_I4);
-    EXPECT_EQ(record.language.GetInt(), 3);
-    EXPECT_STREQ(record.creationDate.GetString(), L"2020-01-02");
-    EXPECT_STREQ(record.modificationDate.GetString(), L"2021-03-04");
+    ASSERT_EQ(record.size(), 6u);
+    EXPECT_EQ(record[kScriptObject].Type(), VT_UNKNOWN);
+    EXPECT_EQ(record[kScriptObject].Value().punkVal, static_cast<Data*>(script.get()));
+    EXPECT_STREQ(record[kScriptName].GetString(), L"Check");
+    EXPECT_STREQ(record[kScriptLocation].GetString(), L"Project Lib");
+    EXPECT_EQ(record[kScriptLanguage].Type(), VT_I4);
+    EXPECT_EQ(record[kScriptLanguage].GetInt(), 3);
+    EXPECT_STREQ(record[kScriptCreationDate].GetString(), L"2020-01-02");
+    EXPECT_STREQ(record[kScriptModificationDate].GetString(), L"2021-03-04");
 }
 
 TEST_F(ScriptCollection, TheLocationIsTheProjectsForAReferenceThatIsThereAndTheLibraryForAnythingElse)
@@ -158,7 +158,7 @@ TEST_F(ScriptCollection, TheLocationIsTheProjectsForAReferenceThatIsThereAndTheL
         script->Answer(L"m_pDODefaultImpl", S_OK, value);
         Finds({script});
         EXPECT_EQ(Collect(), S_OK);
-        return std::wstring(scripts.begin()->second.location);
+        return std::wstring(scripts.begin()->second[kScriptLocation].GetString());
     };
     Data* const target = object.get();
     EXPECT_EQ(locationOf(Reference(VT_UNKNOWN, target)), L"Project Lib");
@@ -178,10 +178,10 @@ TEST_F(ScriptCollection, AFailedReadLeavesItsValueEmptyAndTheOthersAreRead)
     EXPECT_EQ(Collect(), S_OK);
     EXPECT_CALLS(search + Calls{"RemNext(25)", Right("s")} + Reads("s"));
     ScriptRecord& record = scripts.begin()->second;
-    EXPECT_STREQ(record.location, L"Library");
-    EXPECT_EQ(record.language.Type(), VT_EMPTY);
-    EXPECT_EQ(record.creationDate.Type(), VT_EMPTY);
-    EXPECT_STREQ(record.modificationDate.GetString(), L"2021");
+    EXPECT_STREQ(record[kScriptLocation].GetString(), L"Library");
+    EXPECT_EQ(record[kScriptLanguage].Type(), VT_EMPTY);
+    EXPECT_EQ(record[kScriptCreationDate].Type(), VT_EMPTY);
+    EXPECT_STREQ(record[kScriptModificationDate].GetString(), L"2021");
 }
 
 TEST_F(ScriptCollection, AnObjectFoundTwiceKeepsItsFirstRecord)
@@ -196,7 +196,7 @@ TEST_F(ScriptCollection, AnObjectFoundTwiceKeepsItsFirstRecord)
     };
     EXPECT_EQ(Collect(), S_OK);
     EXPECT_EQ(Found(), (Entries{"s", "t"}));
-    EXPECT_STREQ(scripts.at(script.get()).name.GetString(), L"first");
+    EXPECT_STREQ(scripts.at(script.get())[kScriptName].GetString(), L"first");
 }
 
 TEST_F(ScriptCollection, TheProjectIsThatOfTheObject)

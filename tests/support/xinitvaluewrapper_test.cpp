@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -88,35 +87,59 @@ TEST(InitValueWrapper, ReleasesWhatTheTargetHeld)
     EXPECT_EQ(object.References(), 1);
 }
 
-TEST(InitValueWrapper, HoldsCopiesAndLeavesTheCallersArrayToTheCaller)
+TEST(InitValueWrapper, HoldsNoReferenceItselfAndGivesCopies)
 {
     CountedUnknown object;
-    auto array = std::make_unique<OwnArray>();
-    array->Add(L"title", XQPComVariant(L"Pumps")).Add(L"object", Reference(&object));
+    OwnArray array;
+    array.Add(L"title", XQPComVariant(L"Pumps")).Add(L"object", Reference(&object));
+    XQPComVariant title;
     {
-        const XInitValueWrapper bag(array->Count(), array->Values());
-        array->Values()[0].bstrParamName[0] = L'T';
-        array.reset();
-        EXPECT_EQ(TextOf(bag, L"title"), L"Pumps");
+        const XInitValueWrapper bag(array.Count(), array.Values());
         EXPECT_EQ(object.References(), 2);
+        XQPComVariant copy;
+        EXPECT_TRUE(bag.GetData(L"object", copy.Value()));
+        EXPECT_EQ(object.References(), 3);
+        EXPECT_TRUE(bag.GetData(L"title", title.Value()));
     }
-    EXPECT_EQ(object.References(), 1);
+    EXPECT_EQ(object.References(), 2);
+    EXPECT_NE(title.Value().bstrVal, array.Values()[0].varValue.bstrVal);
+    EXPECT_STREQ(title.GetString(), L"Pumps");
 }
 
-TEST(InitValueWrapper, FollowsReferencesToTheCallersVariables)
+TEST(InitValueWrapper, ACopyDoesNotDependOnTheCallersVariables)
 {
     LONG number = 5;
-    tagINITVALUE record{};
-    record.bstrParamName = SysAllocString(L"count");
-    record.varValue.vt = VT_I4 | VT_BYREF;
-    record.varValue.plVal = &number;
-    const XInitValueWrapper bag(1, &record);
-    SysFreeString(record.bstrParamName);
-    number = 6;
+    OwnArray array;
+    VARIANT reference{};
+    reference.vt = VT_I4 | VT_BYREF;
+    reference.plVal = &number;
+    array.Add(L"count", reference);
+    const XInitValueWrapper bag(array.Count(), array.Values());
     XQPComVariant value;
     ASSERT_TRUE(bag.GetData(L"count", value.Value()));
+    number = 6;
     EXPECT_EQ(value.Type(), VT_I4);
     EXPECT_EQ(value.Value().lVal, 5);
+}
+
+TEST(InitValueWrapper, AValueThatReplacesOneOfTheArrayIsItsOwn)
+{
+    OwnArray array;
+    array.Add(L"title", XQPComVariant(L"Pumps")).Add(L"kind", XQPComVariant(L"list"));
+    XInitValueWrapper bag(array.Count(), array.Values());
+    bag.SetData(L"title", XQPComVariant(L"Valves").Value());
+    EXPECT_EQ(TextOf(bag, L"title"), L"Valves");
+    bag.SetData(L"title", XQPComVariant(L"Bolts").Value());
+    EXPECT_EQ(TextOf(bag, L"title"), L"Bolts");
+    EXPECT_EQ(TextOf(bag, L"kind"), L"list");
+    EXPECT_STREQ(array.Values()[0].varValue.bstrVal, L"Pumps") << "the caller's array is only read";
+    ULONG count = 0;
+    tagINITVALUE* values = nullptr;
+    ASSERT_TRUE(bag.GetStruct(count, &values));
+    ASSERT_EQ(count, 2u);
+    EXPECT_STREQ(values[0].bstrParamName, L"title") << "in its place";
+    EXPECT_STREQ(values[0].varValue.bstrVal, L"Bolts");
+    XInitValueWrapper::FreeStruct(count, values);
 }
 
 TEST(InitValueWrapper, TakesTheFirstOfTwoValuesOfOneName)
@@ -145,10 +168,18 @@ TEST(InitValueWrapper, LeavesOutAValueThatCannotBeCopied)
     OwnArray array;
     array.Add(L"odd", XQPComVariant().Value()).Add(L"title", XQPComVariant(L"Pumps"));
     array.Values()[0].varValue.vt = 0x0fff;
-    const XInitValueWrapper bag(array.Count(), array.Values());
+    {
+        const XInitValueWrapper bag(array.Count(), array.Values());
+        EXPECT_EQ(TextOf(bag, L"odd"), L"(none)");
+        EXPECT_EQ(TextOf(bag, L"title"), L"Pumps");
+        ULONG count = 0;
+        tagINITVALUE* values = nullptr;
+        ASSERT_TRUE(bag.GetStruct(count, &values));
+        ASSERT_EQ(count, 1u);
+        EXPECT_STREQ(values[0].bstrParamName, L"title");
+        XInitValueWrapper::FreeStruct(count, values);
+    }
     array.Values()[0].varValue.vt = VT_EMPTY;
-    EXPECT_EQ(TextOf(bag, L"odd"), L"(none)");
-    EXPECT_EQ(TextOf(bag, L"title"), L"Pumps");
 }
 
 TEST(InitValueWrapper, IsEmptyOverNoArray)

@@ -1,3 +1,4 @@
+#include "FixedText.h"
 #include "XQPComBSTR.h"
 
 #include <gtest/gtest.h>
@@ -174,6 +175,20 @@ TEST(QPComBstr, KeysAMap)
     EXPECT_TRUE((++entry)->first == L"b");
 }
 
+TEST(QPComBstr, KeysAMapAlsoAsAPartOfTheKey)
+{
+    std::map<std::pair<XQPComBSTR, int>, int> map;
+    map[{L"b", 1}] = 4;
+    map[{L"a", 2}] = 2;
+    map[{L"b", 0}] = 3;
+    map[{L"a", 1}] = 1;
+    map[{L"a", 1}] += 0;
+    ASSERT_EQ(map.size(), 4u) << "the texts count, not where they stand";
+    int expected = 0;
+    for (const auto& [key, value] : map)
+        EXPECT_EQ(value, ++expected);
+}
+
 TEST(QPComBstr, Appends)
 {
     XQPComBSTR text(L"Object ID: ");
@@ -313,4 +328,27 @@ TEST(QPComBstr, IsDestroyedThroughItsBase)
     XQPComBSTR* const text = new Derived;
     delete text;
     EXPECT_EQ(destroyed, 1);
+}
+
+TEST(FixedText, ReadsAsABstrOfItsLength)
+{
+    static constexpr FixedText names[] = {L"orvoproject", L"", L"a text of thirty-one characters"};
+    EXPECT_EQ(Whole(names[0]), L"orvoproject");
+    EXPECT_EQ(SysStringByteLen(names[0]), 11 * sizeof(wchar_t));
+    EXPECT_EQ(Whole(names[1]), L"");
+    EXPECT_EQ(Whole(names[2]), L"a text of thirty-one characters");
+    EXPECT_EQ(SysStringLen(names[2]), FixedText::kMaxLength);
+}
+
+TEST(FixedText, IsCopiedLikeAnyText)
+{
+    static constexpr FixedText name(L"languagetype");
+    VARIANT value{};
+    value.vt = VT_BSTR;
+    value.bstrVal = name;
+    VARIANT copy{};
+    ASSERT_EQ(VariantCopy(&copy, &value), S_OK);
+    EXPECT_EQ(Whole(copy.bstrVal), L"languagetype");
+    EXPECT_NE(copy.bstrVal, static_cast<BSTR>(name));
+    VariantClear(&copy);
 }
