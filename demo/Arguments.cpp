@@ -61,17 +61,16 @@ Arguments ReadArguments()
 
 std::wstring UsageText()
 {
-    return L"usage: qpdemo [--db FILE] [--sample FOLDER] [--pictures FOLDER] [--dialogs LANGUAGE] "
-           L"[--register]\n"
-           L"  --db FILE        keep the plant in FILE: a new or empty file gets the sample data, a plant "
-           L"that is there\n"
-           L"                   already is used as it is and gets nothing\n"
-           L"  --sample FOLDER  load the sample data of FOLDER instead of the one beside the program; not "
-           L"together with\n"
-           L"                   a plant that is there already\n"
-           L"  --pictures FOLDER  ask for a picture of each dialog: NAME.request appears in FOLDER and is\n"
-           L"                   waited for until it is gone\n"
-           L"  --dialogs LANGUAGE  open the dialogs alone, in that language (en, de)\n"
-           L"  --register       register the module for this process first\n"
-           L"exit code: 0 everything held, 1 something did not or could not be done, 2 wrong arguments";
+    return LR"(usage: qpdemo [--db FILE] [--sample FOLDER] [--pictures FOLDER]
+              [--dialogs LANGUAGE] [--register]
+  --db FILE           keep the plant in FILE: a new or empty file gets the sample data, a plant
+                      that is there already is used as it is and gets nothing
+  --sample FOLDER     load the sample data of FOLDER instead of those beside the program; not
+                      together with a plant that is there already
+  --pictures FOLDER   ask for a picture of each dialog and message: NAME.request appears in
+                      FOLDER, and the demonstration goes on when it is gone
+  --dialogs LANGUAGE  show the dialogs and messages alone, in that language (en, de)
+  --register          register the module for this process first
+  --help              this text
+exit code: 0 everything held, 1 something did not or could not be done, 2 wrong arguments)";
 }

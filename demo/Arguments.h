@@ -10,7 +10,7 @@ struct Arguments
     std::filesystem::path sample;   ///< the sample data; the folder "sample" beside the program unless named
     bool sampleNamed = false;       ///< the sample data were named
     bool registerModule = false;    ///< register the module for this process before it is used
-    std::filesystem::path pictures; ///< where pictures of the dialogs are asked for; empty: nowhere
+    std::filesystem::path pictures; ///< where pictures are asked for; empty: nowhere
     std::wstring dialogs; ///< show the dialogs alone, in this language; empty: everything, in English
     bool help = false;
     std::wstring error; ///< what is wrong with the arguments, if anything is

@@ -1,99 +1,47 @@
 #include "ChooserDemo.h"
 
 #include "Created.h"
+#include "DialogUse.h"
 #include "Results.h"
+#include "SelectParameters.h"
 #include "Table.h"
 
+#include "BoxAnswers.h"
 #include "DialogDriver.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace
 {
 constexpr int kCreateNewButton = 3;
 
+// Prompts of hosts in other countries. Written by their numbers: the second one runs from right to left.
+constexpr wchar_t kAssemblyInJapanese[] = L"\u7d44\u7acb";
+constexpr wchar_t kPaintingInArabic[] = L"\u0637\u0644\u0627\u0621";
+
 std::wstring NameOf(IQP_BaseDataObject* object)
 {
     return object ? AttributeText(object, L"name") : L"none";
 }
-
-void PrintRows(const DialogView& view)
-{
-    PrintLine(L"  " + view.Title());
-    for (int row = 0; row < view.Rows(view.List()); ++row)
-        PrintLine(L"    " + view.Cell(view.List(), row, 0));
-}
-
-/// The row that the user means, by what its first column shows.
-int RowOf(const DialogView& view, const std::wstring& name)
-{
-    int row = view.Rows(view.List()) - 1;
-    while (row >= 0 && view.Cell(view.List(), row, 0) != name)
-        --row;
-    return row;
-}
-
-void PickRow(const DialogView& view, const std::wstring& name)
-{
-    view.SelectRow(view.List(), RowOf(view, name));
-    view.Click(IDOK);
-}
-
-/// A list whose rows follow the objects' addresses is shown by name.
-std::vector<std::wstring> SortedNames(const DialogView& view)
-{
-    std::vector<std::wstring> names(static_cast<std::size_t>(view.Rows(view.List())));
-    for (std::size_t row = 0; row < names.size(); ++row)
-        names[row] = view.Cell(view.List(), static_cast<int>(row), 0);
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-/// Prompts and objects as the generic selection wants them. The texts and objects are the caller's.
-class CSelectParameters
-{
-public:
-    void Add(const std::wstring& name, const wchar_t* text)
-    {
-        VARIANT value{};
-        value.vt = VT_BSTR;
-        value.bstrVal = Keep(text);
-        m_records.push_back({Keep(name.c_str()), value});
-    }
-    void Add(const std::wstring& name, IUnknown* object)
-    {
-        VARIANT value{};
-        value.vt = VT_UNKNOWN;
-        value.punkVal = object;
-        m_records.push_back({Keep(name.c_str()), value});
-    }
-    ULONG Count() const { return static_cast<ULONG>(m_records.size()); }
-    tagINITVALUE* Records() { return m_records.data(); }
-
-private:
-    BSTR Keep(const wchar_t* text) { return m_texts.emplace_back(std::make_unique<CText>(text))->get(); }
-
-    std::vector<std::unique_ptr<CText>> m_texts;
-    std::vector<tagINITVALUE> m_records;
-};
 } // namespace
 
-CChooserDemo::CChooserDemo(refhost::Plant& plant, const CPictures& pictures,
+CChooserDemo::CChooserDemo(refhost::Plant& plant, CPictures& pictures, const std::wstring& language,
                            std::function<void(bool, const std::wstring&)> expect)
-    : m_plant(plant), m_pictures(pictures), m_expect(std::move(expect))
+    : m_plant(plant), m_pictures(pictures), m_texts(HostTextsIn(language)), m_expect(std::move(expect))
 {
 }
 
 void CChooserDemo::Run()
 {
     ChooseProject();
+    PassOverAProject();
     AskForSomethingNew();
     ChooseScript();
+    FindNoScripts();
+    AskForOtherItems();
     ChooseAmongObjects();
     LookUpContexts();
     m_expect(!testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed(), L"every dialog could be used");
@@ -101,47 +49,87 @@ void CChooserDemo::Run()
 
 void CChooserDemo::ChooseProject()
 {
-    const auto choice = CreateByProgId<IQPProjectChoice>(L"Qptools.QPProjectChoice");
+    PrintLine(L"\nOne of the projects");
+    const auto choice = NewProjectChoice(m_texts.noneOfThese);
     const ComPtr<IQP_BaseDataObject> root = Find(L"root", L"root");
-    m_expect(static_cast<bool>(choice), L"the project choice is created by ProgID");
     if (!choice || !root)
         return;
-    choice->Initialize(CText(L"&None of these").get());
+    BoxAnswers boxes;
+    ReadMessage(boxes, "project-choice-nothing-selected");
     DialogDriver user;
-    user.OnDialog({[this](DialogView& view)
+    user.OnDialog({[](DialogView& view)
                    {
                        PrintRows(view);
+                       PrintLine(L"    OK is pressed, with nothing selected");
+                       PressOk(view);
+                   },
+                   [this](DialogView& view)
+                   {
                        view.SelectRow(view.List(), 0);
                        Picture("project-choice");
-                       view.Click(IDOK);
+                       PressOk(view);
                    }});
     LONG canceled = 1;
     ComPtr<IQP_BaseDataObject> project;
     const HRESULT status =
-        choice->ShowDialog(root.get(), CText(L"Choose a project").get(), &canceled, project.put(), 0);
+        choice->ShowDialog(root.get(), CText(m_texts.chooseProject).get(), &canceled, project.put(), 0);
     PrintLine(L"  chosen: " + NameOf(project.get()));
     m_expect(status == S_OK && canceled == 0 && project, L"a project is chosen");
 }
 
-void CChooserDemo::AskForSomethingNew()
+void CChooserDemo::PassOverAProject()
 {
-    const auto choice = CreateByProgId<IQPProjectChoice>(L"Qptools.QPProjectChoice");
+    PrintLine(L"\nProjects of which the first has no name to be read");
+    constexpr int kReadOfTheFirstName = 4; // behind two lists of the projects and a step to the first one
+    const auto choice = NewProjectChoice(m_texts.noneOfThese);
     const ComPtr<IQP_BaseDataObject> root = Find(L"root", L"root");
     if (!choice || !root)
         return;
-    choice->Initialize(CText(L"&Without a template").get());
+    BoxAnswers boxes;
+    ReadMessage(boxes, "project-choice-unreadable");
+    DialogDriver user;
+    user.OnDialog({[](DialogView& view)
+                   {
+                       PrintRows(view);
+                       PressButton(view, kCreateNewButton);
+                   }});
+    m_plant.Calls().Clear();
+    m_plant.Calls().FailCall(kReadOfTheFirstName, refhost::Fault::Status, E_FAIL);
+    LONG canceled = 1;
+    ComPtr<IQP_BaseDataObject> project;
+    const HRESULT status =
+        choice->ShowDialog(root.get(), CText(m_texts.chooseProject).get(), &canceled, project.put(), 0);
+    PrintLine(L"  chosen: " + NameOf(project.get()));
+    m_expect(m_plant.Calls().Struck(), L"a project cannot be read");
+    m_plant.Calls().FailCall(0, refhost::Fault::None);
+    m_expect(status == S_OK && canceled == 0 && !project, L"none of the projects is chosen");
+}
+
+void CChooserDemo::AskForSomethingNew()
+{
+    PrintLine(L"\nSomething new instead of a template");
+    const auto choice = NewProjectChoice(m_texts.withoutTemplate);
+    const ComPtr<IQP_BaseDataObject> root = Find(L"root", L"root");
+    if (!choice || !root)
+        return;
+    BoxAnswers boxes;
+    ReadMessage(boxes, "template-choice-nothing-selected");
     DialogDriver user;
     user.OnDialog({[this](DialogView& view)
                    {
                        PrintRows(view);
                        Picture("template-choice");
-                       PrintLine(L"    the button \"" + view.Text(kCreateNewButton) + L"\" is pressed");
-                       view.Click(kCreateNewButton);
+                       PrintLine(L"    OK is pressed, with nothing selected");
+                       PressOk(view);
+                   },
+                   [](DialogView& view)
+                   {
+                       PressButton(view, kCreateNewButton);
                    }});
     LONG canceled = 1;
     LONG create = 0;
     ComPtr<IQP_BaseDataObject> project;
-    const HRESULT status = choice->ShowDialogEx(root.get(), CText(L"Choose a template").get(), TRUE,
+    const HRESULT status = choice->ShowDialogEx(root.get(), CText(m_texts.chooseTemplate).get(), TRUE,
                                                 &canceled, &create, project.put(), 0);
     PrintLine(std::wstring(L"  to be made without a template: ") + (create ? L"yes" : L"no"));
     m_expect(status == S_OK && canceled == 0 && create == 1 && !project, L"something new is asked for");
@@ -149,53 +137,100 @@ void CChooserDemo::AskForSomethingNew()
 
 void CChooserDemo::ChooseScript()
 {
-    const ComPtr<IQPSelectOrvoItem> choice = NewItemChoice();
+    PrintLine(L"\nOne of the scripts for an item");
+    const ComPtr<IQPSelectOrvoItem> choice = NewItemChoice(m_plant);
     const ComPtr<IQP_BaseDataObject> panel = Find(L"orvoitem", L"Side panel left");
     if (!choice || !panel)
         return;
-    std::wstring picked;
+    const std::wstring wanted = L"Assign robot program";
+    BoxAnswers boxes;
+    ReadMessage(boxes, "script-picker-nothing-selected");
     DialogDriver user;
-    user.OnDialog({[&](DialogView& view)
+    user.OnDialog({[this](DialogView& view)
                    {
                        Picture("script-picker");
-                       const std::vector<std::wstring> names = SortedNames(view);
                        PrintLine(L"  " + view.Title() + L" for \"Side panel left\": " +
-                                 std::to_wstring(names.size()) + L" that the user may run");
-                       // One of the sample's scripts has no name.
-                       const auto named =
-                           std::find_if(names.begin(), names.end(),
-                                        [](const std::wstring& name) { return !name.empty(); });
-                       picked = named == names.end() ? L"" : *named;
-                       PickRow(view, picked);
+                                 std::to_wstring(view.Rows(view.List())) + L" that the user may run");
+                       SelectNothing(view);
+                   },
+                   [](DialogView& view)
+                   {
+                       PrintLine(L"    OK is pressed, with nothing selected");
+                       PressOk(view);
+                   },
+                   [&](DialogView& view)
+                   {
+                       PickRow(view, wanted);
                    }});
     ComPtr<IQP_BaseDataObject> script;
     const HRESULT status = choice->ShowDialog(panel.get(), CText(L"script").get(), script.put());
     PrintLine(L"  chosen: " + NameOf(script.get()));
-    m_expect(status == S_OK && NameOf(script.get()) == picked, L"the script that was picked comes back");
+    m_expect(status == S_OK && NameOf(script.get()) == wanted, L"the script that was picked comes back");
+}
+
+void CChooserDemo::FindNoScripts()
+{
+    PrintLine(L"\nScripts of a plant that has none");
+    const std::unique_ptr<refhost::Plant> newPlant = refhost::Plant::OpenMemory();
+    const ComPtr<IQP_BaseDataObject> project = newPlant->Add(L"project", L"New plant");
+    const ComPtr<IQPSelectOrvoItem> choice = NewItemChoice(*newPlant);
+    if (!choice)
+        return;
+    BoxAnswers boxes;
+    ReadMessage(boxes, "script-picker-no-scripts");
+    ComPtr<IQP_BaseDataObject> script;
+    const HRESULT status = choice->ShowDialog(project.get(), CText(L"script").get(), script.put());
+    m_expect(status == S_FALSE && !script, L"no dialog opens where there are no scripts");
+}
+
+void CChooserDemo::AskForOtherItems()
+{
+    PrintLine(L"\nItems of another kind than scripts");
+    const ComPtr<IQPSelectOrvoItem> choice = NewItemChoice(m_plant);
+    const ComPtr<IQP_BaseDataObject> panel = Find(L"orvoitem", L"Side panel left");
+    if (!choice || !panel)
+        return;
+    BoxAnswers boxes;
+    ReadMessage(boxes, "script-picker-other-items");
+    ComPtr<IQP_BaseDataObject> item;
+    const HRESULT status = choice->ShowDialog(panel.get(), CText(L"orvoitem").get(), item.put());
+    m_expect(status == S_FALSE && !item, L"no dialog opens for items that are no scripts");
 }
 
 void CChooserDemo::ChooseAmongObjects()
 {
+    PrintLine(L"\nOne of the objects that the host gives");
     const auto choice = CreateByProgId<IQPSelectDlg>(L"Qptools.QPSelectDlg");
+    m_expect(static_cast<bool>(choice), L"the selection is created by ProgID");
     const ComPtr<IQP_BaseDataObject> welding = Find(L"plantype", L"Welding");
     const ComPtr<IQP_BaseDataObject> turning = Find(L"plantype", L"Turning");
-    m_expect(static_cast<bool>(choice), L"the selection is created by ProgID");
-    if (!choice || !welding || !turning)
+    const ComPtr<IQP_BaseDataObject> assembly = Find(L"plantype", L"Assembly");
+    const ComPtr<IQP_BaseDataObject> painting = Find(L"plantype", L"Painting");
+    if (!choice || !welding || !turning || !assembly || !painting)
         return;
     CSelectParameters parameters;
-    parameters.Add(L"Caption", L"Choose a plan type");
-    parameters.Add(L"Prompt0", L"Welding, by robot or by hand");
-    parameters.Add(L"Object0", welding.get());
-    parameters.Add(L"Prompt1", L"Turning");
-    parameters.Add(L"Object1", turning.get());
+    parameters.Add(L"Caption", m_texts.choosePlanType);
+    parameters.AddEntry(m_texts.welding, welding.get());
+    parameters.AddEntry(m_texts.turning, turning.get());
+    parameters.AddEntry(kAssemblyInJapanese, assembly.get());
+    parameters.AddEntry(kPaintingInArabic, painting.get());
+    BoxAnswers boxes;
+    ReadMessage(boxes, "generic-selection-nothing-selected");
     DialogDriver user;
     user.OnDialog({[this](DialogView& view)
                    {
                        Picture("generic-selection");
-                       PrintLine(L"  " + view.Title());
-                       for (const std::wstring& prompt : SortedNames(view))
-                           PrintLine(L"    " + prompt);
-                       PickRow(view, L"Turning");
+                       PrintRows(view);
+                       SelectNothing(view);
+                   },
+                   [](DialogView& view)
+                   {
+                       PrintLine(L"    OK is pressed, with nothing selected");
+                       PressOk(view);
+                   },
+                   [this](DialogView& view)
+                   {
+                       PickRow(view, m_texts.turning);
                    }});
     ComPtr<IUnknown> selected;
     const HRESULT status = choice->ShowDialog(parameters.Count(), parameters.Records(), selected.put());
@@ -207,7 +242,8 @@ void CChooserDemo::ChooseAmongObjects()
 
 void CChooserDemo::LookUpContexts()
 {
-    const ComPtr<IQPSelectOrvoItem> lookup = NewItemChoice();
+    PrintLine(L"\nWhat objects belong to");
+    const ComPtr<IQPSelectOrvoItem> lookup = NewItemChoice(m_plant);
     if (!lookup)
         return;
     CTable table({L"Object", L"Kind", L"Project", L"Plan type"});
@@ -238,6 +274,17 @@ void CChooserDemo::Picture(const char* name) const
     m_expect(m_pictures.Take(name), L"a picture is taken of the dialog");
 }
 
+void CChooserDemo::ReadMessage(BoxAnswers& boxes, const char* picture) const
+{
+    boxes.ExpectAny(IDOK,
+                    [this, &boxes, picture]
+                    {
+                        Picture(picture);
+                        const ShownBox& box = boxes.Shown().back();
+                        PrintLine(L"    message \"" + box.title + L"\": " + Indented(box.text));
+                    });
+}
+
 ComPtr<IQP_BaseDataObject> CChooserDemo::Find(const wchar_t* table, const wchar_t* name)
 {
     ComPtr<IQP_BaseDataObject> object = m_plant.Find(table, name);
@@ -245,13 +292,22 @@ ComPtr<IQP_BaseDataObject> CChooserDemo::Find(const wchar_t* table, const wchar_
     return object;
 }
 
-ComPtr<IQPSelectOrvoItem> CChooserDemo::NewItemChoice()
+ComPtr<IQPProjectChoice> CChooserDemo::NewProjectChoice(const wchar_t* buttonText)
+{
+    auto choice = CreateByProgId<IQPProjectChoice>(L"Qptools.QPProjectChoice");
+    m_expect(static_cast<bool>(choice), L"the project choice is created by ProgID");
+    if (choice)
+        choice->Initialize(CText(buttonText).get());
+    return choice;
+}
+
+ComPtr<IQPSelectOrvoItem> CChooserDemo::NewItemChoice(refhost::Plant& plant)
 {
     auto choice = CreateByProgId<IQPSelectOrvoItem>(L"Qptools.QPSelectOrvoItem");
     m_expect(static_cast<bool>(choice), L"the item choice is created by ProgID");
     if (!choice)
         return choice;
-    const ComPtr<IQP_Query> query = m_plant.NewQuery();
+    const ComPtr<IQP_Query> query = plant.NewQuery();
     VARIANT given{};
     given.vt = VT_UNKNOWN;
     given.punkVal = query.get();

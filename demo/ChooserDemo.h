@@ -1,6 +1,7 @@
 // The choosers as a host opens them and a user answers them.
 #pragma once
 
+#include "HostTexts.h"
 #include "Pictures.h"
 
 #include "Plant.h"
@@ -12,28 +13,39 @@
 #include <functional>
 #include <string>
 
+class BoxAnswers;
+
 /// Opens each chooser on the sample plant, does in it what a user would do, and prints what came back.
 class CChooserDemo
 {
 public:
-    /// `expect` is told what held and what did not.
-    CChooserDemo(refhost::Plant& plant, const CPictures& pictures,
+    /// `language` is the user's. `expect` is told what held and what did not.
+    CChooserDemo(refhost::Plant& plant, CPictures& pictures, const std::wstring& language,
                  std::function<void(bool held, const std::wstring& what)> expect);
 
     void Run();
 
 private:
     void ChooseProject();
+    void PassOverAProject();
     void AskForSomethingNew();
     void ChooseScript();
+    void FindNoScripts();
+    void AskForOtherItems();
     void ChooseAmongObjects();
     void LookUpContexts();
 
     void Picture(const char* name) const;
+
+    /// The next message box is printed, and OK is pressed.
+    void ReadMessage(BoxAnswers& boxes, const char* picture) const;
+
     ComPtr<IQP_BaseDataObject> Find(const wchar_t* table, const wchar_t* name);
-    ComPtr<IQPSelectOrvoItem> NewItemChoice();
+    ComPtr<IQPProjectChoice> NewProjectChoice(const wchar_t* buttonText);
+    ComPtr<IQPSelectOrvoItem> NewItemChoice(refhost::Plant& plant);
 
     refhost::Plant& m_plant;
-    const CPictures& m_pictures;
+    CPictures& m_pictures;
+    const HostTexts& m_texts;
     std::function<void(bool, const std::wstring&)> m_expect;
 };

@@ -6,6 +6,8 @@
 #include "HostCalls.h"
 #include "Utf8.h"
 
+#include "ObjectPlaces.h"
+
 #include <algorithm>
 
 namespace
@@ -88,8 +90,8 @@ std::wstring WithoutTime(const std::wstring& line)
 }
 } // namespace
 
-CDemo::CDemo(std::unique_ptr<refhost::Plant> plant, CPictures pictures)
-    : m_plant(std::move(plant)), m_pictures(std::move(pictures)),
+CDemo::CDemo(std::unique_ptr<refhost::Plant> plant, CPictures pictures, std::wstring language)
+    : m_plant(std::move(plant)), m_pictures(std::move(pictures)), m_language(std::move(language)),
       m_hostCalls({L"Call", L"Rows", L"Host calls"})
 {
 }
@@ -119,7 +121,10 @@ bool CDemo::RunDialogs()
 void CDemo::ShowChoosers()
 {
     PrintLine(Underlined(L"Choosers"));
-    CChooserDemo(*m_plant, m_pictures, [this](bool held, const std::wstring& what) { Expect(held, what); })
+    // Two of the lists follow the objects' addresses.
+    const refhost::ObjectsInOrder inOrder;
+    CChooserDemo(*m_plant, m_pictures, m_language,
+                 [this](bool held, const std::wstring& what) { Expect(held, what); })
         .Run();
 }
 

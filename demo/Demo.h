@@ -19,8 +19,8 @@
 class CDemo
 {
 public:
-    /// Takes the plant that the host side answers from.
-    CDemo(std::unique_ptr<refhost::Plant> plant, CPictures pictures);
+    /// Takes the plant that the host side answers from. `language` is that of the dialogs.
+    CDemo(std::unique_ptr<refhost::Plant> plant, CPictures pictures, std::wstring language);
 
     /// Runs all steps. Returns true if everything held; what did not has been printed.
     bool Run();
@@ -50,6 +50,7 @@ private:
 
     std::unique_ptr<refhost::Plant> m_plant;
     CPictures m_pictures;
+    std::wstring m_language;
     CTable m_hostCalls;
     std::vector<std::wstring> m_broken;
 };

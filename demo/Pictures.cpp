@@ -7,7 +7,7 @@
 
 namespace
 {
-constexpr ULONGLONG kPatience = 20'000; // milliseconds
+constexpr ULONGLONG kPatience = 10'000; // milliseconds
 constexpr DWORD kBetweenLooks = 20;
 
 void LetWindowsDraw()
@@ -20,10 +20,10 @@ void LetWindowsDraw()
 
 CPictures::CPictures(std::filesystem::path folder) : m_folder(std::move(folder)) {}
 
-bool CPictures::Take(const std::string& name) const
+bool CPictures::Take(const std::string& name)
 {
-    if (!Wanted())
-        return true;
+    if (!Wanted() || m_unanswered)
+        return !m_unanswered;
     const std::filesystem::path request = m_folder / (name + ".request");
     std::ofstream(request) << name << '\n';
     const ULONGLONG end = GetTickCount64() + kPatience;
@@ -32,5 +32,6 @@ bool CPictures::Take(const std::string& name) const
         LetWindowsDraw();
         Sleep(kBetweenLooks);
     }
-    return !std::filesystem::exists(request);
+    m_unanswered = std::filesystem::exists(request);
+    return !m_unanswered;
 }

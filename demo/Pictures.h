@@ -14,9 +14,10 @@ public:
     bool Wanted() const { return !m_folder.empty(); }
 
     /// Asks for a picture of the active window and lets windows draw themselves until it is there. False if
-    /// nobody took it in time; true without a folder.
-    bool Take(const std::string& name) const;
+    /// nobody took it in time, and from then on, without asking; true without a folder.
+    bool Take(const std::string& name);
 
 private:
     std::filesystem::path m_folder;
+    bool m_unanswered = false;
 };

@@ -64,6 +64,13 @@ HRESULT RegisterModule()
     return entry ? entry() : E_FAIL;
 }
 
+/// The sample data and the texts to compare with are in English, whatever the user's language is; in the
+/// dialogs alone no text is compared.
+std::wstring LanguageOf(const Arguments& arguments)
+{
+    return arguments.dialogs.empty() ? L"en" : arguments.dialogs;
+}
+
 int Run(const Arguments& arguments)
 {
     if (arguments.registerModule && RegisterModule() != S_OK)
@@ -71,7 +78,7 @@ int Run(const Arguments& arguments)
         PrintLine(L"qpdemo: the module could not be registered");
         return 1;
     }
-    CDemo demo(OpenPlant(arguments), CPictures(arguments.pictures));
+    CDemo demo(OpenPlant(arguments), CPictures(arguments.pictures), LanguageOf(arguments));
     const bool held = arguments.dialogs.empty() ? demo.Run() : demo.RunDialogs();
     return held ? 0 : 1;
 }
@@ -85,9 +92,7 @@ int main()
         PrintLine(arguments.help ? UsageText() : L"qpdemo: " + arguments.error + L"\n" + UsageText());
         return arguments.help ? 0 : 2;
     }
-    // The sample data and the texts to compare with are in English, whatever the user's language is; in the
-    // dialogs alone nothing is compared.
-    SetEnvironmentVariableW(L"QPTOOLS_LANG", arguments.dialogs.empty() ? L"en" : arguments.dialogs.c_str());
+    SetEnvironmentVariableW(L"QPTOOLS_LANG", LanguageOf(arguments).c_str());
     if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)))
         return 1;
     int result = 1;

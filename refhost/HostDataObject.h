@@ -2,6 +2,7 @@
 #pragma once
 
 #include "HostObject.h"
+#include "ObjectPlaces.h"
 #include "PlantCore.h"
 
 #include "ComPtr.h"
@@ -72,6 +73,8 @@ private:
     friend class HostObject<HostDataObject, IQP_BaseDataObject, IQPObjectRights>;
     HostDataObject(Core core, const Kind& kind, long long id);
     ~HostDataObject() = default;
+    static void* operator new(std::size_t size) { return ObjectPlaces::Take(size); }
+    static void operator delete(void* place) noexcept { ObjectPlaces::Give(place); }
 
     void* Interface(REFIID iid) noexcept;
     bool OffersRights() noexcept;

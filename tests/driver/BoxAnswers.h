@@ -23,6 +23,9 @@ public:
     /// `meanwhile`, if there is one, runs while the box is up.
     void Expect(std::wstring title, std::wstring text, int answer, std::function<void()> meanwhile = {});
 
+    /// The next box, whatever it says, is answered so. For a user who reads another language.
+    void ExpectAny(int answer, std::function<void()> meanwhile = {});
+
     /// True if no expectation is left.
     bool AllShown() const { return m_expected.empty(); }
 
@@ -39,6 +42,7 @@ private:
         std::wstring text;
         int answer;
         std::function<void()> meanwhile;
+        bool any = false; ///< title and text are of no matter
     };
 
     void OnActivated(HWND dialog) override;

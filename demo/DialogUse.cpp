@@ -1,0 +1,57 @@
+#include "DialogUse.h"
+
+#include "Table.h"
+
+#include <commctrl.h>
+
+/// The row that the user means, by what its first column shows; -1 for none.
+static int RowOf(const DialogView& view, const std::wstring& name)
+{
+    int row = view.Rows(view.List()) - 1;
+    while (row >= 0 && view.Cell(view.List(), row, 0) != name)
+        --row;
+    return row;
+}
+
+void PrintRows(const DialogView& view)
+{
+    PrintLine(L"  " + view.Title());
+    for (int row = 0; row < view.Rows(view.List()); ++row)
+        PrintLine(L"    " + view.Cell(view.List(), row, 0));
+}
+
+void PressButton(const DialogView& view, int button)
+{
+    PrintLine(L"    the button \"" + view.Text(button) + L"\" is pressed");
+    view.Click(button);
+}
+
+void PickRow(const DialogView& view, const std::wstring& name)
+{
+    view.SelectRow(view.List(), RowOf(view, name));
+    view.Click(IDOK);
+}
+
+void SelectNothing(const DialogView& view)
+{
+    const HWND list = view.List();
+    SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(view.Rows(list) - 1), FALSE);
+    RECT area{};
+    GetClientRect(list, &area);
+    const LPARAM corner = MAKELPARAM(area.right - 3, area.bottom - 3);
+    // The list looks for the button to come up while it handles the press.
+    PostMessageW(list, WM_LBUTTONUP, 0, corner);
+    SendMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, corner);
+}
+
+void PressOk(const DialogView& view)
+{
+    view.Click(IDOK);
+}
+
+std::wstring Indented(std::wstring text)
+{
+    for (std::size_t end = text.find(L'\n'); end != std::wstring::npos; end = text.find(L'\n', end + 1))
+        text.insert(end + 1, L"      ");
+    return text;
+}

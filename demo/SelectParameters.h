@@ -1,0 +1,31 @@
+// Prompts and objects as the generic selection wants them.
+#pragma once
+
+#include "Created.h"
+
+#include "qptools.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// Named values in the order in which they were added. It owns the texts; the objects are the caller's.
+class CSelectParameters
+{
+public:
+    void Add(const std::wstring& name, const wchar_t* text);
+    void Add(const std::wstring& name, IUnknown* object);
+
+    /// An object of the list and what the user sees of it.
+    void AddEntry(const wchar_t* prompt, IUnknown* object);
+
+    ULONG Count() const { return static_cast<ULONG>(m_records.size()); }
+    tagINITVALUE* Records() { return m_records.data(); }
+
+private:
+    BSTR Keep(const wchar_t* text);
+
+    std::vector<std::unique_ptr<CText>> m_texts;
+    std::vector<tagINITVALUE> m_records;
+    int m_entries = 0;
+};

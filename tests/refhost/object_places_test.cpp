@@ -1,0 +1,82 @@
+// Data objects that stand in memory in the order in which they were made.
+#include "ObjectPlaces.h"
+#include "PlantFixture.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace
+{
+std::uintptr_t Place(const void* object)
+{
+    return reinterpret_cast<std::uintptr_t>(object);
+}
+
+class ObjectPlacesTest : public EmptyPlant
+{
+protected:
+    ObjectPlacesTest() { plant->Add(L"script", L"a"); }
+    ComPtr<IQP_BaseDataObject> Another() { return plant->Find(L"script", L"a"); }
+};
+
+TEST_F(ObjectPlacesTest, each_new_object_stands_behind_all_that_were_made_in_that_time)
+{
+    const refhost::ObjectsInOrder inOrder;
+    std::uintptr_t last = 0;
+    for (int i = 0; i < 100; ++i)
+    {
+        // Every second one is gone at once, and its place is given to nobody.
+        const ComPtr<IQP_BaseDataObject> kept = Another();
+        const std::uintptr_t gone = Place(Another().get());
+        EXPECT_GT(Place(kept.get()), last);
+        EXPECT_GT(gone, Place(kept.get()));
+        last = gone;
+    }
+}
+
+TEST_F(ObjectPlacesTest, objects_outlive_that_time)
+{
+    ComPtr<IQP_BaseDataObject> kept;
+    {
+        const refhost::ObjectsInOrder inOrder;
+        kept = Another();
+    }
+    const ComPtr<IQP_BaseDataObject> later = Another();
+    EXPECT_EQ(ReadText(kept.get(), L"name"), L"a");
+    EXPECT_EQ(ReadText(later.get(), L"name"), L"a");
+}
+
+TEST_F(ObjectPlacesTest, a_new_time_has_all_its_room_and_leaves_objects_of_the_last_one_alone)
+{
+    ComPtr<IQP_BaseDataObject> first;
+    {
+        const refhost::ObjectsInOrder inOrder;
+        first = Another();
+    }
+    const refhost::ObjectsInOrder inOrder;
+    const ComPtr<IQP_BaseDataObject> second = Another();
+    const ComPtr<IQP_BaseDataObject> third = Another();
+    EXPECT_GT(Place(third.get()), Place(second.get()));
+    EXPECT_EQ(ReadText(first.get(), L"name"), L"a");
+    first.reset();
+    EXPECT_EQ(ReadText(second.get(), L"name"), L"a");
+}
+
+TEST_F(ObjectPlacesTest, what_finds_no_room_stands_anywhere)
+{
+    const refhost::ObjectsInOrder inOrder;
+    const std::size_t half = std::size_t{600} << 10;
+    void* const inRoom = refhost::ObjectPlaces::Take(half);
+    void* const beyond = refhost::ObjectPlaces::Take(half);
+    std::memset(inRoom, 1, half);
+    std::memset(beyond, 2, half);
+    EXPECT_EQ(static_cast<unsigned char*>(inRoom)[half - 1], 1);
+    // There is room for smaller ones still.
+    void* const small = refhost::ObjectPlaces::Take(1);
+    EXPECT_GE(Place(small), Place(inRoom) + half);
+    EXPECT_LT(Place(small), Place(inRoom) + (std::size_t{1} << 20));
+    refhost::ObjectPlaces::Give(small);
+    refhost::ObjectPlaces::Give(beyond);
+    refhost::ObjectPlaces::Give(inRoom);
+}
+} // namespace
