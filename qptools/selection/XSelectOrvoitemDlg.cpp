@@ -24,8 +24,6 @@ constexpr UINT kList = kPlaceholder;
 /// No control has this identifier.
 constexpr UINT kDoubleClicked = 203;
 
-/// The column of no width that carries the object.
-
 } // namespace
 
 XSelectOrvoitemDlg::XSelectOrvoitemDlg(HWND parent, const wchar_t* itemType, IQP_BaseDataObject* dataObject,

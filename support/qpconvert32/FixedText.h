@@ -15,8 +15,8 @@ public:
     static constexpr std::size_t kMaxLength = 31;
 
     /// A longer text does not compile.
-    consteval FixedText(
-        const wchar_t* text) // NOLINT(google-explicit-constructor): a literal stands in for it
+    // NOLINTNEXTLINE(google-explicit-constructor): a literal stands in for it
+    consteval FixedText(const wchar_t* text)
     {
         std::size_t length = 0;
         for (; text[length] != L'\0'; ++length)

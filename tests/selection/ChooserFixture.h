@@ -7,6 +7,7 @@
 #include "LogBook.h"
 #include "MemoryHost.h"
 #include "ModuleUnderTest.h"
+#include "Story.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
 
@@ -17,6 +18,7 @@
 #include <commctrl.h>
 
 #include <cstdint>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -101,14 +103,18 @@ inline void ClickBesideTheRows(DialogView& view)
     EXPECT_EQ(view.SelectedRow(list), -1);
 }
 
-/// While it lives, no list can be made on this thread.
-class NoLists
+/// While it lives, no window of that class can be made on this thread.
+class NoneOf
 {
 public:
-    NoLists() : m_hook(SetWindowsHookExW(WH_CBT, &NoLists::OnEvent, nullptr, GetCurrentThreadId())) {}
-    ~NoLists() { UnhookWindowsHookEx(m_hook); }
-    NoLists(const NoLists&) = delete;
-    NoLists& operator=(const NoLists&) = delete;
+    explicit NoneOf(const wchar_t* className)
+        : m_hook(SetWindowsHookExW(WH_CBT, &NoneOf::OnEvent, nullptr, GetCurrentThreadId()))
+    {
+        s_className = className;
+    }
+    ~NoneOf() { UnhookWindowsHookEx(m_hook); }
+    NoneOf(const NoneOf&) = delete;
+    NoneOf& operator=(const NoneOf&) = delete;
 
 private:
     static LRESULT CALLBACK OnEvent(int code, WPARAM window, LPARAM details)
@@ -116,15 +122,123 @@ private:
         wchar_t name[32] = {};
         if (code == HCBT_CREATEWND)
             GetClassNameW(reinterpret_cast<HWND>(window), name, 32);
-        return std::wstring(name) == WC_LISTVIEWW ? 1 : CallNextHookEx(nullptr, code, window, details);
+        return s_className == name ? 1 : CallNextHookEx(nullptr, code, window, details);
     }
 
+    static inline std::wstring s_className;
     HHOOK m_hook;
+};
+
+class NoLists : public NoneOf
+{
+public:
+    NoLists() : NoneOf(WC_LISTVIEWW) {}
+};
+
+/// No dialog, and no message box either.
+class NoDialogs : public NoneOf
+{
+public:
+    NoDialogs() : NoneOf(L"#32770") {}
+};
+
+/// While it lives, the frame in which a chooser places its list gets this width, in pixels, when it is made.
+class FrameWidth
+{
+public:
+    explicit FrameWidth(int width)
+        : m_hook(SetWindowsHookExW(WH_CBT, &FrameWidth::OnEvent, nullptr, GetCurrentThreadId()))
+    {
+        s_width = width;
+    }
+    ~FrameWidth() { UnhookWindowsHookEx(m_hook); }
+    FrameWidth(const FrameWidth&) = delete;
+    FrameWidth& operator=(const FrameWidth&) = delete;
+
+private:
+    static constexpr LONG_PTR kFrame = 206;
+
+    static LRESULT CALLBACK OnEvent(int code, WPARAM window, LPARAM details)
+    {
+        if (code == HCBT_CREATEWND)
+        {
+            const CREATESTRUCTW& made = *reinterpret_cast<CBT_CREATEWNDW*>(details)->lpcs;
+            const auto control = reinterpret_cast<HWND>(window);
+            wchar_t name[32] = {};
+            GetClassNameW(control, name, 32);
+            if (reinterpret_cast<LONG_PTR>(made.hMenu) == kFrame && std::wstring(name) == L"Button")
+                s_previous = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
+                    control, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&FrameWidth::Procedure)));
+        }
+        return CallNextHookEx(nullptr, code, window, details);
+    }
+
+    /// The frame's own procedure is put back with the first message that finds it made.
+    static LRESULT CALLBACK Procedure(HWND frame, UINT message, WPARAM first, LPARAM second)
+    {
+        const WNDPROC previous = s_previous;
+        const LRESULT result = CallWindowProcW(previous, frame, message, first, second);
+        if (message == WM_CREATE)
+        {
+            SetWindowLongPtrW(frame, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previous));
+            RECT place{};
+            GetWindowRect(frame, &place);
+            SetWindowPos(frame, nullptr, 0, 0, s_width, place.bottom - place.top,
+                         SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+        }
+        return result;
+    }
+
+    static inline int s_width = 0;
+    static inline WNDPROC s_previous = nullptr;
+    HHOOK m_hook;
+};
+
+/// A window of the host's.
+class OwnerWindow
+{
+public:
+    explicit OwnerWindow(DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE, HWND parent = nullptr)
+        : m_window(
+              CreateWindowExW(0, L"Static", L"", style, 0, 0, 100, 100, parent, nullptr, nullptr, nullptr))
+    {
+    }
+    ~OwnerWindow() { DestroyWindow(m_window); }
+    OwnerWindow(const OwnerWindow&) = delete;
+    OwnerWindow& operator=(const OwnerWindow&) = delete;
+    HWND get() const { return m_window; }
+
+private:
+    HWND m_window;
 };
 
 class ChooserFixture : public ::testing::Test
 {
 protected:
+    void TearDown() override
+    {
+        if (host.calls != m_told)
+            story.Tell(host.calls);
+        for (const std::string& entry : logBook.Entries())
+            story.Tell("report " + entry);
+#ifdef QP_CHOOSER_TRACES
+        story.Check(QP_CHOOSER_TRACES);
+#endif
+    }
+
+    /// To be called with the result of each call of a chooser.
+    template <class Result>
+    void Ended(const Result& result)
+    {
+        std::ostringstream line;
+        line << (resultFollowsAddresses ? "a result by address" : "result ");
+        if (!resultFollowsAddresses)
+            line << result;
+        story.Tell(host.calls);
+        story.Tell(line.str());
+        m_told = host.calls;
+    }
+
     /// The next message box; the trace shows it as "box <title>: <text>".
     void ExpectBox(const std::wstring& title, const std::wstring& text)
     {
@@ -147,6 +261,13 @@ protected:
     MemoryHost host; ///< its record of calls is the trace
     BoxAnswers boxes;
     DialogDriver dialogs;
+    Story story;
+
+    /// Which object is chosen depends on where the objects lie in memory.
+    bool resultFollowsAddresses = false;
+
+private:
+    Calls m_told;
 };
 
 /// The whole trace.

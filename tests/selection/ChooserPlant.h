@@ -48,10 +48,11 @@ inline Cells CellsOf(const DialogView& view)
     return cells;
 }
 
-class ChooserPlant : public ::testing::Test
+/// The components and their host, with nobody in front of the dialogs.
+class ChoosersOnPlant : public ::testing::Test
 {
 protected:
-    ChooserPlant() : m_objects(refhost::Plant::LiveObjects()), plant(refhost::Plant::OpenMemory())
+    ChoosersOnPlant() : m_objects(refhost::Plant::LiveObjects()), plant(refhost::Plant::OpenMemory())
     {
         plant->Load(QP_SAMPLE_DIR);
         query = plant->NewQuery();
@@ -63,7 +64,7 @@ protected:
         query->AddRef();
         EXPECT_EQ(item->Initialize(&given.Value()), S_OK);
     }
-    ~ChooserPlant() override
+    ~ChoosersOnPlant() override
     {
         EXPECT_EQ(plant->Calls().Misuses(), Lines{}) << "variants that were not empty before the call";
         choice.reset();
@@ -110,7 +111,12 @@ protected:
     ComPtr<IQP_Query> query;
     ComPtr<IQPProjectChoice> choice;
     ComPtr<IQPSelectOrvoItem> item;
+    Lines record;
+};
+
+class ChooserPlant : public ChoosersOnPlant
+{
+protected:
     BoxAnswers boxes;
     DialogDriver dialogs;
-    Lines record;
 };

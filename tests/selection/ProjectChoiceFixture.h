@@ -86,6 +86,7 @@ private:
         outcome.status = call(outcome, &selected);
         EXPECT_TRUE(dialogs.AllShown()) << "no dialog came up";
         outcome.selected = TakeOver(selected);
+        Ended(outcome);
         return outcome;
     }
 };

@@ -59,7 +59,9 @@ protected:
         const HRESULT status =
             item->ShowDialog(of.get(), kind ? static_cast<BSTR>(type) : nullptr, &selected);
         EXPECT_TRUE(dialogs.AllShown()) << "no dialog came up";
-        return {status, TakeOver(selected)};
+        Outcome outcome{status, TakeOver(selected)};
+        Ended(outcome);
+        return outcome;
     }
     Outcome Show(Steps steps) { return Show(std::move(steps), L"script", project); }
 

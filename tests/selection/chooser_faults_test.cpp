@@ -354,6 +354,49 @@ TEST_P(ChooserFaults, EveryCallOfTheLookups)
     EXPECT_GT(failed, 25);
 }
 
+TEST_P(ChooserFaults, EveryCallOfTheLookupsOfTableAndBase)
+{
+    const auto gun = Find(L"subcompitem", L"Spot gun, station 20");
+    const auto panel = Find(L"orvoitem", L"Side panel left");
+    const auto tables = [&](BSTR* table, IQP_BaseDataObject** planType)
+    {
+        return item->GetTypeNameAndPlanType(panel.get(), table, planType);
+    };
+    const auto base = [&](BSTR*, IQP_BaseDataObject** found)
+    {
+        return item->GetOrvoCompBase(gun.get(), XQPComBSTR(L"subcompitem"), found);
+    };
+    const std::function<HRESULT(BSTR*, IQP_BaseDataObject**)> lookups[] = {tables, base};
+    int failed = 0;
+    for (const auto& lookup : lookups)
+        for (long long n = 1;; ++n)
+        {
+            plant->Calls().FailCall(n, GetParam().fault, GetParam().status);
+            const std::size_t reported = logBook.Entries().size();
+            const long before = Plant::LiveObjects();
+            XQPComBSTR table;
+            ComPtr<IQP_BaseDataObject> found;
+            const HRESULT status = Recorded([&] { return lookup(table.put(), found.put()); });
+            const bool struck = plant->Calls().Struck();
+            plant->Calls().FailCall(0, Fault::None);
+            const bool wasFound = static_cast<bool>(found);
+            found.reset();
+            EXPECT_EQ(Plant::LiveObjects(), before);
+            if (!struck)
+                break;
+            ++failed;
+            const std::string& line = record[static_cast<std::size_t>(n) - 1];
+            const bool isTable = Has(line, "GetTableName");
+            EXPECT_FALSE(isTable && table.Length() > 0) << line;
+            EXPECT_TRUE(isTable || !wasFound) << line;
+            // Any answer with a status that is not negative is a table's name, be it none.
+            EXPECT_EQ(status, isTable && !Fails() ? S_OK : GetParam().status) << line;
+            const bool isBase = Has(line, "orvocompbase");
+            EXPECT_EQ(logBook.Entries().size() - reported, Fails() || isBase ? 1u : 0u) << line;
+        }
+    EXPECT_EQ(failed, 3);
+}
+
 std::string NameOf(const ::testing::TestParamInfo<Way>& info)
 {
     return info.param.name;

@@ -1,10 +1,34 @@
 // The choosers and the look-ups on the sample plant.
 #include "ChooserPlant.h"
+#include "Story.h"
+
+#include <sstream>
+#include <utility>
 
 namespace
 {
 
-class PlantLookup : public ChooserPlant
+/// What was recorded is compared with what is written down for the test.
+class ToldPlant : public ChooserPlant
+{
+protected:
+    void TearDown() override { story.Check(QP_CHOOSER_TRACES); }
+
+    template <class Call>
+    HRESULT Recorded(Call&& call)
+    {
+        const HRESULT status = ChooserPlant::Recorded(std::forward<Call>(call));
+        std::ostringstream line;
+        line << "result " << std::hex << status;
+        story.Tell(record);
+        story.Tell(line.str());
+        return status;
+    }
+
+    Story story;
+};
+
+class PlantLookup : public ToldPlant
 {
 protected:
     /// The project that GetProject finds, by name, and its status.
@@ -117,7 +141,7 @@ TEST_F(PlantLookup, ProjectAndPlanTypeComeTogether)
     EXPECT_EQ(NameInPlant(planType.get()), "Welding");
 }
 
-class PlantChoosers : public ChooserPlant
+class PlantChoosers : public ToldPlant
 {
 };
 
@@ -175,19 +199,20 @@ TEST_F(PlantChoosers,
 {
     const auto panel = Find(L"orvoitem", L"Side panel left");
     Cells shown;
-    std::string chosen;
     dialogs.OnDialog({[&](DialogView& view)
                       {
                           shown = CellsOf(view);
-                          const std::wstring name = view.Cell(view.List(), 3, 0);
-                          chosen.assign(name.begin(), name.end());
-                          view.SelectRow(view.List(), 3);
+                          // By its name: which row it has follows from the addresses of the scripts.
+                          const auto row = std::find_if(shown.begin(), shown.end(),
+                                                        [](const Texts& cells)
+                                                        { return cells[0] == L"Report weld spots"; });
+                          view.SelectRow(view.List(), static_cast<int>(row - shown.begin()));
                           view.Click(IDOK);
                       }});
     ComPtr<IQP_BaseDataObject> script;
     EXPECT_EQ(Recorded([&] { return item->ShowDialog(panel.get(), XQPComBSTR(L"script"), script.put()); }),
               S_OK);
-    EXPECT_EQ(NameInPlant(script.get()), chosen);
+    EXPECT_EQ(NameInPlant(script.get()), "Report weld spots");
 
     const long checked = CountOf("HasRight(4)");
     const auto listed = static_cast<long>(shown.size());

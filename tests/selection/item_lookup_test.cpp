@@ -65,6 +65,16 @@ TEST_F(ItemLookup, TheTypeNameIsTheNameOfTheTable)
     EXPECT_EQ(item->GetTypeName(object.get(), nullptr), S_OK);
 }
 
+TEST_F(ItemLookup, ALongTypeNameAndOneOfAnotherScriptAreHandedOverWhole)
+{
+    const std::wstring longName(10'000, L'x');
+    object->Table(longName.c_str());
+    EXPECT_EQ(TypeNameOf(object.get()), (Answer{S_OK, std::string(10'000, 'x')}));
+    EXPECT_EQ(CompBaseOf(object.get(), longName.c_str()), (Answer{S_OK, "object"}));
+    object->Table(L"\u5de5\u5382");
+    EXPECT_EQ(TypeNameOf(object.get()), (Answer{S_OK, "\xe5\xb7\xa5\xe5\x8e\x82"}));
+}
+
 TEST_F(ItemLookup, AnyPositiveStatusOfTheTableHandsTheNameOver)
 {
     object->Table(L"item", S_FALSE);

@@ -60,6 +60,27 @@ TEST_F(ProjectChoiceDialog, ATitleThatIsNoneIsEmpty)
     EXPECT_EQ(choice->ShowDialog(root.get(), nullptr, &canceled, nullptr, 0), S_OK);
 }
 
+TEST_F(ProjectChoiceDialog, LongTextsOfTheHostAndThoseOfOtherScriptsAreShownWhole)
+{
+    const std::wstring longText(10'000, L'x');
+    for (const std::wstring& text :
+         {std::wstring(L"\u05d0\u05d1\u05d2"), std::wstring(L"\u5de5\u5382"), longText})
+    {
+        NameButton(text.c_str());
+        ExpectBox(L"Information",
+                  L"You must either select a project and choose ok, \nor you must choose the '" + text +
+                      L"' button!");
+        dialogs.OnDialog({[&](DialogView& view)
+                          {
+                              EXPECT_EQ(view.Title(), text);
+                              EXPECT_EQ(view.Text(kCreateNew), text);
+                          },
+                          Presses(IDOK), Presses(kCreateNew)});
+        LONG canceled = 0;
+        EXPECT_EQ(choice->ShowDialog(root.get(), XQPComBSTR(text.c_str()), &canceled, nullptr, 0), S_OK);
+    }
+}
+
 TEST_F(ProjectChoiceDialog, ShowsCancelOnlyWhereItIsAskedFor)
 {
     Show({[](DialogView& view) { EXPECT_FALSE(view.IsVisible(IDCANCEL)); }, Presses(kCreateNew)});
@@ -97,6 +118,20 @@ TEST_F(ProjectChoiceDialog, TheListHasAColumnOfNamesAndOneOfNoWidth)
     Show({look(L"Project name"), Presses(kCreateNew)});
     ShowEx({look(L"Project name"), Presses(kCreateNew)}, 0);
     ShowEx({look(L"Template name"), Presses(kCreateNew)}, 1);
+}
+
+TEST_F(ProjectChoiceDialog, TheColumnIsRoundedDownToWholePixels)
+{
+    for (const auto& [list, column] : {std::pair(100, 95), std::pair(99, 94), std::pair(101, 95)})
+    {
+        const FrameWidth frame(list);
+        LookAtBoth(
+            [list = list, column = column](DialogView& view)
+            {
+                EXPECT_EQ(Width(view.Rect(kList)), list);
+                EXPECT_EQ(view.Columns(kList)[0].width, column);
+            });
+    }
 }
 
 TEST_F(ProjectChoiceDialog, WithoutAListStaysOpenAndAsksTheHostNothing)
@@ -164,23 +199,6 @@ TEST_F(ProjectChoiceDialog, ADoubleClickOnARowEndsNothing)
 }
 
 // Owner.
-
-class OwnerWindow
-{
-public:
-    explicit OwnerWindow(DWORD style = WS_OVERLAPPEDWINDOW | WS_VISIBLE, HWND parent = nullptr)
-        : m_window(
-              CreateWindowExW(0, L"Static", L"", style, 0, 0, 100, 100, parent, nullptr, nullptr, nullptr))
-    {
-    }
-    ~OwnerWindow() { DestroyWindow(m_window); }
-    OwnerWindow(const OwnerWindow&) = delete;
-    OwnerWindow& operator=(const OwnerWindow&) = delete;
-    HWND get() const { return m_window; }
-
-private:
-    HWND m_window;
-};
 
 TEST_F(ProjectChoiceDialog, BelongsToTheGivenWindowWhichIsDisabledMeanwhile)
 {

@@ -111,6 +111,18 @@ TEST_F(ProjectChoice, WithoutAWayToListTheCallerIsToldToMakeSomethingNew)
     EXPECT_EQ(ShowEx({}, 0, nullptr), (Outcome{S_OK, 0, 1, "untouched"}));
 }
 
+// A dialog that cannot be shown.
+
+TEST_F(ProjectChoice, ADialogThatCannotBeShownReadsAsCancelledAndWithAWayOutAsAWishForSomethingNew)
+{
+    const NoDialogs noDialogs;
+    EXPECT_EQ(Show({}), (Outcome{S_OK, 1, kUnchanged, "null"}));
+    EXPECT_TRACE(Calls{"root.GetChildren(orvoproject)"});
+    EXPECT_EQ(ShowEx({}), (Outcome{S_OK, 0, 1, "null"}));
+    EXPECT_EQ(ShowEx({}, 1), (Outcome{S_OK, 0, 1, "null"}));
+    EXPECT_TRACE(Calls{"root.GetChildren(template)"});
+}
+
 // OK without a usable selection.
 
 TEST_F(ProjectChoice, OkWithoutASelectionShowsAMessageAndStays)
@@ -302,6 +314,18 @@ TEST_F(ProjectList, ShowsLongNamesAndThoseOfOtherScriptsWhole)
     for (const std::wstring& name : names)
         children.push_back(Child("child", name.c_str()));
     EXPECT_EQ(ShownFor(children), (Texts{longName, names[0], names[1]}));
+}
+
+TEST_F(ProjectList, AChildWithALongNameOrOneOfAnotherScriptIsChosenLikeAnyOther)
+{
+    const auto longNamed = Child("long", std::wstring(10'000, L'x').c_str());
+    Has({longNamed, Child("hebrew", L"\u05d0\u05d1\u05d2"), Child("chinese", L"\u5de5\u5382")});
+    EXPECT_EQ(Show({Selects(0), Presses(IDOK)}), (Outcome{S_OK, 0, kUnchanged, "long"}));
+    EXPECT_EQ(Show({Selects(1), Presses(IDOK)}), (Outcome{S_OK, 0, kUnchanged, "hebrew"}));
+    EXPECT_EQ(ShowEx({Selects(2), Presses(IDOK)}), (Outcome{S_OK, 0, 0, "chinese"}));
+    XQPComVariant name;
+    EXPECT_EQ(longNamed->GetAttribute(XQPComBSTR(L"name"), &name), S_OK);
+    EXPECT_EQ(SysStringLen(name.Value().bstrVal), 10'000u);
 }
 
 // Bad arguments.

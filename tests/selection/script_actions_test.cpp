@@ -104,6 +104,20 @@ TEST_F(ScriptActions, ARecordHoldsObjectsAndNumbersAsTheyAre)
     EXPECT_STREQ(record.modificationDate.GetString(), L"2021");
 }
 
+TEST_F(ScriptActions, NumbersAreTakenAsTheirBitsAndNotConverted)
+{
+    VARIANT number;
+    VariantInit(&number);
+    number.vt = VT_R4;
+    number.fltVal = 1.0F;
+    auto action = host.Object("a");
+    action->Answer(L"actiontype", S_OK, number)->Answer(L"beforeafter", S_OK, number);
+    Has({action});
+    EXPECT_EQ(Query(project), S_OK);
+    EXPECT_EQ(actions.at(action.get()).actionType, 0x3F800000);
+    EXPECT_EQ(actions.at(action.get()).beforeAfter, 0x3F800000);
+}
+
 TEST_F(ScriptActions, WhatCannotBeReadIsEmpty)
 {
     auto action = host.Object("a");

@@ -97,6 +97,45 @@ TEST_F(ScriptPickerDialog, EachOfFiveColumnsHasAFifthOfTheWidthAndTheSixthHasNon
         });
 }
 
+TEST_F(ScriptPickerDialog, AFifthIsCutToWholePixelsAndTheRestStaysUnused)
+{
+    for (const auto& [frame, fifth] : {std::pair(100, 20), std::pair(99, 19), std::pair(104, 20)})
+    {
+        const FrameWidth width(frame);
+        LookAt(
+            [frame = frame, fifth = fifth](DialogView& view)
+            {
+                EXPECT_EQ(Width(view.Rect(view.List())), frame);
+                for (int column = 0; column < 5; ++column)
+                    EXPECT_EQ(view.Columns(view.List())[static_cast<std::size_t>(column)].width, fifth);
+            });
+    }
+}
+
+TEST_F(ScriptPickerDialog, LongTextsAndThoseOfOtherScriptsAreShownWholeAndTheScriptIsChosenLikeAnyOther)
+{
+    const std::wstring longText(10'000, L'x');
+    for (const std::wstring& text :
+         {std::wstring(L"\u05d0\u05d1\u05d2"), std::wstring(L"\u5de5\u5382"), longText})
+    {
+        const auto script = Script("s");
+        script->Set(L"name", text.c_str())->Set(L"languagetype", text.c_str());
+        script->Set(L"creationdate", text.c_str())->Set(L"modificationdate", text.c_str());
+        EXPECT_EQ(RowOfOnly(script), (Texts{text, L"Library", text, text, text, L""}));
+        EXPECT_EQ(Show({Presses(IDOK)}), (Outcome{S_OK, "s"}));
+    }
+}
+
+TEST_F(ScriptPickerDialog, ANameThatIsNoTextIsShownAsConvertedOrNotAtAll)
+{
+    auto script = Script("s");
+    script->Set(L"name", LONG{42});
+    EXPECT_EQ(RowOfOnly(script)[0], L"42");
+    script->Set(L"name", project);
+    EXPECT_EQ(RowOfOnly(script)[0], L"");
+    EXPECT_EQ(Show({Presses(IDOK)}), (Outcome{S_OK, "s"}));
+}
+
 TEST_F(ScriptPickerDialog, TheListStandsWhereTheFrameWasAndHasItsIdentifier)
 {
     LookAt(
@@ -121,6 +160,25 @@ TEST_F(ScriptPickerDialog, TheListHasTheKeyboardFromTheStart)
     LookAt([](DialogView& view) { EXPECT_EQ(GetFocus(), view.List()); });
 }
 
+TEST_F(ScriptPickerDialog, BelongsToTheActiveWindowWhichIsDisabledMeanwhile)
+{
+    const OwnerWindow owner;
+    SetActiveWindow(owner.get());
+    LookAt(
+        [&](DialogView& view)
+        {
+            EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get());
+            EXPECT_FALSE(IsWindowEnabled(owner.get()));
+        });
+    EXPECT_TRUE(IsWindowEnabled(owner.get()));
+}
+
+TEST_F(ScriptPickerDialog, BelongsToNobodyIfNoWindowIsActive)
+{
+    SetActiveWindow(nullptr);
+    LookAt([](DialogView& view) { EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), nullptr); });
+}
+
 TEST_F(ScriptPickerDialog, ARowIsChosenWithoutAMouse)
 {
     const auto selected = [](int row)
@@ -130,6 +188,7 @@ TEST_F(ScriptPickerDialog, ARowIsChosenWithoutAMouse)
             EXPECT_EQ(view.SelectedRow(view.List()), row);
         };
     };
+    resultFollowsAddresses = true;
     Finds({Script("a"), Script("b"), Script("c")});
     EXPECT_EQ(Show({selected(0), Types(VK_DOWN), selected(1), Types(VK_END), selected(2), Types(VK_UP),
                     selected(1), Types(VK_HOME), selected(0), Types(VK_RETURN)})

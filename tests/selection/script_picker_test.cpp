@@ -36,6 +36,7 @@ TEST_F(ScriptPicker, OkGivesTheSelectedScript)
 
 TEST_F(ScriptPicker, TheFirstRowIsTheLowestPointerAndIsSelectedFromTheStart)
 {
+    resultFollowsAddresses = true;
     EXPECT_EQ(Show({[](DialogView& view) { EXPECT_EQ(view.SelectedRow(view.List()), 0); }, Presses(IDOK)}),
               (Outcome{S_OK, Lowest()}));
 }
@@ -268,6 +269,14 @@ TEST_F(ScriptPicker, WithoutAListTheDialogStaysAsItWasMadeAndCanBeLeft)
               (Outcome{S_FALSE, "untouched"}));
     EXPECT_TRACE(Calls{"box Execute script: Please select a script."});
     EXPECT_EQ(logBook.Entries(), Entries{});
+}
+
+TEST_F(ScriptPicker, ADialogThatCannotBeShownIsNoChoice)
+{
+    const NoDialogs noDialogs;
+    EXPECT_EQ(Show({}), (Outcome{S_FALSE, "untouched"}));
+    EXPECT_TRACE(Calls{});
+    EXPECT_EQ(item->ShowDialog(project.get(), XQPComBSTR(L"script"), nullptr), S_FALSE);
 }
 
 TEST_F(ScriptPicker, TheWaitCursorShowsWhileTheChoiceIsHandedOver)

@@ -130,6 +130,12 @@ TEST_F(SelectDialog, TheFirstPromptCountsThoughItIsEmpty)
     EXPECT_EQ(Rows(), Texts{L""});
 }
 
+TEST_F(SelectDialog, AnObjectGivenTwiceInTwoKindsOfReferenceHasOneRow)
+{
+    parameters.Text(L"Prompt0", L"first").Object(L"Object0", Of(a), VT_DISPATCH).Entry(1, L"second", Of(a));
+    EXPECT_EQ(Rows(), Texts{L"first"});
+}
+
 TEST_F(SelectDialog, ThousandsOfEntriesAreAllThere)
 {
     static constexpr int kEntries = 3000;
@@ -149,6 +155,20 @@ TEST_F(SelectDialog, LongPromptsAndThoseOfOtherScriptsAreShownWhole)
         .Entry(1, L"\u05d0\u05d1\u05d2", Of(b))
         .Entry(2, L"\u5de5\u5382", Of(c));
     EXPECT_EQ(Rows(), (Texts{longPrompt, L"\u05d0\u05d1\u05d2", L"\u5de5\u5382"}));
+    const auto select = [&](DialogView& view)
+    {
+        const Texts rows = Column(view, 0);
+        view.SelectRow(kList,
+                       static_cast<int>(std::find(rows.begin(), rows.end(), longPrompt) - rows.begin()));
+    };
+    EXPECT_EQ(Show({select, Presses(IDOK)}), "a");
+}
+
+TEST_F(SelectDialog, ALongCaptionIsTheWholeTitle)
+{
+    const std::wstring caption(10'000, L'x');
+    parameters.Text(L"Caption", caption).Entry(0, L"A", Of(a));
+    Show({[&](DialogView& view) { EXPECT_EQ(view.Title(), caption); }, Presses(IDCANCEL)});
 }
 
 } // namespace

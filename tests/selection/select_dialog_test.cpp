@@ -36,6 +36,7 @@ TEST_F(SelectDialog, TheObjectHasAReferenceForTheCaller)
 
 TEST_F(SelectDialog, TheFirstRowIsSelectedFromTheStartAndIsTheObjectWithTheLowestPointer)
 {
+    resultFollowsAddresses = true;
     parameters.Entry(0, L"A", Of(a)).Entry(1, L"B", Of(b)).Entry(2, L"C", Of(c));
     const std::map<IUnknown*, std::string, std::less<>> byPointer = {
         {Of(a), "a"}, {Of(b), "b"}, {Of(c), "c"}};
@@ -66,6 +67,19 @@ TEST_F(SelectDialog, AnyOtherEndWritesNothingAndIsNoFailure)
               "untouched");
 }
 
+TEST_F(SelectDialog, ADialogThatCannotBeShownWritesNothingAndIsNoFailure)
+{
+    parameters.Entry(0, L"A", Of(a));
+    const ULONG before = References(a);
+    IUnknown* selected = Untouched<IUnknown>();
+    {
+        const NoDialogs noDialogs;
+        EXPECT_EQ(dialog->ShowDialog(parameters.Count(), parameters.Values(), &selected), S_OK);
+    }
+    EXPECT_EQ(selected, Untouched<IUnknown>());
+    EXPECT_EQ(References(a), before);
+}
+
 TEST_F(SelectDialog, TheResultMayBeLeftOut)
 {
     parameters.Entry(0, L"A", Of(a));
@@ -77,6 +91,7 @@ TEST_F(SelectDialog, TheResultMayBeLeftOut)
 
 TEST_F(SelectDialog, NoObjectIsAskedAnything)
 {
+    resultFollowsAddresses = true;
     host.recordingQueries = true;
     parameters.Entry(0, L"A", Of(a)).Entry(1, L"B", Of(b));
     Show({Presses(IDOK)});
@@ -86,6 +101,7 @@ TEST_F(SelectDialog, NoObjectIsAskedAnything)
 
 TEST_F(SelectDialog, EverythingIsGivenBack)
 {
+    resultFollowsAddresses = true;
     parameters.Entry(0, L"A", Of(a)).Entry(1, L"B", Of(b)).Entry(2, L"again", Of(a));
     const ULONG before = References(a) + References(b);
     Show({Presses(IDOK)});
@@ -172,6 +188,17 @@ TEST_F(SelectDialogView, TheListHasAColumnOfNamesAndOneOfNoWidth)
         });
 }
 
+TEST_F(SelectDialogView, TheColumnLeavesFivePixelsToTheFrameOfTheList)
+{
+    const FrameWidth frame(100);
+    LookAt(
+        [](DialogView& view)
+        {
+            EXPECT_EQ(Width(view.Rect(kList)), 100);
+            EXPECT_EQ(view.Columns(kList)[0].width, 95);
+        });
+}
+
 TEST_F(SelectDialogView, TabGoesRoundTheVisibleControlsFromOk)
 {
     std::vector<int> order;
@@ -184,8 +211,28 @@ TEST_F(SelectDialogView, TabGoesRoundTheVisibleControlsFromOk)
     EXPECT_EQ(order, (std::vector<int>{IDOK, IDCANCEL, kList, IDOK}));
 }
 
+TEST_F(SelectDialogView, BelongsToTheActiveWindowWhichIsDisabledMeanwhile)
+{
+    const OwnerWindow owner;
+    SetActiveWindow(owner.get());
+    LookAt(
+        [&](DialogView& view)
+        {
+            EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get());
+            EXPECT_FALSE(IsWindowEnabled(owner.get()));
+        });
+    EXPECT_TRUE(IsWindowEnabled(owner.get()));
+}
+
+TEST_F(SelectDialogView, BelongsToNobodyIfNoWindowIsActive)
+{
+    SetActiveWindow(nullptr);
+    LookAt([](DialogView& view) { EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), nullptr); });
+}
+
 TEST_F(SelectDialogView, ARowIsChosenWithoutAMouse)
 {
+    resultFollowsAddresses = true;
     parameters.Entry(0, L"A", Of(a)).Entry(1, L"B", Of(b)).Entry(2, L"C", Of(c));
     const auto selected = [](int row)
     {

@@ -179,6 +179,18 @@ TEST(DialogDriver, LeavesMessageBoxesToTheirAnswers)
     EXPECT_EQ(answer, IDYES);
 }
 
+TEST(BoxAnswers, TakesAnyBoxWhereTheTextsAreOfNoMatter)
+{
+    BoxAnswers boxes;
+    ShownBox seen;
+    boxes.ExpectAny(IDNO, [&] { seen = boxes.Shown().back(); });
+    EXPECT_FALSE(boxes.AllShown());
+    EXPECT_EQ(MessageBoxW(nullptr, L"Text", L"Title", MB_YESNO), IDNO);
+    EXPECT_TRUE(boxes.AllShown());
+    EXPECT_EQ(seen.title, L"Title");
+    EXPECT_EQ(seen.text, L"Text");
+}
+
 TEST(DialogDriver, WaitsForABoxThatAKeyOpens)
 {
     DialogDriver driver;

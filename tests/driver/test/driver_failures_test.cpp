@@ -314,3 +314,26 @@ TEST(DialogDriver, AsksForConfirmationNoLongerThanTheBoxIsAnswered)
         });
     EXPECT_TRUE(IsOne(failures, {"after its last step there still is the dialog"}));
 }
+
+TEST(BoxAnswers, FailsATestWithoutTheBoxThatItWouldTakeWhateverItSays)
+{
+    const Failures failures = CaughtFailures(
+        []
+        {
+            BoxAnswers boxes;
+            boxes.ExpectAny(IDOK);
+        });
+    EXPECT_TRUE(IsOne(failures, {"a box was never shown"}));
+}
+
+TEST(BoxAnswers, FailsATestWhoseAnswerTheBoxDoesNotHaveWhateverItSays)
+{
+    const Failures failures = CaughtFailures(
+        []
+        {
+            BoxAnswers boxes;
+            boxes.ExpectAny(IDRETRY);
+            EXPECT_EQ(MessageBoxW(nullptr, L"Text", L"Title", MB_YESNO), IDNO);
+        });
+    EXPECT_TRUE(IsOne(failures, {"has no button 4"}));
+}
