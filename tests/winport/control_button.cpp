@@ -26,9 +26,7 @@ struct ButtonKind
 const ButtonKind kKinds[] = {
     {"Push", BS_PUSHBUTTON, DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON, false, false},
     {"DefaultPush", BS_DEFPUSHBUTTON, DLGC_BUTTON | DLGC_DEFPUSHBUTTON, false, false},
-    {"Check", BS_CHECKBOX, DLGC_BUTTON, true, false},
     {"AutoCheck", BS_AUTOCHECKBOX, DLGC_BUTTON, true, true},
-    {"Radio", BS_RADIOBUTTON, DLGC_BUTTON | DLGC_RADIOBUTTON, true, false},
     {"AutoRadio", BS_AUTORADIOBUTTON, DLGC_BUTTON | DLGC_RADIOBUTTON, true, true},
 };
 
@@ -238,8 +236,7 @@ TEST(RadioButton, StaysMarkedWithEachClick)
 
 TEST(RadioButton, IsReachedByTabOnlyWhileItIsMarked)
 {
-    const std::pair<DWORD, bool> cases[] = {
-        {BS_AUTORADIOBUTTON, true}, {BS_RADIOBUTTON, true}, {BS_AUTOCHECKBOX, false}};
+    const std::pair<DWORD, bool> cases[] = {{BS_AUTORADIOBUTTON, true}, {BS_AUTOCHECKBOX, false}};
     for (const auto& [style, changes] : cases)
     {
         const ControlHost host(WC_BUTTONW, style);
@@ -303,31 +300,17 @@ TEST(ButtonStyle, ChangesAtRunTime)
     EXPECT_EQ(CommandsOf(host), Codes{});
 }
 
-TEST(ButtonNotifications, TellTheFocusOnlyWhenAskedFor)
+TEST(ButtonNotifications, TellNeitherTheFocusNorASecondClickApart)
 {
-    for (const DWORD notify : {DWORD{0}, DWORD{BS_NOTIFY}})
-    {
-        ControlHost host(WC_BUTTONW, BS_PUSHBUTTON | notify);
-        SetFocus(host.Control());
-        SetFocus(host.Window());
-        EXPECT_EQ(CommandsOf(host), notify ? (Codes{BN_SETFOCUS, BN_KILLFOCUS}) : Codes{});
-    }
-}
-
-TEST(ButtonNotifications, TellADoubleClickOnlyWhenAskedForOrForAPlainRadioButton)
-{
-    const std::pair<DWORD, Codes> cases[] = {{BS_PUSHBUTTON, {BN_CLICKED}},
-                                             {BS_AUTOCHECKBOX, {BN_CLICKED}},
-                                             {BS_AUTORADIOBUTTON, {BN_CLICKED}},
-                                             {BS_RADIOBUTTON, {BN_DOUBLECLICKED}},
-                                             {BS_PUSHBUTTON | BS_NOTIFY, {BN_DOUBLECLICKED}}};
-    for (const auto& [style, codes] : cases)
+    for (const DWORD style : {BS_PUSHBUTTON, BS_AUTOCHECKBOX, BS_AUTORADIOBUTTON})
     {
         ControlHost host(WC_BUTTONW, style);
         SetFocus(host.Control());
-        CommandsOf(host);
+        SetFocus(host.Window());
+        EXPECT_EQ(CommandsOf(host), Codes{}) << style;
+        SetFocus(host.Control());
         host.Send(WM_LBUTTONDBLCLK, MK_LBUTTON, kInside);
         host.Send(WM_LBUTTONUP, 0, kInside);
-        EXPECT_EQ(CommandsOf(host), codes) << style;
+        EXPECT_EQ(CommandsOf(host), Codes{BN_CLICKED}) << style;
     }
 }

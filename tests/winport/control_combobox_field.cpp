@@ -163,31 +163,6 @@ TEST_F(ComboBoxField, CharactersSentToTheBoxAreTyped)
     EXPECT_EQ(m_box.Codes(), kTyped);
 }
 
-TEST_F(ComboBoxField, TheSelectionOfTheTextIsSetAndTold)
-{
-    m_box.Select(1);
-    EXPECT_EQ(m_box.Send(CB_SETEDITSEL, 0, MAKELPARAM(1, 3)), TRUE);
-    EXPECT_EQ(m_box.Send(CB_GETEDITSEL), MAKELONG(1, 3));
-    m_box.Send(CB_SETEDITSEL, 0, MAKELPARAM(0, -1));
-    DWORD first = 9;
-    DWORD last = 9;
-    m_box.Send(CB_GETEDITSEL, reinterpret_cast<WPARAM>(&first), reinterpret_cast<LPARAM>(&last));
-    EXPECT_EQ(first, 0U);
-    EXPECT_EQ(last, 4U);
-}
-
-TEST_F(ComboBoxField, TheLimitIsThatOfTyping)
-{
-    TakeFocus();
-    m_box.Send(CB_LIMITTEXT, 2);
-    EXPECT_EQ(SendMessageW(m_box.Field(), EM_GETLIMITTEXT, 0, 0), 2);
-    m_box.TypeText(L"abc");
-    EXPECT_EQ(m_box.Text(), L"ab");
-    m_box.Send(CB_LIMITTEXT, 0);
-    m_box.TypeText(L"c");
-    EXPECT_EQ(m_box.Text(), L"abc");
-}
-
 TEST_F(ComboBoxField, OpeningSelectsTheItemThatBeginsWithTheText)
 {
     TakeFocus();

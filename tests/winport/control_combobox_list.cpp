@@ -386,12 +386,10 @@ TEST(ComboBoxList, AListWithoutFieldHasNoTextOfItsOwn)
     EXPECT_EQ(box.Codes(), Codes{});
 }
 
-TEST(ComboBoxList, AListWithoutFieldHasNoSelectionOfText)
+TEST(ComboBoxList, AListWithoutFieldHasNoWindowForOne)
 {
     const ComboHost box(CBS_DROPDOWNLIST, {L"one"});
     EXPECT_EQ(box.Field(), nullptr);
-    EXPECT_EQ(box.Send(CB_GETEDITSEL), CB_ERR);
-    EXPECT_EQ(box.Send(CB_SETEDITSEL, 0, MAKELPARAM(0, 1)), CB_ERR);
 }
 
 TEST(ComboBoxList, ItsTextIsReadUpToTheSizeOfTheBuffer)

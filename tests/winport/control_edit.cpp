@@ -101,19 +101,6 @@ TEST(Edit, TextIsReadUpToTheSizeOfTheBuffer)
     EXPECT_EQ(host.Send(WM_GETTEXTLENGTH), 6);
 }
 
-TEST(Edit, AssigningATextClearsTheMarkOfAModification)
-{
-    const EditHost host;
-    host.Type(L"a");
-    EXPECT_TRUE(host.Send(EM_GETMODIFY));
-    SetWindowTextW(host.Control(), L"b");
-    EXPECT_FALSE(host.Send(EM_GETMODIFY));
-    host.Send(EM_SETMODIFY, TRUE);
-    EXPECT_TRUE(host.Send(EM_GETMODIFY));
-    host.Send(EM_SETMODIFY, FALSE);
-    EXPECT_FALSE(host.Send(EM_GETMODIFY));
-}
-
 TEST(Edit, TypedCharactersGoToTheCaret)
 {
     EditHost host(L"ad");
@@ -122,7 +109,6 @@ TEST(Edit, TypedCharactersGoToTheCaret)
     EXPECT_EQ(host.Text(), L"abcd");
     EXPECT_EQ(host.Selection(), Range(3, 3));
     EXPECT_EQ(host.Codes(), (Codes{EN_UPDATE, EN_CHANGE, EN_UPDATE, EN_CHANGE}));
-    EXPECT_TRUE(host.Send(EM_GETMODIFY));
 }
 
 TEST(Edit, ATypedCharacterReplacesTheSelection)
@@ -208,7 +194,6 @@ TEST(Edit, ReplacingTheSelectionPutsTheCaretBehind)
     EXPECT_EQ(host.Text(), L"a12345def");
     EXPECT_EQ(host.Selection(), Range(6, 6));
     EXPECT_EQ(host.Codes(), kChanged);
-    EXPECT_TRUE(host.Send(EM_GETMODIFY));
 }
 
 TEST(Edit, ReplacingByNothingDeletes)
@@ -301,33 +286,6 @@ TEST(Edit, WithoutScrollingWhatFitsIsTyped)
     const EditHost host(L"", WS_BORDER);
     host.Type(L"short");
     EXPECT_EQ(host.Text(), L"short");
-}
-
-TEST(Edit, AReadOnlyFieldRefusesTheUserOnly)
-{
-    EditHost host(L"abc");
-    EXPECT_TRUE(host.Send(EM_SETREADONLY, TRUE));
-    EXPECT_TRUE(GetWindowLongW(host.Control(), GWL_STYLE) & static_cast<LONG>(ES_READONLY));
-    host.Select(1, 2);
-    host.Type(L"x");
-    host.Press(VK_DELETE);
-    host.Press(VK_BACK);
-    EXPECT_EQ(host.Text(), L"abc");
-    EXPECT_EQ(host.Codes(), Codes{});
-    host.Replace(L"123");
-    EXPECT_EQ(host.Text(), L"a123c");
-    SetWindowTextW(host.Control(), L"new");
-    EXPECT_EQ(host.Text(), L"new");
-}
-
-TEST(Edit, AFieldThatIsNoLongerReadOnlyTakesTyping)
-{
-    const EditHost host;
-    host.Send(EM_SETREADONLY, TRUE);
-    EXPECT_TRUE(host.Send(EM_SETREADONLY, FALSE));
-    EXPECT_FALSE(GetWindowLongW(host.Control(), GWL_STYLE) & static_cast<LONG>(ES_READONLY));
-    host.Type(L"x");
-    EXPECT_EQ(host.Text(), L"x");
 }
 
 TEST(Edit, TheFocusIsToldToTheOwnerAndLeavesTheSelection)

@@ -18,12 +18,6 @@ LVCOLUMNW ColumnOf(const ListViewHost& list, int index, UINT mask)
         column.mask = 0;
     return column;
 }
-
-BOOL SetColumn(const ListViewHost& list, int index, LVCOLUMNW& column)
-{
-    return static_cast<BOOL>(
-        list.Send(LVM_SETCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column)));
-}
 } // namespace
 
 TEST(ListViewColumns, AreInsertedWhereAsked)
@@ -87,6 +81,17 @@ TEST(ListViewColumns, DeletingOneShiftsTheTextsOfSubItemsLeft)
     EXPECT_EQ(list.TextOf(0, 1), L"two");
     EXPECT_EQ(list.TextOf(0, 2), L"three");
     EXPECT_EQ(list.TextOf(0, 3), L"");
+}
+
+TEST(ListViewColumns, DeletingTheLastTakesItsTextsWithIt)
+{
+    const ListViewHost list(LVS_REPORT, 3);
+    list.Insert(0, L"a");
+    list.SetText(0, 1, L"one");
+    list.SetText(0, 2, L"two");
+    EXPECT_TRUE(list.Send(LVM_DELETECOLUMN, 2));
+    EXPECT_EQ(list.TextOf(0, 1), L"one");
+    EXPECT_EQ(list.TextOf(0, 2), L"");
 }
 
 TEST(ListViewColumns, DeletingTheFirstLeavesTheTextsWhereTheyAre)
@@ -154,22 +159,6 @@ TEST(ListViewColumns, KeepTheirAlignment)
     EXPECT_EQ(ColumnOf(list, 1, LVCF_FMT).fmt & LVCFMT_JUSTIFYMASK, LVCFMT_RIGHT);
     EXPECT_EQ(ColumnOf(list, 2, LVCF_FMT).fmt & LVCFMT_JUSTIFYMASK, LVCFMT_CENTER);
     EXPECT_EQ(ColumnOf(list, 3, LVCF_FMT).fmt & LVCFMT_JUSTIFYMASK, LVCFMT_LEFT);
-}
-
-TEST(ListViewColumns, ChangeTextWidthAndAlignment)
-{
-    const ListViewHost list(LVS_REPORT, 2);
-    wchar_t text[] = L"changed";
-    LVCOLUMNW column{};
-    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
-    column.pszText = text;
-    column.cx = 44;
-    column.fmt = LVCFMT_CENTER;
-    EXPECT_TRUE(SetColumn(list, 1, column));
-    EXPECT_EQ(list.Headings(), L"c0|changed");
-    EXPECT_EQ(WidthOf(list, 1), 44);
-    EXPECT_EQ(ColumnOf(list, 1, LVCF_FMT).fmt & LVCFMT_JUSTIFYMASK, LVCFMT_CENTER);
-    EXPECT_FALSE(SetColumn(list, 2, column));
 }
 
 TEST(ListViewColumns, WithNothingSaidHaveNoTextAndSomeWidth)

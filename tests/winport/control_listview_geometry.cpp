@@ -80,6 +80,9 @@ TEST(ListViewGeometry, TheLabelIsInsideTheFirstColumn)
     EXPECT_GE(label.left, row.left);
     EXPECT_GT(label.right, label.left);
     EXPECT_EQ(label.right, 80);
+    list.Send(LVM_SETCOLUMNWIDTH, 0, 0);
+    EXPECT_EQ(list.ItemRect(0, LVIR_LABEL).left, label.left) << "whatever the width";
+    EXPECT_EQ(list.ItemRect(0, LVIR_LABEL).right, 0);
 }
 
 TEST(ListViewGeometry, TheRectangleOfWhatIsNotThereIsRefused)

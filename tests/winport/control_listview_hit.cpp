@@ -56,7 +56,19 @@ TEST(ListViewHit, OnASubItemIsTheRowOnlyIfFullRowsAreSelected)
     list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
     const LVHITTESTINFO hit = list.Hit(point.x, point.y);
     EXPECT_EQ(hit.iItem, 1);
-    EXPECT_NE(hit.flags & LVHT_ONITEM, 0U);
+    EXPECT_EQ(hit.flags, LVHT_ONITEM);
+}
+
+TEST(ListViewHit, OutsideOfTheListIsNoRow)
+{
+    ListViewHost list(LVS_REPORT, 3, 200, 60);
+    list.Fill(20);
+    const POINT point = list.MiddleOf(0);
+    const RECT client = list.Client();
+    EXPECT_EQ(list.Hit(point.x, client.bottom + 5).iItem, -1);
+    EXPECT_EQ(list.Hit(-5, point.y).iItem, -1);
+    EXPECT_EQ(list.Hit(point.x, -5).iItem, -1);
+    EXPECT_EQ(list.SubItemHit(point.x, client.bottom + 5).iItem, -1);
 }
 
 TEST(ListViewHit, TheSubItemHitTellsTheColumnInEitherCase)

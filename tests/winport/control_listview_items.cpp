@@ -259,17 +259,12 @@ TEST(ListViewItems, TheParameterIsTheItemsAndCannotBeSetThroughASubItem)
     item.lParam = 2;
     EXPECT_FALSE(SendItem(list, LVM_SETITEMW, item));
     EXPECT_EQ(list.ParamOf(0), 1);
-}
-
-TEST(ListViewItems, TheImageIndexIsKept)
-{
-    const ListViewHost list;
-    LVITEMW item = ItemOf(LVIF_IMAGE, 0, 0);
-    item.iImage = 3;
-    SendItem(list, LVM_INSERTITEMW, item);
-    item.iImage = 0;
-    EXPECT_TRUE(SendItem(list, LVM_GETITEMW, item));
-    EXPECT_EQ(item.iImage, 3);
+    wchar_t text[] = L"sub";
+    item.mask = LVIF_PARAM | LVIF_TEXT;
+    item.pszText = text;
+    EXPECT_FALSE(SendItem(list, LVM_SETITEMW, item));
+    EXPECT_EQ(list.ParamOf(0), 1);
+    EXPECT_EQ(list.TextOf(0, 1), L"");
 }
 
 TEST(ListViewItems, ANewTextIsToldAsAChange)

@@ -299,6 +299,55 @@ TEST_F(DialogKeys, LettersDoNotReachWhatCannotBeUsed)
     EXPECT_EQ(CommandsOf([&] { m_host.PressWithAlt('N'); }), Commands{"62:0"}) << "no tab stop is needed";
 }
 
+TEST(DialogLetters, OfALabelGoToTheNextControlThatCanBeReached)
+{
+    DialogTemplate description(L"Labels", kCommonDialog, 0, 0, 100, 100);
+    description.Add(0x80, 10, L"First", WS_TABSTOP, 0, 0, 50, 12)
+        .Add(0x82, 20, L"&Disabled", 0, 0, 12, 50, 12)
+        .Add(0x81, 21, L"", WS_TABSTOP | WS_DISABLED, 0, 24, 50, 12)
+        .Add(0x81, 22, L"", WS_TABSTOP, 0, 36, 50, 12)
+        .Add(0x82, 30, L"&Used", 0, 0, 48, 50, 12)
+        .Add(0x82, 31, L"Second line", 0, 0, 60, 50, 12)
+        .Add(0x81, 32, L"", WS_TABSTOP, 0, 72, 50, 12)
+        .Add(0x82, 40, L"&No stop", 0, 0, 48, 50, 12)
+        .Add(0x81, 41, L"", 0, 0, 60, 50, 12)
+        .Add(0x81, 42, L"", WS_TABSTOP, 0, 72, 50, 12);
+    DialogHost host(description);
+    host.Show();
+    host.SetFocusTo(10);
+    host.PressWithAlt('D');
+    EXPECT_EQ(host.Focus(), 22);
+    host.PressWithAlt('U');
+    EXPECT_EQ(host.Focus(), 32);
+    host.PressWithAlt('N');
+    EXPECT_EQ(host.Focus(), 42);
+}
+
+TEST(DialogBoxes, KeepEnterAndEscapeWhileTheyAreOpen)
+{
+    for (const DWORD kind : {CBS_DROPDOWNLIST, CBS_DROPDOWN})
+    {
+        DialogTemplate description(L"Boxes", kCommonDialog, 0, 0, 100, 100);
+        description.Add(0x85, 10, L"", kind | WS_TABSTOP, 0, 0, 50, 60)
+            .Add(0x80, IDOK, L"OK", BS_DEFPUSHBUTTON | WS_TABSTOP, 0, 20, 50, 12)
+            .Add(0x80, IDCANCEL, L"Cancel", WS_TABSTOP, 0, 40, 50, 12);
+        DialogHost host(description);
+        host.Show();
+        host.SetFocusTo(10);
+        for (const int key : {VK_RETURN, VK_ESCAPE})
+        {
+            SendMessageW(host.Item(10), CB_SHOWDROPDOWN, TRUE, 0);
+            host.Commands();
+            host.Press(key);
+            EXPECT_FALSE(SendMessageW(host.Item(10), CB_GETDROPPEDSTATE, 0, 0)) << key;
+            for (const std::string& command : host.Commands())
+                EXPECT_EQ(command.rfind("10:", 0), 0u) << command << " by " << key;
+            host.Press(key);
+            EXPECT_EQ(host.Commands(), Commands{key == VK_RETURN ? "1:0" : "2:0"});
+        }
+    }
+}
+
 TEST_F(DialogKeys, TheDefaultLookFollowsTheFocusAmongPushButtons)
 {
     EXPECT_EQ(Defaults(), Ids{IDOK});

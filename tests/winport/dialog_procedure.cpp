@@ -90,6 +90,15 @@ TEST_F(DialogProcedure, TurnsTheCloseBoxIntoCancelWithoutTheButton)
     EXPECT_EQ(m_host.Commands(), Commands{"2:0"});
 }
 
+TEST_F(DialogProcedure, TurnsTheCloseBoxIntoCancelWhereTheButtonIsDisabled)
+{
+    EnableWindow(m_host.Item(IDCANCEL), FALSE);
+    m_host.Commands();
+    Send(WM_CLOSE);
+    m_host.Pump();
+    EXPECT_EQ(m_host.Commands(), Commands{"2:0"});
+}
+
 TEST_F(DialogProcedure, LeavesWhatIsHandledAlone)
 {
     m_handler = [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR
@@ -117,11 +126,16 @@ TEST_F(DialogProcedure, AnswersWithWhatTheHandlerLeft)
 
 TEST_F(DialogProcedure, AnswersHandledMessagesWithZeroIfNothingWasLeft)
 {
-    m_handler = [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR
+    m_handler = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR
     {
+        if (message == WM_NOTIFY)
+            SetWindowLongPtrW(dialog, DWLP_MSGRESULT, 5);
         return message == WM_APP ? 77 : 0;
     };
     EXPECT_EQ(Send(WM_APP), 0);
+    NMHDR header{};
+    Send(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&header));
+    EXPECT_EQ(Send(WM_APP), 0) << "what an earlier message left does not count";
 }
 
 TEST_F(DialogProcedure, AnswersSomeMessagesDirectly)
@@ -213,6 +227,25 @@ TEST_F(DialogProcedure, StaysDestroyed)
     SendMessageW(dialog, WM_APP, 0, 0);
     EXPECT_FALSE(IsWindow(dialog));
     EXPECT_EQ(m_host.Window(), nullptr);
+}
+
+TEST_F(DialogProcedure, DoesNothingMoreWithAMessageThatDestroyedTheDialog)
+{
+    for (const UINT ending : {WM_ACTIVATE, WM_SETFOCUS, WM_GETFONT, DM_GETDEFID})
+    {
+        bool open = false;
+        DialogHost host(DialogTemplate(L"Short", kCommonDialog, 0, 0, 50, 50),
+                        [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR
+                        {
+                            if (open && message == ending)
+                                DestroyWindow(dialog);
+                            return message == WM_INITDIALOG;
+                        });
+        open = true;
+        const HWND dialog = host.Window();
+        SendMessageW(dialog, ending, ending == WM_ACTIVATE ? WA_ACTIVE : 0, 0);
+        EXPECT_FALSE(IsWindow(dialog)) << ending;
+    }
 }
 
 TEST_F(DialogProcedure, IsCalledUntilTheVeryEnd)

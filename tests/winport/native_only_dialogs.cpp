@@ -41,6 +41,8 @@ protected:
 TEST_F(NativeDialogs, EndTheRunAtButtonsAndStaticsOfAnotherKind)
 {
     EXPECT_DEATH(Make(WC_BUTTONW, kOwnerDrawn), "no style 0xb .*\n.*Button");
+    EXPECT_DEATH(Make(WC_BUTTONW, BS_RADIOBUTTON), "no style 0x4 .*\n.*Button");
+    EXPECT_DEATH(Make(WC_BUTTONW, BS_NOTIFY), "no style 0x4000 .*\n.*Button");
     EXPECT_DEATH(Make(WC_STATICW, kEtched), "no style 0x10 .*\n.*Static");
 }
 
@@ -75,5 +77,19 @@ TEST_F(NativeDialogs, HaveUnitsOfSixByThirteenPixels)
     GetClientRect(dialog, &client);
     EXPECT_EQ(client.right, 546);
     EXPECT_EQ(client.bottom, 382);
+    DestroyWindow(dialog);
+}
+
+TEST_F(NativeDialogs, TakeNoLetterOfALabelThatShowsItsAmpersands)
+{
+    DialogTemplate plain(L"", kStyle, 0, 0, 50, 50);
+    plain.Add(0x80, 10, L"First", WS_TABSTOP, 0, 0, 20, 10)
+        .Add(0x82, 20, L"&Plain", SS_NOPREFIX, 0, 10, 20, 10)
+        .Add(0x81, 30, L"", WS_TABSTOP, 0, 20, 20, 10);
+    const HWND dialog = Open(plain);
+    ShowWindow(dialog, SW_SHOW);
+    MSG key{GetDlgItem(dialog, 10), WM_SYSCHAR, 'p', 0, 0, {}};
+    IsDialogMessageW(dialog, &key);
+    EXPECT_EQ(GetFocus(), GetDlgItem(dialog, 10));
     DestroyWindow(dialog);
 }

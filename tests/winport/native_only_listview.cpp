@@ -14,6 +14,9 @@ constexpr UINT kChecked = 0x2000;
 constexpr UINT kBelow = 0x200;
 constexpr int kIcon = 1;
 constexpr int kImageFormat = 0x800;
+constexpr UINT kColumnImage = 0x10;
+constexpr UINT kHeadingOrder = 0x80;
+constexpr int kDrawnByOwner = 0x8000;
 
 void AskRect(const ListViewHost& list, int part)
 {
@@ -27,6 +30,21 @@ void InsertPart(const ListViewHost& list, UINT mask, UINT state = 0)
     item.mask = mask;
     item.state = item.stateMask = state;
     list.Send(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void SetHeading(const ListViewHost& list, UINT mask, int format = 0)
+{
+    HDITEMW item{};
+    item.mask = mask;
+    item.fmt = format;
+    SendMessageW(list.Header(), HDM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void AskColumn(const ListViewHost& list, UINT mask)
+{
+    LVCOLUMNW column{};
+    column.mask = mask;
+    list.Send(LVM_GETCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
 }
 } // namespace
 
@@ -69,11 +87,12 @@ TEST(NativeOnly_ListView, RectanglesThatAreNotThereEndTheRun)
                  "winport has no places in list view mode 0x0");
 }
 
-TEST(NativeOnly_ListView, ColumnsThatFitThemselvesEndTheRun)
+TEST(NativeOnly_ListView, ColumnsThatFitThemselvesOrHaveMoreEndTheRun)
 {
     EXPECT_DEATH(ListViewHost().Send(LVM_SETCOLUMNWIDTH, 0, -1), "winport has no column width");
     EXPECT_DEATH(ListViewHost().InsertColumn(0, L"", 0, kImageFormat),
                  "winport has no format of a list view column 0x800");
+    EXPECT_DEATH(AskColumn(ListViewHost(), kColumnImage), "winport has no part of a list view column 0x10");
 }
 
 TEST(NativeOnly_ListView, TypingEndsTheRun)
@@ -85,4 +104,11 @@ TEST(NativeOnly_Header, AMessageThatIsNotThereEndsTheRun)
 {
     EXPECT_DEATH(SendMessageW(ListViewHost().Header(), kHitTestHeader, 0, 0),
                  "winport has no message 0x1206 for this window:\nSysHeader32");
+}
+
+TEST(NativeOnly_Header, PartsOfAHeadingThatAreNotThereEndTheRun)
+{
+    EXPECT_DEATH(SetHeading(ListViewHost(), kHeadingOrder), "winport has no part of a heading 0x80");
+    EXPECT_DEATH(SetHeading(ListViewHost(), HDI_FORMAT, kDrawnByOwner),
+                 "winport has no format of a heading 0x8000");
 }

@@ -71,6 +71,25 @@ TEST_F(NativeWindows, EndTheRunAtWhatIsNotThere)
     EXPECT_DEATH(ShowWindow(window, kMinimized), "no way to show 0x2");
     const INITCOMMONCONTROLSEX classes{sizeof(classes), 0x4};
     EXPECT_DEATH(InitCommonControlsEx(&classes), "no group of control classes 0x4");
+    constexpr UINT kRootOwner = 3;
+    EXPECT_DEATH(GetAncestor(window, kRootOwner), "no GetAncestor relation 0x3");
+    EXPECT_DEATH(SetWindowLongPtrW(window, GWLP_HWNDPARENT, 0), "no change of the parent");
+    EXPECT_DEATH(EnumThreadWindows(1, nullptr, 0), "no windows of another thread 0x1");
+}
+
+TEST_F(NativeWindows, EndTheRunAtAClassThatOnlyWindowsHas)
+{
+    for (const wchar_t* name : {L"listbox", L"SysTreeView32", L"msctls_progress32", L"RichEdit20W"})
+        EXPECT_DEATH(Make(name, WS_POPUP), "no window class") << name;
+    EXPECT_DEATH(Make(L"SysTreeView32", WS_POPUP), "no window class SysTreeView32. ");
+    EXPECT_EQ(Make(L"Sister", WS_POPUP), nullptr) << "nobody has that one";
+}
+
+TEST_F(NativeWindows, EndTheRunAtExtraValuesBesideTheirPlaces)
+{
+    const HWND dialog = Make(L"#32770", WS_POPUP);
+    EXPECT_DEATH(GetWindowLongPtrW(dialog, 4), "no extra bytes at 0x4");
+    DestroyWindow(dialog);
 }
 
 TEST_F(NativeWindows, EndTheRunAtAMessageToAnotherThread)
@@ -81,6 +100,16 @@ TEST_F(NativeWindows, EndTheRunAtAMessageToAnotherThread)
         std::thread([this] { SendMessageW(window, WM_APP, 0, 0); }).join();
     };
     EXPECT_DEATH(send(), "no message to another thread");
+    const auto focus = [this]
+    {
+        std::thread([this] { SetFocus(window); }).join();
+    };
+    EXPECT_DEATH(focus(), "no focus of a window of another thread");
+    const auto end = [this]
+    {
+        std::thread([this] { DestroyWindow(window); }).join();
+    };
+    EXPECT_DEATH(end(), "no end of a window of another thread");
 }
 
 TEST_F(NativeWindows, EndTheRunWhenNobodyCouldEverWakeIt)

@@ -254,25 +254,6 @@ TEST_F(WindowFocus, ComesWithShowingUnlessTheCallSaysNo)
     EXPECT_EQ(trace.Standing(), "active b, focus b");
 }
 
-TEST_F(WindowFocus, KnowsTheLastActivePopup)
-{
-    const HWND owner = trace.Make(L"a", kTop);
-    EXPECT_EQ(GetLastActivePopup(owner), owner);
-    const HWND owned = trace.Make(L"o", kTop, owner);
-    EXPECT_EQ(GetLastActivePopup(owner), owned);
-    const HWND deeper = trace.Make(L"oo", kTop, owned);
-    EXPECT_EQ(GetLastActivePopup(owner), deeper);
-    EXPECT_EQ(GetLastActivePopup(owned), deeper);
-    trace.Make(L"b", kTop);
-    EXPECT_EQ(GetLastActivePopup(owner), deeper);
-    DestroyWindow(deeper);
-    EXPECT_EQ(GetLastActivePopup(owned), owned);
-    const HWND child = trace.Make(L"c", kChild, owner);
-    EXPECT_EQ(GetLastActivePopup(child), child);
-    SetActiveWindow(owner);
-    EXPECT_EQ(GetLastActivePopup(owner), owner);
-}
-
 TEST_F(WindowFocus, MayEndTheWindowThatLosesIt)
 {
     const HWND first = trace.Make(L"a", kTop);
@@ -298,4 +279,85 @@ TEST_F(WindowFocus, MayEndTheWindowThatLosesIt)
     SetActiveWindow(first);
     EXPECT_FALSE(IsWindow(other));
     EXPECT_EQ(trace.NameOf(GetActiveWindow()), "a");
+}
+
+TEST_F(WindowFocus, MayBePutElsewhereByTheWindowThatLosesIt)
+{
+    const HWND window = trace.Make(L"a", kTop);
+    const HWND first = trace.Make(L"c", kChild, window);
+    const HWND second = trace.Make(L"d", kChild, window);
+    const HWND third = trace.Make(L"e", kChild, window);
+    SetFocus(first);
+    trace.Take();
+    trace.onMessage = [&](HWND told, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
+    {
+        if (told == first && message == WM_KILLFOCUS)
+            SetFocus(third);
+        return std::nullopt;
+    };
+    SetFocus(second);
+    EXPECT_EQ(trace.Take(), (Lines{"c WM_KILLFOCUS d", "d WM_KILLFOCUS e", "e WM_SETFOCUS d"}));
+    EXPECT_EQ(trace.Standing(), "active a, focus e");
+}
+
+TEST_F(WindowFocus, GoesNowhereIfTheWindowEndsWhenItIsActivated)
+{
+    trace.Make(L"n", kTop);
+    const HWND first = trace.Make(L"a", kTop);
+    const HWND child = trace.Make(L"c", kChild, first);
+    trace.Make(L"b", kTop);
+    trace.onMessage = [&](HWND told, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT>
+    {
+        if (told == first && message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE)
+            DestroyWindow(child);
+        return std::nullopt;
+    };
+    EXPECT_EQ(SetFocus(child), nullptr);
+    EXPECT_FALSE(IsWindow(child));
+    EXPECT_EQ(trace.Standing(), "active a, focus a");
+}
+
+TEST_F(WindowFocus, ActivationMayBeTurnedAroundByTheWindowThatGetsIt)
+{
+    const HWND third = trace.Make(L"c", kTop);
+    const HWND first = trace.Make(L"a", kTop);
+    const HWND second = trace.Make(L"b", kTop);
+    SetActiveWindow(first);
+    trace.Take();
+    trace.onMessage = [&](HWND told, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT>
+    {
+        if (told == second && message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE)
+        {
+            SetActiveWindow(third);
+            return 0;
+        }
+        return std::nullopt;
+    };
+    SetActiveWindow(second);
+    EXPECT_EQ(trace.Standing(), "active c, focus c");
+    EXPECT_EQ(trace.Take(),
+              (Lines{"a WM_NCACTIVATE 0", "a WM_ACTIVATE 0 b", "b WM_NCACTIVATE 1", "b WM_ACTIVATE 1 a",
+                     "b WM_NCACTIVATE 0", "b WM_ACTIVATE 0 c", "c WM_NCACTIVATE 1", "c WM_ACTIVATE 1 b",
+                     "a WM_KILLFOCUS c", "c WM_SETFOCUS a"}));
+}
+
+TEST_F(WindowFocus, ActivationGoesOnWhateverTheWindowThatLosesItDoes)
+{
+    const HWND third = trace.Make(L"c", kTop);
+    const HWND second = trace.Make(L"b", kTop);
+    const HWND first = trace.Make(L"a", kTop);
+    trace.Take();
+    trace.onMessage = [&](HWND told, UINT message, WPARAM wParam, LPARAM other) -> std::optional<LRESULT>
+    {
+        if (told == first && message == WM_ACTIVATE && LOWORD(wParam) == WA_INACTIVE &&
+            reinterpret_cast<HWND>(other) == second)
+            SetActiveWindow(third);
+        return std::nullopt;
+    };
+    SetActiveWindow(second);
+    EXPECT_EQ(trace.Standing(), "active b, focus b");
+    EXPECT_EQ(trace.Take(),
+              (Lines{"a WM_NCACTIVATE 0", "a WM_ACTIVATE 0 b", "a WM_NCACTIVATE 0", "a WM_ACTIVATE 0 c",
+                     "c WM_NCACTIVATE 1", "c WM_ACTIVATE 1 a", "a WM_KILLFOCUS c", "c WM_SETFOCUS a",
+                     "b WM_NCACTIVATE 1", "b WM_ACTIVATE 1 c", "c WM_KILLFOCUS b", "b WM_SETFOCUS c"}));
 }

@@ -235,6 +235,44 @@ TEST(WindowLife, MayLoseAChildWhileItEnds)
                                    "c WM_NCDESTROY", "a WM_NCDESTROY"}));
 }
 
+TEST(WindowLife, MayBeEndedByItsParentThatHearsOfItsEnd)
+{
+    WindowTrace trace;
+    const HWND window = trace.Make(L"a", WS_POPUP);
+    const HWND child = trace.Make(L"c", WS_CHILD | WS_VISIBLE, window);
+    bool told = false;
+    trace.onMessage = [&](HWND target, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT>
+    {
+        if (target == window && message == WM_PARENTNOTIFY && LOWORD(wParam) == WM_DESTROY && !told)
+        {
+            told = true;
+            DestroyWindow(child);
+        }
+        return std::nullopt;
+    };
+    trace.only = {WM_DESTROY, WM_NCDESTROY};
+    DestroyWindow(child);
+    EXPECT_TRUE(told);
+    EXPECT_FALSE(IsWindow(child));
+    EXPECT_EQ(trace.Take(), (Lines{"c WM_DESTROY", "c WM_NCDESTROY"}));
+}
+
+TEST(WindowLife, MayEndWhenItIsAskedAboutItsPlace)
+{
+    WindowTrace trace;
+    const HWND window = trace.Make(L"a", WS_POPUP);
+    trace.onMessage = [&](HWND target, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
+    {
+        if (message == WM_WINDOWPOSCHANGING)
+            DestroyWindow(target);
+        return std::nullopt;
+    };
+    trace.only = {WM_WINDOWPOSCHANGED, WM_NCDESTROY};
+    EXPECT_FALSE(MoveWindow(window, 1, 2, 3, 4, TRUE));
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(trace.Take(), Lines{"a WM_NCDESTROY"});
+}
+
 TEST(WindowLife, IsNotUsedTwiceAsAHandle)
 {
     WindowTrace trace;

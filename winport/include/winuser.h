@@ -111,7 +111,6 @@ using LPCDLGTEMPLATEW = const DLGTEMPLATE*;
 
 // Classes and windows.
 WINUSERAPI ATOM RegisterClassW(const WNDCLASSW* description);
-WINUSERAPI BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance);
 WINUSERAPI HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style, int x, int y,
                                 int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
                                 LPVOID parameter);
@@ -122,9 +121,7 @@ WINUSERAPI BOOL IsWindowEnabled(HWND window);
 WINUSERAPI BOOL IsChild(HWND parent, HWND window);
 WINUSERAPI BOOL EnableWindow(HWND window, BOOL enable);
 WINUSERAPI BOOL ShowWindow(HWND window, int how);
-WINUSERAPI BOOL UpdateWindow(HWND window);
 WINUSERAPI BOOL InvalidateRect(HWND window, const RECT* part, BOOL erase);
-WINUSERAPI BOOL RedrawWindow(HWND window, const RECT* part, HANDLE region, UINT flags);
 WINUSERAPI BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 WINUSERAPI BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags);
 WINUSERAPI BOOL GetWindowRect(HWND window, LPRECT rect);
@@ -143,10 +140,7 @@ WINUSERAPI int GetWindowTextLengthW(HWND window);
 WINUSERAPI HWND GetParent(HWND window);
 WINUSERAPI HWND GetAncestor(HWND window, UINT which);
 WINUSERAPI HWND GetWindow(HWND window, UINT which);
-WINUSERAPI HWND GetLastActivePopup(HWND window);
-WINUSERAPI BOOL EnumChildWindows(HWND parent, WNDENUMPROC each, LPARAM parameter);
 WINUSERAPI BOOL EnumThreadWindows(DWORD thread, WNDENUMPROC each, LPARAM parameter);
-WINUSERAPI DWORD GetWindowThreadProcessId(HWND window, LPDWORD process);
 WINUSERAPI HWND GetActiveWindow();
 WINUSERAPI HWND SetActiveWindow(HWND window);
 WINUSERAPI HWND GetFocus();

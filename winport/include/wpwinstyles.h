@@ -101,11 +101,6 @@ using HGDIOBJ = void*;
 #define SWP_NOOWNERZORDER 0x0200u
 #define SWP_NOSENDCHANGING 0x0400u
 
-#define RDW_INVALIDATE 0x0001u
-#define RDW_ERASE 0x0004u
-#define RDW_ALLCHILDREN 0x0080u
-#define RDW_UPDATENOW 0x0100u
-
 #define GWL_STYLE (-16)
 #define GWL_EXSTYLE (-20)
 #define GWL_ID (-12)
@@ -126,7 +121,6 @@ using HGDIOBJ = void*;
 #define GW_CHILD 5
 #define GA_PARENT 1
 #define GA_ROOT 2
-#define GA_ROOTOWNER 3
 
 #define SM_CXSCREEN 0
 #define SM_CYSCREEN 1

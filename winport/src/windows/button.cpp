@@ -5,8 +5,6 @@ namespace winport
 {
 namespace
 {
-constexpr UINT kLastMessage = 0x00F8; // of those that Windows has for buttons
-
 class Button final : public Control
 {
 public:
@@ -16,18 +14,16 @@ public:
 private:
     using Control::Handle;
 
-    LRESULT HandleOwn(UINT message, WPARAM wParam);
+    LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT HandleFocus(bool has);
     LRESULT HandleMouse(UINT message, LPARAM at);
     LRESULT HandleKey(UINT message, WPARAM key);
     DWORD Kind() const { return Style() & BS_TYPEMASK; }
-    bool IsRadio() const { return Kind() == BS_RADIOBUTTON || Kind() == BS_AUTORADIOBUTTON; }
-    bool Checks() const;
+    bool IsRadio() const { return Kind() == BS_AUTORADIOBUTTON; }
     LRESULT DialogCode() const;
     void SetCheck(WPARAM check);
     void UncheckOthers() const;
     bool IsInside(LPARAM at) const;
-    void OnDoubleClick();
     void Press(bool byMouse);
     void ComeUp();
     void Release(bool click);
@@ -38,11 +34,6 @@ private:
     bool m_focus = false;
     bool m_pressing = false; ///< the mouse or the space key went down here
 };
-
-bool Button::Checks() const
-{
-    return Kind() == BS_CHECKBOX || Kind() == BS_AUTOCHECKBOX || IsRadio();
-}
 
 LRESULT Button::DialogCode() const
 {
@@ -64,18 +55,13 @@ LRESULT Button::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     switch (message)
     {
     case WM_NCCREATE:
-        if (Kind() != BS_GROUPBOX && Kind() != BS_AUTORADIOBUTTON && Kind() > BS_RADIOBUTTON)
+        if (Kind() > BS_DEFPUSHBUTTON && Kind() != BS_AUTOCHECKBOX && !IsRadio() && Kind() != BS_GROUPBOX)
             Missing(&m_window, "style", Kind());
         return Default(message, wParam, lParam);
     case WM_GETDLGCODE:
         return DialogCode();
     case WM_NCHITTEST:
         return Kind() == BS_GROUPBOX ? HTTRANSPARENT : Default(message, wParam, lParam);
-    case WM_SETFONT:
-        m_window.font = reinterpret_cast<HFONT>(wParam);
-        return 0;
-    case WM_GETFONT:
-        return reinterpret_cast<LRESULT>(m_window.font);
     case WM_SETFOCUS:
     case WM_KILLFOCUS:
         return HandleFocus(message == WM_SETFOCUS);
@@ -89,13 +75,11 @@ LRESULT Button::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_CAPTURECHANGED:
         return HandleMouse(message, lParam);
     default:
-        if (message >= WM_USER || (message >= BM_GETCHECK && message <= kLastMessage))
-            return HandleOwn(message, wParam);
-        return Default(message, wParam, lParam);
+        return HandleOwn(message, wParam, lParam);
     }
 }
 
-LRESULT Button::HandleOwn(UINT message, WPARAM wParam)
+LRESULT Button::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message)
     {
@@ -118,7 +102,7 @@ LRESULT Button::HandleOwn(UINT message, WPARAM wParam)
             SendMessageW(Handle(), WM_LBUTTONUP, 0, 0);
         return 0;
     default:
-        Unsupported(message);
+        return Default(message, wParam, lParam);
     }
 }
 
@@ -127,8 +111,6 @@ LRESULT Button::HandleFocus(bool has)
     m_focus = has;
     if (!has)
         ComeUp();
-    if (Style() & BS_NOTIFY)
-        NotifyCommand(has ? BN_SETFOCUS : BN_KILLFOCUS);
     return 0;
 }
 
@@ -143,10 +125,8 @@ LRESULT Button::HandleKey(UINT message, WPARAM key)
 
 LRESULT Button::HandleMouse(UINT message, LPARAM at)
 {
-    if (message == WM_LBUTTONDOWN)
+    if (message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK)
         Press(true);
-    else if (message == WM_LBUTTONDBLCLK)
-        OnDoubleClick();
     else if (message == WM_LBUTTONUP)
         Release(m_pushed && IsInside(at));
     else if (message == WM_MOUSEMOVE && m_pressing)
@@ -156,31 +136,19 @@ LRESULT Button::HandleMouse(UINT message, LPARAM at)
     return 0;
 }
 
-void Button::OnDoubleClick()
-{
-    if ((Style() & BS_NOTIFY) || Kind() == BS_RADIOBUTTON)
-        NotifyCommand(BN_DOUBLECLICKED);
-    else
-        Press(true);
-}
-
 bool Button::IsInside(LPARAM at) const
 {
-    const POINT point{static_cast<SHORT>(LOWORD(at)), static_cast<SHORT>(HIWORD(at))};
     const RECT client = ClientSize();
-    return PtInRect(&client, point);
+    return PtInRect(&client, PointOf(at));
 }
 
 void Button::Press(bool byMouse)
 {
-    const HWND self = Handle();
     if (byMouse)
     {
-        SetCapture(self);
-        SetFocus(self);
+        SetCapture(Handle());
+        SetFocus(Handle());
     }
-    if (!Alive(self))
-        return;
     m_pressing = true;
     m_pushed = true;
 }
@@ -210,19 +178,19 @@ void Button::CheckByClick()
 {
     if (Kind() == BS_AUTOCHECKBOX)
         SetCheck(m_check == BST_CHECKED ? BST_UNCHECKED : BST_CHECKED);
-    else if (Kind() == BS_AUTORADIOBUTTON)
+    else if (IsRadio())
         SetCheck(BST_CHECKED);
 }
 
 // The Tab key reaches a group of radio buttons at the one that is marked.
 void Button::SetCheck(WPARAM check)
 {
-    if (!Checks())
+    if (Kind() != BS_AUTOCHECKBOX && !IsRadio())
         return;
     m_check = check == BST_UNCHECKED ? BST_UNCHECKED : BST_CHECKED;
     if (IsRadio())
         m_window.style = m_check ? Style() | WS_TABSTOP : Style() & ~WS_TABSTOP;
-    if (Kind() == BS_AUTORADIOBUTTON && m_check)
+    if (IsRadio() && m_check)
         UncheckOthers();
 }
 

@@ -7,8 +7,6 @@ namespace winport
 {
 namespace
 {
-constexpr UINT kFirstOwn = 0x0140;
-constexpr UINT kLastOwn = 0x016F;
 constexpr int kFrame = 3;
 constexpr int kClosedHeight = kCharacterHeight + 8;
 constexpr int kFieldId = 1001;
@@ -32,13 +30,6 @@ CComboBox::CComboBox(Window& window) : Control(window)
         Missing(&window, "style", kind);
 }
 
-// False if the box is gone.
-bool CComboBox::Tell(WORD code)
-{
-    NotifyCommand(code);
-    return Alive(Handle());
-}
-
 LRESULT CComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message)
@@ -57,10 +48,8 @@ LRESULT CComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_GETTEXTLENGTH:
         return HandleText(message, wParam, lParam);
     case WM_SETFONT:
-        m_window.font = reinterpret_cast<HFONT>(wParam);
-        return ToField(message, wParam, lParam);
-    case WM_GETFONT:
-        return reinterpret_cast<LRESULT>(m_window.font);
+        ToField(message, wParam, lParam);
+        return Default(message, wParam, lParam);
     case WM_ENABLE:
         if (m_field)
             EnableWindow(m_field, wParam != 0);
@@ -88,8 +77,7 @@ LRESULT CComboBox::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         OnClick(static_cast<short>(LOWORD(lParam)));
         return 0;
     default:
-        return message >= kFirstOwn && message <= kLastOwn ? HandleOwn(message, wParam, lParam)
-                                                           : Default(message, wParam, lParam);
+        return HandleOwn(message, wParam, lParam);
     }
 }
 
@@ -128,12 +116,8 @@ LRESULT CComboBox::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam)
     case CB_GETITEMDATA:
     case CB_SETITEMDATA:
         return HandleItem(message, wParam, lParam);
-    case CB_GETEDITSEL:
-    case CB_SETEDITSEL:
-    case CB_LIMITTEXT:
-        return HandleField(message, wParam, lParam);
     default:
-        Unsupported(message);
+        return Default(message, wParam, lParam);
     }
 }
 
@@ -155,18 +139,6 @@ LRESULT CComboBox::HandleItem(UINT message, WPARAM index, LPARAM lParam)
     default:
         return static_cast<LRESULT>(item.text.size());
     }
-}
-
-LRESULT CComboBox::HandleField(UINT message, WPARAM wParam, LPARAM lParam)
-{
-    if (!m_field)
-        return message == CB_LIMITTEXT ? TRUE : CB_ERR;
-    if (message == CB_GETEDITSEL)
-        return ToField(EM_GETSEL, wParam, lParam);
-    if (message == CB_LIMITTEXT)
-        return ToField(EM_SETLIMITTEXT, wParam, 0);
-    const auto first = static_cast<short>(LOWORD(lParam));
-    return ToField(EM_SETSEL, static_cast<WPARAM>(first), static_cast<short>(HIWORD(lParam)));
 }
 
 LRESULT CComboBox::HandleText(UINT message, WPARAM wParam, LPARAM lParam)

@@ -25,11 +25,9 @@ private:
     int Count() const { return static_cast<int>(m_items.size()); }
     bool Has(WPARAM index) const { return index < m_items.size(); }
     Item& At(WPARAM index) { return m_items[index]; }
-    bool Tell(WORD code);
 
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT HandleItem(UINT message, WPARAM index, LPARAM lParam);
-    LRESULT HandleField(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT HandleFocus(UINT message);
     LRESULT HandleText(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT ToField(UINT message, WPARAM wParam, LPARAM lParam) const;

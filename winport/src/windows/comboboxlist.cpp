@@ -1,6 +1,11 @@
 // The combo box: its items, its list, its keys.
 #include "combobox.h"
 
+#include "automation/wpnames.h"
+#include "base/wptext.h"
+
+#include <winnls.h>
+
 #include <algorithm>
 
 namespace winport
@@ -11,7 +16,7 @@ LRESULT CComboBox::Add(const wchar_t* text)
         return Insert(-1, text);
     const auto place = std::lower_bound(m_items.begin(), m_items.end(), std::wstring(text),
                                         [](const Item& item, const std::wstring& added)
-                                        { return CompareShownTexts(item.text, added) < 0; });
+                                        { return CompareNames(item.text, added, NORM_IGNORECASE) < 0; });
     return Insert(static_cast<int>(place - m_items.begin()), text);
 }
 
@@ -53,7 +58,7 @@ LRESULT CComboBox::Reset()
 // Behind the item `after` and round to it again; whatever is no item's index is before the first.
 int CComboBox::Find(int after, const wchar_t* text, bool whole) const
 {
-    const std::wstring wanted = text;
+    const std::wstring_view wanted = text;
     const int count = Count();
     if (wanted.empty())
         return CB_ERR;
@@ -62,8 +67,8 @@ int CComboBox::Find(int after, const wchar_t* text, bool whole) const
     for (int step = 1; step <= count; ++step)
     {
         const int index = (after + step) % count;
-        const std::wstring& candidate = m_items[static_cast<std::size_t>(index)].text;
-        if ((!whole || candidate.size() == wanted.size()) && BeginsWith(candidate, wanted))
+        const std::wstring_view candidate = m_items[static_cast<std::size_t>(index)].text;
+        if (CompareNoCase(whole ? candidate : candidate.substr(0, wanted.size()), wanted) == 0)
             return index;
     }
     return CB_ERR;
@@ -104,7 +109,7 @@ std::wstring CComboBox::TextOfField() const
 // Who fills the list when it hears that it opens has filled it before the text of the field is looked up.
 void CComboBox::Open()
 {
-    if (m_open || !Tell(CBN_DROPDOWN) || m_open)
+    if (m_open || !NotifyCommand(CBN_DROPDOWN) || m_open)
         return;
     m_open = true;
     if (!m_field)
@@ -116,10 +121,10 @@ void CComboBox::Open()
 
 void CComboBox::Close(bool accepted)
 {
-    if (!m_open || !Tell(accepted ? CBN_SELENDOK : CBN_SELENDCANCEL))
+    if (!m_open || !NotifyCommand(accepted ? CBN_SELENDOK : CBN_SELENDCANCEL))
         return;
     m_open = false;
-    Tell(CBN_CLOSEUP);
+    NotifyCommand(CBN_CLOSEUP);
 }
 
 // False if the key is none of the list's. Where there is a field the keys of a line are the field's.
@@ -173,9 +178,9 @@ void CComboBox::Pick(int index)
     m_selected = index;
     if (!m_field)
         ShowSelected();
-    if (!m_open && !Tell(CBN_SELENDOK))
+    if (!m_open && !NotifyCommand(CBN_SELENDOK))
         return;
-    if (Tell(CBN_SELCHANGE) && m_field)
+    if (NotifyCommand(CBN_SELCHANGE) && m_field)
         ShowSelected();
 }
 
@@ -227,7 +232,7 @@ void CComboBox::LoseFocus()
     if (m_open)
         Close(false);
     else
-        Tell(CBN_SELENDCANCEL);
+        NotifyCommand(CBN_SELENDCANCEL);
     if (Alive(box))
         NotifyCommand(CBN_KILLFOCUS);
 }

@@ -10,7 +10,6 @@ namespace winport
 {
 namespace
 {
-constexpr UINT kLastOwn = DTM_FIRST + 0xFF;
 constexpr int kFields = 3;
 constexpr int kMonth = 0;
 constexpr int kDay = 1;
@@ -68,18 +67,13 @@ LRESULT CDatePicker::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case WM_SETTEXT:
         return FALSE;
-    case WM_SETFONT:
-        m_window.font = reinterpret_cast<HFONT>(wParam);
-        return 0;
-    case WM_GETFONT:
-        return reinterpret_cast<LRESULT>(m_window.font);
     case WM_GETDLGCODE:
         return DLGC_WANTCHARS | DLGC_WANTARROWS;
     case WM_SETFOCUS:
-        Tell(NM_SETFOCUS);
+        Notify(NM_SETFOCUS);
         return 0;
     case WM_KILLFOCUS:
-        Tell(NM_KILLFOCUS);
+        Notify(NM_KILLFOCUS);
         return 0;
     case WM_LBUTTONDOWN:
         SetFocus(m_window.handle);
@@ -100,16 +94,8 @@ LRESULT CDatePicker::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case DTM_SETSYSTEMTIME:
         return Set(static_cast<DWORD>(wParam), reinterpret_cast<const SYSTEMTIME*>(lParam));
     default:
-        if (message >= DTM_FIRST && message <= kLastOwn)
-            Unsupported(message);
         return Default(message, wParam, lParam);
     }
-}
-
-void CDatePicker::Tell(UINT code)
-{
-    NMHDR header{};
-    Notify(header, code);
 }
 
 bool CDatePicker::Set(DWORD kind, const SYSTEMTIME* value)

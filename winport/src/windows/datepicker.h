@@ -19,7 +19,6 @@ private:
     void OnKey(WPARAM key);
     void RefuseCalendar(bool asked, WPARAM key) const;
     void Turn(int by);
-    void Tell(UINT code);
 
     SYSTEMTIME m_value{};
     int m_field = -1; ///< month, day, year; -1 before the first was entered

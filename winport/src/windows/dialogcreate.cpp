@@ -141,7 +141,7 @@ bool MakeControls(const Template& read, HWND dialog, HINSTANCE module)
         if (hasDefault || !(DialogCode(control) & DLGC_DEFPUSHBUTTON))
             continue;
         hasDefault = true;
-        StateOf(*FindWindowOf(dialog)).defaultId = GetDlgCtrlID(control);
+        StateOf(dialog).defaultId = GetDlgCtrlID(control);
     }
     return true;
 }
@@ -166,16 +166,12 @@ void Initialize(HWND dialog, LPARAM parameter)
 }
 } // namespace
 
-LRESULT DialogState::Handle(UINT message, WPARAM wParam, LPARAM lParam)
+DialogState& StateOf(HWND dialog)
 {
-    return Default(message, wParam, lParam);
-}
-
-DialogState& StateOf(Window& dialog)
-{
-    if (!dialog.control)
-        dialog.control = std::make_unique<DialogState>(dialog);
-    return static_cast<DialogState&>(*dialog.control);
+    Window& window = *FindWindowOf(dialog);
+    if (!window.control)
+        window.control = std::make_unique<DialogState>(window);
+    return static_cast<DialogState&>(*window.control);
 }
 } // namespace winport
 

@@ -29,15 +29,6 @@ std::optional<UINT> NumberIn(const std::wstring& text, bool isSigned)
     }
     return at == first ? std::nullopt : std::optional(static_cast<UINT>(negative ? -value : value));
 }
-
-std::wstring TextOf(HWND window)
-{
-    std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
-    const LRESULT length =
-        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
 } // namespace
 } // namespace winport
 

@@ -46,7 +46,7 @@ void OnTab(HWND dialog)
 void OnArrow(HWND dialog, HWND from, bool back)
 {
     const HWND next = GetNextDlgGroupItem(dialog, ControlAround(dialog, from), back);
-    if (!next || !IsUsable(next))
+    if (!next)
         return;
     const LRESULT code = DialogCode(next);
     GiveFocusTo(dialog, next);
@@ -116,38 +116,22 @@ bool AnswersTo(HWND control, wchar_t letter)
            MnemonicOf(control) == letter;
 }
 
-// A label's letter is that of the control behind it.
-HWND TargetOf(const std::vector<HWND>& controls, std::size_t at)
-{
-    if (!(DialogCode(controls[at]) & DLGC_STATIC))
-        return controls[at];
-    for (std::size_t next = at + 1; next < controls.size(); ++next)
-    {
-        if (!(DialogCode(controls[next]) & DLGC_STATIC))
-            return IsUsable(controls[next]) ? controls[next] : nullptr;
-    }
-    return nullptr;
-}
-
 bool OnMnemonic(HWND dialog, HWND from, wchar_t letter)
 {
-    std::vector<HWND> controls;
-    for (const Window* child : FindWindowOf(dialog)->children)
-        controls.push_back(child->handle);
+    const std::vector<HWND> controls = HandlesOf(FindWindowOf(dialog)->children);
     const auto focus = std::find(controls.begin(), controls.end(), ControlAround(dialog, from));
     const std::size_t start =
         focus == controls.end() ? 0 : static_cast<std::size_t>(focus - controls.begin()) + 1;
     for (std::size_t step = 0; step < controls.size(); ++step)
     {
-        const std::size_t at = (start + step) % controls.size();
-        if (!AnswersTo(controls[at], Upper(letter)))
+        const HWND control = controls[(start + step) % controls.size()];
+        if (!AnswersTo(control, Upper(letter)))
             continue;
-        const HWND target = TargetOf(controls, at);
-        if (!target)
-            continue;
-        GiveFocusTo(dialog, target);
-        if (Alive(target) && target == controls[at])
-            SendMessageW(target, BM_CLICK, 0, 0);
+        // A label's letter is that of the next control that Tab reaches.
+        const bool label = DialogCode(control) & DLGC_STATIC;
+        GiveFocusTo(dialog, label ? GetNextDlgTabItem(dialog, control, FALSE) : control);
+        if (!label)
+            SendMessageW(control, BM_CLICK, 0, 0);
         return true;
     }
     return false;

@@ -18,7 +18,7 @@ void SaveFocus(HWND dialog)
     Window* window = FindWindowOf(dialog);
     const Window* focus = FindWindowOf(ThisThread().focus);
     if (window && focus && focus != window && IsWithin(*window, focus))
-        StateOf(*window).focus = focus->handle;
+        StateOf(dialog).focus = focus->handle;
 }
 
 bool MayHaveFocus(HWND dialog, HWND control)
@@ -28,7 +28,7 @@ bool MayHaveFocus(HWND dialog, HWND control)
 
 void RestoreFocus(HWND dialog)
 {
-    const HWND saved = StateOf(*FindWindowOf(dialog)).focus;
+    const HWND saved = StateOf(dialog).focus;
     const HWND first = MayHaveFocus(dialog, saved) ? saved : GetNextDlgTabItem(dialog, nullptr, FALSE);
     SetFocus(first ? first : dialog);
 }
@@ -43,14 +43,13 @@ void OnNextControl(HWND dialog, WPARAM wParam, bool isHandle)
 
 void OnClose(HWND dialog)
 {
-    const HWND cancel = GetDlgItem(dialog, IDCANCEL);
-    if (!cancel || IsWindowEnabled(cancel))
-        PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED), reinterpret_cast<LPARAM>(cancel));
+    PostMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED),
+                 reinterpret_cast<LPARAM>(GetDlgItem(dialog, IDCANCEL)));
 }
 
 LRESULT SetDefaultId(HWND dialog, int id)
 {
-    DialogState& state = StateOf(*FindWindowOf(dialog));
+    DialogState& state = StateOf(dialog);
     const int before = std::exchange(state.defaultId, id);
     const HWND old = GetDlgItem(dialog, before);
     if (before != id && old && (DialogCode(old) & DLGC_DEFPUSHBUTTON))
@@ -63,8 +62,7 @@ LRESULT SetDefaultId(HWND dialog, int id)
 
 LRESULT GetDefaultId(HWND dialog)
 {
-    return static_cast<LRESULT>(
-        static_cast<DWORD>(MAKELONG(StateOf(*FindWindowOf(dialog)).defaultId, DC_HASDEFID)));
+    return MAKELPARAM(StateOf(dialog).defaultId, DC_HASDEFID);
 }
 
 LRESULT Default(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
@@ -116,13 +114,9 @@ LRESULT DialogCode(HWND control)
 
 void MoveDefaultLook(HWND dialog, HWND button)
 {
-    Window* window = FindWindowOf(dialog);
-    const HWND natural = GetDlgItem(dialog, StateOf(*window).defaultId);
+    const HWND natural = GetDlgItem(dialog, StateOf(dialog).defaultId);
     const HWND next = button ? button : natural;
-    std::vector<HWND> children;
-    for (const Window* child : window->children)
-        children.push_back(child->handle);
-    for (const HWND child : children)
+    for (const HWND child : HandlesOf(FindWindowOf(dialog)->children))
     {
         const LRESULT code = Alive(child) ? DialogCode(child) : 0;
         if (child != next && (code & DLGC_DEFPUSHBUTTON))

@@ -7,13 +7,6 @@ namespace winport
 namespace
 {
 constexpr std::size_t kGreatestLimit = 0x7FFFFFFE;
-constexpr UINT kFirstOwn = 0x00B0;
-constexpr UINT kLastOwn = 0x00DF;
-
-bool IsDown(int key)
-{
-    return GetKeyState(key) < 0;
-}
 } // namespace
 
 LRESULT CEdit::Handle(UINT message, WPARAM wParam, LPARAM lParam)
@@ -23,11 +16,6 @@ LRESULT CEdit::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     case WM_SETTEXT:
         SetContent(reinterpret_cast<const wchar_t*>(lParam));
         return TRUE;
-    case WM_SETFONT:
-        m_window.font = reinterpret_cast<HFONT>(wParam);
-        return 0;
-    case WM_GETFONT:
-        return reinterpret_cast<LRESULT>(m_window.font);
     case WM_GETDLGCODE:
         return DialogCode(reinterpret_cast<const MSG*>(lParam));
     case WM_SETFOCUS:
@@ -54,8 +42,7 @@ LRESULT CEdit::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         SelectWord(static_cast<short>(LOWORD(lParam)));
         return 0;
     default:
-        return message >= kFirstOwn && message <= kLastOwn ? HandleOwn(message, wParam, lParam)
-                                                           : Default(message, wParam, lParam);
+        return HandleOwn(message, wParam, lParam);
     }
 }
 
@@ -68,11 +55,6 @@ LRESULT CEdit::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam)
     case EM_SETSEL:
         SetSelection(static_cast<int>(wParam), static_cast<int>(lParam));
         return TRUE;
-    case EM_GETMODIFY:
-        return m_modified;
-    case EM_SETMODIFY:
-        m_modified = wParam != 0;
-        return 0;
     case EM_REPLACESEL:
         Replace(lParam ? reinterpret_cast<const wchar_t*>(lParam) : L"");
         return 0;
@@ -81,11 +63,8 @@ LRESULT CEdit::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     case EM_GETLIMITTEXT:
         return static_cast<LRESULT>(m_limit);
-    case EM_SETREADONLY:
-        m_window.style = wParam ? Style() | ES_READONLY : Style() & ~ES_READONLY;
-        return TRUE;
     default:
-        Unsupported(message);
+        return Default(message, wParam, lParam);
     }
 }
 
@@ -111,21 +90,13 @@ bool CEdit::ComboTakes(WPARAM key) const
     return Combo() && (key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT || key == VK_F4);
 }
 
-// False if the field is gone.
-bool CEdit::Tell(WORD code)
-{
-    NotifyCommand(code);
-    return Alive(Handle());
-}
-
 // The field of a combo box keeps it to itself.
 void CEdit::SetContent(const wchar_t* text)
 {
     m_window.text = text ? text : L"";
     m_anchor = m_caret = 0;
-    m_modified = false;
-    if (!Combo() && Tell(EN_UPDATE))
-        Tell(EN_CHANGE);
+    if (!Combo() && NotifyCommand(EN_UPDATE))
+        NotifyCommand(EN_CHANGE);
 }
 
 LRESULT CEdit::GetSelection(DWORD* first, DWORD* last) const
@@ -157,16 +128,15 @@ void CEdit::Replace(std::wstring_view text)
     if (text.size() > room)
     {
         text = text.substr(0, room);
-        if (!Tell(EN_MAXTEXT))
+        if (!NotifyCommand(EN_MAXTEXT))
             return;
     }
     if (text.empty() && selected == 0)
         return;
     m_window.text.replace(First(), selected, text);
     m_anchor = m_caret = First() + text.size();
-    m_modified = true;
-    if (Tell(EN_UPDATE))
-        Tell(EN_CHANGE);
+    if (NotifyCommand(EN_UPDATE))
+        NotifyCommand(EN_CHANGE);
 }
 
 void CEdit::OnChar(wchar_t character)
@@ -174,7 +144,7 @@ void CEdit::OnChar(wchar_t character)
     const bool closing = character == VK_RETURN || character == VK_ESCAPE;
     if (closing && Combo())
         SendMessageW(Combo(), WM_KEYDOWN, static_cast<WPARAM>(character), 0);
-    if (closing || character == VK_TAB || ReadOnly())
+    if (closing || character == VK_TAB)
         return;
     if (character == VK_BACK)
         DeleteTo(m_caret > 0 ? m_caret - 1 : 0);
@@ -195,7 +165,7 @@ void CEdit::DeleteTo(std::size_t end)
 void CEdit::OnKey(WPARAM key)
 {
     const std::size_t length = m_window.text.size();
-    const bool control = IsDown(VK_CONTROL);
+    const bool control = IsHeld(VK_CONTROL);
     switch (key)
     {
     case VK_HOME:
@@ -210,9 +180,9 @@ void CEdit::OnKey(WPARAM key)
         return MoveTo(control ? NextWord(m_caret) : m_caret + (m_caret < length));
     case VK_DELETE:
     case VK_INSERT:
-        if (IsDown(VK_SHIFT) || (control && key == VK_INSERT))
+        if (IsHeld(VK_SHIFT) || (control && key == VK_INSERT))
             Missing(&m_window, "clipboard key", key);
-        if (key == VK_DELETE && !ReadOnly())
+        if (key == VK_DELETE)
             DeleteTo(control ? length : std::min(m_caret + 1, length));
         return;
     default:
@@ -223,7 +193,7 @@ void CEdit::OnKey(WPARAM key)
 void CEdit::MoveTo(std::size_t caret)
 {
     m_caret = caret;
-    if (!IsDown(VK_SHIFT))
+    if (!IsHeld(VK_SHIFT))
         m_anchor = caret;
 }
 

@@ -19,11 +19,9 @@ private:
 
     std::size_t First() const { return std::min(m_anchor, m_caret); }
     std::size_t Last() const { return std::max(m_anchor, m_caret); }
-    bool ReadOnly() const { return (Style() & ES_READONLY) != 0; }
 
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT DialogCode(const MSG* message) const;
-    bool Tell(WORD code);
 
     void SetContent(const wchar_t* text);
     LRESULT GetSelection(DWORD* first, DWORD* last) const;
@@ -46,6 +44,5 @@ private:
     std::size_t m_anchor = 0;
     std::size_t m_caret = 0;
     std::size_t m_limit = 30000;
-    bool m_modified = false;
 };
 } // namespace winport

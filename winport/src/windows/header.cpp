@@ -8,11 +8,6 @@ namespace
 {
 constexpr UINT kKnownParts = HDI_WIDTH | HDI_TEXT | HDI_FORMAT | HDI_LPARAM;
 constexpr int kDivider = 4; // the pixels on either side of a border at which it can be taken
-
-int XOf(LPARAM point)
-{
-    return static_cast<short>(LOWORD(point));
-}
 } // namespace
 
 std::unique_ptr<Control> MakeHeader(Window& window)
@@ -38,25 +33,18 @@ LRESULT Header::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         return GetRect(wParam, reinterpret_cast<RECT*>(lParam));
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-        Press(XOf(lParam));
+        Press(PointOf(lParam).x);
         return 0;
     case WM_MOUSEMOVE:
-        Drag(XOf(lParam));
+        Drag(PointOf(lParam).x);
         return 0;
     case WM_LBUTTONUP:
-        Release(XOf(lParam));
+        Release(PointOf(lParam).x);
         return 0;
     case WM_CAPTURECHANGED:
         m_pressed = m_dragged = -1;
         return 0;
-    case WM_SETFONT:
-        m_window.font = reinterpret_cast<HFONT>(wParam);
-        return 0;
-    case WM_GETFONT:
-        return reinterpret_cast<LRESULT>(m_window.font);
     default:
-        if (message >= WM_USER && message < WM_APP)
-            Unsupported(message);
         return Default(message, wParam, lParam);
     }
 }
@@ -88,8 +76,7 @@ LRESULT Header::Delete(WPARAM index)
 
 LRESULT Header::Get(WPARAM index, HDITEMW* item) const
 {
-    if (const UINT unknown = item->mask & ~kKnownParts)
-        Missing(&m_window, "part of a heading", unknown);
+    RefuseBits(&m_window, "part of a heading", item->mask & ~kKnownParts);
     if (!Has(index))
         return FALSE;
     const Heading& heading = m_headings[index];
@@ -133,8 +120,7 @@ LRESULT Header::Tell(UINT code, int index, HDITEMW* item)
 void Header::Apply(Heading* heading, const HDITEMW& item) const
 {
     constexpr int kFormats = HDF_RIGHT | HDF_CENTER | HDF_SORTDOWN | HDF_SORTUP | HDF_STRING;
-    if (const UINT unknown = item.mask & ~kKnownParts)
-        Missing(&m_window, "part of a heading", unknown);
+    RefuseBits(&m_window, "part of a heading", item.mask & ~kKnownParts);
     if ((item.mask & HDI_FORMAT) && (item.fmt & ~kFormats))
         Missing(&m_window, "format of a heading", static_cast<unsigned>(item.fmt & ~kFormats));
     if (item.mask & HDI_WIDTH)

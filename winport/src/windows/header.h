@@ -22,7 +22,7 @@ public:
 
     const std::vector<Heading>& Headings() const { return m_headings; }
     int LeftOf(std::size_t index) const;
-    int Width() const { return LeftOf(m_headings.size()); } ///< of all headings
+    int HeadingAt(int x) const; ///< -1 for none
 
 private:
     bool Has(WPARAM index) const { return index < m_headings.size(); }
@@ -33,7 +33,6 @@ private:
     LRESULT GetRect(WPARAM index, RECT* rect) const;
     LRESULT Tell(UINT code, int index, HDITEMW* item);
     void Apply(Heading* heading, const HDITEMW& item) const;
-    int HeadingAt(int x) const;
     int DividerAt(int x) const;
     void Press(int x);
     void Drag(int x);

@@ -21,7 +21,6 @@ const ListView::Entry ListView::kEntries[] = {
     {LVM_INSERTCOLUMNW, &ListView::OnInsertColumn},
     {LVM_DELETECOLUMN, &ListView::OnDeleteColumn},
     {LVM_GETCOLUMNW, &ListView::OnGetColumn},
-    {LVM_SETCOLUMNW, &ListView::OnSetColumn},
     {LVM_GETCOLUMNWIDTH, &ListView::OnGetColumnWidth},
     {LVM_SETCOLUMNWIDTH, &ListView::OnSetColumnWidth},
     {LVM_GETHEADER, &ListView::OnGetHeader},
@@ -55,7 +54,6 @@ const ListView::Entry ListView::kEntries[] = {
     {WM_VSCROLL, &ListView::OnScrollBarDown},
     {WM_HSCROLL, &ListView::OnScrollBarAcross},
     {WM_SETFONT, &ListView::OnSetFont},
-    {WM_GETFONT, &ListView::OnGetFont},
     {WM_SETREDRAW, &ListView::Ignore},
 };
 
@@ -71,14 +69,7 @@ LRESULT ListView::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         if (entry.message == message)
             return (this->*entry.handler)(wParam, lParam);
     }
-    if (message >= WM_USER && message < WM_APP)
-        Unsupported(message);
     return Default(message, wParam, lParam);
-}
-
-LRESULT ListView::OnCreate(WPARAM, LPARAM)
-{
-    return OnStyleChanged(static_cast<WPARAM>(GWL_STYLE), 0);
 }
 
 LRESULT ListView::OnDestroy(WPARAM, LPARAM)
@@ -108,27 +99,15 @@ LRESULT ListView::OnSetExtendedStyle(WPARAM mask, LPARAM style)
     const DWORD before = m_extendedStyle;
     const DWORD chosen = mask ? static_cast<DWORD>(mask) : ~0U;
     const DWORD after = (before & ~chosen) | (static_cast<DWORD>(style) & chosen);
-    if (const DWORD unknown = after & ~kKnown)
-        Missing(&m_window, "extended list view style", unknown);
+    RefuseBits(&m_window, "extended list view style", after & ~kKnown);
     m_extendedStyle = after;
     return static_cast<LRESULT>(before);
 }
 
-LRESULT ListView::OnGetExtendedStyle(WPARAM, LPARAM)
+LRESULT ListView::OnSetFont(WPARAM font, LPARAM redraw)
 {
-    return static_cast<LRESULT>(m_extendedStyle);
-}
-
-LRESULT ListView::OnSetFont(WPARAM font, LPARAM)
-{
-    m_window.font = reinterpret_cast<HFONT>(font);
     if (m_header)
-        SendMessageW(m_header, WM_SETFONT, font, 0);
-    return 0;
-}
-
-LRESULT ListView::OnGetFont(WPARAM, LPARAM)
-{
-    return reinterpret_cast<LRESULT>(m_window.font);
+        SendMessageW(m_header, WM_SETFONT, font, redraw);
+    return Default(WM_SETFONT, font, redraw);
 }
 } // namespace winport

@@ -11,7 +11,6 @@ struct ListRow
     std::wstring text;
     std::vector<std::wstring> subTexts; ///< from the second column on, as far as any was set
     LPARAM param = 0;
-    int image = 0;
     bool selected = false;
 };
 
@@ -38,7 +37,7 @@ private:
     static const Entry kEntries[];
 
     // Rows: listviewitems.cpp.
-    LRESULT OnGetItemCount(WPARAM, LPARAM);
+    LRESULT OnGetItemCount(WPARAM, LPARAM) { return Count(); }
     LRESULT OnInsertItem(WPARAM, LPARAM item);
     LRESULT OnDeleteItem(WPARAM index, LPARAM);
     LRESULT OnDeleteAllItems(WPARAM, LPARAM);
@@ -46,7 +45,7 @@ private:
     LRESULT OnSetItem(WPARAM, LPARAM item);
     LRESULT OnGetItemText(WPARAM index, LPARAM item);
     LRESULT OnSetItemText(WPARAM index, LPARAM item);
-    LRESULT OnSetItemCount(WPARAM, LPARAM);
+    LRESULT OnSetItemCount(WPARAM count, LPARAM) { return m_rows.reserve(count), TRUE; }
     LRESULT OnSortItems(WPARAM parameter, LPARAM compare);
     int PlaceFor(const ListRow& row, int asked) const;
     bool SetText(int index, int subItem, LPCWSTR text);
@@ -58,21 +57,21 @@ private:
     LRESULT OnInsertColumn(WPARAM index, LPARAM column);
     LRESULT OnDeleteColumn(WPARAM index, LPARAM);
     LRESULT OnGetColumn(WPARAM index, LPARAM column);
-    LRESULT OnSetColumn(WPARAM index, LPARAM column);
     LRESULT OnGetColumnWidth(WPARAM index, LPARAM);
     LRESULT OnSetColumnWidth(WPARAM index, LPARAM width);
-    LRESULT OnGetHeader(WPARAM, LPARAM);
+    LRESULT OnGetHeader(WPARAM, LPARAM) { return reinterpret_cast<LRESULT>(m_header); }
     LRESULT OnNotify(WPARAM, LPARAM header);
     HDITEMW HeadingFor(const LVCOLUMNW& column) const;
     const Header* Columns() const; ///< null while there is no header
     std::size_t ColumnCount() const;
+    int ColumnsWidth() const { return Columns() ? Columns()->LeftOf(ColumnCount()) : 0; }
     void MakeHeaderWindow();
     void PlaceHeader() const;
 
     // Selection and focus: listviewstate.cpp.
     LRESULT OnSetItemState(WPARAM index, LPARAM item);
     LRESULT OnGetItemState(WPARAM index, LPARAM mask);
-    LRESULT OnGetSelectedCount(WPARAM, LPARAM);
+    LRESULT OnGetSelectedCount(WPARAM, LPARAM) { return m_selected; }
     LRESULT OnGetNextItem(WPARAM start, LPARAM flags);
     UINT StateOf(int index) const;
     bool SetState(int index, UINT state, UINT mask);
@@ -115,32 +114,30 @@ private:
     LRESULT OnButtonDown(WPARAM keys, LPARAM point);
     LRESULT OnButtonUp(WPARAM, LPARAM point);
     LRESULT OnDoubleClick(WPARAM, LPARAM point);
-    LRESULT OnSetFocus(WPARAM, LPARAM);
-    LRESULT OnKillFocus(WPARAM, LPARAM);
-    LRESULT OnDialogCode(WPARAM, LPARAM);
+    LRESULT OnSetFocus(WPARAM, LPARAM) { return Notify(NM_SETFOCUS), 0; }
+    LRESULT OnKillFocus(WPARAM, LPARAM) { return Notify(NM_KILLFOCUS), 0; }
+    LRESULT OnDialogCode(WPARAM, LPARAM) { return DLGC_WANTCHARS | DLGC_WANTARROWS; }
     int TargetOf(WPARAM key) const;
     void MoveTo(int index);
     void PressRow(int index, WPARAM keys);
     void TellClick(UINT code, LPARAM point);
-    void TellPlain(UINT code);
 
     // Labels: listviewlabel.cpp.
     LRESULT OnEditLabel(WPARAM index, LPARAM);
-    LRESULT OnGetEditControl(WPARAM, LPARAM);
-    LRESULT OnEndLabel(WPARAM cancelled, LPARAM);
+    LRESULT OnGetEditControl(WPARAM, LPARAM) { return reinterpret_cast<LRESULT>(m_edit); }
+    LRESULT OnEndLabel(WPARAM cancelled, LPARAM) { return EndEdit(cancelled != FALSE), 0; }
     LRESULT TellLabel(UINT code, LPWSTR text);
     bool OpenEdit(int index);
     void EndEdit(bool cancelled);
     void CloseEdit();
 
     // The window itself: listview.cpp.
-    LRESULT OnCreate(WPARAM, LPARAM);
+    LRESULT OnCreate(WPARAM, LPARAM) { return OnStyleChanged(static_cast<WPARAM>(GWL_STYLE), 0); }
     LRESULT OnDestroy(WPARAM, LPARAM);
     LRESULT OnStyleChanged(WPARAM which, LPARAM);
     LRESULT OnSetExtendedStyle(WPARAM mask, LPARAM style);
-    LRESULT OnGetExtendedStyle(WPARAM, LPARAM);
-    LRESULT OnSetFont(WPARAM font, LPARAM);
-    LRESULT OnGetFont(WPARAM, LPARAM);
+    LRESULT OnGetExtendedStyle(WPARAM, LPARAM) { return m_extendedStyle; }
+    LRESULT OnSetFont(WPARAM font, LPARAM redraw);
     LRESULT Ignore(WPARAM, LPARAM) { return 0; }
 
     int Count() const { return static_cast<int>(m_rows.size()); }

@@ -44,8 +44,8 @@ void ListView::PlaceHeader() const
 
 HDITEMW ListView::HeadingFor(const LVCOLUMNW& column) const
 {
-    if (const UINT unknown = column.mask & ~(LVCF_FMT | LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM))
-        Missing(&m_window, "part of a list view column", unknown);
+    RefuseBits(&m_window, "part of a list view column",
+               column.mask & ~(LVCF_FMT | LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM));
     if ((column.mask & LVCF_FMT) && (column.fmt & ~LVCFMT_JUSTIFYMASK))
         Missing(&m_window, "format of a list view column", static_cast<unsigned>(column.fmt));
     HDITEMW heading{};
@@ -118,12 +118,6 @@ LRESULT ListView::OnGetColumn(WPARAM index, LPARAM parameter)
     return TRUE;
 }
 
-LRESULT ListView::OnSetColumn(WPARAM index, LPARAM parameter)
-{
-    const HDITEMW heading = HeadingFor(*reinterpret_cast<const LVCOLUMNW*>(parameter));
-    return SendMessageW(m_header, HDM_SETITEMW, index, reinterpret_cast<LPARAM>(&heading));
-}
-
 LRESULT ListView::OnGetColumnWidth(WPARAM index, LPARAM)
 {
     return index < ColumnCount() ? Columns()->Headings()[index].width : 0;
@@ -137,11 +131,6 @@ LRESULT ListView::OnSetColumnWidth(WPARAM index, LPARAM width)
     if (heading.cxy < 0)
         Missing(&m_window, "column width", static_cast<unsigned>(-heading.cxy));
     return SendMessageW(m_header, HDM_SETITEMW, index, reinterpret_cast<LPARAM>(&heading));
-}
-
-LRESULT ListView::OnGetHeader(WPARAM, LPARAM)
-{
-    return reinterpret_cast<LRESULT>(m_header);
 }
 
 // What the header tells goes on to the parent, who may refuse a change.

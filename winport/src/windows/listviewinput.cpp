@@ -5,42 +5,6 @@
 
 namespace winport
 {
-namespace
-{
-bool IsHeld(int key)
-{
-    return GetKeyState(key) < 0;
-}
-
-POINT PointOf(LPARAM point)
-{
-    return {static_cast<short>(LOWORD(point)), static_cast<short>(HIWORD(point))};
-}
-} // namespace
-
-void ListView::TellPlain(UINT code)
-{
-    NMHDR header{};
-    Notify(header, code);
-}
-
-LRESULT ListView::OnSetFocus(WPARAM, LPARAM)
-{
-    TellPlain(NM_SETFOCUS);
-    return 0;
-}
-
-LRESULT ListView::OnKillFocus(WPARAM, LPARAM)
-{
-    TellPlain(NM_KILLFOCUS);
-    return 0;
-}
-
-LRESULT ListView::OnDialogCode(WPARAM, LPARAM)
-{
-    return DLGC_WANTCHARS | DLGC_WANTARROWS;
-}
-
 // The row to which a key moves the focus, -1 for a key that moves nothing.
 int ListView::TargetOf(WPARAM key) const
 {
@@ -91,7 +55,7 @@ LRESULT ListView::OnKeyDown(WPARAM key, LPARAM)
     if (!Alive(Handle()))
         return 0;
     if (key == VK_RETURN)
-        TellPlain(NM_RETURN);
+        Notify(NM_RETURN);
     else if (key == VK_SPACE && Has(m_focus))
     {
         if (IsHeld(VK_CONTROL) && !IsSingle())

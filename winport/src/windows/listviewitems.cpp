@@ -7,17 +7,11 @@
 
 namespace winport
 {
-LRESULT ListView::OnGetItemCount(WPARAM, LPARAM)
-{
-    return Count();
-}
-
 void ListView::CheckItem(const LVITEMW& item) const
 {
-    constexpr UINT kParts = LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM | LVIF_STATE;
+    constexpr UINT kParts = LVIF_TEXT | LVIF_PARAM | LVIF_STATE;
     constexpr UINT kStates = LVIS_FOCUSED | LVIS_SELECTED;
-    if (const UINT unknown = item.mask & ~kParts)
-        Missing(&m_window, "part of a list view item", unknown);
+    RefuseBits(&m_window, "part of a list view item", item.mask & ~kParts);
     if ((item.mask & LVIF_STATE) && (item.state & item.stateMask & ~kStates))
         Missing(&m_window, "state of a list view item", item.state);
     if ((item.mask & LVIF_TEXT) && item.pszText == LPSTR_TEXTCALLBACKW)
@@ -52,8 +46,6 @@ LRESULT ListView::OnInsertItem(WPARAM, LPARAM parameter)
         added->text = item.pszText;
     if (item.mask & LVIF_PARAM)
         added->param = item.lParam;
-    if (item.mask & LVIF_IMAGE)
-        added->image = item.iImage;
     const int index = PlaceFor(*added, item.iItem);
     if (index < 0)
         return -1;
@@ -127,8 +119,6 @@ LRESULT ListView::OnGetItem(WPARAM, LPARAM parameter)
         item.state = StateOf(item.iItem) & item.stateMask;
     if (item.mask & LVIF_PARAM)
         item.lParam = Row(item.iItem).param;
-    if (item.mask & LVIF_IMAGE)
-        item.iImage = Row(item.iItem).image;
     return TRUE;
 }
 
@@ -158,12 +148,6 @@ LRESULT ListView::OnSetItemText(WPARAM index, LPARAM parameter)
     item.mask = LVIF_TEXT;
     item.iItem = static_cast<int>(index);
     return OnSetItem(0, reinterpret_cast<LPARAM>(&item));
-}
-
-LRESULT ListView::OnSetItemCount(WPARAM count, LPARAM)
-{
-    m_rows.reserve(count);
-    return TRUE;
 }
 
 // Only texts in existing columns are kept.

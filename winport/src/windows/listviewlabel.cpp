@@ -5,27 +5,6 @@
 
 namespace winport
 {
-namespace
-{
-std::wstring TextOfWindow(HWND window)
-{
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return text;
-}
-} // namespace
-
-LRESULT ListView::OnGetEditControl(WPARAM, LPARAM)
-{
-    return reinterpret_cast<LRESULT>(m_edit);
-}
-
-LRESULT ListView::OnEndLabel(WPARAM cancelled, LPARAM)
-{
-    EndEdit(cancelled != FALSE);
-    return 0;
-}
-
 LRESULT ListView::TellLabel(UINT code, LPWSTR text)
 {
     NMLVDISPINFOW told{};
@@ -83,7 +62,7 @@ void ListView::EndEdit(bool cancelled)
     if (!m_edit || m_ending)
         return;
     m_ending = true;
-    std::wstring text = TextOfWindow(m_edit);
+    std::wstring text = winport::TextOf(m_edit);
     const bool changed = !cancelled && Has(m_edited) && text != Row(m_edited).text;
     const bool granted = TellLabel(LVN_ENDLABELEDITW, changed ? text.data() : nullptr) != 0;
     if (granted && changed && Has(m_edited))

@@ -60,8 +60,7 @@ int ListView::PerPage() const
 RECT ListView::RowRect(int index) const
 {
     const int top = HeaderHeight() + (index - m_top) * kRowHeight;
-    const Header* columns = Columns();
-    return {-m_left, top, -m_left + (columns ? columns->Width() : 0), top + kRowHeight};
+    return {-m_left, top, ColumnsWidth() - m_left, top + kRowHeight};
 }
 
 RECT ListView::LabelRect(int index) const
@@ -69,7 +68,7 @@ RECT ListView::LabelRect(int index) const
     RECT rect = RowRect(index);
     const int width = ColumnCount() ? Columns()->Headings()[0].width : 0;
     rect.right = rect.left + width;
-    rect.left += std::min(kLabelGap, width);
+    rect.left += kLabelGap;
     return rect;
 }
 
@@ -114,15 +113,7 @@ int ListView::RowAt(POINT point) const
 
 int ListView::ColumnAt(int x) const
 {
-    int left = -m_left;
-    for (std::size_t i = 0; i < ColumnCount(); ++i)
-    {
-        const int right = left + Columns()->Headings()[i].width;
-        if (x >= left && x < right)
-            return static_cast<int>(i);
-        left = right;
-    }
-    return -1;
+    return Columns() ? Columns()->HeadingAt(x + m_left) : -1;
 }
 
 // The row that a click at this point selects: beside the label only where whole rows are selected.
@@ -156,11 +147,9 @@ void ListView::ScrollTo(int top, int left)
 {
     if (!IsReport() || !Alive(Handle()))
         return;
-    const Header* columns = Columns();
-    const int width = columns ? columns->Width() : 0;
     const int before = m_left;
     m_top = std::clamp(top, 0, std::max(0, Count() - PerPage()));
-    m_left = std::clamp(left, 0, std::max(0, width - static_cast<int>(ClientSize().right)));
+    m_left = std::clamp(left, 0, std::max(0, ColumnsWidth() - static_cast<int>(ClientSize().right)));
     if (m_left != before)
         PlaceHeader();
 }
@@ -194,9 +183,8 @@ LRESULT ListView::OnScrollBarDown(WPARAM what, LPARAM)
 LRESULT ListView::OnScrollBarAcross(WPARAM what, LPARAM)
 {
     EndEdit(false);
-    const Header* columns = Columns();
     const int page = static_cast<int>(ClientSize().right) / kCharacterWidth;
-    const int end = (columns ? columns->Width() : 0) / kCharacterWidth;
+    const int end = ColumnsWidth() / kCharacterWidth;
     ScrollTo(m_top, Scrolled(LOWORD(what), m_left / kCharacterWidth, page, end) * kCharacterWidth);
     return 0;
 }

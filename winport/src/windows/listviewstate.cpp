@@ -41,8 +41,6 @@ UINT ListView::ChangesBy(int index, const LVITEMW& item) const
         changed |= LVIF_TEXT;
     if ((item.mask & LVIF_PARAM) && row.param != item.lParam)
         changed |= LVIF_PARAM;
-    if ((item.mask & LVIF_IMAGE) && row.image != item.iImage)
-        changed |= LVIF_IMAGE;
     return changed;
 }
 
@@ -65,8 +63,6 @@ bool ListView::Change(int index, const LVITEMW& item)
         SetText(index, 0, item.pszText);
     if (changed & LVIF_PARAM)
         Row(index).param = item.lParam;
-    if (changed & LVIF_IMAGE)
-        Row(index).image = item.iImage;
     Tell(LVN_ITEMCHANGED, index, changed, before, after);
     return true;
 }
@@ -144,16 +140,10 @@ LRESULT ListView::OnGetItemState(WPARAM index, LPARAM mask)
                : 0;
 }
 
-LRESULT ListView::OnGetSelectedCount(WPARAM, LPARAM)
-{
-    return m_selected;
-}
-
 LRESULT ListView::OnGetNextItem(WPARAM start, LPARAM parameter)
 {
     const UINT flags = LOWORD(parameter);
-    if (const UINT unknown = flags & ~(LVNI_FOCUSED | LVNI_SELECTED))
-        Missing(&m_window, "list view search flag", unknown);
+    RefuseBits(&m_window, "list view search flag", flags & ~(LVNI_FOCUSED | LVNI_SELECTED));
     const int first = std::max(static_cast<int>(start), -1) + 1;
     if (flags & LVNI_FOCUSED)
         return m_focus >= first && (StateOf(m_focus) & flags) == flags ? m_focus : -1;

@@ -119,8 +119,8 @@ void AddButtons(HWND box, const std::vector<ButtonKind>& buttons, UINT type, int
         left += kButtonWidth + kGap;
         if (!isDefault)
             continue;
-        StateOf(*FindWindowOf(box)).defaultId = buttons[place].id;
-        StateOf(*FindWindowOf(box)).focus = button;
+        StateOf(box).defaultId = buttons[place].id;
+        StateOf(box).focus = button;
     }
 }
 
@@ -221,8 +221,6 @@ int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT type)
         return 0;
     Run(box, run);
     disabled.Enable();
-    if (root && GetActiveWindow() == box)
-        SetActiveWindow(root);
     if (Alive(box))
         DestroyWindow(box);
     return run.answer;

@@ -7,9 +7,6 @@ namespace winport
 {
 namespace
 {
-constexpr UINT kFirstMessage = STM_SETICON;
-constexpr UINT kLastMessage = STM_GETICON + 3;
-
 class Static final : public Control
 {
 public:
@@ -34,18 +31,11 @@ LRESULT Static::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         return DLGC_STATIC;
     case WM_NCHITTEST:
         return HTTRANSPARENT;
-    case WM_SETFONT:
-        m_window.font = reinterpret_cast<HFONT>(wParam);
-        return 0;
-    case WM_GETFONT:
-        return reinterpret_cast<LRESULT>(m_window.font);
     case STM_SETICON:
         return IsIcon() ? std::exchange(m_icon, static_cast<LRESULT>(wParam)) : 0;
     case STM_GETICON:
         return m_icon;
     default:
-        if (message >= WM_USER || (message >= kFirstMessage && message <= kLastMessage))
-            Unsupported(message);
         return Default(message, wParam, lParam);
     }
 }

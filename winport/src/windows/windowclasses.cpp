@@ -5,6 +5,7 @@
 #include "base/wpmodules.h"
 #include "base/wptext.h"
 
+#include <deque>
 #include <mutex>
 
 namespace winport
@@ -23,12 +24,13 @@ constexpr DWORD kAnyStyle = 0xFFFF;
 const WindowClass* BuiltInClass(const std::wstring& name)
 {
     static const WindowClass classes[] = {
-        {WC_BUTTONW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeButton,
-         BS_TYPEMASK | BS_LEFTTEXT | BS_NOTIFY},
-        {WC_STATICW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeStatic, SS_TYPEMASK | SS_NOPREFIX},
+        {WC_BUTTONW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeButton, BS_TYPEMASK | BS_LEFTTEXT, 0x00F0,
+         0x00F8},
+        {WC_STATICW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeStatic, SS_TYPEMASK | SS_NOPREFIX, 0x0170,
+         0x0174},
         {WC_EDITW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeEdit,
-         ES_LEFT | ES_CENTER | ES_RIGHT | ES_AUTOHSCROLL},
-        {WC_COMBOBOXW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeComboBox, kComboStyles},
+         ES_LEFT | ES_CENTER | ES_RIGHT | ES_AUTOHSCROLL, 0x00B0, 0x00DF},
+        {WC_COMBOBOXW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeComboBox, kComboStyles, 0x0140, 0x016F},
         {WC_LISTVIEWW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeListView, kListStyles},
         {WC_HEADERW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeHeader,
          HDS_HORZ | HDS_BUTTONS | HDS_FULLDRAG},
@@ -45,26 +47,19 @@ const WindowClass* BuiltInClass(const std::wstring& name)
     return nullptr;
 }
 
-struct Registered
-{
-    WindowClass windowClass;
-    ATOM atom = 0;
-    int windows = 0;
-};
-
 struct Registry
 {
     std::mutex mutex;
-    std::vector<std::unique_ptr<Registered>> classes;
-    ATOM nextAtom = 0xC100;
+    std::deque<WindowClass> classes;
 
-    auto Find(std::wstring_view name, HINSTANCE instance)
+    const WindowClass* Find(std::wstring_view name, HINSTANCE instance) const
     {
-        auto at = classes.begin();
-        while (at != classes.end() && !((*at)->windowClass.instance == instance &&
-                                        CompareNoCase((*at)->windowClass.name, name) == 0))
-            ++at;
-        return at;
+        for (const WindowClass& registered : classes)
+        {
+            if (registered.instance == instance && CompareNoCase(registered.name, name) == 0)
+                return &registered;
+        }
+        return nullptr;
     }
 };
 
@@ -78,45 +73,34 @@ HINSTANCE Known(HINSTANCE instance)
 {
     return instance ? instance : GetModuleHandleW(nullptr);
 }
-
-void CountWindows(const WindowClass* windowClass, int change)
-{
-    Registry& registry = TheRegistry();
-    const std::lock_guard lock(registry.mutex);
-    for (const auto& registered : registry.classes)
-    {
-        if (&registered->windowClass == windowClass)
-            registered->windows += change;
-    }
-}
 } // namespace
-
-Window::~Window()
-{
-    control.reset();
-    if (windowClass && windowClass->instance)
-        CountWindows(windowClass, -1);
-}
 
 void Window::SetClass(const WindowClass* of)
 {
     windowClass = of;
     procedure = of->procedure;
     extra.resize(static_cast<std::size_t>(of->extraBytes + 7) / 8);
-    if (of->instance)
-        CountWindows(of, 1);
 }
 
 const WindowClass* FindWindowClass(const std::wstring& name, HINSTANCE instance)
 {
+    Registry& registry = TheRegistry();
+    const std::lock_guard lock(registry.mutex);
+    const WindowClass* found = registry.Find(name, Known(instance));
+    return found ? found : BuiltInClass(name);
+}
+
+void RefuseSystemClass(const std::wstring& name)
+{
+    constexpr const wchar_t* kOthers[] = {L"ListBox",       L"ScrollBar",        L"MDIClient",
+                                          L"ComboBoxEx32",  L"RichEdit",         L"ToolbarWindow32",
+                                          L"ReBarWindow32", L"tooltips_class32", L"Sys",
+                                          L"msctls_",       L"NativeFontCtl"};
+    for (const std::wstring_view other : kOthers)
     {
-        Registry& registry = TheRegistry();
-        const std::lock_guard lock(registry.mutex);
-        const auto found = registry.Find(name, Known(instance));
-        if (found != registry.classes.end())
-            return &(*found)->windowClass;
+        if (CompareNoCase(std::wstring_view(name).substr(0, other.size()), other) == 0)
+            Stuck(("winport has no window class " + Utf8(name) + ". The windows are:").c_str());
     }
-    return BuiltInClass(name);
 }
 
 void CheckStyles(const Window& window, DWORD style, DWORD exStyle)
@@ -127,10 +111,8 @@ void CheckStyles(const Window& window, DWORD style, DWORD exStyle)
     constexpr DWORD kExtended = WS_EX_DLGMODALFRAME | WS_EX_NOPARENTNOTIFY | WS_EX_TOOLWINDOW |
                                 WS_EX_WINDOWEDGE | WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT | WS_EX_STATICEDGE;
     const DWORD own = window.windowClass->instance ? kAnyStyle : window.windowClass->controlStyles;
-    if (const DWORD unknown = style & ~(kGeneric | own))
-        Missing(&window, "style", unknown);
-    if (const DWORD unknown = exStyle & ~kExtended)
-        Missing(&window, "extended style", unknown);
+    RefuseBits(&window, "style", style & ~(kGeneric | own));
+    RefuseBits(&window, "extended style", exStyle & ~kExtended);
 }
 } // namespace winport
 
@@ -143,37 +125,18 @@ ATOM RegisterClassW(const WNDCLASSW* description)
         SetLastError(ERROR_INVALID_PARAMETER);
         return 0;
     }
-    auto added = std::make_unique<Registered>();
-    added->windowClass = {description->lpszClassName, description->lpfnWndProc, Known(description->hInstance),
-                          description->style, description->cbWndExtra};
+    constexpr std::size_t kFirstAtom = 0xC100;
+    const HINSTANCE instance = Known(description->hInstance);
     Registry& registry = TheRegistry();
     const std::lock_guard lock(registry.mutex);
-    if (registry.Find(added->windowClass.name, added->windowClass.instance) != registry.classes.end())
+    if (registry.Find(description->lpszClassName, instance))
     {
         SetLastError(ERROR_CLASS_ALREADY_EXISTS);
         return 0;
     }
-    added->atom = registry.nextAtom++;
-    return registry.classes.emplace_back(std::move(added))->atom;
-}
-
-BOOL UnregisterClassW(LPCWSTR name, HINSTANCE instance)
-{
-    Registry& registry = TheRegistry();
-    const std::lock_guard lock(registry.mutex);
-    const auto found = registry.Find(name, Known(instance));
-    if (found == registry.classes.end())
-    {
-        SetLastError(ERROR_CLASS_DOES_NOT_EXIST);
-        return FALSE;
-    }
-    if ((*found)->windows > 0)
-    {
-        SetLastError(ERROR_CLASS_HAS_WINDOWS);
-        return FALSE;
-    }
-    registry.classes.erase(found);
-    return TRUE;
+    registry.classes.push_back({description->lpszClassName, description->lpfnWndProc, instance,
+                                description->style, description->cbWndExtra});
+    return static_cast<ATOM>(kFirstAtom + registry.classes.size());
 }
 
 int GetClassNameW(HWND handle, LPWSTR buffer, int size)
@@ -188,7 +151,6 @@ BOOL InitCommonControlsEx(const INITCOMMONCONTROLSEX* classes)
     constexpr DWORD kKnown = ICC_LISTVIEW_CLASSES | ICC_DATE_CLASSES | ICC_STANDARD_CLASSES;
     if (!classes || classes->dwSize != sizeof(INITCOMMONCONTROLSEX))
         return FALSE;
-    if (const DWORD unknown = classes->dwICC & ~kKnown)
-        Missing(nullptr, "group of control classes", unknown);
+    RefuseBits(nullptr, "group of control classes", classes->dwICC & ~kKnown);
     return TRUE;
 }

@@ -5,15 +5,26 @@ namespace winport
 {
 LRESULT Control::Default(UINT message, WPARAM wParam, LPARAM lParam)
 {
-    return DefWindowProcW(m_window.handle, message, wParam, lParam);
+    const WindowClass& own = *m_window.windowClass;
+    if ((message >= own.firstOwn && message <= own.lastOwn) || (message >= WM_USER && message < WM_APP))
+        Missing(&m_window, "message", message);
+    switch (message)
+    {
+    case WM_SETFONT:
+        m_window.font = reinterpret_cast<HFONT>(wParam);
+        return 0;
+    case WM_GETFONT:
+        return reinterpret_cast<LRESULT>(m_window.font);
+    default:
+        return DefWindowProcW(m_window.handle, message, wParam, lParam);
+    }
 }
 
-void Control::NotifyCommand(WORD code)
+bool Control::NotifyCommand(WORD code)
 {
-    const HWND parent = GetParent(m_window.handle);
-    const auto id = static_cast<WORD>(m_window.id);
-    SendMessageW(parent, WM_COMMAND, static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(id, code))),
-                 reinterpret_cast<LPARAM>(m_window.handle));
+    const HWND self = m_window.handle;
+    SendMessageW(GetParent(self), WM_COMMAND, MAKEWPARAM(m_window.id, code), reinterpret_cast<LPARAM>(self));
+    return Alive(self);
 }
 
 LRESULT Control::Notify(NMHDR& header, UINT code)
@@ -25,9 +36,10 @@ LRESULT Control::Notify(NMHDR& header, UINT code)
                         reinterpret_cast<LPARAM>(&header));
 }
 
-void Control::Unsupported(UINT message) const
+LRESULT Control::Notify(UINT code)
 {
-    Missing(&m_window, "message", message);
+    NMHDR header{};
+    return Notify(header, code);
 }
 
 RECT Control::ClientSize() const
@@ -42,11 +54,7 @@ LRESULT CALLBACK ControlProcedure(HWND handle, UINT message, WPARAM wParam, LPAR
     if (!window)
         return 0;
     if (message == WM_NCCREATE && !window->control)
-    {
         window->control = window->windowClass->make(*window);
-        if (!window->control)
-            Missing(window, "class", 0);
-    }
     return window->control ? window->control->Handle(message, wParam, lParam)
                            : DefWindowProcW(handle, message, wParam, lParam);
 }

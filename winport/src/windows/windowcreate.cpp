@@ -109,9 +109,8 @@ void SendFirstPlace(HWND handle)
         window->placeUntold = true;
         return;
     }
-    SendSize(*window);
-    if ((window = FindWindowOf(handle)))
-        SendMove(*window);
+    SendSize(handle);
+    SendMove(handle);
     if ((window = FindWindowOf(handle)))
         NotifyParent(*window, WM_CREATE);
 }
@@ -130,24 +129,15 @@ Window* Begin(const WindowClass* windowClass, CREATESTRUCTW* create)
     return nullptr;
 }
 
-void SendDestroy(HWND handle);
-void SendDestroyToChildren(const Window& window)
-{
-    std::vector<HWND> children;
-    for (const Window* child : window.children)
-        children.push_back(child->handle);
-    for (const HWND child : children)
-        SendDestroy(child);
-}
-
 void SendDestroy(HWND handle)
 {
     if (!Alive(handle))
         return;
     FindWindowOf(handle)->destroying = true;
     SendMessageW(handle, WM_DESTROY, 0, 0);
-    if (const Window* window = FindWindowOf(handle))
-        SendDestroyToChildren(*window);
+    const Window* window = FindWindowOf(handle);
+    for (const HWND child : window ? HandlesOf(window->children) : std::vector<HWND>())
+        SendDestroy(child);
 }
 
 void DestroyOwned(HWND handle)
@@ -200,6 +190,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
     const WindowClass* windowClass = FindWindowClass(className, instance);
     if (!windowClass)
     {
+        RefuseSystemClass(className);
         SetLastError(ERROR_CANNOT_FIND_WND_CLASS);
         return nullptr;
     }

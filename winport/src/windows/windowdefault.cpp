@@ -5,11 +5,9 @@ namespace winport
 {
 namespace
 {
-constexpr LRESULT kMouseActivates = 1;
 constexpr LRESULT kHitNothing = 0;
 constexpr LRESULT kHitClient = 1;
 constexpr LRESULT kHitCaption = 2;
-constexpr LRESULT kUnicode = 2;
 constexpr LPARAM kAltDown = 0x20000000;
 constexpr WPARAM kCommandMask = 0xFFF0;
 
@@ -21,10 +19,9 @@ void SetText(Window& window, LPARAM text)
 void OnPlaceChanged(HWND handle, UINT flags)
 {
     if (!(flags & kSameClientPlace))
-        SendMove(*FindWindowOf(handle));
-    Window* window = FindWindowOf(handle);
-    if (window && !(flags & kSameClientSize))
-        SendSize(*window);
+        SendMove(handle);
+    if (!(flags & kSameClientSize))
+        SendSize(handle);
 }
 
 void OnSystemKey(Window& window, WPARAM key, LPARAM flags)
@@ -52,7 +49,7 @@ LRESULT OnText(Window& window, UINT message, WPARAM wParam, LPARAM lParam)
 
 LRESULT HitTest(const Window& window, LPARAM at)
 {
-    const POINT point{static_cast<SHORT>(LOWORD(at)), static_cast<SHORT>(HIWORD(at))};
+    const POINT point = PointOf(at);
     const RECT client = window.ClientOnScreen();
     if (!PtInRect(&window.rect, point))
         return kHitNothing;
@@ -115,10 +112,6 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
         return TRUE;
     case WM_NCHITTEST:
         return HitTest(*window, lParam);
-    case WM_MOUSEACTIVATE:
-        return kMouseActivates;
-    case WM_NOTIFYFORMAT:
-        return kUnicode;
     default:
         return 0;
     }

@@ -9,7 +9,7 @@ namespace
 {
 bool MayBeActive(const Window& window)
 {
-    return window.Visible() && window.Enabled() && !window.destroying;
+    return window.Visible() && window.Enabled();
 }
 
 // The window that comes after another one, from top to bottom and from the top again.
@@ -40,19 +40,12 @@ void MoveFocus(HWND next)
         SendMessageW(next, WM_SETFOCUS, reinterpret_cast<WPARAM>(before), 0);
 }
 
-// An owner's owner's ... knows which of its windows was active last.
-void RememberPopup(Window& active)
-{
-    for (Window* window = &active; window; window = window->owner)
-        window->lastActivePopup = active.handle;
-}
-
 bool Refused(int code, HWND window, LPARAM parameter)
 {
     return CallHooks(code, reinterpret_cast<WPARAM>(window), parameter) != 0;
 }
 
-bool Deactivate(HWND before, HWND next)
+void Deactivate(HWND before, HWND next)
 {
     const auto other = reinterpret_cast<LPARAM>(next);
     const HWND outer = std::exchange(ThisThread().deactivated, before);
@@ -61,15 +54,14 @@ bool Deactivate(HWND before, HWND next)
     if (FindWindowOf(before))
         SendMessageW(before, WM_ACTIVATE, WA_INACTIVE, other);
     ThisThread().deactivated = outer;
-    return ThisThread().active == before || !FindWindowOf(before);
 }
 
-void TellActive(HWND next, HWND before, bool byMouse)
+void TellActive(HWND next, HWND before)
 {
     const auto other = reinterpret_cast<LPARAM>(before);
     SendMessageW(next, WM_NCACTIVATE, TRUE, other);
     if (ThisThread().active == next)
-        SendMessageW(next, WM_ACTIVATE, byMouse ? WA_CLICKACTIVE : WA_ACTIVE, other);
+        SendMessageW(next, WM_ACTIVATE, WA_ACTIVE, other);
 }
 
 bool IsAbleInside(const Window& window)
@@ -83,24 +75,19 @@ bool IsAbleInside(const Window& window)
 }
 } // namespace
 
-bool Activate(HWND next, bool byMouse)
+bool Activate(HWND next)
 {
     ThreadState& state = ThisThread();
-    const HWND before = state.active;
-    if (before == next)
+    if (state.active == next)
         return true;
-    CBTACTIVATESTRUCT asked{byMouse, before};
+    CBTACTIVATESTRUCT asked{FALSE, state.active};
     if (Refused(HCBT_ACTIVATE, next, reinterpret_cast<LPARAM>(&asked)))
         return false;
-    if (!Deactivate(before, next))
-        return false;
+    Deactivate(state.active, next);
     Window* window = FindWindowOf(next);
-    state.active = window ? next : nullptr;
+    const HWND before = std::exchange(state.active, window ? next : nullptr);
     if (window)
-    {
-        RememberPopup(*window);
-        TellActive(next, before, byMouse);
-    }
+        TellActive(next, before);
     if (state.active != (window ? next : nullptr))
         return false;
     // Who takes the message without taking the focus gets it all the same.
@@ -113,16 +100,17 @@ bool Activate(HWND next, bool byMouse)
 void ActivateNext(const Window& leaving)
 {
     const Window* next = leaving.owner && MayBeActive(*leaving.owner) ? leaving.owner : NextBelow(leaving);
-    Activate(next ? next->handle : nullptr, false);
+    Activate(next ? next->handle : nullptr);
 }
 
-void TakeFocusFrom(Window& window)
+void TakeFocusFrom(HWND handle)
 {
-    const HWND handle = window.handle;
-    if (ThisThread().active == handle)
-        ActivateNext(window);
-    if (FindWindowOf(handle) && GetFocus() == handle)
-        SetFocus(window.parent ? window.parent->handle : nullptr);
+    const Window* window = FindWindowOf(handle);
+    if (window && ThisThread().active == handle)
+        ActivateNext(*window);
+    window = FindWindowOf(handle);
+    if (window && GetFocus() == handle)
+        SetFocus(window->parent ? window->parent->handle : nullptr);
 }
 } // namespace winport
 
@@ -143,7 +131,7 @@ HWND SetActiveWindow(HWND handle)
             return nullptr;
         handle = RootOf(*window).handle;
     }
-    Activate(handle, false);
+    Activate(handle);
     return before;
 }
 
@@ -165,7 +153,7 @@ HWND SetFocus(HWND handle)
     if (handle)
     {
         const HWND root = RootOf(*window).handle;
-        if (!Activate(root, false) || GetActiveWindow() != root || !FindWindowOf(handle))
+        if (!Activate(root) || GetActiveWindow() != root || !FindWindowOf(handle))
             return nullptr;
     }
     MoveFocus(handle);

@@ -40,11 +40,6 @@ void Shift(Window& window, LONG x, LONG y)
         Shift(*child, x, y);
 }
 
-LPARAM PairOf(int low, int high)
-{
-    return static_cast<LPARAM>(static_cast<DWORD>(MAKELONG(low, high)));
-}
-
 // The origin of the client area; that of the screen for null and the desktop. False for a wrong handle.
 bool ClientOrigin(HWND handle, POINT* origin)
 {
@@ -113,18 +108,21 @@ void Place(Window& window, int x, int y, int width, int height)
     window.rect.bottom = window.rect.top + height;
 }
 
-void SendSize(Window& window)
+void SendSize(HWND handle)
 {
-    const RECT client = window.ClientOnScreen();
-    SendMessageW(window.handle, WM_SIZE, SIZE_RESTORED,
-                 PairOf(client.right - client.left, client.bottom - client.top));
+    RECT client{};
+    if (GetClientRect(handle, &client))
+        SendMessageW(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
 }
 
-void SendMove(Window& window)
+void SendMove(HWND handle)
 {
-    const RECT client = window.ClientOnScreen();
-    const POINT origin = OriginOf(window);
-    SendMessageW(window.handle, WM_MOVE, 0, PairOf(client.left - origin.x, client.top - origin.y));
+    const Window* window = FindWindowOf(handle);
+    if (!window)
+        return;
+    const RECT client = window->ClientOnScreen();
+    const POINT origin = OriginOf(*window);
+    SendMessageW(handle, WM_MOVE, 0, MAKELPARAM(client.left - origin.x, client.top - origin.y));
 }
 } // namespace winport
 
@@ -158,7 +156,7 @@ int MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
     const LONG y = start.y - end.y;
     for (UINT i = 0; i < count; ++i)
         points[i] = {points[i].x + x, points[i].y + y};
-    return static_cast<int>(PairOf(x, y));
+    return static_cast<int>(MAKELPARAM(x, y));
 }
 
 BOOL ClientToScreen(HWND window, LPPOINT point)
@@ -192,22 +190,7 @@ int GetSystemMetrics(int index)
     case SM_CYSCREEN:
         return 768;
     case SM_CXVSCROLL:
-    case SM_CYHSCROLL:
         return kScrollBar;
-    case SM_CYCAPTION:
-        return kCaption;
-    case SM_CXBORDER:
-    case SM_CYBORDER:
-        return 1;
-    case SM_CXFIXEDFRAME:
-    case SM_CYFIXEDFRAME:
-        return kEdge + 1;
-    case SM_CXSIZEFRAME:
-    case SM_CYSIZEFRAME:
-        return kEdge + 2;
-    case SM_CXEDGE:
-    case SM_CYEDGE:
-        return kEdge;
     default:
         Missing(nullptr, "system metric", static_cast<unsigned>(index));
     }

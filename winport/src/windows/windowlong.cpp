@@ -34,16 +34,6 @@ LONG_PTR SetStyle(HWND handle, DWORD Window::*style, int index, DWORD value)
     return static_cast<LONG>(change.styleOld);
 }
 
-LONG_PTR SetOwner(Window& window, HWND owner)
-{
-    if (window.parent)
-        Missing(&window, "change of the parent", 0);
-    const HWND before = window.owner ? window.owner->handle : nullptr;
-    Window* next = FindWindowOf(owner);
-    window.owner = next ? &RootOf(*next) : nullptr;
-    return reinterpret_cast<LONG_PTR>(before);
-}
-
 template <class T>
 LONG_PTR Exchange(T& place, LONG_PTR value)
 {
@@ -104,7 +94,7 @@ LONG_PTR SetWindowLongPtrW(HWND handle, int index, LONG_PTR value)
     case GWLP_HINSTANCE:
         return Exchange(window->instance, value);
     case GWLP_HWNDPARENT:
-        return SetOwner(*window, reinterpret_cast<HWND>(value));
+        Missing(window, "change of the parent", 0);
     case GWLP_USERDATA:
         return Exchange(window->userData, value);
     default:

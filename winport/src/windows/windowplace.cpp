@@ -62,15 +62,8 @@ void TellFirstPlace(HWND handle)
     if (!window || !window->placeUntold)
         return;
     window->placeUntold = false;
-    SendSize(*window);
-    if ((window = FindWindowOf(handle)))
-        SendMove(*window);
-}
-
-void AfterHiding(HWND handle)
-{
-    if (Window* window = FindWindowOf(handle))
-        TakeFocusFrom(*window);
+    SendSize(handle);
+    SendMove(handle);
 }
 
 UINT FlagsToShow(const Window& window, int how)
@@ -121,11 +114,11 @@ BOOL SetWindowPos(HWND handle, HWND after, int x, int y, int width, int height, 
         return TRUE;
     Apply(*window, &change);
     if (activates)
-        Activate(handle, false);
+        Activate(handle);
     if (FindWindowOf(handle))
         SendMessageW(handle, WM_WINDOWPOSCHANGED, 0, reinterpret_cast<LPARAM>(&change));
     if (change.flags & SWP_HIDEWINDOW)
-        AfterHiding(handle);
+        TakeFocusFrom(handle);
     return TRUE;
 }
 
@@ -158,17 +151,7 @@ BOOL IsWindowVisible(HWND handle)
 }
 
 // There is nothing to paint.
-BOOL UpdateWindow(HWND window)
-{
-    return AnyWindow(window) != nullptr;
-}
-
 BOOL InvalidateRect(HWND window, const RECT*, BOOL)
-{
-    return !window || AnyWindow(window) != nullptr;
-}
-
-BOOL RedrawWindow(HWND window, const RECT*, HANDLE, UINT)
 {
     return !window || AnyWindow(window) != nullptr;
 }

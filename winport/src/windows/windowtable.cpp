@@ -196,13 +196,3 @@ HWND GetDesktopWindow()
 {
     return HandleOf(kDesktop);
 }
-
-DWORD GetWindowThreadProcessId(HWND handle, LPDWORD process)
-{
-    const Window* window = AnyWindow(handle);
-    if (!window)
-        return 0;
-    if (process)
-        *process = GetCurrentProcessId();
-    return window->thread;
-}

@@ -1,11 +1,6 @@
 // Texts of windows: their copies, their order, their size.
 #include "wpthread.h"
 
-#include "automation/wpnames.h"
-#include "base/wptext.h"
-
-#include <winnls.h>
-
 #include <algorithm>
 
 namespace winport
@@ -20,15 +15,11 @@ int CopyText(std::wstring_view text, LPWSTR buffer, int size)
     return static_cast<int>(copied);
 }
 
-int CompareShownTexts(const std::wstring& one, const std::wstring& other)
+std::wstring TextOf(HWND window)
 {
-    return CompareNames(one, other, NORM_IGNORECASE);
-}
-
-bool BeginsWith(const std::wstring& text, const std::wstring& prefix)
-{
-    return text.size() >= prefix.size() &&
-           CompareNoCase(std::wstring_view(text).substr(0, prefix.size()), prefix) == 0;
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return text;
 }
 } // namespace winport
 
@@ -36,8 +27,6 @@ using namespace winport;
 
 BOOL SetWindowTextW(HWND handle, LPCWSTR text)
 {
-    if (!OwnWindow(handle, "text of a window of another thread"))
-        return FALSE;
     return SendMessageW(handle, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)) > 0;
 }
 
@@ -45,16 +34,12 @@ int GetWindowTextW(HWND handle, LPWSTR buffer, int size)
 {
     if (buffer && size > 0)
         *buffer = L'\0';
-    if (!OwnWindow(handle, "text of a window of another thread"))
-        return 0;
     return static_cast<int>(SendMessageW(handle, WM_GETTEXT, static_cast<WPARAM>(std::max(size, 0)),
                                          reinterpret_cast<LPARAM>(buffer)));
 }
 
 int GetWindowTextLengthW(HWND handle)
 {
-    if (!OwnWindow(handle, "text of a window of another thread"))
-        return 0;
     return static_cast<int>(SendMessageW(handle, WM_GETTEXTLENGTH, 0, 0));
 }
 

@@ -22,26 +22,6 @@ std::ptrdiff_t IndexOf(const std::vector<Window*>& windows, const Window* window
     return std::find(windows.begin(), windows.end(), window) - windows.begin();
 }
 
-void Collect(const Window& window, std::vector<HWND>* handles)
-{
-    for (const Window* child : window.children)
-    {
-        handles->push_back(child->handle);
-        Collect(*child, handles);
-    }
-}
-
-// Calls `each` for the windows that still live when their turn comes, until it returns FALSE.
-BOOL ForEach(const std::vector<HWND>& handles, WNDENUMPROC each, LPARAM parameter)
-{
-    for (const HWND handle : handles)
-    {
-        if (FindWindowOf(handle) && !each(handle, parameter))
-            return FALSE;
-    }
-    return TRUE;
-}
-
 void MoveInOrder(Window& window, HWND after)
 {
     std::vector<Window*>& siblings = SiblingsOf(window);
@@ -89,6 +69,14 @@ void RaiseOwned(const Window& owner)
     }
 }
 } // namespace
+
+std::vector<HWND> HandlesOf(const std::vector<Window*>& windows)
+{
+    std::vector<HWND> handles;
+    for (const Window* window : windows)
+        handles.push_back(window->handle);
+    return handles;
+}
 
 std::vector<Window*>& SiblingsOf(Window& window)
 {
@@ -155,10 +143,9 @@ HWND GetAncestor(HWND handle, UINT which)
             return window->parent->handle;
         return window->messageOnly ? ThisThread().messageOnly.handle : GetDesktopWindow();
     }
-    HWND root = RootOf(*window).handle;
-    while (which == GA_ROOTOWNER && GetParent(root))
-        root = GetParent(root);
-    return root;
+    if (which != GA_ROOT)
+        Missing(window, "GetAncestor relation", which);
+    return RootOf(*window).handle;
 }
 
 HWND GetWindow(HWND handle, UINT which)
@@ -170,21 +157,11 @@ HWND GetWindow(HWND handle, UINT which)
         return HandleOf(window->owner);
     if (which == GW_CHILD)
         return HandleOf(At(window->children, 0));
+    if (which != GW_HWNDNEXT)
+        Missing(window, "GetWindow relation", which);
     const std::vector<Window*>& siblings = SiblingsOf(*window);
     const std::ptrdiff_t index = IndexOf(siblings, window);
-    switch (which)
-    {
-    case GW_HWNDFIRST:
-        return HandleOf(At(siblings, 0));
-    case GW_HWNDLAST:
-        return HandleOf(At(siblings, std::ssize(siblings) - 1));
-    case GW_HWNDNEXT:
-        return HandleOf(At(siblings, index + 1));
-    case GW_HWNDPREV:
-        return HandleOf(At(siblings, index - 1));
-    default:
-        Missing(window, "GetWindow relation", which);
-    }
+    return HandleOf(At(siblings, index + 1));
 }
 
 BOOL IsChild(HWND parent, HWND handle)
@@ -194,30 +171,15 @@ BOOL IsChild(HWND parent, HWND handle)
     return ancestor && window && ancestor != window && IsWithin(*ancestor, window);
 }
 
-HWND GetLastActivePopup(HWND handle)
-{
-    const Window* window = AnyWindow(handle);
-    if (!window)
-        return nullptr;
-    return FindWindowOf(window->lastActivePopup) ? window->lastActivePopup : handle;
-}
-
-BOOL EnumChildWindows(HWND parent, WNDENUMPROC each, LPARAM parameter)
-{
-    const Window* window = AnyWindow(parent ? parent : GetDesktopWindow());
-    if (!window)
-        return FALSE;
-    std::vector<HWND> handles;
-    Collect(*window, &handles);
-    return ForEach(handles, each, parameter);
-}
-
+// Windows that ended meanwhile are left out.
 BOOL EnumThreadWindows(DWORD thread, WNDENUMPROC each, LPARAM parameter)
 {
     if (thread != GetCurrentThreadId())
         Missing(nullptr, "windows of another thread", thread);
-    std::vector<HWND> handles;
-    for (const Window* window : TopLevelWindows())
-        handles.push_back(window->handle);
-    return ForEach(handles, each, parameter);
+    for (const HWND handle : HandlesOf(TopLevelWindows()))
+    {
+        if (FindWindowOf(handle) && !each(handle, parameter))
+            return FALSE;
+    }
+    return TRUE;
 }

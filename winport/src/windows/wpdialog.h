@@ -10,14 +10,14 @@ class DialogState final : public Control
 {
 public:
     using Control::Control;
-    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
+    LRESULT Handle(UINT, WPARAM, LPARAM) override { return 0; } // the dialog's procedure is DefDlgProcW
 
     int defaultId = IDOK; ///< of the button that Enter presses
     HWND focus = nullptr; ///< what had the focus when the dialog was left
 };
 
-/// Makes it if the dialog has none yet.
-DialogState& StateOf(Window& dialog);
+/// Makes it if the dialog, which lives, has none yet.
+DialogState& StateOf(HWND dialog);
 
 /// A class, a title or a menu in a template: a text, or a number if the text is empty.
 struct TemplateText

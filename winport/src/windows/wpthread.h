@@ -89,9 +89,9 @@ void Restack(Window& window, HWND after);
 /// Tells the parent of a child window of its beginning or end.
 void NotifyParent(const Window& window, UINT event);
 
-/// WM_SIZE and WM_MOVE by the window's place.
-void SendSize(Window& window);
-void SendMove(Window& window);
+/// WM_SIZE and WM_MOVE by the window's place, if it still lives.
+void SendSize(HWND handle);
+void SendMove(HWND handle);
 
 /// The point of the screen from which the place of a window is counted.
 POINT OriginOf(const Window& window);
@@ -110,19 +110,22 @@ void Place(Window& window, int x, int y, int width, int height);
 void KeepTrackSize(const Window& window, int* width, int* height);
 
 /// Makes `next`, which may be null, the thread's active window. False if a hook refused.
-bool Activate(HWND next, bool byMouse);
+bool Activate(HWND next);
 
 /// Makes the window that follows an active window which goes away the active one.
 void ActivateNext(const Window& leaving);
 
-/// Gives the focus away if it is in `window`, which is hidden or destroyed.
-void TakeFocusFrom(Window& window);
+/// Gives activation and focus away if the window, which was hidden, has them.
+void TakeFocusFrom(HWND handle);
 
 /// Asks the thread's hooks. 0 if none of them objects.
 LRESULT CallHooks(int code, WPARAM wParam, LPARAM lParam);
 
 /// Ends the run if the style has a bit outside of the closed set.
 void CheckStyles(const Window& window, DWORD style, DWORD exStyle);
+
+/// Ends the run if the name is, or begins like, that of a class which only Windows has.
+void RefuseSystemClass(const std::wstring& name);
 
 /// The same as Missing for what belongs to no window.
 [[noreturn]] void Stuck(const char* what);

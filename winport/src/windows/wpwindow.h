@@ -31,15 +31,12 @@ struct WindowClass
     int extraBytes = 0;
     MakeControl make = nullptr; ///< built-in controls only
     DWORD controlStyles = 0;    ///< which of the low 16 style bits a built-in control knows
+    UINT firstOwn = 0;          ///< the messages below WM_USER that the real control has for itself
+    UINT lastOwn = 0;
 };
 
 struct Window
 {
-    Window() = default;
-    ~Window();
-    Window(const Window&) = delete;
-    Window& operator=(const Window&) = delete;
-
     void SetClass(const WindowClass* of);
 
     HWND handle = nullptr;
@@ -62,7 +59,6 @@ struct Window
     std::unique_ptr<Control> control;
     DWORD thread = 0;
     HICON icons[2] = {}; ///< small, big
-    HWND lastActivePopup = nullptr;
     bool messageOnly = false;
     bool destroying = false;
     bool placeUntold = false; ///< WM_SIZE and WM_MOVE come when it is shown first
@@ -74,8 +70,8 @@ struct Window
     RECT ClientOnScreen() const; ///< without frame, caption and border
 };
 
-/// The state and the behaviour of a built-in control. A message below WM_USER that is no message of the
-/// control's own goes to Default; one of its own that it does not know goes to Unsupported.
+/// The state and the behaviour of a built-in control. What it does not answer itself goes to Default, which
+/// ends the run at a message of the control's own.
 class Control
 {
 public:
@@ -89,13 +85,12 @@ public:
 protected:
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
 
-    /// WM_COMMAND to the parent. The window may be gone when it returns: ask Alive().
-    void NotifyCommand(WORD code);
+    /// WM_COMMAND to the parent. False if the window is gone when it returns.
+    bool NotifyCommand(WORD code);
 
-    /// WM_NOTIFY to the parent; fills in the header.
+    /// WM_NOTIFY to the parent; fills in the header, or sends nothing but it.
     LRESULT Notify(NMHDR& header, UINT code);
-
-    [[noreturn]] void Unsupported(UINT message) const;
+    LRESULT Notify(UINT code);
 
     HWND Handle() const { return m_window.handle; }
     DWORD Style() const { return m_window.style; }
@@ -103,6 +98,17 @@ protected:
 
     Window& m_window;
 };
+
+/// The point of a mouse message.
+inline POINT PointOf(LPARAM point)
+{
+    return {static_cast<SHORT>(LOWORD(point)), static_cast<SHORT>(HIWORD(point))};
+}
+
+inline bool IsHeld(int key)
+{
+    return GetKeyState(key) < 0;
+}
 
 /// The window of a handle, or null. Handles are not used twice, so that a stale one is always noticed.
 Window* FindWindowOf(HWND window);
@@ -112,6 +118,13 @@ bool Alive(HWND window);
 
 /// Ends the run and names what is not there: `what` is "message", "style" ..., the window may be null.
 [[noreturn]] void Missing(const Window* window, const char* what, unsigned long long number);
+
+/// The same, if any bit is left of those that are known.
+inline void RefuseBits(const Window* window, const char* what, unsigned long long unknown)
+{
+    if (unknown)
+        Missing(window, what, unknown);
+}
 
 /// The whole tree beneath a window with classes, identifiers, styles, texts: for messages.
 std::string DumpOf(const Window& window);
@@ -125,22 +138,15 @@ const WindowClass* FindWindowClass(const std::wstring& name, HINSTANCE instance)
 /// The procedure of every built-in control: makes and ends its state and hands messages to it.
 LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-/// How wide a text is in the one font.
-inline int TextWidth(std::wstring_view text)
-{
-    return static_cast<int>(text.size()) * kCharacterWidth;
-}
-
 /// Copies a text as WM_GETTEXT does: at most `size` characters with the closing null. Returns what was copied
 /// without the null.
 int CopyText(std::wstring_view text, LPWSTR buffer, int size);
 
-/// The order of texts in sorted controls: that of names (see docs/winport.md), ignoring case. Less than,
-/// equal to, greater than 0.
-int CompareShownTexts(const std::wstring& one, const std::wstring& other);
+/// What a window answers when it is asked for its text.
+std::wstring TextOf(HWND window);
 
-/// True if `text` begins with `prefix`, ignoring case.
-bool BeginsWith(const std::wstring& text, const std::wstring& prefix);
+/// The handles of windows, some of which may end while the rest is gone through.
+std::vector<HWND> HandlesOf(const std::vector<Window*>& windows);
 
 // Made by the sources of the controls, and named in the table of the built-in classes.
 std::unique_ptr<Control> MakeButton(Window& window);
