@@ -113,10 +113,7 @@ using HGDIOBJ = void*;
 #define DWLP_DLGPROC 8
 #define DWLP_USER 16
 
-#define GW_HWNDFIRST 0
-#define GW_HWNDLAST 1
 #define GW_HWNDNEXT 2
-#define GW_HWNDPREV 3
 #define GW_OWNER 4
 #define GW_CHILD 5
 #define GA_PARENT 1
@@ -125,18 +122,6 @@ using HGDIOBJ = void*;
 #define SM_CXSCREEN 0
 #define SM_CYSCREEN 1
 #define SM_CXVSCROLL 2
-#define SM_CYHSCROLL 3
-#define SM_CYCAPTION 4
-#define SM_CXBORDER 5
-#define SM_CYBORDER 6
-#define SM_CXFIXEDFRAME 7
-#define SM_CYFIXEDFRAME 8
-#define SM_CXDLGFRAME SM_CXFIXEDFRAME
-#define SM_CYDLGFRAME SM_CYFIXEDFRAME
-#define SM_CXSIZEFRAME 32
-#define SM_CYSIZEFRAME 33
-#define SM_CXEDGE 45
-#define SM_CYEDGE 46
 
 // Messages that wait.
 #define PM_NOREMOVE 0x0000u
@@ -224,7 +209,6 @@ using HGDIOBJ = void*;
 // Buttons.
 #define BS_PUSHBUTTON 0x0u
 #define BS_DEFPUSHBUTTON 0x1u
-#define BS_CHECKBOX 0x2u
 #define BS_AUTOCHECKBOX 0x3u
 #define BS_RADIOBUTTON 0x4u
 #define BS_GROUPBOX 0x7u
@@ -251,7 +235,6 @@ using HGDIOBJ = void*;
 #define ES_CENTER 0x1u
 #define ES_RIGHT 0x2u
 #define ES_AUTOHSCROLL 0x80u
-#define ES_READONLY 0x800u
 
 // Combo boxes.
 #define CBS_SIMPLE 0x1u
