@@ -72,9 +72,9 @@ void RaiseOwned(const Window& owner)
 
 std::vector<HWND> HandlesOf(const std::vector<Window*>& windows)
 {
-    std::vector<HWND> handles;
-    for (const Window* window : windows)
-        handles.push_back(window->handle);
+    std::vector<HWND> handles(windows.size());
+    std::transform(windows.begin(), windows.end(), handles.begin(),
+                   [](const Window* window) { return window->handle; });
     return handles;
 }
 
