@@ -72,7 +72,7 @@ TEST_P(LookupMemory, EveryAllocationOfTheProject)
             ComPtr<Data> found;
             return item->GetProject(object.get(), found.put());
         },
-        8 + 2);
+        2);
 }
 
 TEST_P(LookupMemory, EveryAllocationOfThePlanType)
@@ -106,7 +106,7 @@ TEST_P(LookupMemory, EveryAllocationOfTwoAtOnce)
             ComPtr<Data> second;
             return item->GetProjectAndPlanType(object.get(), first.put(), second.put());
         },
-        8 + 2 + 1);
+        2);
     Sweep(
         [this]
         {
@@ -131,7 +131,7 @@ TEST_P(LookupMemory, EveryAllocationOfAScriptsRecord)
                     return dialog.AddScriptVectorToMap(script.get(), scripts);
                 });
         },
-        5 + 1);
+        3); // the row, the text of the location, the place in the map
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, LookupMemory,
