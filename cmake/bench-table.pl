@@ -131,12 +131,13 @@ sub beside_floor {
             $has_list ? 'the list alone, µs' : ()], @rows);
 }
 
-# One row of the larger result takes as long as one of the smaller, but for that part.
+# One row of the larger result takes as long as one of the smaller, but for that part and for what the floor takes longer:
+# memory is slower where more of it is used.
 sub flat {
     my ($subject, $small, $large, $part) = @_;
-    my ($of_small, $of_large) = (of($subject, 'service', $small) / $small, of($subject, 'service', $large) / $large);
-    limit("`$subject`, a row of " . number($large) . ' beside one of ' . number($small), $of_large / $of_small, 1 - $part,
-        1 + $part);
+    my ($service, $floor) = map { (of($subject, $_, $large) / $large) / (of($subject, $_, $small) / $small) } 'service', 'floor';
+    limit("`$subject`, a row of " . number($large) . ' beside one of ' . number($small) . ', the floor\'s being 1',
+        $service / $floor, 1 - $part, 1 + $part);
 }
 
 sub one_prompt {

@@ -2,11 +2,15 @@
 
 #include "ComException.h"
 
+#include <bit>
+#include <functional>
 #include <new>
-#include <utility>
 
 namespace
 {
+/// No entry: the greatest index, which no array reaches.
+constexpr std::uint32_t kFree = 0xFFFFFFFF;
+
 std::wstring_view NameOf(const wchar_t* name) noexcept
 {
     return name ? std::wstring_view(name) : std::wstring_view();
@@ -44,12 +48,9 @@ try
     if (!values)
         return;
     m_entries.reserve(count);
-    m_places.reserve(count);
     for (const tagINITVALUE* record = values; record != values + count; ++record)
-    {
         m_entries.push_back({NameOf(record->bstrParamName), &record->varValue, nullptr});
-        m_places.emplace(m_entries.back().name, m_entries.size() - 1);
-    }
+    MakeTable(count);
 }
 catch (const std::bad_alloc&)
 {
@@ -58,11 +59,9 @@ catch (const std::bad_alloc&)
 
 bool XInitValueWrapper::GetData(const wchar_t* name, VARIANT& value) const noexcept
 {
-    const std::size_t index = IndexOf(name);
-    if (index == m_entries.size())
-        return false;
+    const Entry* const entry = Find(name);
     VARIANT copy;
-    if (CopyValue(*m_entries[index].value, copy) < 0)
+    if (!entry || CopyValue(*entry->value, copy) < 0)
         return false;
     VariantClear(&value);
     value = copy;
@@ -72,9 +71,8 @@ bool XInitValueWrapper::GetData(const wchar_t* name, VARIANT& value) const noexc
 void XInitValueWrapper::SetData(const wchar_t* name, const VARIANT& value)
 try
 {
-    const std::size_t index = IndexOf(name);
-    if (index < m_entries.size())
-        Replace(m_entries[index], value);
+    if (const Entry* const entry = Find(name))
+        Replace(m_entries[static_cast<std::size_t>(entry - m_entries.data())], value);
     else
         Add(name, value);
 }
@@ -124,21 +122,15 @@ void XInitValueWrapper::FreeStruct(ULONG count, tagINITVALUE* values) noexcept
 
 void XInitValueWrapper::Add(const wchar_t* name, const VARIANT& value)
 {
-    // Room first, so that the last step cannot fail.
-    if (m_entries.size() == m_entries.capacity())
-        m_entries.reserve(2 * m_entries.size() + 8);
-    Own& own = m_own.emplace_back(Own{XQPComBSTR(name), XQPComVariant(value)});
-    const std::wstring_view ownName = own.name.View();
-    try
-    {
-        m_places.emplace(ownName, m_entries.size());
-    }
-    catch (...)
-    {
-        m_own.pop_back();
-        throw;
-    }
-    m_entries.push_back({ownName, &own.value.Value(), &own});
+    // Room first, so that the last steps cannot fail.
+    const std::size_t count = m_entries.size() + 1;
+    if (count > m_entries.capacity())
+        m_entries.reserve(2 * count);
+    if (2 * count > m_table.size())
+        MakeTable(2 * count);
+    const Own& own = m_own.emplace_back(Own{XQPComBSTR(name), XQPComVariant(value)});
+    m_entries.push_back({own.name.View(), &own.value.Value(), &m_own.back()});
+    Enter(count - 1);
 }
 
 void XInitValueWrapper::Replace(Entry& entry, const VARIANT& value)
@@ -152,8 +144,35 @@ void XInitValueWrapper::Replace(Entry& entry, const VARIANT& value)
     entry.value = &entry.own->value.Value();
 }
 
-std::size_t XInitValueWrapper::IndexOf(const wchar_t* name) const noexcept
+const XInitValueWrapper::Entry* XInitValueWrapper::Find(const wchar_t* name) const noexcept
 {
-    const auto found = m_places.find(NameOf(name));
-    return found == m_places.end() ? m_entries.size() : found->second;
+    if (m_table.empty())
+        return nullptr;
+    const std::uint32_t index = m_table[SlotOf(NameOf(name))];
+    return index == kFree ? nullptr : &m_entries[index];
+}
+
+std::size_t XInitValueWrapper::SlotOf(std::wstring_view name) const noexcept
+{
+    const std::size_t last = m_table.size() - 1;
+    std::size_t slot = std::hash<std::wstring_view>()(name) & last;
+    while (m_table[slot] != kFree && m_entries[m_table[slot]].name != name)
+        slot = (slot + 1) & last;
+    return slot;
+}
+
+void XInitValueWrapper::MakeTable(std::size_t entries)
+{
+    std::vector<std::uint32_t> table(std::bit_ceil(2 * entries), kFree);
+    m_table.swap(table);
+    for (std::size_t index = 0; index < m_entries.size(); ++index)
+        Enter(index);
+}
+
+/// Of two entries of one name the first stays.
+void XInitValueWrapper::Enter(std::size_t index) noexcept
+{
+    std::uint32_t& place = m_table[SlotOf(m_entries[index].name)];
+    if (place == kFree)
+        place = static_cast<std::uint32_t>(index);
 }

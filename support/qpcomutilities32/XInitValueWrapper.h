@@ -5,9 +5,9 @@
 #include "XQPComVariant.h"
 #include "qptypes.h"
 
+#include <cstdint>
 #include <deque>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 /// Reads where the values stand and copies what it is asked for: an array of many records costs no more than
@@ -57,13 +57,23 @@ private:
         Own* own; ///< null for a record of the array that nobody has replaced
     };
 
-    /// The index of the first entry of that name, or the number of entries.
-    std::size_t IndexOf(const wchar_t* name) const noexcept;
+    /// The first entry of that name, or null.
+    const Entry* Find(const wchar_t* name) const noexcept;
+
+    /// Where in the table the name stands, or the free place where it belongs.
+    std::size_t SlotOf(std::wstring_view name) const noexcept;
+
+    /// Makes the table anew, with room for this many entries.
+    void MakeTable(std::size_t entries);
+    void Enter(std::size_t index) noexcept;
 
     void Add(const wchar_t* name, const VARIANT& value);
     void Replace(Entry& entry, const VARIANT& value);
 
     std::vector<Entry> m_entries;
-    std::deque<Own> m_own;                                       ///< where entries refer to it
-    std::unordered_map<std::wstring_view, std::size_t> m_places; ///< of the first entry of each name
+    std::deque<Own> m_own; ///< where entries refer to it
+
+    /// A hash table: the index of the first entry of each name, with at least as many free places. One piece
+    /// of memory, where a map of the library would have one for each of ten thousand records.
+    std::vector<std::uint32_t> m_table;
 };

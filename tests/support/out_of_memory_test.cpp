@@ -144,7 +144,7 @@ TEST(InitValueWrapperWithoutMemory, CannotBeMade)
                 EXPECT_EQ(exception.Status(), E_OUTOFMEMORY);
             }
         });
-    EXPECT_GE(failures, 3) << "the list of entries, and what finds them by name";
+    EXPECT_GE(failures, 2) << "the list of entries, and the table that finds them by name";
     for (tagINITVALUE& record : records)
     {
         SysFreeString(record.bstrParamName);

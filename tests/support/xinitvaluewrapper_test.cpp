@@ -152,6 +152,31 @@ TEST(InitValueWrapper, TakesTheFirstOfTwoValuesOfOneName)
     EXPECT_EQ(TextOf(bag, L"title"), L"third");
 }
 
+TEST(InitValueWrapper, FindsEachOfManyNamesOfTheArrayAndOfThoseAddedLater)
+{
+    constexpr int kMany = 3000;
+    const auto name = [](int number)
+    {
+        return L"name" + std::to_wstring(number);
+    };
+    OwnArray array;
+    for (int number = 0; number < kMany; ++number)
+        array.Add(name(number).c_str(), XQPComVariant(std::to_wstring(number).c_str()));
+    XInitValueWrapper bag(array.Count(), array.Values());
+    for (int number = kMany; number < 2 * kMany; ++number)
+        bag.SetData(name(number).c_str(), XQPComVariant(std::to_wstring(number).c_str()).Value());
+    for (int number = 0; number < 2 * kMany; ++number)
+        ASSERT_EQ(TextOf(bag, name(number).c_str()), std::to_wstring(number));
+    EXPECT_EQ(TextOf(bag, name(2 * kMany).c_str()), L"(none)");
+    ULONG count = 0;
+    tagINITVALUE* values = nullptr;
+    ASSERT_TRUE(bag.GetStruct(count, &values));
+    ASSERT_EQ(count, ULONG{2 * kMany});
+    for (int number = 0; number < 2 * kMany; ++number)
+        ASSERT_STREQ(values[number].bstrParamName, name(number).c_str()) << "in the order of their coming";
+    XInitValueWrapper::FreeStruct(count, values);
+}
+
 TEST(InitValueWrapper, TreatsANullNameAsTheEmptyName)
 {
     OwnArray array;
