@@ -3,9 +3,12 @@
 
 #include "CallGate.h"
 
+#include <gtest/gtest.h>
+
 #include <windows.h>
 
 #include <ostream>
+#include <string>
 
 /// One way to fail a host call.
 struct Way
@@ -13,6 +16,10 @@ struct Way
     const char* name;
     refhost::Fault fault;
     HRESULT status;
+
+    /// The failing call says so with a status; else it says S_OK with nothing in its results.
+    bool SaysSo() const { return fault == refhost::Fault::Status; }
+    bool Fails() const { return SaysSo() && status < 0; }
 };
 
 inline std::ostream& operator<<(std::ostream& stream, const Way& way)
@@ -24,3 +31,9 @@ inline constexpr Way kWays[] = {{"Failure", refhost::Fault::Status, E_FAIL},
                                 {"NegativeAnswer", refhost::Fault::Status, S_FALSE},
                                 {"NullObject", refhost::Fault::NullObject, S_OK},
                                 {"EmptyVariant", refhost::Fault::EmptyVariant, S_OK}};
+
+/// Names the instances of a sweep over kWays.
+inline std::string NameOfWay(const ::testing::TestParamInfo<Way>& info)
+{
+    return info.param.name;
+}

@@ -259,7 +259,6 @@ TEST_P(FaultSweep, AFailedStepOfTheWalkLeavesTheRowsBeforeItAndAFailedReadItsOwn
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Ways, FaultSweep, ::testing::ValuesIn(kWays),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Ways, FaultSweep, ::testing::ValuesIn(kWays), NameOfWay);
 
 } // namespace

@@ -4,7 +4,6 @@
 #include "FaultWays.h"
 
 #include <functional>
-#include <optional>
 #include <utility>
 
 using refhost::CallGate;
@@ -44,10 +43,6 @@ std::ostream& operator<<(std::ostream& stream, const Shown& shown)
 class ChooserFaults : public ChooserPlant, public ::testing::WithParamInterface<Way>
 {
 protected:
-    /// Whether the failing call says so with a status; else it says S_OK with nothing in its results.
-    static bool SaysSo() { return GetParam().fault == Fault::Status; }
-    static bool Fails() { return SaysSo() && GetParam().status < 0; }
-
     /// Makes `call` with the n-th host call failing (0: none). The dialog, if one is expected, is looked at
     /// and left with Cancel; the expected messages are answered.
     Shown Run(long long n, const Shown& expected, const std::function<void()>& call)
@@ -142,7 +137,7 @@ TEST_P(ChooserFaults, EveryCallOfTheProjectChoice)
               if (index == 0)
               {
                   // Whether there is a list at all: only a failure says no.
-                  return Fails() ? Shown{} : whole;
+                  return GetParam().Fails() ? Shown{} : whole;
               }
               if (Has(line, "GetChildren"))
                   shown.rows.clear();
@@ -216,11 +211,11 @@ protected:
     Shown AtSearch(const Shown& whole, const std::string& line) const
     {
         if (Has(line, "IsDerivedFromClass"))
-            return SaysSo() ? Only(whole, L"Library") : whole;
-        if (SaysSo())
+            return GetParam().SaysSo() ? Only(whole, L"Library") : whole;
+        if (GetParam().SaysSo())
         {
             const bool isCriterion = Has(line, "SetSearchAttribute");
-            return Fails() && !isCriterion ? Failed("0x80004005") : none;
+            return GetParam().Fails() && !isCriterion ? Failed("0x80004005") : none;
         }
         // The call had no effect, and nobody knows.
         if (Has(line, "ResetSearch"))
@@ -249,7 +244,7 @@ protected:
         if (Has(line, "modificationdate"))
             row[4].clear();
         // A right that nobody said no to is held.
-        if (!Has(line, "HasRight") || !SaysSo())
+        if (!Has(line, "HasRight") || !GetParam().SaysSo())
             shown.rows.push_back(row);
         std::sort(shown.rows.begin(), shown.rows.end());
         return shown;
@@ -314,94 +309,7 @@ TEST_P(ScriptFaults, EveryCallOfTheScriptPicker)
     EXPECT_EQ(batches, 2u);
 }
 
-// The look-ups.
-
-TEST_P(ChooserFaults, EveryCallOfTheLookups)
-{
-    const std::pair<const wchar_t*, const wchar_t*> objects[] = {{L"project", L"Body Plant North"},
-                                                                 {L"orvoitem", L"Side panel left"},
-                                                                 {L"orvowsc", L"Robot cell 4"},
-                                                                 {L"relationship", L"Panels to roof"},
-                                                                 {L"scriptaction", L"Weld: times"}};
-    int failed = 0;
-    for (const auto& [table, name] : objects)
-    {
-        const auto object = Find(table, name);
-        for (long long n = 1;; ++n)
-        {
-            plant->Calls().FailCall(n, GetParam().fault, GetParam().status);
-            const long before = Plant::LiveObjects();
-            ComPtr<IQP_BaseDataObject> project;
-            ComPtr<IQP_BaseDataObject> planType;
-            const HRESULT status = Recorded(
-                [&] { return item->GetProjectAndPlanType(object.get(), project.put(), planType.put()); });
-            const bool struck = plant->Calls().Struck();
-            plant->Calls().FailCall(0, Fault::None);
-            EXPECT_TRUE(status == S_OK || (!project || !planType)) << "nothing is written after a failure";
-            project.reset();
-            planType.reset();
-            EXPECT_EQ(Plant::LiveObjects(), before);
-            if (!struck)
-                break;
-            ++failed;
-            const bool isRead = Has(record[static_cast<std::size_t>(n) - 1], "GetAttribute");
-            if (isRead && SaysSo())
-            {
-                EXPECT_EQ(status, GetParam().status) << record[static_cast<std::size_t>(n) - 1];
-            }
-        }
-    }
-    EXPECT_GT(failed, 25);
-}
-
-TEST_P(ChooserFaults, EveryCallOfTheLookupsOfTableAndBase)
-{
-    const auto gun = Find(L"subcompitem", L"Spot gun, station 20");
-    const auto panel = Find(L"orvoitem", L"Side panel left");
-    const auto tables = [&](BSTR* table, IQP_BaseDataObject** planType)
-    {
-        return item->GetTypeNameAndPlanType(panel.get(), table, planType);
-    };
-    const auto base = [&](BSTR*, IQP_BaseDataObject** found)
-    {
-        return item->GetOrvoCompBase(gun.get(), XQPComBSTR(L"subcompitem"), found);
-    };
-    const std::function<HRESULT(BSTR*, IQP_BaseDataObject**)> lookups[] = {tables, base};
-    int failed = 0;
-    for (const auto& lookup : lookups)
-        for (long long n = 1;; ++n)
-        {
-            plant->Calls().FailCall(n, GetParam().fault, GetParam().status);
-            const std::size_t reported = logBook.Entries().size();
-            const long before = Plant::LiveObjects();
-            XQPComBSTR table;
-            ComPtr<IQP_BaseDataObject> found;
-            const HRESULT status = Recorded([&] { return lookup(table.put(), found.put()); });
-            const bool struck = plant->Calls().Struck();
-            plant->Calls().FailCall(0, Fault::None);
-            const bool wasFound = static_cast<bool>(found);
-            found.reset();
-            EXPECT_EQ(Plant::LiveObjects(), before);
-            if (!struck)
-                break;
-            ++failed;
-            const std::string& line = record[static_cast<std::size_t>(n) - 1];
-            const bool isTable = Has(line, "GetTableName");
-            EXPECT_FALSE(isTable && table.Length() > 0) << line;
-            EXPECT_TRUE(isTable || !wasFound) << line;
-            // Any answer with a status that is not negative is a table's name, be it none.
-            EXPECT_EQ(status, isTable && !Fails() ? S_OK : GetParam().status) << line;
-            const bool isBase = Has(line, "orvocompbase");
-            EXPECT_EQ(logBook.Entries().size() - reported, Fails() || isBase ? 1u : 0u) << line;
-        }
-    EXPECT_EQ(failed, 3);
-}
-
-std::string NameOf(const ::testing::TestParamInfo<Way>& info)
-{
-    return info.param.name;
-}
-INSTANTIATE_TEST_SUITE_P(Ways, ChooserFaults, ::testing::ValuesIn(kWays), NameOf);
-INSTANTIATE_TEST_SUITE_P(Ways, ScriptFaults, ::testing::ValuesIn(kWays), NameOf);
+INSTANTIATE_TEST_SUITE_P(Ways, ChooserFaults, ::testing::ValuesIn(kWays), NameOfWay);
+INSTANTIATE_TEST_SUITE_P(Ways, ScriptFaults, ::testing::ValuesIn(kWays), NameOfWay);
 
 } // namespace

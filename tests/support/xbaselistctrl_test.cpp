@@ -34,6 +34,24 @@ protected:
     HWND m_window;
 };
 
+/// Counts what lists in it tell of rows that go, and is in front of a window that others made.
+class Listener : public CWnd
+{
+public:
+    int goneRows = 0;
+
+protected:
+    const CMessageMap& GetMessageMap() const override
+    {
+        static const CMessageMapEntry entries[] = {OnNotify<&Listener::OnDeleteItem>(LVN_DELETEITEM, 202)};
+        static const CMessageMap map{&CWnd::ClassMessageMap(), entries};
+        return map;
+    }
+
+private:
+    void OnDeleteItem(NMHDR*, LRESULT*) { ++goneRows; }
+};
+
 VARIANT Number(LONG value)
 {
     VARIANT number{};
@@ -160,6 +178,24 @@ TEST_F(BaseList, HoldsAnObjectAsLongAsItsRow)
     list.Empty();
     EXPECT_EQ(object.References(), before);
     EXPECT_EQ(list.GetItemCount(), 0);
+}
+
+TEST_F(BaseList, DoesNotTellOfEachRowWhenAllOfThemGo)
+{
+    Listener listener;
+    ASSERT_TRUE(listener.SubclassWindow(m_window));
+    const auto fill = [this]
+    {
+        for (const wchar_t* text : {L"a", L"b", L"c"})
+            ASSERT_TRUE(list.AddEntry({XQPComVariant(text)}, 99, -1));
+    };
+    fill();
+    EXPECT_TRUE(list.DeleteItem(0));
+    EXPECT_EQ(listener.goneRows, 1);
+    list.Empty();
+    fill();
+    EXPECT_TRUE(list.DestroyWindow());
+    EXPECT_EQ(listener.goneRows, 1);
 }
 
 TEST_F(BaseList, TextsOfAnyScriptAndLengthAreShownWhole)
