@@ -57,14 +57,12 @@ void CChooserDemo::ChooseProject()
     BoxAnswers boxes;
     ReadMessage(boxes, "project-choice-nothing-selected");
     DialogDriver user;
-    user.OnDialog({[](DialogView& view)
-                   {
+    user.OnDialog({[](DialogView& view) {
                        PrintRows(view);
                        PrintLine(L"    OK is pressed, with nothing selected");
                        PressOk(view);
                    },
-                   [this](DialogView& view)
-                   {
+                   [this](DialogView& view) {
                        view.SelectRow(view.List(), 0);
                        Picture("project-choice");
                        PressOk(view);
@@ -88,11 +86,10 @@ void CChooserDemo::PassOverAProject()
     BoxAnswers boxes;
     ReadMessage(boxes, "project-choice-unreadable");
     DialogDriver user;
-    user.OnDialog({[](DialogView& view)
-                   {
-                       PrintRows(view);
-                       PressButton(view, kCreateNewButton);
-                   }});
+    user.OnDialog({[](DialogView& view) {
+        PrintRows(view);
+        PressButton(view, kCreateNewButton);
+    }});
     m_plant.Calls().Clear();
     m_plant.Calls().FailCall(kReadOfTheFirstName, refhost::Fault::Status, E_FAIL);
     LONG canceled = 1;
@@ -115,15 +112,13 @@ void CChooserDemo::AskForSomethingNew()
     BoxAnswers boxes;
     ReadMessage(boxes, "template-choice-nothing-selected");
     DialogDriver user;
-    user.OnDialog({[this](DialogView& view)
-                   {
+    user.OnDialog({[this](DialogView& view) {
                        PrintRows(view);
                        Picture("template-choice");
                        PrintLine(L"    OK is pressed, with nothing selected");
                        PressOk(view);
                    },
-                   [](DialogView& view)
-                   {
+                   [](DialogView& view) {
                        PressButton(view, kCreateNewButton);
                    }});
     LONG canceled = 1;
@@ -146,20 +141,17 @@ void CChooserDemo::ChooseScript()
     BoxAnswers boxes;
     ReadMessage(boxes, "script-picker-nothing-selected");
     DialogDriver user;
-    user.OnDialog({[this](DialogView& view)
-                   {
+    user.OnDialog({[this](DialogView& view) {
                        Picture("script-picker");
                        PrintLine(L"  " + view.Title() + L" for \"Side panel left\": " +
                                  std::to_wstring(view.Rows(view.List())) + L" that the user may run");
                        SelectNothing(view);
                    },
-                   [](DialogView& view)
-                   {
+                   [](DialogView& view) {
                        PrintLine(L"    OK is pressed, with nothing selected");
                        PressOk(view);
                    },
-                   [&](DialogView& view)
-                   {
+                   [&](DialogView& view) {
                        PickRow(view, wanted);
                    }});
     ComPtr<IQP_BaseDataObject> script;
@@ -217,19 +209,16 @@ void CChooserDemo::ChooseAmongObjects()
     BoxAnswers boxes;
     ReadMessage(boxes, "generic-selection-nothing-selected");
     DialogDriver user;
-    user.OnDialog({[this](DialogView& view)
-                   {
+    user.OnDialog({[this](DialogView& view) {
                        Picture("generic-selection");
                        PrintRows(view);
                        SelectNothing(view);
                    },
-                   [](DialogView& view)
-                   {
+                   [](DialogView& view) {
                        PrintLine(L"    OK is pressed, with nothing selected");
                        PressOk(view);
                    },
-                   [this](DialogView& view)
-                   {
+                   [this](DialogView& view) {
                        PickRow(view, m_texts.turning);
                    }});
     ComPtr<IUnknown> selected;
@@ -276,13 +265,11 @@ void CChooserDemo::Picture(const char* name) const
 
 void CChooserDemo::ReadMessage(BoxAnswers& boxes, const char* picture) const
 {
-    boxes.ExpectAny(IDOK,
-                    [this, &boxes, picture]
-                    {
-                        Picture(picture);
-                        const ShownBox& box = boxes.Shown().back();
-                        PrintLine(L"    message \"" + box.title + L"\": " + Indented(box.text));
-                    });
+    boxes.ExpectAny(IDOK, [this, &boxes, picture] {
+        Picture(picture);
+        const ShownBox& box = boxes.Shown().back();
+        PrintLine(L"    message \"" + box.title + L"\": " + Indented(box.text));
+    });
 }
 
 ComPtr<IQP_BaseDataObject> CChooserDemo::Find(const wchar_t* table, const wchar_t* name)

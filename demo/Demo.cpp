@@ -123,9 +123,9 @@ void CDemo::ShowChoosers()
     PrintLine(Underlined(L"Choosers"));
     // Two of the lists follow the objects' addresses.
     const refhost::ObjectsInOrder inOrder;
-    CChooserDemo(*m_plant, m_pictures, m_language,
-                 [this](bool held, const std::wstring& what) { Expect(held, what); })
-        .Run();
+    CChooserDemo(*m_plant, m_pictures, m_language, [this](bool held, const std::wstring& what) {
+        Expect(held, what);
+    }).Run();
 }
 
 bool CDemo::Conclude() const
@@ -142,13 +142,10 @@ void CDemo::ShowScripts(const ActionCase& search)
     PrintContext(search.context, L", action type " + std::to_wstring(search.actionType) +
                                      (search.beforeAfter == kBefore ? L", before" : L", after"));
     CVariantHolder result;
-    const long count = Ask(search.context, 2, result,
-                           [&](const Question& ask)
-                           {
-                               return ask.manager->GetScriptsForAction(
-                                   ask.query, ask.planTypeSet, ask.typeName, ask.planType, search.actionType,
-                                   search.beforeAfter, ask.result);
-                           });
+    const long count = Ask(search.context, 2, result, [&](const Question& ask) {
+        return ask.manager->GetScriptsForAction(ask.query, ask.planTypeSet, ask.typeName, ask.planType,
+                                                search.actionType, search.beforeAfter, ask.result);
+    });
     if (count < 0)
         return;
     CheckHostCalls(search.context, search.hostCalls, search.calls);
@@ -168,13 +165,10 @@ void CDemo::ShowCommands(const CommandCase& search)
 {
     PrintContext(search.context, L"");
     CVariantHolder result;
-    const long count =
-        Ask(search.context, 3, result,
-            [&](const Question& ask)
-            {
-                return ask.manager->GetScriptCommands(ask.query, ask.planTypeSet, ask.typeName, ask.planType,
-                                                      search.userInterfaceType, nullptr, ask.result);
-            });
+    const long count = Ask(search.context, 3, result, [&](const Question& ask) {
+        return ask.manager->GetScriptCommands(ask.query, ask.planTypeSet, ask.typeName, ask.planType,
+                                              search.userInterfaceType, nullptr, ask.result);
+    });
     if (count < 0)
         return;
     CheckHostCalls(search.context, search.hostCalls, search.calls);

@@ -66,19 +66,16 @@ HRESULT ComModule::GetClassObject(REFCLSID classId, REFIID iid, void** result) n
 
 HRESULT ComModule::MakeFactory(ObjectMapEntry& entry) noexcept
 {
-    return ComBoundary(
-        [&]() -> HRESULT
-        {
-            const std::lock_guard guard(m_factoryLock);
-            if (entry.factory.load())
-                return S_OK; // another thread was first
-            ComPtr<IUnknown> made;
-            const HRESULT status =
-                entry.createFactory(entry.createInstance, __uuidof(IUnknown), made.putVoid());
-            if (status >= 0)
-                entry.factory.store(made.detach());
-            return status;
-        });
+    return ComBoundary([&]() -> HRESULT {
+        const std::lock_guard guard(m_factoryLock);
+        if (entry.factory.load())
+            return S_OK; // another thread was first
+        ComPtr<IUnknown> made;
+        const HRESULT status = entry.createFactory(entry.createInstance, __uuidof(IUnknown), made.putVoid());
+        if (status >= 0)
+            entry.factory.store(made.detach());
+        return status;
+    });
 }
 
 HRESULT ComModule::UpdateServer(Registrar& registrar, bool add, bool typeLibrary, const CLSID* onlyClass)
@@ -106,32 +103,28 @@ HRESULT ComModule::UpdateServer(Registrar& registrar, bool add, bool typeLibrary
 HRESULT ComModule::RegisterServer(bool typeLibrary, const CLSID* onlyClass,
                                   RegistrationReport& report) noexcept
 {
-    return ComBoundary(
-        [&]() -> HRESULT
-        {
-            if (!m_map)
-                return NoTable(report);
-            Registrar registrar(m_instance, *m_libraryId, report);
-            const HRESULT status = UpdateServer(registrar, true, typeLibrary, onlyClass);
-            if (status >= 0)
-                registrar.Commit(); // otherwise the registrar's end puts everything back
-            return status;
-        });
+    return ComBoundary([&]() -> HRESULT {
+        if (!m_map)
+            return NoTable(report);
+        Registrar registrar(m_instance, *m_libraryId, report);
+        const HRESULT status = UpdateServer(registrar, true, typeLibrary, onlyClass);
+        if (status >= 0)
+            registrar.Commit(); // otherwise the registrar's end puts everything back
+        return status;
+    });
 }
 
 HRESULT ComModule::UnregisterServer(bool typeLibrary, const CLSID* onlyClass,
                                     RegistrationReport& report) noexcept
 {
-    return ComBoundary(
-        [&]() -> HRESULT
-        {
-            if (!m_map)
-                return NoTable(report);
-            Registrar registrar(m_instance, *m_libraryId, report);
-            const HRESULT status = UpdateServer(registrar, false, typeLibrary, onlyClass);
-            registrar.Commit();
-            return status;
-        });
+    return ComBoundary([&]() -> HRESULT {
+        if (!m_map)
+            return NoTable(report);
+        Registrar registrar(m_instance, *m_libraryId, report);
+        const HRESULT status = UpdateServer(registrar, false, typeLibrary, onlyClass);
+        registrar.Commit();
+        return status;
+    });
 }
 
 void ComModule::Lock() noexcept

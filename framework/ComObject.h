@@ -154,17 +154,15 @@ HRESULT CreateComObject(IUnknown* outer, REFIID iid, void** result) noexcept
     *result = nullptr;
     if (Rule == Aggregation::Refused && outer)
         return CLASS_E_NOAGGREGATION;
-    return ComBoundary(
-        [&]
-        {
-            auto object = std::make_unique<Class>();
-            object->SetOuter(outer);
-            HRESULT status = object->FinalConstruct();
-            if (status >= 0)
-                status = object->NonDelegatingUnknown()->QueryInterface(iid, result);
-            // The reference that the caller now has keeps the object.
-            if (status >= 0)
-                object.release()->LeaveToReferences();
-            return status;
-        });
+    return ComBoundary([&] {
+        auto object = std::make_unique<Class>();
+        object->SetOuter(outer);
+        HRESULT status = object->FinalConstruct();
+        if (status >= 0)
+            status = object->NonDelegatingUnknown()->QueryInterface(iid, result);
+        // The reference that the caller now has keeps the object.
+        if (status >= 0)
+            object.release()->LeaveToReferences();
+        return status;
+    });
 }

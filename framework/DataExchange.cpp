@@ -76,12 +76,10 @@ void DDX_Radio(CDataExchange* pDX, int id, int& value)
     const HWND first = ItemOf(*pDX, id);
     if (first && pDX->m_bSaveAndValidate)
         value = -1;
-    ForEachRadio(first,
-                 [&](HWND radio, int place)
-                 {
-                     if (!pDX->m_bSaveAndValidate)
-                         SendMessageW(radio, BM_SETCHECK, place == value ? BST_CHECKED : BST_UNCHECKED, 0);
-                     else if (SendMessageW(radio, BM_GETCHECK, 0, 0) == BST_CHECKED)
-                         value = place;
-                 });
+    ForEachRadio(first, [&](HWND radio, int place) {
+        if (!pDX->m_bSaveAndValidate)
+            SendMessageW(radio, BM_SETCHECK, place == value ? BST_CHECKED : BST_UNCHECKED, 0);
+        else if (SendMessageW(radio, BM_GETCHECK, 0, 0) == BST_CHECKED)
+            value = place;
+    });
 }

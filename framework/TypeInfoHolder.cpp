@@ -23,15 +23,13 @@ HRESULT LoadLibraryOfModule(LCID locale, ComPtr<ITypeLib>& library)
 
 HRESULT TypeInfoHolder::Load(REFIID interfaceId, LCID locale) noexcept
 {
-    return ComBoundary(
-        [&]() -> HRESULT
-        {
-            if (m_ptrTypeInfo)
-                return S_OK;
-            ComPtr<ITypeLib> library;
-            const HRESULT status = LoadLibraryOfModule(locale, library);
-            return status < 0 ? status : library->GetTypeInfoOfGuid(interfaceId, m_ptrTypeInfo.put());
-        });
+    return ComBoundary([&]() -> HRESULT {
+        if (m_ptrTypeInfo)
+            return S_OK;
+        ComPtr<ITypeLib> library;
+        const HRESULT status = LoadLibraryOfModule(locale, library);
+        return status < 0 ? status : library->GetTypeInfoOfGuid(interfaceId, m_ptrTypeInfo.put());
+    });
 }
 
 HRESULT TypeInfoHolder::Get(REFIID interfaceId, LCID locale, ITypeInfo** result) noexcept

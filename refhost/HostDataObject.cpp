@@ -80,22 +80,18 @@ HRESULT HostDataObject::Call(const char* method, const Outputs& outputs, Body&& 
 
 HRESULT HostDataObject::GetTableName(BSTR* tableName)
 {
-    return Call("IQP_BaseDataObject::GetTableName", std::tuple(Out{tableName}),
-                [&]
-                {
-                    *tableName = MakeBstr(FromUtf8(m_kind.table));
-                    return S_OK;
-                });
+    return Call("IQP_BaseDataObject::GetTableName", std::tuple(Out{tableName}), [&] {
+        *tableName = MakeBstr(FromUtf8(m_kind.table));
+        return S_OK;
+    });
 }
 
 HRESULT HostDataObject::GetTypeName(BSTR* typeName)
 {
-    return Call("IQP_BaseDataObject::GetTypeName", std::tuple(Out{typeName}),
-                [&]
-                {
-                    *typeName = MakeBstr(FromUtf8(m_kind.typeName));
-                    return S_OK;
-                });
+    return Call("IQP_BaseDataObject::GetTypeName", std::tuple(Out{typeName}), [&] {
+        *typeName = MakeBstr(FromUtf8(m_kind.typeName));
+        return S_OK;
+    });
 }
 
 HRESULT HostDataObject::GetAttribute(BSTR name, VARIANT* value)
@@ -109,8 +105,7 @@ HRESULT HostDataObject::GetAttributes(SAFEARRAY** names, SAFEARRAY** values)
 {
     return Call(
         "IQP_BaseDataObject::GetAttributes", std::tuple(Out{values}),
-        [&]
-        {
+        [&] {
             Require(names && *names);
             return ReadAll(*names, values);
         },
@@ -128,8 +123,7 @@ HRESULT HostDataObject::SetAttributes(SAFEARRAY** pairs, SAFEARRAY** results)
 {
     return Call(
         "IQP_BaseDataObject::SetAttributes", std::tuple(Out{results}),
-        [&]
-        {
+        [&] {
             Require(pairs && *pairs);
             return WriteAll(*pairs, results);
         },
@@ -147,8 +141,7 @@ HRESULT HostDataObject::SetAttributesMultiLingual(SAFEARRAY** pairs, LONG langua
 {
     return Call(
         "IQP_BaseDataObject::SetAttributesMultiLingual", std::tuple(Out{results}),
-        [&]
-        {
+        [&] {
             Require(pairs && *pairs);
             return WriteAll(*pairs, results);
         },
@@ -159,8 +152,7 @@ HRESULT HostDataObject::GetChildren(BSTR list, IEnumBaseDataObject** children)
 {
     return Call(
         "IQP_BaseDataObject::GetChildren", std::tuple(Out{children}),
-        [&]
-        {
+        [&] {
             const ChildList* known = m_kind.FindChildren(ToUtf8(TextOf(list)));
             Require(known != nullptr);
             const std::string table = Quoted(known->table);
@@ -182,12 +174,10 @@ HRESULT HostDataObject::GetType(BSTR typeName, BSTR configName, IQPType** type)
 
 HRESULT HostDataObject::GetClientId(LONG* clientId)
 {
-    return Call("IQP_BaseDataObject::GetClientId", std::tuple(Out{clientId}),
-                [&]
-                {
-                    *clientId = kClientId;
-                    return S_OK;
-                });
+    return Call("IQP_BaseDataObject::GetClientId", std::tuple(Out{clientId}), [&] {
+        *clientId = kClientId;
+        return S_OK;
+    });
 }
 
 HRESULT HostDataObject::IsDerivedFromClass(BSTR className)
@@ -201,8 +191,7 @@ HRESULT HostDataObject::HasRight(enum QPRightType right)
 {
     return Call(
         "IQPObjectRights::HasRight", std::tuple(),
-        [&]
-        {
+        [&] {
             Statement statement(m_core->database, R"(SELECT "bits" FROM "objectright" WHERE "object" = ?1)");
             const long long held = statement.Bind(1, m_id).Step() ? statement.Integer(0) : 0;
             return (held & right) == static_cast<long long>(right) ? S_OK : S_FALSE;

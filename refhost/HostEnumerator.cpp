@@ -32,8 +32,7 @@ HRESULT HostEnumerator::RemNext(ULONG wanted, IQP_BaseDataObject** elements, ULO
 {
     return Call(
         "IEnumBaseDataObject::RemNext", std::tuple(Batch{wanted, elements, fetched}),
-        [&]
-        {
+        [&] {
             const auto count = static_cast<ULONG>(std::min<std::size_t>(wanted, Left()));
             std::vector<ComPtr<IQP_BaseDataObject>> batch;
             for (ULONG i = 0; i < count; ++i)
@@ -51,8 +50,7 @@ HRESULT HostEnumerator::Skip(ULONG count)
 {
     return Call(
         "IEnumBaseDataObject::Skip", std::tuple(),
-        [&]
-        {
+        [&] {
             const std::size_t skipped = std::min<std::size_t>(count, Left());
             m_next += skipped;
             return skipped == count ? S_OK : S_FALSE;
@@ -62,35 +60,28 @@ HRESULT HostEnumerator::Skip(ULONG count)
 
 HRESULT HostEnumerator::Reset()
 {
-    return Call("IEnumBaseDataObject::Reset", std::tuple(),
-                [&]
-                {
-                    m_next = 0;
-                    return S_OK;
-                });
+    return Call("IEnumBaseDataObject::Reset", std::tuple(), [&] {
+        m_next = 0;
+        return S_OK;
+    });
 }
 
 HRESULT HostEnumerator::Clone(IEnumBaseDataObject** clone)
 {
-    return Call(
-        "IEnumBaseDataObject::Clone", std::tuple(Out{clone}),
-        [&]
-        {
-            *clone = ComPtr<IEnumBaseDataObject>(new HostEnumerator(m_core, m_kind, m_ids, m_next)).detach();
-            return S_OK;
-        });
+    return Call("IEnumBaseDataObject::Clone", std::tuple(Out{clone}), [&] {
+        *clone = ComPtr<IEnumBaseDataObject>(new HostEnumerator(m_core, m_kind, m_ids, m_next)).detach();
+        return S_OK;
+    });
 }
 
 HRESULT HostEnumerator::GetSingleNext(IQP_BaseDataObject** element)
 {
-    return Call("IEnumBaseDataObject::GetSingleNext", std::tuple(Out{element}),
-                [&]
-                {
-                    if (Left() == 0)
-                        return S_FALSE;
-                    *element = HostDataObject::Make(m_core, m_kind, (*m_ids)[m_next]).detach();
-                    ++m_next;
-                    return S_OK;
-                });
+    return Call("IEnumBaseDataObject::GetSingleNext", std::tuple(Out{element}), [&] {
+        if (Left() == 0)
+            return S_FALSE;
+        *element = HostDataObject::Make(m_core, m_kind, (*m_ids)[m_next]).detach();
+        ++m_next;
+        return S_OK;
+    });
 }
 } // namespace refhost

@@ -31,8 +31,7 @@ HRESULT HostObjectManager::GetObject(CLSID clsid, LONG autoCreate, IQPFObject** 
 {
     return Call(
         "IQPFObjectManager::GetObject", std::tuple(Out{object}),
-        [&]() -> HRESULT
-        {
+        [&]() -> HRESULT {
             const bool wantsData = clsid == kSessionDataManagerClass;
             if (!wantsData && clsid != kIpdClientClass)
                 return CLASS_E_CLASSNOTAVAILABLE;

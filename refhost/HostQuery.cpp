@@ -66,8 +66,7 @@ HRESULT HostQuery::SetSearchTable(BSTR table)
 {
     return Call(
         "IQP_Query::SetSearchTable", std::tuple(),
-        [&]
-        {
+        [&] {
             const Kind* kind = FindKind(ToUtf8(TextOf(table)));
             Require(kind != nullptr);
             m_search.SetTable(kind);
@@ -80,8 +79,7 @@ HRESULT HostQuery::SetSearchCatenation(LONG catenation)
 {
     return Call(
         "IQP_Query::SetSearchCatenation", std::tuple(),
-        [&]
-        {
+        [&] {
             Require(catenation == 1 || catenation == 2 || catenation == 4 || catenation == 8 ||
                     catenation == 9);
             m_search.Add(static_cast<Catenation>(catenation));
@@ -94,8 +92,7 @@ HRESULT HostQuery::SetSearchAttribute(BSTR column, LONG operation, VARIANT value
 {
     return Call(
         "IQP_Query::SetSearchAttribute", std::tuple(),
-        [&]
-        {
+        [&] {
             const Attribute& known = Column(column);
             Require(operation == kEquals && catenation >= 0 && catenation <= 2);
             AddCriterion(known, value, static_cast<Catenation>(catenation));
@@ -118,12 +115,10 @@ void HostQuery::AddCriterion(const Attribute& column, const VARIANT& value, Cate
 
 HRESULT HostQuery::GetSearchResult(IEnumBaseDataObject** result)
 {
-    return Call("IQP_Query::GetSearchResult", std::tuple(Out{result}),
-                [&]
-                {
-                    *result = Search().detach();
-                    return S_OK;
-                });
+    return Call("IQP_Query::GetSearchResult", std::tuple(Out{result}), [&] {
+        *result = Search().detach();
+        return S_OK;
+    });
 }
 
 ComPtr<IEnumBaseDataObject> HostQuery::Search()
@@ -143,8 +138,7 @@ HRESULT HostQuery::ResetSearch(LONG onlyWhereClause)
 {
     return Call(
         "IQP_Query::ResetSearch", std::tuple(),
-        [&]
-        {
+        [&] {
             m_search.Reset(onlyWhereClause == 0);
             return S_OK;
         },
@@ -155,8 +149,7 @@ HRESULT HostQuery::SetOrderAttribute(BSTR column, LONG ascending)
 {
     return Call(
         "IQP_Query::SetOrderAttribute", std::tuple(),
-        [&]
-        {
+        [&] {
             m_search.SetOrder(Column(column), ascending != 0);
             return S_OK;
         },
@@ -167,8 +160,7 @@ HRESULT HostQuery::GetObjectById(BSTR id, IUnknown** object)
 {
     return Call(
         "IQP_Query::GetObjectById", std::tuple(Out{object}),
-        [&]
-        {
+        [&] {
             const std::optional<long long> number = NumberOfId(ToUtf8(TextOf(id)));
             Require(number.has_value());
             Statement statement(m_core->database, R"(SELECT "kind" FROM "object" WHERE "id" = ?1)");

@@ -34,8 +34,7 @@ char32_t NextWide(std::wstring_view text, std::size_t& at)
 
 void AppendUtf8(std::string& out, char32_t c)
 {
-    const auto tail = [c](int shift)
-    {
+    const auto tail = [c](int shift) {
         return static_cast<char>(0x80 | ((c >> shift) & 0x3F));
     };
     if (c < 0x80)

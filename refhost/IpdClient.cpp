@@ -27,8 +27,7 @@ HRESULT IpdClient::GetServerCOMObject(LONG clientId, REFCLSID clsid, REFIID iid,
 {
     return Call(
         "IQPIPDClient::GetServerCOMObject", std::tuple(Out{object}),
-        [&]() -> HRESULT
-        {
+        [&]() -> HRESULT {
             Require(clientId >= 1 && static_cast<std::size_t>(clientId) <= m_clients.size());
             if (clsid != kQueryClass)
                 return CLASS_E_CLASSNOTAVAILABLE;
@@ -46,8 +45,7 @@ HRESULT IpdClient::GetClientIdByName(BSTR name, LONG* clientId)
 {
     return Call(
         "IQPIPDClient::GetClientIdByName", std::tuple(Out{clientId}),
-        [&]
-        {
+        [&] {
             const std::wstring_view wanted = TextOf(name);
             Require(!wanted.empty());
             auto found = std::find(m_clients.begin(), m_clients.end(), wanted);

@@ -131,8 +131,7 @@ void KeyStore::WriteList(long scope, const std::string& key, const std::vector<S
 bool KeyStore::Delete(long scope, const std::string& key)
 {
     const std::string path = PathOf(key);
-    const auto remove = [&](const char* table)
-    {
+    const auto remove = [&](const char* table) {
         Statement statement(m_database, std::string("DELETE FROM ") + table +
                                             R"( WHERE "scope" IN (?1, ?2) AND ("path" = ?3 OR )" + kBelow +
                                             R"() RETURNING "path")");

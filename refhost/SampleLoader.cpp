@@ -269,8 +269,7 @@ void Loader::LoadSettings(const SampleTable& table)
     KeyStore store(m_database);
     for (const SampleTable::Row& row : table.Rows())
     {
-        const auto cell = [&](const char* column)
-        {
+        const auto cell = [&](const char* column) {
             return CellOf(row, table.Find(column)).value_or(std::string());
         };
         const auto scope = NumberIn(cell("scope"));

@@ -143,8 +143,7 @@ HRESULT SessionDataManager::GetSubKeys(BSTR key, LONG number, ULONG* count, BSTR
 {
     return Call(
         "IQPSessionDataManager::GetSubKeys", std::tuple(Out{count}, Out{keys}),
-        [&]
-        {
+        [&] {
             if (!m_store.Has(scope, Text(key)))
                 return S_FALSE;
             const std::vector<std::string> names = m_store.SubKeys(scope, Text(key));
@@ -181,8 +180,7 @@ HRESULT SessionDataManager::SetValue(BSTR key, BSTR valueName, VARIANT* value, L
     const VARIANT nothing{};
     return Call(
         "IQPSessionDataManager::SetValue", std::tuple(),
-        [&]
-        {
+        [&] {
             Require(value != nullptr, E_POINTER);
             m_store.Set(scope, Text(key), Text(valueName), ToStored(*value));
             return S_OK;
@@ -194,8 +192,7 @@ HRESULT SessionDataManager::GetStringList(BSTR key, ULONG* count, struct tagSTRI
 {
     return Call(
         "IQPSessionDataManager::GetStringList", std::tuple(Out{count}, Out{list}),
-        [&]
-        {
+        [&] {
             if (!m_store.Has(scope, Text(key)))
                 return S_FALSE;
             std::vector<std::string> texts;
@@ -216,8 +213,7 @@ HRESULT SessionDataManager::WriteStringList(BSTR key, ULONG count, struct tagSTR
 {
     return Call(
         "IQPSessionDataManager::WriteStringList", std::tuple(),
-        [&]
-        {
+        [&] {
             Require(list || count == 0, E_POINTER);
             std::vector<StoredText> values;
             for (ULONG i = 0; i < count; ++i)

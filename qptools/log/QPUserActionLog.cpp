@@ -89,17 +89,15 @@ HRESULT QPUserActionLog::Write(Compose&& compose)
 
 HRESULT QPUserActionLog::WriteTimeStampWithInfo(BSTR bstrInfo)
 {
-    return Write(
-        [&]
-        {
-            const std::wstring timeStamp = TimeStamp();
-            std::wstring text(TextOf(bstrInfo));
-            if (!text.empty())
-                text += L" at  ";
-            text += timeStamp;
-            text += L'\n';
-            return text;
-        });
+    return Write([&] {
+        const std::wstring timeStamp = TimeStamp();
+        std::wstring text(TextOf(bstrInfo));
+        if (!text.empty())
+            text += L" at  ";
+        text += timeStamp;
+        text += L'\n';
+        return text;
+    });
 }
 
 HRESULT QPUserActionLog::WriteLine(BSTR bstrInfoLine)
@@ -110,19 +108,17 @@ HRESULT QPUserActionLog::WriteLine(BSTR bstrInfoLine)
 HRESULT QPUserActionLog::WriteUserActionInfo(BSTR bstrAction, BSTR bstrObjectId, BSTR bstrObjectGUID,
                                              BSTR bstrObjectConfName, BSTR bstrPlanTypeName)
 {
-    return Write(
-        [&]
-        {
-            std::wstring block = TimeStamp();
-            block += L'\n';
-            AppendLine(block, L"# --> ", bstrAction);
-            AppendLine(block, L"Object ID: ", bstrObjectId);
-            AppendLine(block, L"Object GUID: ", bstrObjectGUID);
-            AppendLine(block, CoTranslateText2("Configured Name of Object: "), bstrObjectConfName);
-            AppendLine(block, CoTranslateText2("(Plan-)Type: "), bstrPlanTypeName);
-            AppendLine(block, L"# <-- ", nullptr);
-            return block;
-        });
+    return Write([&] {
+        std::wstring block = TimeStamp();
+        block += L'\n';
+        AppendLine(block, L"# --> ", bstrAction);
+        AppendLine(block, L"Object ID: ", bstrObjectId);
+        AppendLine(block, L"Object GUID: ", bstrObjectGUID);
+        AppendLine(block, CoTranslateText2("Configured Name of Object: "), bstrObjectConfName);
+        AppendLine(block, CoTranslateText2("(Plan-)Type: "), bstrPlanTypeName);
+        AppendLine(block, L"# <-- ", nullptr);
+        return block;
+    });
 }
 
 HRESULT QPUserActionLog::WriteTimeStamp()

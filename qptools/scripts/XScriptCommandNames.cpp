@@ -65,8 +65,7 @@ bool XScriptCommandNames::OrderNames(const std::vector<ScriptCommand>& commands)
     bool allDifferent = true;
     // Stable, so that among equal names the one that came first gives the place its text.
     std::stable_sort(m_places.begin(), m_places.end(),
-                     [&allDifferent](const NamedCommand& first, const NamedCommand& second)
-                     {
+                     [&allDifferent](const NamedCommand& first, const NamedCommand& second) {
                          const HRESULT order = CompareNames(first.name, second.name);
                          allDifferent = allDifferent && order != static_cast<HRESULT>(VARCMP_EQ);
                          return order == static_cast<HRESULT>(VARCMP_LT);

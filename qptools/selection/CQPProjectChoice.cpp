@@ -45,20 +45,17 @@ HRESULT STDMETHODCALLTYPE CQPProjectChoice::ShowDialog(IQP_BaseDataObject* piPro
                                                        LONG lnghWndParent)
 {
     const CUiState state;
-    return CancelledOnFailure(pbCanceled,
-                              [&]
-                              {
-                                  if (!CanListChildren(piProjectRoot, 0))
-                                  {
-                                      Write(pbCanceled, 1);
-                                      return S_OK;
-                                  }
-                                  XProjectChoiceDlg dialog(piProjectRoot, bstrTitle, m_buttonText,
-                                                           WindowOf(lnghWndParent), 0, false);
-                                  Write(pbCanceled, dialog.DoModal() == IDOK ? 0 : 1);
-                                  dialog.Selected().copyTo(ppiSelectedProject);
-                                  return S_OK;
-                              });
+    return CancelledOnFailure(pbCanceled, [&] {
+        if (!CanListChildren(piProjectRoot, 0))
+        {
+            Write(pbCanceled, 1);
+            return S_OK;
+        }
+        XProjectChoiceDlg dialog(piProjectRoot, bstrTitle, m_buttonText, WindowOf(lnghWndParent), 0, false);
+        Write(pbCanceled, dialog.DoModal() == IDOK ? 0 : 1);
+        dialog.Selected().copyTo(ppiSelectedProject);
+        return S_OK;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE CQPProjectChoice::ShowDialogEx(IQP_BaseDataObject* piProjectRoot, BSTR bstrTitle,
@@ -68,39 +65,35 @@ HRESULT STDMETHODCALLTYPE CQPProjectChoice::ShowDialogEx(IQP_BaseDataObject* piP
                                                          LONG lnghWndParent)
 {
     const CUiState state;
-    return CancelledOnFailure(pbCanceled,
-                              [&]
-                              {
-                                  const bool canList = CanListChildren(piProjectRoot, bShowTemplates);
-                                  Write(pbCanceled, 0);
-                                  if (!canList)
-                                  {
-                                      Write(pbCreate, 1);
-                                      return S_OK;
-                                  }
-                                  XProjectChoiceDlg dialog(piProjectRoot, bstrTitle, m_buttonText,
-                                                           WindowOf(lnghWndParent), bShowTemplates, true);
-                                  const INT_PTR end = dialog.DoModal();
-                                  // Any other end means something new: button 3, and a dialog that could not
-                                  // be shown as well.
-                                  if (end == IDCANCEL)
-                                      Write(pbCanceled, 1);
-                                  else
-                                      Write(pbCreate, end == IDOK ? 0 : 1);
-                                  dialog.Selected().copyTo(ppiSelectedProject);
-                                  return S_OK;
-                              });
+    return CancelledOnFailure(pbCanceled, [&] {
+        const bool canList = CanListChildren(piProjectRoot, bShowTemplates);
+        Write(pbCanceled, 0);
+        if (!canList)
+        {
+            Write(pbCreate, 1);
+            return S_OK;
+        }
+        XProjectChoiceDlg dialog(piProjectRoot, bstrTitle, m_buttonText, WindowOf(lnghWndParent),
+                                 bShowTemplates, true);
+        const INT_PTR end = dialog.DoModal();
+        // Any other end means something new: button 3, and a dialog that could not
+        // be shown as well.
+        if (end == IDCANCEL)
+            Write(pbCanceled, 1);
+        else
+            Write(pbCreate, end == IDOK ? 0 : 1);
+        dialog.Selected().copyTo(ppiSelectedProject);
+        return S_OK;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE CQPProjectChoice::Initialize(BSTR bstrCancelButtonText)
 {
     const CUiState state;
-    return ComBoundary(
-        [&]
-        {
-            m_buttonText = bstrCancelButtonText;
-            return S_OK;
-        });
+    return ComBoundary([&] {
+        m_buttonText = bstrCancelButtonText;
+        return S_OK;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE CQPProjectChoice::InterfaceSupportsErrorInfo(REFIID riid)

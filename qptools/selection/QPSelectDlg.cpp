@@ -86,15 +86,13 @@ HRESULT STDMETHODCALLTYPE QPSelectDlg::ShowDialog(ULONG ulCount, tagINITVALUE* p
                                                   IUnknown** pSelObject)
 {
     const CUiState state;
-    return ComBoundary(
-        [&]
-        {
-            const ULONG count = pValueArray ? ulCount : 0;
-            const XInitValueWrapper parameters(count, pValueArray);
-            XSelectDlg dialog(EntriesOf(parameters, count), TextParameter(parameters, L"Caption"));
-            if (dialog.DoModal() == IDOK)
-                dialog.Selected().copyTo(pSelObject);
-            return S_OK;
-        });
+    return ComBoundary([&] {
+        const ULONG count = pValueArray ? ulCount : 0;
+        const XInitValueWrapper parameters(count, pValueArray);
+        XSelectDlg dialog(EntriesOf(parameters, count), TextParameter(parameters, L"Caption"));
+        if (dialog.DoModal() == IDOK)
+            dialog.Selected().copyTo(pSelObject);
+        return S_OK;
+    });
 }
 } // namespace qptools

@@ -59,12 +59,10 @@ template <class Body>
 HRESULT XQPSelectOrvoItem::Ask(IQP_BaseDataObject* object, Body&& body) const noexcept
 {
     const CUiState state;
-    return ComBoundary(
-        [&]
-        {
-            const XSelectOrvoitemDlg lookups(nullptr, nullptr, object, m_ptrQuery.get());
-            return body(lookups);
-        });
+    return ComBoundary([&] {
+        const XSelectOrvoitemDlg lookups(nullptr, nullptr, object, m_ptrQuery.get());
+        return body(lookups);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE XQPSelectOrvoItem::Initialize(VARIANT* pInitValues)
@@ -84,15 +82,13 @@ HRESULT STDMETHODCALLTYPE XQPSelectOrvoItem::ShowDialog(IQP_BaseDataObject* pPro
                                                         IQP_BaseDataObject** ppSelectedItem)
 {
     const CUiState state;
-    return ComBoundary(
-        [&]
-        {
-            XSelectOrvoitemDlg dialog(nullptr, bstrItemTypeName, pProject, m_ptrQuery.get());
-            if (dialog.DoModal() != IDOK)
-                return S_FALSE;
-            const CWaitCursor wait;
-            return dialog.GetSelectedObject(ppSelectedItem);
-        });
+    return ComBoundary([&] {
+        XSelectOrvoitemDlg dialog(nullptr, bstrItemTypeName, pProject, m_ptrQuery.get());
+        if (dialog.DoModal() != IDOK)
+            return S_FALSE;
+        const CWaitCursor wait;
+        return dialog.GetSelectedObject(ppSelectedItem);
+    });
 }
 
 HRESULT STDMETHODCALLTYPE XQPSelectOrvoItem::GetProject(IQP_BaseDataObject* pDO,
@@ -117,30 +113,27 @@ HRESULT STDMETHODCALLTYPE XQPSelectOrvoItem::GetProjectAndPlanType(IQP_BaseDataO
                                                                    IQP_BaseDataObject** ppProject,
                                                                    IQP_BaseDataObject** ppPlanType)
 {
-    return Ask(pDO,
-               [&](const XSelectOrvoitemDlg& lookups)
-               {
-                   const HRESULT status = AskProject(lookups, pDO, ppProject);
-                   return status == S_OK ? AskPlanType(lookups, pDO, ppPlanType) : status;
-               });
+    return Ask(pDO, [&](const XSelectOrvoitemDlg& lookups) {
+        const HRESULT status = AskProject(lookups, pDO, ppProject);
+        return status == S_OK ? AskPlanType(lookups, pDO, ppPlanType) : status;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE XQPSelectOrvoItem::GetTypeNameAndPlanType(IQP_BaseDataObject* pDO,
                                                                     BSTR* bstrTypename,
                                                                     IQP_BaseDataObject** ppPlanType)
 {
-    return Ask(pDO,
-               [&](const XSelectOrvoitemDlg& lookups)
-               {
-                   const HRESULT status = AskTypeName(lookups, pDO, bstrTypename);
-                   return status == S_OK ? AskPlanType(lookups, pDO, ppPlanType) : status;
-               });
+    return Ask(pDO, [&](const XSelectOrvoitemDlg& lookups) {
+        const HRESULT status = AskTypeName(lookups, pDO, bstrTypename);
+        return status == S_OK ? AskPlanType(lookups, pDO, ppPlanType) : status;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE XQPSelectOrvoItem::GetOrvoCompBase(IQP_BaseDataObject* pDO, BSTR bstrTypename,
                                                              IQP_BaseDataObject** pDOBase)
 {
-    return Ask(pDO, [&](const XSelectOrvoitemDlg& lookups)
-               { return AskCompBase(lookups, pDO, bstrTypename, pDOBase); });
+    return Ask(pDO, [&](const XSelectOrvoitemDlg& lookups) {
+        return AskCompBase(lookups, pDO, bstrTypename, pDOBase);
+    });
 }
 } // namespace qptools

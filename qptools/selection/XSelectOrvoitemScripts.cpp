@@ -79,8 +79,7 @@ HRESULT XSelectOrvoitemDlg::CollectScripts(ScriptMap& out) const
         return status;
     WalkBatches(
         found.get(),
-        [&](IQP_BaseDataObject* script)
-        {
+        [&](IQP_BaseDataObject* script) {
             ComPtr<IQPObjectRights> rights;
             rights.queryFrom(script);
             if (!rights)

@@ -57,22 +57,18 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, LPVOID* object)
 
 STDAPI DllRegisterServer()
 {
-    return ComBoundary(
-        []
-        {
-            RegistrationReport report;
-            const HRESULT status = ComModule::Get().RegisterServer(true, nullptr, report);
-            return LogFailures(status, report, L"DllRegisterServer", kRegisterLine);
-        });
+    return ComBoundary([] {
+        RegistrationReport report;
+        const HRESULT status = ComModule::Get().RegisterServer(true, nullptr, report);
+        return LogFailures(status, report, L"DllRegisterServer", kRegisterLine);
+    });
 }
 
 STDAPI DllUnregisterServer()
 {
-    return ComBoundary(
-        []
-        {
-            RegistrationReport report;
-            const HRESULT status = ComModule::Get().UnregisterServer(true, nullptr, report);
-            return LogFailures(status, report, L"DllUnregisterServer", kUnregisterLine);
-        });
+    return ComBoundary([] {
+        RegistrationReport report;
+        const HRESULT status = ComModule::Get().UnregisterServer(true, nullptr, report);
+        return LogFailures(status, report, L"DllUnregisterServer", kUnregisterLine);
+    });
 }

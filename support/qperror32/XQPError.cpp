@@ -49,14 +49,12 @@ void RecordBadName(const wchar_t* logName)
 
 void XQPError::WriteLogLine(const wchar_t* logName, const wchar_t* text) noexcept
 {
-    Undisturbed(
-        [&]
-        {
-            if (IsPlainLogName(logName, kLogBook))
-                AppendToLog(logName, text ? text : L"");
-            else
-                RecordBadName(logName);
-        });
+    Undisturbed([&] {
+        if (IsPlainLogName(logName, kLogBook))
+            AppendToLog(logName, text ? text : L"");
+        else
+            RecordBadName(logName);
+    });
 }
 
 void XQPError::WriteLogLineToLogBook(const wchar_t* source, const wchar_t* function, ULONG line,
@@ -79,17 +77,15 @@ void XQPError::WriteErrorToLogBook(const wchar_t* source, const wchar_t* functio
 LONG XQPError::HandleComError(LONG status, const wchar_t* source, const wchar_t* message, ULONG line,
                               bool firstFlag, bool secondFlag) noexcept
 {
-    Undisturbed(
-        [&]
-        {
-            const std::wstring flags = std::wstring(Text(firstFlag)) + L"," + Text(secondFlag);
-            Record({.kind = L"host call",
-                    .source = source,
-                    .line = line,
-                    .status = status,
-                    .flags = flags.c_str(),
-                    .text = message});
-        });
+    Undisturbed([&] {
+        const std::wstring flags = std::wstring(Text(firstFlag)) + L"," + Text(secondFlag);
+        Record({.kind = L"host call",
+                .source = source,
+                .line = line,
+                .status = status,
+                .flags = flags.c_str(),
+                .text = message});
+    });
     return status;
 }
 

@@ -131,10 +131,10 @@ void PutInOrder(std::vector<Record>& records, KeyOf keyOf)
 {
     std::stable_sort(records.begin(), records.end(),
                      [&](const Record& left, const Record& right) { return keyOf(left) < keyOf(right); });
-    records.erase(std::unique(records.begin(), records.end(),
-                              [&](const Record& left, const Record& right)
-                              { return keyOf(left) == keyOf(right); }),
-                  records.end());
+    records.erase(
+        std::unique(records.begin(), records.end(),
+                    [&](const Record& left, const Record& right) { return keyOf(left) == keyOf(right); }),
+        records.end());
 }
 
 ComPtr<IEnumBaseDataObject> Search(IQP_Query* query, IQP_BaseDataObject* project)

@@ -95,10 +95,9 @@ void CommandsService(benchmark::State& state, Prompts prompts)
     const auto rows = static_cast<std::size_t>(state.range(0));
     BenchHost& host = CommandsHost(rows, prompts);
     const XQPComBSTR type(L"machine");
-    MeasureService(
-        state, rows,
-        [&](IScriptActionAndCommandManager* manager, VARIANT* result)
-        { return manager->GetScriptCommands(host.Query(), host.Set(), type, nullptr, 1, nullptr, result); });
+    MeasureService(state, rows, [&](IScriptActionAndCommandManager* manager, VARIANT* result) {
+        return manager->GetScriptCommands(host.Query(), host.Set(), type, nullptr, 1, nullptr, result);
+    });
 }
 
 void CommandsBare(benchmark::State& state)
@@ -115,10 +114,9 @@ void ActionsService(benchmark::State& state)
     const auto rows = static_cast<std::size_t>(state.range(0));
     BenchHost& host = ActionsHost(rows);
     const XQPComBSTR type(L"machine");
-    MeasureService(
-        state, rows,
-        [&](IScriptActionAndCommandManager* manager, VARIANT* result)
-        { return manager->GetScriptsForAction(host.Query(), host.Set(), type, nullptr, 7, 1, result); });
+    MeasureService(state, rows, [&](IScriptActionAndCommandManager* manager, VARIANT* result) {
+        return manager->GetScriptsForAction(host.Query(), host.Set(), type, nullptr, 7, 1, result);
+    });
 }
 
 void ActionsBare(benchmark::State& state)

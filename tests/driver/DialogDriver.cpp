@@ -35,8 +35,7 @@ bool IsEndPosted()
 bool RunGuarded(DialogView& view, const DialogStep& step)
 {
     bool completed = false;
-    const auto run = [&]
-    {
+    const auto run = [&] {
         ASSERT_NO_FATAL_FAILURE(step(view));
         completed = true;
     };

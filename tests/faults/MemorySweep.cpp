@@ -29,9 +29,9 @@ bool IsPartOf(const TextRows& rows, const TextRows& whole)
 
 std::vector<std::string> SearchOf(const std::vector<std::string>& calls)
 {
-    const auto end = std::find_if(calls.begin(), calls.end(),
-                                  [](const std::string& call)
-                                  { return call.find("GetSearchResult(") != std::string::npos; });
+    const auto end = std::find_if(calls.begin(), calls.end(), [](const std::string& call) {
+        return call.find("GetSearchResult(") != std::string::npos;
+    });
     return {calls.begin(), end};
 }
 

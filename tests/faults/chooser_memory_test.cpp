@@ -15,8 +15,7 @@ protected:
     ProjectChoiceMemory()
     {
         Has({Child("a", L"A"), child});
-        host.onCall = [](const std::string& call)
-        {
+        host.onCall = [](const std::string& call) {
             if (call == "b.GetAttribute(name)")
                 throw std::bad_alloc();
         };
@@ -50,8 +49,7 @@ TEST_F(ScriptPickerMemory, IsTheStatusAndNothingIsWritten)
     const auto script = Script("s");
     Finds({script});
     const ULONG held = References(project) + References(script);
-    host.onCall = [](const std::string& call)
-    {
+    host.onCall = [](const std::string& call) {
         if (call == "s.GetAttribute(creationdate)")
             throw std::bad_alloc();
     };

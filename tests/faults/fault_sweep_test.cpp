@@ -114,8 +114,7 @@ protected:
         XQPComVariant result;
         return With(
             n,
-            [&]
-            {
+            [&] {
                 return manager->GetScriptCommands(m_context.query, m_context.set,
                                                   XQPComBSTR(m_context.typeName.c_str()), m_context.planType,
                                                   m_number, nullptr, &result);
@@ -127,8 +126,7 @@ protected:
         ModelResult model;
         return With(
             n,
-            [&]
-            {
+            [&] {
                 model = CommandsByTheLetter(m_context, m_number);
                 return model.status;
             },
@@ -140,8 +138,7 @@ protected:
         XQPComVariant result;
         return With(
             n,
-            [&]
-            {
+            [&] {
                 return manager->GetScriptsForAction(m_context.query, m_context.set,
                                                     XQPComBSTR(m_context.typeName.c_str()),
                                                     m_context.planType, m_number, m_before, &result);
@@ -153,8 +150,7 @@ protected:
         ModelResult model;
         return With(
             n,
-            [&]
-            {
+            [&] {
                 model = ScriptsByTheLetter(m_context, m_number, m_before);
                 return model.status;
             },

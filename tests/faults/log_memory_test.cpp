@@ -33,22 +33,18 @@ const std::vector<Method>& Methods()
 {
     static const std::vector<Method> methods = {
         {"WriteTimeStampWithInfo",
-         [](IQPUserActionLog* log)
-         {
+         [](IQPUserActionLog* log) {
              return log->WriteTimeStampWithInfo(LongText());
          }},
         {"WriteLine",
-         [](IQPUserActionLog* log)
-         {
+         [](IQPUserActionLog* log) {
              return log->WriteLine(LongText());
          }},
         {"WriteUserActionInfo",
-         [](IQPUserActionLog* log)
-         {
+         [](IQPUserActionLog* log) {
              return log->WriteUserActionInfo(LongText(), LongText(), LongText(), LongText(), LongText());
          }},
-        {"WriteTimeStamp", [](IQPUserActionLog* log)
-         {
+        {"WriteTimeStamp", [](IQPUserActionLog* log) {
              return log->WriteTimeStamp();
          }}};
     return methods;

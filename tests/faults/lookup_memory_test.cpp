@@ -67,8 +67,7 @@ protected:
 TEST_P(LookupMemory, EveryAllocationOfTheProject)
 {
     Sweep(
-        [this]
-        {
+        [this] {
             ComPtr<Data> found;
             return item->GetProject(object.get(), found.put());
         },
@@ -78,8 +77,7 @@ TEST_P(LookupMemory, EveryAllocationOfTheProject)
 TEST_P(LookupMemory, EveryAllocationOfThePlanType)
 {
     Sweep(
-        [this]
-        {
+        [this] {
             ComPtr<Data> found;
             return item->GetPlanType(object.get(), found.put());
         },
@@ -89,8 +87,7 @@ TEST_P(LookupMemory, EveryAllocationOfThePlanType)
 TEST_P(LookupMemory, EveryAllocationOfTheComponentBase)
 {
     Sweep(
-        [this]
-        {
+        [this] {
             ComPtr<Data> found;
             return item->GetOrvoCompBase(object.get(), typeName, found.put());
         },
@@ -100,16 +97,14 @@ TEST_P(LookupMemory, EveryAllocationOfTheComponentBase)
 TEST_P(LookupMemory, EveryAllocationOfTwoAtOnce)
 {
     Sweep(
-        [this]
-        {
+        [this] {
             ComPtr<Data> first;
             ComPtr<Data> second;
             return item->GetProjectAndPlanType(object.get(), first.put(), second.put());
         },
         2);
     Sweep(
-        [this]
-        {
+        [this] {
             XQPComBSTR name;
             ComPtr<Data> second;
             return item->GetTypeNameAndPlanType(object.get(), name.put(), second.put());
@@ -122,21 +117,19 @@ TEST_P(LookupMemory, EveryAllocationOfAScriptsRecord)
     const auto script = host.Named(L"script");
     const qptools::XSelectOrvoitemDlg dialog(nullptr, L"script", project.get(), &host.Query());
     Sweep(
-        [&]
-        {
-            return ComBoundary(
-                [&]
-                {
-                    qptools::ScriptMap scripts;
-                    return dialog.AddScriptVectorToMap(script.get(), scripts);
-                });
+        [&] {
+            return ComBoundary([&] {
+                qptools::ScriptMap scripts;
+                return dialog.AddScriptVectorToMap(script.get(), scripts);
+            });
         },
         3); // the row, the text of the location, the place in the map
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, LookupMemory,
                          ::testing::Values(FaultyMemory::Failing::Once, FaultyMemory::Failing::FromThere),
-                         [](const auto& info)
-                         { return info.param == FaultyMemory::Failing::Once ? "Once" : "FromThere"; });
+                         [](const auto& info) {
+                             return info.param == FaultyMemory::Failing::Once ? "Once" : "FromThere";
+                         });
 
 } // namespace

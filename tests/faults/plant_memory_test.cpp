@@ -104,34 +104,26 @@ protected:
 
 TEST_P(PlantMemory, EveryAllocationOfGetScriptCommands)
 {
-    const MemoryOutcomes outcomes =
-        Sweep(GetParam().commandsLeave,
-              [this](long n)
-              {
-                  return With(n,
-                              [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
-                                  return manager->GetScriptCommands(query.get(), set.get(), type,
-                                                                    planType.get(), 1, nullptr, result);
-                              });
-              });
+    const MemoryOutcomes outcomes = Sweep(GetParam().commandsLeave, [this](long n) {
+        return With(n, [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
+            return manager->GetScriptCommands(query.get(), set.get(), type, planType.get(), 1, nullptr,
+                                              result);
+        });
+    });
     EXPECT_GT(outcomes.partial, 0);
 }
 
 TEST_P(PlantMemory, EveryAllocationOfGetScriptsForAction)
 {
-    Sweep(S_OK,
-          [this](long n)
-          {
-              return With(n,
-                          [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
-                              return manager->GetScriptsForAction(query.get(), set.get(), type,
-                                                                  planType.get(), 1, 0, result);
-                          });
-          });
+    Sweep(S_OK, [this](long n) {
+        return With(n, [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
+            return manager->GetScriptsForAction(query.get(), set.get(), type, planType.get(), 1, 0, result);
+        });
+    });
 }
 
-INSTANTIATE_TEST_SUITE_P(Places, PlantMemory, ::testing::ValuesIn(PlantCases()),
-                         [](const auto& info)
-                         { return std::string(info.param.name) + NameOf(info.param.failing); });
+INSTANTIATE_TEST_SUITE_P(Places, PlantMemory, ::testing::ValuesIn(PlantCases()), [](const auto& info) {
+    return std::string(info.param.name) + NameOf(info.param.failing);
+});
 
 } // namespace

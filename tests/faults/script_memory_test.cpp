@@ -128,20 +128,17 @@ protected:
 
     MemoryRun Commands(long n)
     {
-        return With(n,
-                    [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
-                        return manager->GetScriptCommands(&host.Query(), set.get(), type, OfPlanType(), 1,
-                                                          nullptr, result);
-                    });
+        return With(n, [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
+            return manager->GetScriptCommands(&host.Query(), set.get(), type, OfPlanType(), 1, nullptr,
+                                              result);
+        });
     }
 
     MemoryRun Scripts(long n)
     {
-        return With(n,
-                    [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
-                        return manager->GetScriptsForAction(&host.Query(), set.get(), type, OfPlanType(), 7,
-                                                            1, result);
-                    });
+        return With(n, [this](IScriptActionAndCommandManager* manager, VARIANT* result) {
+            return manager->GetScriptsForAction(&host.Query(), set.get(), type, OfPlanType(), 7, 1, result);
+        });
     }
 
     MemoryOutcomes Sweep(std::function<MemoryRun(long n)> call)
@@ -192,9 +189,9 @@ TEST_P(ScriptMemory, ACallAfterOneWithoutMemoryReturnsWhatWasFoundInBoth)
         }
         // How far the first walk came: an action is kept if its pair could be, all of them or none but at its
         // end.
-        const auto reads =
-            std::count_if(host.calls.begin(), host.calls.end(),
-                          [](const std::string& call) { return call.ends_with(".GetAttribute(script)"); });
+        const auto reads = std::count_if(host.calls.begin(), host.calls.end(), [](const std::string& call) {
+            return call.ends_with(".GetAttribute(script)");
+        });
         host.calls.clear();
         XQPComVariant result;
         ASSERT_EQ(manager->GetScriptsForAction(&host.Query(), set.get(), type, OfPlanType(), 7, 1, &result),
@@ -224,8 +221,8 @@ TEST_P(ScriptMemory, ACallAfterOneWithoutMemoryReturnsWhatWasFoundInBoth)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Modes, ScriptMemory, ::testing::ValuesIn(MemoryCases()),
-                         [](const auto& info)
-                         { return std::string(info.param.name) + NameOf(info.param.failing); });
+INSTANTIATE_TEST_SUITE_P(Modes, ScriptMemory, ::testing::ValuesIn(MemoryCases()), [](const auto& info) {
+    return std::string(info.param.name) + NameOf(info.param.failing);
+});
 
 } // namespace

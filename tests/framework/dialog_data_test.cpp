@@ -19,8 +19,7 @@ protected:
     /// Runs the dialog, hands it to `step` while it is open, and closes it.
     void Run(std::function<void(DialogView&)> step)
     {
-        driver.OnDialog({std::move(step), [](DialogView& view)
-                         {
+        driver.OnDialog({std::move(step), [](DialogView& view) {
                              view.Click(IDCANCEL);
                          }});
         EXPECT_EQ(dialog.DoModal(), IDCANCEL);
@@ -77,22 +76,19 @@ public:
 
 TEST_F(DialogData, HandlersAreFoundByMessageCommandAndNotification)
 {
-    Run(
-        [this](DialogView& view)
-        {
-            view.Click(kApply);
-            view.DropDown(kCombo);
-            EXPECT_EQ(NotifyClick(view.Window()), 1) << "the handler's result";
-            EXPECT_EQ(SendMessageW(view.Window(), kAskMessage, 3, 4), 7);
-        });
+    Run([this](DialogView& view) {
+        view.Click(kApply);
+        view.DropDown(kCombo);
+        EXPECT_EQ(NotifyClick(view.Window()), 1) << "the handler's result";
+        EXPECT_EQ(SendMessageW(view.Window(), kAskMessage, 3, 4), 7);
+    });
     EXPECT_EQ(dialog.events, (Events{"init", "apply", "drop down", "list click", "cancel"}));
 }
 
 TEST_F(DialogData, AControlSeesItsOwnNotificationsBeforeTheDialog)
 {
     ReflectingList list;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Control(pDX, kList, list);
     };
     Run([](DialogView& view) { EXPECT_EQ(NotifyClick(view.Window()), 2); });
@@ -104,13 +100,11 @@ TEST_F(DialogData, AControlSeesItsOwnNotificationsBeforeTheDialog)
 TEST_F(DialogData, AControlMayTakeAKeyBeforeTheDialog)
 {
     KeyEdit edit;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Control(pDX, kNameEdit, edit);
     };
     driver.OnDialog({[](DialogView& view) { view.Press(VK_RETURN); },
-                     [](DialogView& view)
-                     {
+                     [](DialogView& view) {
                          view.Click(IDCANCEL);
                      }});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL) << "Enter did not press the default button";
@@ -123,22 +117,19 @@ TEST_F(DialogData, ValuesGoToTheControlsWhenTheDialogOpens)
     int number = -12;
     int on = 1;
     int choice = 1;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Text(pDX, kNameEdit, name);
         DDX_Text(pDX, kNumberEdit, number);
         DDX_Check(pDX, kSwitch, on);
         DDX_Radio(pDX, kAfter, choice);
     };
-    Run(
-        [](DialogView& view)
-        {
-            EXPECT_EQ(view.Text(kNameEdit), L"Welding");
-            EXPECT_EQ(view.Text(kNumberEdit), L"-12");
-            EXPECT_TRUE(view.IsChecked(kSwitch));
-            EXPECT_FALSE(view.IsChecked(kAfter));
-            EXPECT_TRUE(view.IsChecked(kBefore));
-        });
+    Run([](DialogView& view) {
+        EXPECT_EQ(view.Text(kNameEdit), L"Welding");
+        EXPECT_EQ(view.Text(kNumberEdit), L"-12");
+        EXPECT_TRUE(view.IsChecked(kSwitch));
+        EXPECT_FALSE(view.IsChecked(kAfter));
+        EXPECT_TRUE(view.IsChecked(kBefore));
+    });
 }
 
 TEST_F(DialogData, ValuesComeBackWithTheDefaultButton)
@@ -147,21 +138,19 @@ TEST_F(DialogData, ValuesComeBackWithTheDefaultButton)
     int number = 0;
     int on = 0;
     int choice = -1;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Text(pDX, kNameEdit, name);
         DDX_Text(pDX, kNumberEdit, number);
         DDX_Check(pDX, kSwitch, on);
         DDX_Radio(pDX, kAfter, choice);
     };
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.SetText(kNameEdit, L"Grinding");
-                         view.SetText(kNumberEdit, L" 42");
-                         view.Click(kSwitch);
-                         view.Click(kAfter);
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.SetText(kNameEdit, L"Grinding");
+        view.SetText(kNumberEdit, L" 42");
+        view.Click(kSwitch);
+        view.Click(kAfter);
+        view.Click(IDOK);
+    }});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(name, L"Grinding");
     EXPECT_EQ(number, 42);
@@ -174,20 +163,17 @@ TEST_F(DialogData, NoNumberInAFieldFailsTheExchangeThere)
     std::wstring name = L"before";
     int number = 7;
     int on = 0;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Text(pDX, kNameEdit, name);
         DDX_Text(pDX, kNumberEdit, number);
         DDX_Check(pDX, kSwitch, on);
     };
-    Run(
-        [&](DialogView& view)
-        {
-            view.SetText(kNameEdit, L"after");
-            view.SetText(kNumberEdit, L"many");
-            view.Click(kSwitch);
-            EXPECT_FALSE(dialog.UpdateData(true));
-        });
+    Run([&](DialogView& view) {
+        view.SetText(kNameEdit, L"after");
+        view.SetText(kNumberEdit, L"many");
+        view.Click(kSwitch);
+        EXPECT_FALSE(dialog.UpdateData(true));
+    });
     EXPECT_EQ(name, L"after") << "moved before the failure";
     EXPECT_EQ(number, 7) << "kept";
     EXPECT_EQ(on, 0) << "not moved behind the failure";
@@ -196,17 +182,14 @@ TEST_F(DialogData, NoNumberInAFieldFailsTheExchangeThere)
 TEST_F(DialogData, TheDefaultButtonStaysWithoutAction_WhenTheExchangeFails)
 {
     int number = 7;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Text(pDX, kNumberEdit, number);
     };
-    driver.OnDialog({[](DialogView& view)
-                     {
+    driver.OnDialog({[](DialogView& view) {
                          view.SetText(kNumberEdit, L"");
                          view.Click(IDOK);
                      },
-                     [](DialogView& view)
-                     {
+                     [](DialogView& view) {
                          view.Click(IDCANCEL);
                      }});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
@@ -215,19 +198,16 @@ TEST_F(DialogData, TheDefaultButtonStaysWithoutAction_WhenTheExchangeFails)
 TEST_F(DialogData, NoChosenRadioButtonIsMinusOne)
 {
     int choice = -1;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Radio(pDX, kAfter, choice);
     };
-    Run(
-        [&](DialogView& view)
-        {
-            EXPECT_FALSE(view.IsChecked(kAfter));
-            EXPECT_FALSE(view.IsChecked(kBefore));
-            choice = 5;
-            EXPECT_TRUE(dialog.UpdateData(true));
-            EXPECT_EQ(choice, -1);
-        });
+    Run([&](DialogView& view) {
+        EXPECT_FALSE(view.IsChecked(kAfter));
+        EXPECT_FALSE(view.IsChecked(kBefore));
+        choice = 5;
+        EXPECT_TRUE(dialog.UpdateData(true));
+        EXPECT_EQ(choice, -1);
+    });
 }
 
 TEST_F(DialogData, ControlsThatTheDialogHasNotArePassedOver)
@@ -235,22 +215,19 @@ TEST_F(DialogData, ControlsThatTheDialogHasNotArePassedOver)
     std::wstring text = L"kept";
     int number = 3;
     CButton button;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Control(pDX, 998, button);
         DDX_Text(pDX, 999, text);
         DDX_Text(pDX, 999, number);
         DDX_Check(pDX, 999, number);
         DDX_Radio(pDX, 999, number);
     };
-    Run(
-        [&](DialogView&)
-        {
-            EXPECT_TRUE(dialog.UpdateData(true));
-            dialog.ShowItem(999, false);
-            dialog.EnableItem(999, false);
-            EXPECT_EQ(dialog.ItemRect(999).Width(), 0);
-        });
+    Run([&](DialogView&) {
+        EXPECT_TRUE(dialog.UpdateData(true));
+        dialog.ShowItem(999, false);
+        dialog.EnableItem(999, false);
+        EXPECT_EQ(dialog.ItemRect(999).Width(), 0);
+    });
     EXPECT_EQ(text, L"kept");
     EXPECT_EQ(number, 3);
     EXPECT_EQ(button.m_hWnd, nullptr);
@@ -258,111 +235,100 @@ TEST_F(DialogData, ControlsThatTheDialogHasNotArePassedOver)
 
 TEST_F(DialogData, ItemsAreShownEnabledAndMeasuredByTheirNumber)
 {
-    Run(
-        [&](DialogView& view)
-        {
-            dialog.ShowItem(kApply, false);
-            dialog.EnableItem(kSwitch, false);
-            EXPECT_FALSE(view.IsVisible(kApply));
-            EXPECT_FALSE(view.IsEnabled(kSwitch));
-            dialog.ShowItem(kApply, true);
-            dialog.EnableItem(kSwitch, true);
-            EXPECT_TRUE(view.IsVisible(kApply));
-            EXPECT_TRUE(view.IsEnabled(kSwitch));
-            RECT units{7, 95, 130, 50}; // position and size, which are rounded each by itself
-            MapDialogRect(view.Window(), &units);
-            const CRect place = dialog.ItemRect(kList);
-            EXPECT_EQ(place.left, units.left);
-            EXPECT_EQ(place.top, units.top);
-            EXPECT_EQ(place.Width(), units.right);
-            EXPECT_EQ(place.Height(), units.bottom);
-        });
+    Run([&](DialogView& view) {
+        dialog.ShowItem(kApply, false);
+        dialog.EnableItem(kSwitch, false);
+        EXPECT_FALSE(view.IsVisible(kApply));
+        EXPECT_FALSE(view.IsEnabled(kSwitch));
+        dialog.ShowItem(kApply, true);
+        dialog.EnableItem(kSwitch, true);
+        EXPECT_TRUE(view.IsVisible(kApply));
+        EXPECT_TRUE(view.IsEnabled(kSwitch));
+        RECT units{7, 95, 130, 50}; // position and size, which are rounded each by itself
+        MapDialogRect(view.Window(), &units);
+        const CRect place = dialog.ItemRect(kList);
+        EXPECT_EQ(place.left, units.left);
+        EXPECT_EQ(place.top, units.top);
+        EXPECT_EQ(place.Width(), units.right);
+        EXPECT_EQ(place.Height(), units.bottom);
+    });
 }
 
 TEST_F(DialogData, AComboBoxIsReadAndFilled)
 {
     CComboBox combo;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Control(pDX, kCombo, combo);
     };
-    Run(
-        [&](DialogView&)
-        {
-            EXPECT_EQ(combo.AddString(L"beta"), 0);
-            EXPECT_EQ(combo.AddString(L"alpha"), 0) << "sorted";
-            EXPECT_EQ(combo.InsertString(-1, L"Gamma ray"), 2);
-            combo.SetItemData(1, 77);
-            EXPECT_EQ(combo.GetItemData(1), 77);
-            EXPECT_EQ(combo.GetCount(), 3);
-            EXPECT_EQ(combo.SelectString(-1, L"gam"), 2);
-            EXPECT_EQ(combo.GetWindowText(), L"Gamma ray");
-            EXPECT_EQ(combo.FindString(-1, L"B"), 1);
-            EXPECT_EQ(combo.GetLBText(0), L"alpha");
-            EXPECT_EQ(combo.GetLBText(9), L"");
-            EXPECT_EQ(combo.SetCurSel(-1), CB_ERR);
-            EXPECT_EQ(combo.GetCurSel(), CB_ERR);
-            EXPECT_EQ(combo.DeleteString(0), 2);
-            combo.ResetContent();
-            EXPECT_EQ(combo.GetCount(), 0);
-        });
+    Run([&](DialogView&) {
+        EXPECT_EQ(combo.AddString(L"beta"), 0);
+        EXPECT_EQ(combo.AddString(L"alpha"), 0) << "sorted";
+        EXPECT_EQ(combo.InsertString(-1, L"Gamma ray"), 2);
+        combo.SetItemData(1, 77);
+        EXPECT_EQ(combo.GetItemData(1), 77);
+        EXPECT_EQ(combo.GetCount(), 3);
+        EXPECT_EQ(combo.SelectString(-1, L"gam"), 2);
+        EXPECT_EQ(combo.GetWindowText(), L"Gamma ray");
+        EXPECT_EQ(combo.FindString(-1, L"B"), 1);
+        EXPECT_EQ(combo.GetLBText(0), L"alpha");
+        EXPECT_EQ(combo.GetLBText(9), L"");
+        EXPECT_EQ(combo.SetCurSel(-1), CB_ERR);
+        EXPECT_EQ(combo.GetCurSel(), CB_ERR);
+        EXPECT_EQ(combo.DeleteString(0), 2);
+        combo.ResetContent();
+        EXPECT_EQ(combo.GetCount(), 0);
+    });
 }
 
 TEST_F(DialogData, AListIsReadAndFilled)
 {
     CListCtrl list;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Control(pDX, kList, list);
     };
-    Run(
-        [&](DialogView&)
-        {
-            EXPECT_EQ(list.InsertColumn(0, L"Name", LVCFMT_LEFT, 80), 0);
-            EXPECT_EQ(list.InsertColumn(5, L"Value", LVCFMT_RIGHT, 40), 1) << "appended";
-            EXPECT_EQ(list.GetColumnWidth(1), 40);
-            EXPECT_EQ(list.GetColumnFormat(1), LVCFMT_RIGHT);
-            EXPECT_EQ(list.GetColumnFormat(7), LVCFMT_LEFT);
-            EXPECT_EQ(list.InsertItem(0, L"first", 11), 0);
-            EXPECT_EQ(list.InsertItem(9, L"second", 12), 1);
-            EXPECT_TRUE(list.SetItemText(1, 1, L"twelve"));
-            EXPECT_FALSE(list.SetItemText(1, 4, L"nowhere"));
-            EXPECT_EQ(list.GetItemText(1, 1), L"twelve");
-            EXPECT_EQ(list.GetItemText(1, 4), L"");
-            EXPECT_EQ(list.GetItemData(0), 11);
-            EXPECT_TRUE(list.SetItemData(0, 13));
-            EXPECT_EQ(list.GetItemData(0), 13);
-            EXPECT_EQ(list.GetItemData(5), 0) << "no such row";
-            EXPECT_TRUE(list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED));
-            EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 1);
-            EXPECT_EQ(list.GetSelectedCount(), 1);
-            RECT row;
-            ASSERT_TRUE(list.GetItemRect(1, LVIR_LABEL, row));
-            EXPECT_EQ(list.HitTest({row.left + 3, (row.top + row.bottom) / 2}), 1);
-            EXPECT_FALSE(list.GetItemRect(5, LVIR_BOUNDS, row));
-            CHeaderCtrl header;
-            ASSERT_TRUE(header.SubclassWindow(list.GetHeader()));
-            EXPECT_EQ(header.GetItemCount(), 2);
-            EXPECT_TRUE(header.SetItemFormat(1, HDF_STRING | HDF_SORTUP));
-            EXPECT_TRUE(list.DeleteItem(0));
-            EXPECT_TRUE(list.DeleteAllItems());
-            EXPECT_EQ(list.GetItemCount(), 0);
-        });
+    Run([&](DialogView&) {
+        EXPECT_EQ(list.InsertColumn(0, L"Name", LVCFMT_LEFT, 80), 0);
+        EXPECT_EQ(list.InsertColumn(5, L"Value", LVCFMT_RIGHT, 40), 1) << "appended";
+        EXPECT_EQ(list.GetColumnWidth(1), 40);
+        EXPECT_EQ(list.GetColumnFormat(1), LVCFMT_RIGHT);
+        EXPECT_EQ(list.GetColumnFormat(7), LVCFMT_LEFT);
+        EXPECT_EQ(list.InsertItem(0, L"first", 11), 0);
+        EXPECT_EQ(list.InsertItem(9, L"second", 12), 1);
+        EXPECT_TRUE(list.SetItemText(1, 1, L"twelve"));
+        EXPECT_FALSE(list.SetItemText(1, 4, L"nowhere"));
+        EXPECT_EQ(list.GetItemText(1, 1), L"twelve");
+        EXPECT_EQ(list.GetItemText(1, 4), L"");
+        EXPECT_EQ(list.GetItemData(0), 11);
+        EXPECT_TRUE(list.SetItemData(0, 13));
+        EXPECT_EQ(list.GetItemData(0), 13);
+        EXPECT_EQ(list.GetItemData(5), 0) << "no such row";
+        EXPECT_TRUE(list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED));
+        EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 1);
+        EXPECT_EQ(list.GetSelectedCount(), 1);
+        RECT row;
+        ASSERT_TRUE(list.GetItemRect(1, LVIR_LABEL, row));
+        EXPECT_EQ(list.HitTest({row.left + 3, (row.top + row.bottom) / 2}), 1);
+        EXPECT_FALSE(list.GetItemRect(5, LVIR_BOUNDS, row));
+        CHeaderCtrl header;
+        ASSERT_TRUE(header.SubclassWindow(list.GetHeader()));
+        EXPECT_EQ(header.GetItemCount(), 2);
+        EXPECT_TRUE(header.SetItemFormat(1, HDF_STRING | HDF_SORTUP));
+        EXPECT_TRUE(list.DeleteItem(0));
+        EXPECT_TRUE(list.DeleteAllItems());
+        EXPECT_EQ(list.GetItemCount(), 0);
+    });
 }
 
 TEST_F(DialogData, ATextOfTenThousandCharactersComesBackFromACell)
 {
     CListCtrl list;
-    dialog.exchange = [&](CDataExchange* pDX)
-    {
+    dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Control(pDX, kList, list);
     };
-    Run(
-        [&](DialogView&)
-        {
-            const std::wstring text(10'000, L'x');
-            list.InsertColumn(0, L"Name", LVCFMT_LEFT, 80);
-            ASSERT_EQ(list.InsertItem(0, text.c_str()), 0);
-            EXPECT_EQ(list.GetItemText(0, 0), text);
-        });
+    Run([&](DialogView&) {
+        const std::wstring text(10'000, L'x');
+        list.InsertColumn(0, L"Name", LVCFMT_LEFT, 80);
+        ASSERT_EQ(list.InsertItem(0, text.c_str()), 0);
+        EXPECT_EQ(list.GetItemText(0, 0), text);
+    });
 }

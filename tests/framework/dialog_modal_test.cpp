@@ -44,10 +44,9 @@ private:
 
 TEST_F(DialogModal, EndsWithOneByTheDefaultButton)
 {
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(IDOK);
+    }});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(dialog.events, (Events{"init", "ok"}));
     EXPECT_EQ(dialog.m_hWnd, nullptr);
@@ -55,52 +54,46 @@ TEST_F(DialogModal, EndsWithOneByTheDefaultButton)
 
 TEST_F(DialogModal, EndsWithTwoByCancel)
 {
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(IDCANCEL);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(IDCANCEL);
+    }});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     EXPECT_EQ(dialog.events, (Events{"init", "cancel"}));
 }
 
 TEST_F(DialogModal, TakesEnterForTheDefaultButton)
 {
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Press(VK_RETURN);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Press(VK_RETURN);
+    }});
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }
 
 TEST_F(DialogModal, TakesEscapeForCancel)
 {
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Press(VK_ESCAPE);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Press(VK_ESCAPE);
+    }});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
 TEST_F(DialogModal, TakesTheCloseBoxForCancel)
 {
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Close();
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Close();
+    }});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
 TEST_F(DialogModal, EndsWithTheCodeGivenLast)
 {
-    dialog.onApply = [this]
-    {
+    dialog.onApply = [this] {
         dialog.EndDialog(10);
         dialog.EndDialog(11);
     };
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(kApply);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(kApply);
+    }});
     EXPECT_EQ(dialog.DoModal(), 11);
 }
 
@@ -114,8 +107,7 @@ TEST_F(DialogModal, FailsWithoutATemplate)
 TEST_F(DialogModal, IsNeverShownIfItEndsWhileItOpens)
 {
     bool visible = true;
-    dialog.onInit = [&]
-    {
+    dialog.onInit = [&] {
         dialog.EndDialog(7);
         visible = IsWindowVisible(dialog.m_hWnd) != FALSE;
         return true;
@@ -127,14 +119,12 @@ TEST_F(DialogModal, IsNeverShownIfItEndsWhileItOpens)
 
 TEST_F(DialogModal, RunsAgainAfterItsEnd)
 {
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(IDOK);
-                     }});
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(IDCANCEL);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(IDOK);
+    }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(IDCANCEL);
+    }});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
@@ -142,15 +132,13 @@ TEST_F(DialogModal, RunsAgainAfterItsEnd)
 TEST_F(DialogModal, RefusesASecondRunInsideItsOwn)
 {
     INT_PTR second = 0;
-    dialog.onApply = [&]
-    {
+    dialog.onApply = [&] {
         second = dialog.DoModal();
         dialog.EndDialog(5);
     };
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(kApply);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(kApply);
+    }});
     EXPECT_EQ(dialog.DoModal(), 5);
     EXPECT_EQ(second, -1);
 }
@@ -161,12 +149,11 @@ TEST_F(DialogModal, DisablesItsParentMeanwhileAndGivesItBack)
     TestDialog child(300, host.get());
     bool enabled = true;
     HWND owner = nullptr;
-    driver.OnDialog({[&](DialogView& view)
-                     {
-                         enabled = IsWindowEnabled(host.get()) != FALSE;
-                         owner = GetWindow(view.Window(), GW_OWNER);
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[&](DialogView& view) {
+        enabled = IsWindowEnabled(host.get()) != FALSE;
+        owner = GetWindow(view.Window(), GW_OWNER);
+        view.Click(IDOK);
+    }});
     EXPECT_EQ(child.DoModal(), IDOK);
     EXPECT_FALSE(enabled);
     EXPECT_EQ(owner, host.get());
@@ -178,11 +165,10 @@ TEST_F(DialogModal, BelongsToTheActiveWindowIfItHasNoParent)
 {
     const HostWindow host;
     HWND owner = nullptr;
-    driver.OnDialog({[&](DialogView& view)
-                     {
-                         owner = GetWindow(view.Window(), GW_OWNER);
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[&](DialogView& view) {
+        owner = GetWindow(view.Window(), GW_OWNER);
+        view.Click(IDOK);
+    }});
     dialog.DoModal();
     EXPECT_EQ(owner, host.get());
     EXPECT_TRUE(IsWindowEnabled(host.get()));
@@ -193,10 +179,9 @@ TEST_F(DialogModal, LeavesAParentDisabledThatWasSoBefore)
     const HostWindow host;
     EnableWindow(host.get(), FALSE);
     TestDialog child(300, host.get());
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(IDOK);
+    }});
     child.DoModal();
     EXPECT_FALSE(IsWindowEnabled(host.get()));
 }
@@ -206,18 +191,15 @@ TEST_F(DialogModal, Nests)
     TestDialog inner;
     INT_PTR innerCode = 0;
     bool outerEnabled = true;
-    dialog.onApply = [&]
-    {
-        driver.OnDialog({[&](DialogView& view)
-                         {
-                             outerEnabled = IsWindowEnabled(dialog.m_hWnd) != FALSE;
-                             view.Click(IDCANCEL);
-                         }});
+    dialog.onApply = [&] {
+        driver.OnDialog({[&](DialogView& view) {
+            outerEnabled = IsWindowEnabled(dialog.m_hWnd) != FALSE;
+            view.Click(IDCANCEL);
+        }});
         innerCode = inner.DoModal();
     };
     driver.OnDialog({[](DialogView& view) { view.Click(kApply); },
-                     [](DialogView& view)
-                     {
+                     [](DialogView& view) {
                          view.Click(IDOK);
                      }});
     EXPECT_EQ(dialog.DoModal(), IDOK);
@@ -227,14 +209,12 @@ TEST_F(DialogModal, Nests)
 
 TEST_F(DialogModal, PassesOnWhatAHandlerThrew)
 {
-    dialog.onApply = []
-    {
+    dialog.onApply = [] {
         throw std::bad_alloc();
     };
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(kApply);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(kApply);
+    }});
     EXPECT_THROW(dialog.DoModal(), std::bad_alloc);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
     EXPECT_EQ(CLiveWindow::Count(), 0);
@@ -242,8 +222,7 @@ TEST_F(DialogModal, PassesOnWhatAHandlerThrew)
 
 TEST_F(DialogModal, PassesOnWhatItsOpeningThrew)
 {
-    dialog.onInit = []() -> bool
-    {
+    dialog.onInit = []() -> bool {
         throw std::bad_alloc();
     };
     EXPECT_THROW(dialog.DoModal(), std::bad_alloc);
@@ -253,21 +232,17 @@ TEST_F(DialogModal, PassesOnWhatItsOpeningThrew)
 TEST_F(DialogModal, EndsOnlyTheInnerDialogWhoseHandlerThrew)
 {
     TestDialog inner;
-    dialog.onApply = [&]
-    {
-        inner.onApply = []
-        {
+    dialog.onApply = [&] {
+        inner.onApply = [] {
             throw std::bad_alloc();
         };
-        driver.OnDialog({[](DialogView& view)
-                         {
-                             view.Click(kApply);
-                         }});
+        driver.OnDialog({[](DialogView& view) {
+            view.Click(kApply);
+        }});
         EXPECT_THROW(inner.DoModal(), std::bad_alloc);
     };
     driver.OnDialog({[](DialogView& view) { view.Click(kApply); },
-                     [](DialogView& view)
-                     {
+                     [](DialogView& view) {
                          view.Click(IDOK);
                      }});
     EXPECT_EQ(dialog.DoModal(), IDOK);
@@ -275,27 +250,23 @@ TEST_F(DialogModal, EndsOnlyTheInnerDialogWhoseHandlerThrew)
 
 TEST_F(DialogModal, EndsWhenItsWindowIsDestroyed)
 {
-    dialog.onApply = [this]
-    {
+    dialog.onApply = [this] {
         dialog.DestroyWindow();
     };
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(kApply);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(kApply);
+    }});
     EXPECT_EQ(dialog.DoModal(), -1);
 }
 
 TEST_F(DialogModal, EndsWithTheProgramAndTellsItsLoop)
 {
-    dialog.onApply = []
-    {
+    dialog.onApply = [] {
         PostQuitMessage(3);
     };
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(kApply);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(kApply);
+    }});
     EXPECT_EQ(dialog.DoModal(), -1);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0))
@@ -306,11 +277,10 @@ TEST_F(DialogModal, EndsWithTheProgramAndTellsItsLoop)
 TEST_F(DialogModal, KeepsTheModuleWhileItLives)
 {
     HRESULT answer = S_OK;
-    driver.OnDialog({[&](DialogView& view)
-                     {
-                         answer = CWinApp::Get()->CanUnloadNow();
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[&](DialogView& view) {
+        answer = CWinApp::Get()->CanUnloadNow();
+        view.Click(IDOK);
+    }});
     dialog.DoModal();
     EXPECT_EQ(answer, S_FALSE);
     EXPECT_EQ(CWinApp::Get()->CanUnloadNow(), S_OK);
@@ -319,28 +289,25 @@ TEST_F(DialogModal, KeepsTheModuleWhileItLives)
 TEST_F(DialogModal, GivesTheFocusToTheFirstControl)
 {
     int focus = 0;
-    driver.OnDialog({[&](DialogView& view)
-                     {
-                         focus = view.Focus();
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[&](DialogView& view) {
+        focus = view.Focus();
+        view.Click(IDOK);
+    }});
     dialog.DoModal();
     EXPECT_EQ(focus, kNameEdit);
 }
 
 TEST_F(DialogModal, LeavesTheFocusWhereTheOpeningPutIt)
 {
-    dialog.onInit = [this]
-    {
+    dialog.onInit = [this] {
         SetFocus(dialog.GetDlgItem(kList));
         return false;
     };
     int focus = 0;
-    driver.OnDialog({[&](DialogView& view)
-                     {
-                         focus = view.Focus();
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[&](DialogView& view) {
+        focus = view.Focus();
+        view.Click(IDOK);
+    }});
     dialog.DoModal();
     EXPECT_EQ(focus, kList);
 }
@@ -348,9 +315,8 @@ TEST_F(DialogModal, LeavesTheFocusWhereTheOpeningPutIt)
 TEST_F(DialogModal, WithoutAControlIsLeftByTheCloseBox)
 {
     TestDialog empty(301);
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Close();
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Close();
+    }});
     EXPECT_EQ(empty.DoModal(), IDCANCEL);
 }

@@ -51,8 +51,7 @@ TEST(UnloadAnswer, IsYesOnlyIfTheFrameworkSaysYesAndNothingIsHeld)
 TEST(UnloadAnswer, DoesNotReadTheLockCountAfterANoOfTheFramework)
 {
     int reads = 0;
-    const auto count = [&]
-    {
+    const auto count = [&] {
         return ++reads, 0;
     };
     UnloadAnswer(S_FALSE, count);

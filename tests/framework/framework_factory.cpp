@@ -140,15 +140,13 @@ TEST_F(Factory, KeepsItsCountWhenManyThreadsTakeAndGiveReferences)
     threads.reserve(4);
     for (int i = 0; i < 4; ++i)
     {
-        threads.emplace_back(
-            [this]
+        threads.emplace_back([this] {
+            for (int turn = 0; turn < 20000; ++turn)
             {
-                for (int turn = 0; turn < 20000; ++turn)
-                {
-                    factory->AddRef();
-                    factory->Release();
-                }
-            });
+                factory->AddRef();
+                factory->Release();
+            }
+        });
     }
     for (std::thread& thread : threads)
         thread.join();

@@ -185,14 +185,12 @@ TEST_F(Module, TwoFirstRequestsAtOnceYieldOneFactory)
         std::vector<std::thread> threads;
         for (ComPtr<IClassFactory>& one : found)
         {
-            threads.emplace_back(
-                [&]
-                {
-                    ++ready;
-                    while (ready.load() < 2)
-                        std::this_thread::yield();
-                    Get(kFirst, one);
-                });
+            threads.emplace_back([&] {
+                ++ready;
+                while (ready.load() < 2)
+                    std::this_thread::yield();
+                Get(kFirst, one);
+            });
         }
         for (std::thread& thread : threads)
             thread.join();

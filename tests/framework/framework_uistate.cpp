@@ -35,15 +35,13 @@ int g_startups = 0;
 int g_depthAtStartup = 0;
 bool g_failStartup = false;
 
-const CUiStartup kStartup(
-    []
-    {
-        g_depthAtStartup = CUiState::Depth();
-        const CUiState nested; // start-up work may enter the state itself
-        if (g_failStartup)
-            throw std::runtime_error("not yet");
-        ++g_startups;
-    });
+const CUiStartup kStartup([] {
+    g_depthAtStartup = CUiState::Depth();
+    const CUiState nested; // start-up work may enter the state itself
+    if (g_failStartup)
+        throw std::runtime_error("not yet");
+    ++g_startups;
+});
 } // namespace
 
 TEST(UiState, StartUpWorkRunsOnceInsideTheStateAtTheFirstEntryAndAgainIfItFailed)
@@ -126,13 +124,10 @@ TEST(UiState, BelongsToItsThread)
     const CUiState state;
     int depth = -1;
     unsigned entries = 99;
-    std::thread(
-        [&]
-        {
-            depth = CUiState::Depth();
-            entries = CUiState::Entries();
-        })
-        .join();
+    std::thread([&] {
+        depth = CUiState::Depth();
+        entries = CUiState::Entries();
+    }).join();
     EXPECT_EQ(depth, 0);
     EXPECT_EQ(entries, 0u);
 }

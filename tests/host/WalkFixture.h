@@ -69,8 +69,7 @@ protected:
     std::vector<IQPFObject*> SeenInBatches(Enum& objects)
     {
         std::vector<IQPFObject*> seen;
-        const auto visit = [&seen](IQPFObject* object)
-        {
+        const auto visit = [&seen](IQPFObject* object) {
             seen.push_back(object);
             return BatchStep::NextObject;
         };

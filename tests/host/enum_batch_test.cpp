@@ -80,8 +80,7 @@ TEST_F(Walks, AVisitorMayDropABatchOrStop)
 {
     Enum objects({{S_OK, Range(0, 25)}, {S_OK, Range(25, 25)}, {S_FALSE, Range(50, 5)}});
     Seen seen;
-    const auto visit = [&](IQPFObject* object)
-    {
+    const auto visit = [&](IQPFObject* object) {
         seen.push_back(object);
         if (object == At(1))
             return BatchStep::NextBatch;
@@ -96,8 +95,7 @@ TEST_F(Walks, DroppingTheLastBatchEndsTheWalk)
 {
     Enum objects({{S_FALSE, Range(0, 3)}});
     int visits = 0;
-    const auto visit = [&visits](IQPFObject*)
-    {
+    const auto visit = [&visits](IQPFObject*) {
         ++visits;
         return BatchStep::NextBatch;
     };
@@ -109,8 +107,7 @@ TEST_F(Walks, DroppingTheLastBatchEndsTheWalk)
 TEST_F(Walks, AnExceptionOutOfAVisitorReleasesTheWholeBatch)
 {
     Enum objects({{S_OK, Range(0, 25)}});
-    const auto visit = [](IQPFObject*) -> BatchStep
-    {
+    const auto visit = [](IQPFObject*) -> BatchStep {
         throw std::runtime_error("visitor");
     };
     EXPECT_THROW(WalkBatches(static_cast<IEnumQPFObject*>(&objects), visit), std::runtime_error);
@@ -120,8 +117,7 @@ TEST_F(Walks, AnObjectThatAVisitorKeepsOutlivesItsBatch)
 {
     Enum objects({{S_FALSE, Range(0, 2)}});
     ComPtr<IQPFObject> kept;
-    const auto visit = [&kept](IQPFObject* object)
-    {
+    const auto visit = [&kept](IQPFObject* object) {
         kept = ComPtr<IQPFObject>(object);
         return BatchStep::Stop;
     };
@@ -145,13 +141,11 @@ TEST_F(Walks, AWalkThatEndsEarlyGivesItsBlockBackToo)
     Enum failing({{E_FAIL, Range(0, 3)}});
     EXPECT_EQ(Seen{}, SeenInBatches(failing));
     Enum stopped({{S_OK, Range(0, 25)}});
-    const auto stop = [](IQPFObject*)
-    {
+    const auto stop = [](IQPFObject*) {
         return BatchStep::Stop;
     };
     EXPECT_EQ(S_OK, WalkBatches(static_cast<IEnumQPFObject*>(&stopped), stop));
-    const auto fail = [](IQPFObject*) -> BatchStep
-    {
+    const auto fail = [](IQPFObject*) -> BatchStep {
         throw std::runtime_error("visitor");
     };
     EXPECT_THROW(WalkBatches(static_cast<IEnumQPFObject*>(&stopped), fail), std::runtime_error);

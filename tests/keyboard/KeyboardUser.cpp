@@ -21,24 +21,21 @@ int SelectedRow(const DialogView& view)
 
 Sight FocusOn(int control)
 {
-    return {"the keyboard belongs to " + std::to_string(control), [control](const DialogView& view)
-            {
+    return {"the keyboard belongs to " + std::to_string(control), [control](const DialogView& view) {
                 return view.Focus() == control;
             }};
 }
 
 Sight RowSelected(int row)
 {
-    return {"row " + std::to_string(row) + " is selected", [row](const DialogView& view)
-            {
+    return {"row " + std::to_string(row) + " is selected", [row](const DialogView& view) {
                 return SelectedRow(view) == row;
             }};
 }
 
 Sight Selected(const std::wstring& text)
 {
-    return {"\"" + Utf8Text(text) + "\" is selected", [text](const DialogView& view)
-            {
+    return {"\"" + Utf8Text(text) + "\" is selected", [text](const DialogView& view) {
                 const int row = SelectedRow(view);
                 return row >= 0 && view.Cell(view.List(), row, 0) == text;
             }};
@@ -46,8 +43,7 @@ Sight Selected(const std::wstring& text)
 
 Sight Box(const std::wstring& title)
 {
-    return {"the box \"" + Utf8Text(title) + "\" is in front", [title](const DialogView& view)
-            {
+    return {"the box \"" + Utf8Text(title) + "\" is in front", [title](const DialogView& view) {
                 return IsMessageBox(view.Window()) && view.Title() == title;
             }};
 }
@@ -88,8 +84,7 @@ KeyboardUser& KeyboardUser::GoesRound(const std::vector<int>& controls)
 
 KeyboardUser& KeyboardUser::Notes(std::function<void(const DialogView&)> note)
 {
-    return Sees({"noted", [note = std::move(note)](const DialogView& view)
-                 {
+    return Sees({"noted", [note = std::move(note)](const DialogView& view) {
                      note(view);
                      return true;
                  }});

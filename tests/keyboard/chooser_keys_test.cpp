@@ -183,8 +183,7 @@ protected:
     /// The scripts stand in no order that a test could know.
     std::function<void(const DialogView&)> NotesTheSelected()
     {
-        return [this](const DialogView& view)
-        {
+        return [this](const DialogView& view) {
             picked = Utf8Text(view.Cell(view.List(), view.SelectedRow(view.List()), 0));
         };
     }

@@ -18,13 +18,11 @@ constexpr ULONGLONG kNothingComes = 300;
 Failures FailuresOf(ULONGLONG bound, const std::function<void(KeyboardUser&)>& plan, INT_PTR& code,
                     const ModalDialog::Handler& handler = {})
 {
-    return CaughtFailures(
-        [&]
-        {
-            KeyboardUser user(bound);
-            plan(user);
-            code = RunSmallDialog(handler);
-        });
+    return CaughtFailures([&] {
+        KeyboardUser user(bound);
+        plan(user);
+        code = RunSmallDialog(handler);
+    });
 }
 
 void ExpectOne(const Failures& failures, const std::vector<std::string>& parts)
@@ -57,8 +55,7 @@ TEST(KeyboardUser, FailsATestThatSeesWhatItWaitsForBeforeItTypes)
 TEST(KeyboardUser, FailsATestWhoseKeysNobodyTypes)
 {
     INT_PTR code = 0;
-    const auto plan = [](KeyboardUser& user)
-    {
+    const auto plan = [](KeyboardUser& user) {
         user.Notes([](const DialogView& view) { ShowWindow(view.Window(), SW_HIDE); })
             .Types("Tab", FocusOn(IDCANCEL))
             .Ends("Return");
@@ -88,8 +85,7 @@ TEST(KeyboardUser, FailsATestWhoseDialogGoesTooEarly)
 TEST(KeyboardUser, DestroysADialogThatDoesNotGo)
 {
     INT_PTR code = 0;
-    const auto refuse = [](HWND, UINT message, WPARAM wParam, LPARAM) -> INT_PTR
-    {
+    const auto refuse = [](HWND, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
         return message == WM_COMMAND && LOWORD(wParam) == IDCANCEL;
     };
     ExpectOne(FailuresOf(
@@ -101,8 +97,7 @@ TEST(KeyboardUser, DestroysADialogThatDoesNotGo)
 TEST(KeyboardUser, ClosesABoxThatNothingWasPlannedFor)
 {
     INT_PTR code = 0;
-    const auto show = [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR
-    {
+    const auto show = [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
         if (message != WM_COMMAND || LOWORD(wParam) != IDOK)
             return FALSE;
         MessageBoxW(dialog, L"What now?", L"Question", MB_YESNO);

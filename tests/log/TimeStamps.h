@@ -26,11 +26,10 @@ inline std::string TimeStampNow()
 /// Whether `text` is `shape` with digits in place of its zeros.
 inline bool HasShape(const std::string& text, const std::string& shape)
 {
-    return std::equal(text.begin(), text.end(), shape.begin(), shape.end(),
-                      [](char character, char expected) {
-                          return expected == '0' ? character >= '0' && character <= '9'
-                                                 : character == expected;
-                      });
+    return std::equal(
+        text.begin(), text.end(), shape.begin(), shape.end(), [](char character, char expected) {
+            return expected == '0' ? character >= '0' && character <= '9' : character == expected;
+        });
 }
 
 /// Expects `stamp` to be a time stamp from `before` until now. Stamps compare as texts.

@@ -127,8 +127,7 @@ TEST_F(LogCalls, WantOfMemoryLeavesAsOneExceptionWhicheverWayItIsSaid)
 {
     const std::function<void()> failures[] = {[] { throw std::bad_alloc(); },
                                               [] { throw std::length_error("too long"); },
-                                              []
-                                              {
+                                              [] {
                                                   ThrowOutOfMemory();
                                               }};
     for (const auto& failure : failures)
@@ -152,8 +151,7 @@ TEST_F(LogCalls, WantOfMemoryLeavesAsOneExceptionWhicheverWayItIsSaid)
 TEST_F(LogCalls, AnyOtherFailureIsAStatusAndNotTakenForWantOfMemory)
 {
     const std::function<void()> failures[] = {[] { throw std::runtime_error("other"); },
-                                              []
-                                              {
+                                              [] {
                                                   throw 7;
                                               }};
     for (const auto& failure : failures)

@@ -126,25 +126,21 @@ TEST_P(ModuleWithoutMemory, AFailedAllocationLeavesAsACppExceptionOfOneCodeOrIsN
 
 INSTANTIATE_TEST_SUITE_P(Methods, ModuleWithoutMemory,
                          ::testing::Values(Method{"WriteTimeStampWithInfo",
-                                                  [](IQPUserActionLog* log)
-                                                  {
+                                                  [](IQPUserActionLog* log) {
                                                       return log->WriteTimeStampWithInfo(LongText());
                                                   }},
                                            Method{"WriteLine",
-                                                  [](IQPUserActionLog* log)
-                                                  {
+                                                  [](IQPUserActionLog* log) {
                                                       return log->WriteLine(LongText());
                                                   }},
                                            Method{"WriteUserActionInfo",
-                                                  [](IQPUserActionLog* log)
-                                                  {
+                                                  [](IQPUserActionLog* log) {
                                                       return log->WriteUserActionInfo(LongText(), LongText(),
                                                                                       LongText(), LongText(),
                                                                                       LongText());
                                                   }},
                                            Method{"WriteTimeStamp",
-                                                  [](IQPUserActionLog* log)
-                                                  {
+                                                  [](IQPUserActionLog* log) {
                                                       return log->WriteTimeStamp();
                                                   }}),
                          [](const auto& info) { return std::string(info.param.name); });

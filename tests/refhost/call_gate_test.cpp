@@ -57,8 +57,7 @@ TEST_F(Gate, records_a_search_word_by_word)
 TEST_F(Gate, records_values_of_every_kind)
 {
     gate.Record(true);
-    const auto criterion = [&](const Value& value)
-    {
+    const auto criterion = [&](const Value& value) {
         query->SetSearchAttribute(Text(L"x"), 1, value, 0);
     };
     criterion(Value());

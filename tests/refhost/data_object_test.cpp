@@ -104,8 +104,7 @@ protected:
 
 TEST_F(DataObject, texts_answer_to_both_names)
 {
-    const auto same = [](const VARIANT& v, const wchar_t* text)
-    {
+    const auto same = [](const VARIANT& v, const wchar_t* text) {
         return v.vt == VT_BSTR && std::wstring(v.bstrVal) == text;
     };
     for (const Spelling& spelling : kTexts)
@@ -114,8 +113,7 @@ TEST_F(DataObject, texts_answer_to_both_names)
 
 TEST_F(DataObject, numbers_answer_to_both_names)
 {
-    const auto same = [](const VARIANT& v, int number)
-    {
+    const auto same = [](const VARIANT& v, int number) {
         return v.vt == VT_I4 && v.lVal == number;
     };
     for (const Spelling& spelling : kNumbers)
@@ -124,8 +122,7 @@ TEST_F(DataObject, numbers_answer_to_both_names)
 
 TEST_F(DataObject, flags_answer_to_both_names)
 {
-    const auto same = [](const VARIANT& v, bool flag)
-    {
+    const auto same = [](const VARIANT& v, bool flag) {
         return v.vt == VT_BOOL && v.boolVal == (flag ? VARIANT_TRUE : VARIANT_FALSE);
     };
     for (const Spelling& spelling : kFlags)

@@ -61,8 +61,7 @@ TEST(PlantFile, of_another_database_is_refused)
         refhost::Plant::Open(file)->Add(L"script", L"S");
     }
     // The mark of a plant stands in the file's header, in the four bytes from 68 on, its version from 60 on.
-    const auto patch = [&](int offset)
-    {
+    const auto patch = [&](int offset) {
         std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
         stream.seekp(offset + 3);
         stream.put(9);

@@ -131,8 +131,7 @@ TEST_F(KeyStore, a_value_is_delivered_in_the_type_asked_for)
     Set(L"k", L"zero", Value(L"0"), 1);
     Set(L"k", L"flag", Value(true), 1);
     Set(L"k", L"number", Value(25), 1);
-    const auto as = [&](const wchar_t* name, VARTYPE type)
-    {
+    const auto as = [&](const wchar_t* name, VARTYPE type) {
         auto value = std::make_unique<Value>();
         EXPECT_EQ(store->GetValue(Text(L"k"), Text(name), type, &value->get(), 1), S_OK) << name;
         return value;

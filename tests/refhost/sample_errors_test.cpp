@@ -74,11 +74,10 @@ TEST_F(SampleErrors, what_is_compared_is_everything)
 {
     plant->Load(QP_SAMPLE_DIR);
     const Lines all = Everything();
-    const auto has = [&](const std::string& table, const std::string& part)
-    {
-        return std::any_of(all.begin(), all.end(),
-                           [&](const std::string& row)
-                           { return row.starts_with(table + " | ") && row.find(part) != std::string::npos; });
+    const auto has = [&](const std::string& table, const std::string& part) {
+        return std::any_of(all.begin(), all.end(), [&](const std::string& row) {
+            return row.starts_with(table + " | ") && row.find(part) != std::string::npos;
+        });
     };
     EXPECT_TRUE(has("object", "'Welding'"));
     EXPECT_TRUE(has("scriptcommand", "'Once for all objects'"));

@@ -223,8 +223,7 @@ TEST_F(TableText, rights_are_words)
 {
     Load("script.txt",
          "name | rights\nA |\nB | all\nC | none\nD | norights\nE | read   execute\nF | change\n");
-    const auto may = [&](const wchar_t* name, int right)
-    {
+    const auto may = [&](const wchar_t* name, int right) {
         ComPtr<IQPObjectRights> rights;
         const HRESULT status = rights.queryFrom(plant->Find(L"script", name).get());
         return status < 0 ? status : rights->HasRight(static_cast<QPRightType>(right));

@@ -51,10 +51,8 @@ protected:
     /// All of them, with `reference` where a reference that leads to a data object is answered in vain.
     std::vector<NoMaster> NoMasters(const ComPtr<IUnknown>& reference)
     {
-        const auto answer = [reference](HRESULT status)
-        {
-            return [reference, status](MemoryObject& object)
-            {
+        const auto answer = [reference](HRESULT status) {
+            return [reference, status](MemoryObject& object) {
                 VARIANT value;
                 value.vt = VT_UNKNOWN;
                 value.punkVal = reference.get();
@@ -65,27 +63,22 @@ protected:
                 {"S_FALSE", answer(S_FALSE)},
                 {"another success", answer(static_cast<HRESULT>(2))},
                 {"no value",
-                 [](MemoryObject& object)
-                 {
+                 [](MemoryObject& object) {
                      object.Fail(L"master", S_OK);
                  }},
                 {"a text",
-                 [](MemoryObject& object)
-                 {
+                 [](MemoryObject& object) {
                      object.Set(L"master", L"master");
                  }},
                 {"a number",
-                 [](MemoryObject& object)
-                 {
+                 [](MemoryObject& object) {
                      object.Set(L"master", LONG{1});
                  }},
                 {"a null reference",
-                 [](MemoryObject& object)
-                 {
+                 [](MemoryObject& object) {
                      object.Set(L"master", static_cast<IUnknown*>(nullptr));
                  }},
-                {"no data object", [this](MemoryObject& object)
-                 {
+                {"no data object", [this](MemoryObject& object) {
                      object.Set(L"master", static_cast<IEnumBaseDataObject*>(host.List({}).get()));
                  }}};
     }

@@ -240,8 +240,7 @@ TEST_F(ActionFinderCalls, ASecondSearchStartsAnewAndLeavesTheQueryAsItSetIt)
 TEST_F(ActionFinderCalls, TheSearchRunsInsideTheUiState)
 {
     std::vector<int> depths;
-    host.onCall = [&](const std::string&)
-    {
+    host.onCall = [&](const std::string&) {
         depths.push_back(CUiState::Depth());
     };
     const unsigned entries = CUiState::Entries();

@@ -186,8 +186,7 @@ TEST_F(CommandFinderCalls, ASecondSearchStartsAnew)
 TEST_F(CommandFinderCalls, TheSearchRunsInsideTheUiState)
 {
     std::vector<int> depths;
-    host.onCall = [&](const std::string&)
-    {
+    host.onCall = [&](const std::string&) {
         depths.push_back(CUiState::Depth());
     };
     const unsigned entries = CUiState::Entries();

@@ -321,8 +321,7 @@ TEST_F(ScriptsForAction, OnlyTheSearchRunsInsideTheUiState)
 {
     Finds({Action("a1", Script("weld"))});
     std::vector<std::string> outside;
-    host.onCall = [&](const std::string& call)
-    {
+    host.onCall = [&](const std::string& call) {
         if (CUiState::Depth() == 0)
             outside.push_back(call);
     };

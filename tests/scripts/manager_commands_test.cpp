@@ -294,10 +294,10 @@ TEST_F(ScriptCommands, NoRightIsAskedForAMacroBeyondThatOfItsCommand)
 {
     Finds({MacroCommand("c1", L"A", L"M1")});
     EXPECT_EQ(GetCommands(), S_OK);
-    EXPECT_EQ(std::count_if(host.calls.begin(), host.calls.end(),
-                            [](const std::string& call)
-                            { return call.find("HasRight") != std::string::npos; }),
-              1);
+    EXPECT_EQ(
+        std::count_if(host.calls.begin(), host.calls.end(),
+                      [](const std::string& call) { return call.find("HasRight") != std::string::npos; }),
+        1);
 }
 
 TEST_F(ScriptCommands, TheTargetIsTheDataObjectAndNotTheReferenceToIt)
@@ -341,8 +341,7 @@ TEST_F(ScriptCommands, OnlyTheSearchRunsInsideTheUiState)
 {
     Finds({ScriptCommand("c1", L"Check", Script("weld"))});
     std::vector<std::string> outside;
-    host.onCall = [&](const std::string& call)
-    {
+    host.onCall = [&](const std::string& call) {
         if (CUiState::Depth() == 0)
             outside.push_back(call);
     };

@@ -237,8 +237,7 @@ TEST_F(CommandNames, AThousandMixedListsAreNamedAsTheRuleSays)
 {
     host.recording = false;
     std::uint32_t random = 12345;
-    const auto next = [&random](std::uint32_t bound)
-    {
+    const auto next = [&random](std::uint32_t bound) {
         random = random * 1664525u + 1013904223u;
         return (random >> 16) % bound;
     };
@@ -269,13 +268,11 @@ TEST_F(CommandNames, AThousandMixedListsAreNamedAsTheRuleSays)
         TextRows expected;
         for (const auto& [name, target] : NamedByTheLetter(commands))
             expected.push_back({Utf8Of(BstrOf(name)), target, "1"});
-        const TextRows rows = RowsOf(result.Value(),
-                                     [](IUnknown* object)
-                                     {
-                                         ComPtr<IQP_BaseDataObject> data;
-                                         data.queryFrom(object);
-                                         return static_cast<MemoryObject*>(data.get())->Name();
-                                     });
+        const TextRows rows = RowsOf(result.Value(), [](IUnknown* object) {
+            ComPtr<IQP_BaseDataObject> data;
+            data.queryFrom(object);
+            return static_cast<MemoryObject*>(data.get())->Name();
+        });
         ASSERT_EQ(rows, expected) << "list " << list;
     }
 }

@@ -212,8 +212,7 @@ TEST_F(PlantActions, OnlyTheInterfacesAndMethodsThatTheServiceNeedsAreAskedForAn
         "IQP_Query::SetSearchAttribute",    "IQP_Query::SetOrderAttribute", "IQP_Query::GetSearchResult",
         "IQP_BaseDataObject::GetAttribute", "IQPObjectRights::HasRight",    "IEnumBaseDataObject::RemNext"};
     std::set<std::string> called;
-    const auto note = [&](const TextRows& rows)
-    {
+    const auto note = [&](const TextRows& rows) {
         EXPECT_EQ(status, S_OK);
         EXPECT_FALSE(rows.empty());
         for (const std::string& line : record) // "Interface::Method(...)" or "Interface<object>::Method(...)"

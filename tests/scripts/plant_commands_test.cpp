@@ -51,13 +51,11 @@ protected:
     /// Puts rows in the user's order of names.
     static TextRows InNameOrder(TextRows rows)
     {
-        std::sort(rows.begin(), rows.end(),
-                  [](const Row& first, const Row& second)
-                  {
-                      const XQPComBSTR a(std::wstring(first[0].begin(), first[0].end()).c_str());
-                      const XQPComBSTR b(std::wstring(second[0].begin(), second[0].end()).c_str());
-                      return VarBstrCmp(a, b, LOCALE_USER_DEFAULT, 0) == static_cast<HRESULT>(VARCMP_LT);
-                  });
+        std::sort(rows.begin(), rows.end(), [](const Row& first, const Row& second) {
+            const XQPComBSTR a(std::wstring(first[0].begin(), first[0].end()).c_str());
+            const XQPComBSTR b(std::wstring(second[0].begin(), second[0].end()).c_str());
+            return VarBstrCmp(a, b, LOCALE_USER_DEFAULT, 0) == static_cast<HRESULT>(VARCMP_LT);
+        });
         return rows;
     }
 
@@ -186,8 +184,7 @@ TEST_F(PlantCommands, AMacroReplacesAScriptOfItsNameAndAScriptAfterAMacroGetsASu
 TEST_F(PlantCommands, ACommandOrScriptThatTheUserMayNotRunIsAskedNothingMore)
 {
     Commands(L"Body Shop", L"tool", L"Welding", 1);
-    const auto after = [this](const std::string& line)
-    {
+    const auto after = [this](const std::string& line) {
         const auto found = std::find(record.begin(), record.end(), line);
         return found == record.end() ? std::string("not called") : *(found + 1);
     };

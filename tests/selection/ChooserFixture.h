@@ -56,22 +56,19 @@ T* Untouched()
 // What a user does.
 inline DialogStep Presses(int button)
 {
-    return [button](DialogView& view)
-    {
+    return [button](DialogView& view) {
         view.Click(button);
     };
 }
 inline DialogStep Selects(int row)
 {
-    return [row](DialogView& view)
-    {
+    return [row](DialogView& view) {
         view.SelectRow(view.List(), row);
     };
 }
 inline DialogStep Types(WORD key, unsigned held = 0)
 {
-    return [key, held](DialogView& view)
-    {
+    return [key, held](DialogView& view) {
         view.Press(key, held);
     };
 }

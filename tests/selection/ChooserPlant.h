@@ -96,9 +96,9 @@ protected:
 
     long CountOf(const std::string& part) const
     {
-        return static_cast<long>(std::count_if(record.begin(), record.end(),
-                                               [&](const std::string& line)
-                                               { return line.find(part) != std::string::npos; }));
+        return static_cast<long>(std::count_if(record.begin(), record.end(), [&](const std::string& line) {
+            return line.find(part) != std::string::npos;
+        }));
     }
 
 private:

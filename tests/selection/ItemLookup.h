@@ -33,9 +33,9 @@ protected:
     Answer CompBaseOf(Data* asked, const wchar_t* typeName)
     {
         const XQPComBSTR type(typeName);
-        return Ask(
-            [&](Data** result)
-            { return item->GetOrvoCompBase(asked, typeName ? static_cast<BSTR>(type) : nullptr, result); });
+        return Ask([&](Data** result) {
+            return item->GetOrvoCompBase(asked, typeName ? static_cast<BSTR>(type) : nullptr, result);
+        });
     }
     Answer CompBaseWith(HRESULT status, const VARIANT& value)
     {

@@ -50,20 +50,18 @@ protected:
 
     Outcome Show(Steps steps, const ComPtr<MemoryObject>& of, HWND parent = nullptr)
     {
-        return Run(
-            std::move(steps), [&](Outcome& outcome, IQP_BaseDataObject** selected)
-            { return choice->ShowDialog(of.get(), title, &outcome.canceled, selected, Number(parent)); });
+        return Run(std::move(steps), [&](Outcome& outcome, IQP_BaseDataObject** selected) {
+            return choice->ShowDialog(of.get(), title, &outcome.canceled, selected, Number(parent));
+        });
     }
     Outcome Show(Steps steps) { return Show(std::move(steps), root); }
 
     Outcome ShowEx(Steps steps, LONG templates, const ComPtr<MemoryObject>& of, HWND parent = nullptr)
     {
-        return Run(std::move(steps),
-                   [&](Outcome& outcome, IQP_BaseDataObject** selected)
-                   {
-                       return choice->ShowDialogEx(of.get(), title, templates, &outcome.canceled,
-                                                   &outcome.create, selected, Number(parent));
-                   });
+        return Run(std::move(steps), [&](Outcome& outcome, IQP_BaseDataObject** selected) {
+            return choice->ShowDialogEx(of.get(), title, templates, &outcome.canceled, &outcome.create,
+                                        selected, Number(parent));
+        });
     }
     Outcome ShowEx(Steps steps, LONG templates = 0) { return ShowEx(std::move(steps), templates, root); }
 

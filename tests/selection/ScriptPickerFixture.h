@@ -80,8 +80,7 @@ protected:
     }
     static DialogStep SelectsScript(const std::wstring& name)
     {
-        return [name](DialogView& view)
-        {
+        return [name](DialogView& view) {
             view.SelectRow(view.List(), RowOf(view, name));
         };
     }

@@ -23,8 +23,7 @@ protected:
     /// The dialog's own texts are translated, once, and the host's are not.
     DialogStep Look(const wchar_t* heading) const
     {
-        return [heading](DialogView& view)
-        {
+        return [heading](DialogView& view) {
             EXPECT_EQ(view.Title(), L"Choose");
             EXPECT_EQ(view.Text(IDOK), L"[OK]");
             EXPECT_EQ(view.Text(IDCANCEL), L"[Cancel]");
@@ -85,8 +84,7 @@ TEST_F(BracketedScriptPicker, TranslatesTitleButtonsAndHeadingsAndNoCell)
     const auto script = Script("A host's text");
     script->Set(L"m_pDODefaultImpl", project)->Set(L"languagetype", L"A host's text");
     Finds({script});
-    Show({[](DialogView& view)
-          {
+    Show({[](DialogView& view) {
               EXPECT_EQ(view.Title(), L"[[Scripts]]");
               EXPECT_EQ(view.Text(IDOK), L"[OK]");
               EXPECT_EQ(view.Text(IDCANCEL), L"[Cancel]");
@@ -114,8 +112,7 @@ TEST_F(BracketedScriptPicker, TranslatesEveryMessage)
 TEST_F(BracketedScriptPicker, ADialogThatFailedStaysInTheLanguageOfItsTemplate)
 {
     host.Query().resultStatus = E_FAIL;
-    Show({[](DialogView& view)
-          {
+    Show({[](DialogView& view) {
               EXPECT_EQ(view.Title(), L"Orvoitems");
               EXPECT_EQ(view.Text(IDOK), L"OK");
               EXPECT_EQ(view.Text(IDCANCEL), L"Cancel");
@@ -132,8 +129,7 @@ TEST_F(BracketedSelectDialog, TranslatesTitlePromptsButtonsAndHeadingOnce)
 {
     parameters.Text(L"Caption", L"A caption").Entry(0, L"A prompt", Of(a));
     ExpectBox(L"[Attention !]", L"[Select a ParentChildRelation, please.]");
-    Show({[](DialogView& view)
-          {
+    Show({[](DialogView& view) {
               EXPECT_EQ(view.Title(), L"[A caption]");
               EXPECT_EQ(view.Text(IDOK), L"[OK]");
               EXPECT_EQ(view.Text(IDCANCEL), L"[Cancel]");

@@ -57,26 +57,22 @@ protected:
                          [&shown, text] { shown.messages.push_back(text); });
         }
         if (expected.dialog)
-            dialogs.OnDialog({[&](DialogView& view)
-                              {
+            dialogs.OnDialog({[&](DialogView& view) {
                                   shown.dialog = true;
                                   shown.rows = CellsOf(view);
                                   std::sort(shown.rows.begin(), shown.rows.end());
                               },
-                              [](DialogView& view)
-                              {
+                              [](DialogView& view) {
                                   view.Click(IDCANCEL);
                               }});
         const std::size_t reported = logBook.Entries().size();
         CallGate& gate = plant->Calls();
         gate.FailCall(n, n == 0 ? Fault::None : GetParam().fault, GetParam().status);
         const long before = Plant::LiveObjects();
-        Recorded(
-            [&]
-            {
-                call();
-                return S_OK;
-            });
+        Recorded([&] {
+            call();
+            return S_OK;
+        });
         EXPECT_EQ(Plant::LiveObjects(), before) << "objects of the host are left";
         EXPECT_EQ(gate.Struck(), n > 0);
         gate.FailCall(0, Fault::None);
@@ -114,8 +110,7 @@ TEST_P(ChooserFaults, EveryCallOfTheProjectChoice)
     const auto root = Root();
     LONG canceled = 0;
     LONG create = 0;
-    const auto call = [&]
-    {
+    const auto call = [&] {
         canceled = 7;
         create = 7;
         IQP_BaseDataObject* selected = nullptr;
@@ -130,27 +125,25 @@ TEST_P(ChooserFaults, EveryCallOfTheProjectChoice)
         {},
         {}};
     std::size_t steps = 0;
-    Sweep(whole, call,
-          [&](std::size_t index, const std::string& line)
-          {
-              Shown shown = whole;
-              if (index == 0)
-              {
-                  // Whether there is a list at all: only a failure says no.
-                  return GetParam().Fails() ? Shown{} : whole;
-              }
-              if (Has(line, "GetChildren"))
-                  shown.rows.clear();
-              else if (Has(line, "RemNext"))
-                  shown.rows.resize(steps++);
-              else
-              {
-                  // The step to this child was counted already.
-                  shown.rows.erase(shown.rows.begin() + static_cast<std::ptrdiff_t>(steps) - 1);
-                  shown.messages = {"Error: unexpected error reading projects.\nTrying next project ..."};
-              }
-              return shown;
-          });
+    Sweep(whole, call, [&](std::size_t index, const std::string& line) {
+        Shown shown = whole;
+        if (index == 0)
+        {
+            // Whether there is a list at all: only a failure says no.
+            return GetParam().Fails() ? Shown{} : whole;
+        }
+        if (Has(line, "GetChildren"))
+            shown.rows.clear();
+        else if (Has(line, "RemNext"))
+            shown.rows.resize(steps++);
+        else
+        {
+            // The step to this child was counted already.
+            shown.rows.erase(shown.rows.begin() + static_cast<std::ptrdiff_t>(steps) - 1);
+            shown.messages = {"Error: unexpected error reading projects.\nTrying next project ..."};
+        }
+        return shown;
+    });
     EXPECT_EQ(steps, 4u);
     Run(0, whole, call);
     EXPECT_EQ(canceled, 1);
@@ -271,8 +264,7 @@ TEST_P(ScriptFaults, EveryCallOfTheScriptPicker)
     for (const wchar_t* name : {L"Extra 1", L"Extra 2", L"Extra 3", L"Extra 4"})
         plant->Add(L"script", name);
     const auto project = Find(L"project", L"Body Plant North");
-    const auto call = [&]
-    {
+    const auto call = [&] {
         IQP_BaseDataObject* selected = nullptr;
         EXPECT_EQ(item->ShowDialog(project.get(), XQPComBSTR(L"script"), &selected), S_FALSE);
         EXPECT_EQ(selected, nullptr);
@@ -280,32 +272,27 @@ TEST_P(ScriptFaults, EveryCallOfTheScriptPicker)
 
     // A whole run.
     Shown whole{true, {}, {}, {}};
-    dialogs.OnDialog({[&](DialogView& view)
-                      {
-                          whole.rows = CellsOf(view);
-                          view.Click(IDCANCEL);
-                      }});
-    Recorded(
-        [&]
-        {
-            call();
-            return S_OK;
-        });
+    dialogs.OnDialog({[&](DialogView& view) {
+        whole.rows = CellsOf(view);
+        view.Click(IDCANCEL);
+    }});
+    Recorded([&] {
+        call();
+        return S_OK;
+    });
     std::sort(whole.rows.begin(), whole.rows.end());
     ASSERT_GT(whole.rows.size(), 5u);
     const Lines lines = record;
 
     std::size_t batches = 0;
-    Sweep(whole, call,
-          [&](std::size_t index, const std::string& line)
-          {
-              if (Has(line, "<script "))
-                  return AtScript(whole, line);
-              if (!Has(line, "RemNext"))
-                  return AtSearch(whole, line);
-              ++batches;
-              return AtBatch(whole, lines, index);
-          });
+    Sweep(whole, call, [&](std::size_t index, const std::string& line) {
+        if (Has(line, "<script "))
+            return AtScript(whole, line);
+        if (!Has(line, "RemNext"))
+            return AtSearch(whole, line);
+        ++batches;
+        return AtBatch(whole, lines, index);
+    });
     EXPECT_EQ(batches, 2u);
 }
 

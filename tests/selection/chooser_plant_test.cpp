@@ -148,20 +148,18 @@ class PlantChoosers : public ToldPlant
 TEST_F(PlantChoosers, TheProjectsAreListedByName)
 {
     Cells shown;
-    dialogs.OnDialog({[&](DialogView& view)
-                      {
-                          shown = CellsOf(view);
-                          view.SelectRow(view.List(), 2);
-                          view.Click(IDOK);
-                      }});
+    dialogs.OnDialog({[&](DialogView& view) {
+        shown = CellsOf(view);
+        view.SelectRow(view.List(), 2);
+        view.Click(IDOK);
+    }});
     LONG canceled = 1;
     ComPtr<IQP_BaseDataObject> project;
     const auto root = Root();
-    EXPECT_EQ(
-        Recorded(
-            [&]
-            { return choice->ShowDialog(root.get(), XQPComBSTR(L"Projects"), &canceled, project.put(), 0); }),
-        S_OK);
+    EXPECT_EQ(Recorded([&] {
+                  return choice->ShowDialog(root.get(), XQPComBSTR(L"Projects"), &canceled, project.put(), 0);
+              }),
+              S_OK);
     EXPECT_EQ(canceled, 0);
     EXPECT_EQ(
         shown,
@@ -176,11 +174,10 @@ TEST_F(PlantChoosers, TheProjectsAreListedByName)
 TEST_F(PlantChoosers, TheTemplateIsListedByItself)
 {
     Cells shown;
-    dialogs.OnDialog({[&](DialogView& view)
-                      {
-                          shown = CellsOf(view);
-                          view.Click(3);
-                      }});
+    dialogs.OnDialog({[&](DialogView& view) {
+        shown = CellsOf(view);
+        view.Click(3);
+    }});
     LONG canceled = 1;
     LONG create = 0;
     ComPtr<IQP_BaseDataObject> project;
@@ -199,16 +196,14 @@ TEST_F(PlantChoosers,
 {
     const auto panel = Find(L"orvoitem", L"Side panel left");
     Cells shown;
-    dialogs.OnDialog({[&](DialogView& view)
-                      {
-                          shown = CellsOf(view);
-                          // By its name: which row it has follows from the addresses of the scripts.
-                          const auto row = std::find_if(shown.begin(), shown.end(),
-                                                        [](const Texts& cells)
-                                                        { return cells[0] == L"Report weld spots"; });
-                          view.SelectRow(view.List(), static_cast<int>(row - shown.begin()));
-                          view.Click(IDOK);
-                      }});
+    dialogs.OnDialog({[&](DialogView& view) {
+        shown = CellsOf(view);
+        // By its name: which row it has follows from the addresses of the scripts.
+        const auto row = std::find_if(shown.begin(), shown.end(),
+                                      [](const Texts& cells) { return cells[0] == L"Report weld spots"; });
+        view.SelectRow(view.List(), static_cast<int>(row - shown.begin()));
+        view.Click(IDOK);
+    }});
     ComPtr<IQP_BaseDataObject> script;
     EXPECT_EQ(Recorded([&] { return item->ShowDialog(panel.get(), XQPComBSTR(L"script"), script.put()); }),
               S_OK);
@@ -221,8 +216,7 @@ TEST_F(PlantChoosers,
     // The item's project is read besides.
     EXPECT_EQ(CountOf("GetAttribute("), 5 * listed + 1);
 
-    const auto has = [&](const Texts& row)
-    {
+    const auto has = [&](const Texts& row) {
         return std::find(shown.begin(), shown.end(), row) != shown.end();
     };
     EXPECT_TRUE(has({L"Check names", L"Library", L"basic", L"2019-01-01", L"2021-01-01", L""}));
@@ -247,12 +241,11 @@ TEST_F(PlantChoosers, TheGenericDialogTakesObjectsOfThePlant)
     values[1].varValue = prompt;
     values[2].varValue.vt = VT_UNKNOWN;
     values[2].varValue.punkVal = roof.get();
-    dialogs.OnDialog({[](DialogView& view)
-                      {
-                          EXPECT_EQ(view.Title(), L"Which item?");
-                          EXPECT_EQ(CellsOf(view), (Cells{{L"The roof", L""}}));
-                          view.Click(IDOK);
-                      }});
+    dialogs.OnDialog({[](DialogView& view) {
+        EXPECT_EQ(view.Title(), L"Which item?");
+        EXPECT_EQ(CellsOf(view), (Cells{{L"The roof", L""}}));
+        view.Click(IDOK);
+    }});
     ComPtr<IUnknown> selected;
     EXPECT_EQ(Recorded([&] { return dialog->ShowDialog(3, values, selected.put()); }), S_OK);
     EXPECT_EQ(NameInPlant(selected.get()), "Roof");

@@ -27,10 +27,8 @@ TEST_F(GermanProjectChoice, TranslatesItsButtonsAndHeadingsAndNoneOfTheHostsText
     Has({Child("a", L"Location"), Child("b", L"Name")});
     root->Children(L"template", found);
     NameButton(L"&Create new");
-    const auto look = [](const wchar_t* heading)
-    {
-        return [heading](DialogView& view)
-        {
+    const auto look = [](const wchar_t* heading) {
+        return [heading](DialogView& view) {
             EXPECT_EQ(view.Title(), L"Choose");
             EXPECT_EQ(view.Text(IDCANCEL), L"Abbrechen");
             EXPECT_EQ(view.Text(kCreateNew), L"&Create new");
@@ -79,8 +77,7 @@ TEST_F(GermanScriptPicker, TranslatesTitleButtonsAndHeadingsAndNoCell)
     const auto script = Script("Location");
     script->Set(L"languagetype", L"Name")->Set(L"creationdate", L"Scripts");
     Finds({script});
-    Show({[](DialogView& view)
-          {
+    Show({[](DialogView& view) {
               EXPECT_EQ(view.Title(), L"Skripte");
               EXPECT_EQ(view.Text(IDCANCEL), L"Abbrechen");
               EXPECT_EQ(Captions(view), (Texts{L"Name", L"Ablageort", L"Skriptsprache", L"Erstellt am",
@@ -118,8 +115,7 @@ TEST_F(GermanSelectDialog, TranslatesPromptsAndTitleAsIfTheyWereItsOwn)
     values[2].varValue.vt = VT_UNKNOWN;
     values[2].varValue.punkVal = static_cast<IQP_BaseDataObject*>(object.get());
     ExpectBox(L"Achtung!", L"Bitte w\u00e4hlen Sie eine Eltern-Kind-Beziehung aus.");
-    dialogs.OnDialog({[](DialogView& view)
-                      {
+    dialogs.OnDialog({[](DialogView& view) {
                           EXPECT_EQ(view.Title(), L"Skripte");
                           EXPECT_EQ(view.Text(IDCANCEL), L"Abbrechen");
                           EXPECT_EQ(Captions(view), (Texts{L"Name", L""}));

@@ -179,8 +179,7 @@ TEST_F(ItemLookup, EachLookupShowsTheWaitCursorWhileTheHostWorksAndPutsTheOldOne
     const HCURSOR waiting = LoadCursorW(nullptr, IDC_WAIT);
     SetCursor(arrow);
     int seen = 0;
-    host.onCall = [&](const std::string& call)
-    {
+    host.onCall = [&](const std::string& call) {
         EXPECT_EQ(GetCursor(), waiting) << call;
         EXPECT_EQ(CUiState::Depth(), 1) << call;
         ++seen;

@@ -63,12 +63,10 @@ TEST_P(LookupFaults, EveryCallForTableAndBase)
 {
     const auto gun = Find(L"subcompitem", L"Spot gun, station 20");
     const auto panel = Find(L"orvoitem", L"Side panel left");
-    const auto tables = [&](BSTR* table, IQP_BaseDataObject** planType)
-    {
+    const auto tables = [&](BSTR* table, IQP_BaseDataObject** planType) {
         return item->GetTypeNameAndPlanType(panel.get(), table, planType);
     };
-    const auto base = [&](BSTR*, IQP_BaseDataObject** found)
-    {
+    const auto base = [&](BSTR*, IQP_BaseDataObject** found) {
         return item->GetOrvoCompBase(gun.get(), XQPComBSTR(L"subcompitem"), found);
     };
     const std::function<HRESULT(BSTR*, IQP_BaseDataObject**)> lookups[] = {tables, base};

@@ -26,14 +26,12 @@ protected:
 TEST_F(ProjectChoiceDialog, HasTheHostsTitleAndButtonText)
 {
     NameButton(L"&Another one");
-    LookAtBoth(
-        [](DialogView& view)
-        {
-            EXPECT_EQ(view.Title(), L"Choose");
-            EXPECT_EQ(view.Text(kCreateNew), L"&Another one");
-            EXPECT_EQ(view.Text(IDOK), L"OK");
-            EXPECT_EQ(view.Text(IDCANCEL), L"Cancel");
-        });
+    LookAtBoth([](DialogView& view) {
+        EXPECT_EQ(view.Title(), L"Choose");
+        EXPECT_EQ(view.Text(kCreateNew), L"&Another one");
+        EXPECT_EQ(view.Text(IDOK), L"OK");
+        EXPECT_EQ(view.Text(IDCANCEL), L"Cancel");
+    });
 }
 
 TEST_F(ProjectChoiceDialog, HasAButtonWithoutATextUntilItIsNamed)
@@ -70,8 +68,7 @@ TEST_F(ProjectChoiceDialog, LongTextsOfTheHostAndThoseOfOtherScriptsAreShownWhol
         ExpectBox(L"Information",
                   L"You must either select a project and choose ok, \nor you must choose the '" + text +
                       L"' button!");
-        dialogs.OnDialog({[&](DialogView& view)
-                          {
+        dialogs.OnDialog({[&](DialogView& view) {
                               EXPECT_EQ(view.Title(), text);
                               EXPECT_EQ(view.Text(kCreateNew), text);
                           },
@@ -89,27 +86,23 @@ TEST_F(ProjectChoiceDialog, ShowsCancelOnlyWhereItIsAskedFor)
 
 TEST_F(ProjectChoiceDialog, TheListStandsWhereTheFrameWas)
 {
-    LookAtBoth(
-        [](DialogView& view)
-        {
-            EXPECT_FALSE(view.IsVisible(kFrame));
-            const RECT frame = view.Rect(kFrame);
-            const RECT list = view.Rect(kList);
-            EXPECT_EQ(list.left, frame.left);
-            EXPECT_EQ(list.top, frame.top);
-            EXPECT_EQ(list.right, frame.right);
-            EXPECT_EQ(list.bottom, frame.bottom);
-            EXPECT_EQ(view.List(), view.Control(kList));
-            EXPECT_EQ(view.Style(kList) & 0x50800000, 0x50800000u);
-        });
+    LookAtBoth([](DialogView& view) {
+        EXPECT_FALSE(view.IsVisible(kFrame));
+        const RECT frame = view.Rect(kFrame);
+        const RECT list = view.Rect(kList);
+        EXPECT_EQ(list.left, frame.left);
+        EXPECT_EQ(list.top, frame.top);
+        EXPECT_EQ(list.right, frame.right);
+        EXPECT_EQ(list.bottom, frame.bottom);
+        EXPECT_EQ(view.List(), view.Control(kList));
+        EXPECT_EQ(view.Style(kList) & 0x50800000, 0x50800000u);
+    });
 }
 
 TEST_F(ProjectChoiceDialog, TheListHasAColumnOfNamesAndOneOfNoWidth)
 {
-    const auto look = [](const wchar_t* caption)
-    {
-        return [caption](DialogView& view)
-        {
+    const auto look = [](const wchar_t* caption) {
+        return [caption](DialogView& view) {
             const int width = static_cast<int>(std::floor(Width(view.Rect(kList)) * 0.95));
             EXPECT_EQ(view.Columns(kList), (std::vector<ShownColumn>{{caption, width}, {L"", 0}}));
             EXPECT_EQ(Column(view, 1), (Texts{L"", L"", L""}));
@@ -125,12 +118,10 @@ TEST_F(ProjectChoiceDialog, TheColumnIsRoundedDownToWholePixels)
     for (const auto& [list, column] : {std::pair(100, 95), std::pair(99, 94), std::pair(101, 95)})
     {
         const FrameWidth frame(list);
-        LookAtBoth(
-            [list = list, column = column](DialogView& view)
-            {
-                EXPECT_EQ(Width(view.Rect(kList)), list);
-                EXPECT_EQ(view.Columns(kList)[0].width, column);
-            });
+        LookAtBoth([list = list, column = column](DialogView& view) {
+            EXPECT_EQ(Width(view.Rect(kList)), list);
+            EXPECT_EQ(view.Columns(kList)[0].width, column);
+        });
     }
 }
 
@@ -140,8 +131,7 @@ TEST_F(ProjectChoiceDialog, WithoutAListStaysOpenAndAsksTheHostNothing)
     const NoLists noLists;
     ExpectBox(L"Information",
               L"You must either select a project and choose ok, \nor you must choose the 'New' button!");
-    EXPECT_EQ(ShowEx({[](DialogView& view)
-                      {
+    EXPECT_EQ(ShowEx({[](DialogView& view) {
                           EXPECT_EQ(GetDlgItem(view.Window(), kList), nullptr);
                           EXPECT_EQ(view.Title(), L"") << "no title was set";
                           EXPECT_EQ(view.Text(kCreateNew), L"&Create new");
@@ -160,8 +150,7 @@ TEST_F(ProjectChoiceDialog, WithoutAListStaysOpenAndAsksTheHostNothing)
 TEST_F(ProjectChoiceDialog, TabGoesRoundTheVisibleControls)
 {
     std::vector<int> order;
-    const DialogStep note = [&](DialogView& view)
-    {
+    const DialogStep note = [&](DialogView& view) {
         order.push_back(view.Focus());
     };
     const Steps round = {note,          Types(VK_TAB), note,          Types(VK_TAB), note,
@@ -203,8 +192,7 @@ TEST_F(ProjectChoiceDialog, ADoubleClickOnARowEndsNothing)
 TEST_F(ProjectChoiceDialog, BelongsToTheGivenWindowWhichIsDisabledMeanwhile)
 {
     const OwnerWindow owner;
-    const Steps look = {[&](DialogView& view)
-                        {
+    const Steps look = {[&](DialogView& view) {
                             EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get());
                             EXPECT_FALSE(IsWindowEnabled(owner.get()));
                         },

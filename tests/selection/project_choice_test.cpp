@@ -52,8 +52,7 @@ TEST_F(ProjectChoice, TheButtonForSomethingNewReadsAsNotCancelledWithoutAProject
 TEST_F(ProjectChoice, TheCloseBoxAndEscapeCancel)
 {
     EXPECT_EQ(Show({Selects(1),
-                    [](DialogView& view)
-                    {
+                    [](DialogView& view) {
                         view.Close();
                     }}),
               (Outcome{S_OK, 1, kUnchanged, "null"}));
@@ -80,10 +79,9 @@ TEST_F(ProjectChoice, CancelLeavesTheWishForSomethingNewAsItWas)
 {
     EXPECT_EQ(ShowEx({Selects(0), Presses(IDCANCEL)}), (Outcome{S_OK, 1, kUnchanged, "null"}));
     EXPECT_EQ(ShowEx({Types(VK_ESCAPE)}), (Outcome{S_OK, 1, kUnchanged, "null"}));
-    EXPECT_EQ(ShowEx({[](DialogView& view)
-                      {
-                          view.Close();
-                      }}),
+    EXPECT_EQ(ShowEx({[](DialogView& view) {
+                  view.Close();
+              }}),
               (Outcome{S_OK, 1, kUnchanged, "null"}));
 }
 
@@ -161,8 +159,7 @@ TEST_F(ProjectChoice, TheMessageNamesTheButtonLiterally)
 
 TEST_F(ProjectChoice, AChosenObjectThatIsNoDataObjectAnyMoreKeepsTheDialogOpenWithoutAMessage)
 {
-    EXPECT_EQ(ShowEx({[&](DialogView& view)
-                      {
+    EXPECT_EQ(ShowEx({[&](DialogView& view) {
                           view.SelectRow(view.List(), 0);
                           north->offersData = false;
                       },

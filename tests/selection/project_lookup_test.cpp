@@ -275,8 +275,7 @@ TEST_P(ProjectAttribute, AnyOtherStatusIsTheResult)
 INSTANTIATE_TEST_SUITE_P(Roads, ProjectAttribute,
                          ::testing::Values(L"XDOOrvoItem", L"XDOSubCompItem", L"XDORelationship",
                                            L"XDOScriptAction"),
-                         [](const auto& info)
-                         {
+                         [](const auto& info) {
                              const std::wstring name = info.param;
                              return std::string(name.begin(), name.end());
                          });
@@ -322,7 +321,8 @@ TEST_P(FirstReference, AnyOtherStatusIsTheResultAndNothingElseIsRead)
 INSTANTIATE_TEST_SUITE_P(Roads, FirstReference,
                          ::testing::Values(std::pair(L"XDORelationship", L"relationobject1"),
                                            std::pair(L"XDOScriptAction", L"m_pOrvoPlanTypeSet")),
-                         [](const auto& info)
-                         { return std::string(info.index == 0 ? "Relationship" : "ScriptAction"); });
+                         [](const auto& info) {
+                             return std::string(info.index == 0 ? "Relationship" : "ScriptAction");
+                         });
 
 } // namespace

@@ -110,11 +110,10 @@ TEST_F(ScriptCollection, FiveReadsAScriptAndOneRightEach)
         found[index]->right = S_FALSE;
     Finds(found);
     EXPECT_EQ(Collect(), S_OK);
-    const auto containing = [this](const char* part)
-    {
-        return std::count_if(host.calls.begin(), host.calls.end(),
-                             [part](const std::string& call)
-                             { return call.find(part) != std::string::npos; });
+    const auto containing = [this](const char* part) {
+        return std::count_if(host.calls.begin(), host.calls.end(), [part](const std::string& call) {
+            return call.find(part) != std::string::npos;
+        });
     };
     EXPECT_EQ(containing("HasRight"), 60);
     EXPECT_EQ(containing("GetAttribute("), 5 * 40);
@@ -152,8 +151,7 @@ TEST_F(ScriptCollection, ARecordHoldsWhatTheHostGave)
 
 TEST_F(ScriptCollection, TheLocationIsTheProjectsForAReferenceThatIsThereAndTheLibraryForAnythingElse)
 {
-    const auto locationOf = [this](const VARIANT& value)
-    {
+    const auto locationOf = [this](const VARIANT& value) {
         auto script = host.Object("s");
         script->Answer(L"m_pDODefaultImpl", S_OK, value);
         Finds({script});
@@ -189,8 +187,7 @@ TEST_F(ScriptCollection, AnObjectFoundTwiceKeepsItsFirstRecord)
     auto script = host.Object("s");
     script->Set(L"name", L"first");
     Finds({script, host.Object("t"), script});
-    host.onCall = [&](const std::string& call)
-    {
+    host.onCall = [&](const std::string& call) {
         if (call == "t.HasRight(4)")
             script->Set(L"name", L"second");
     };

@@ -12,8 +12,7 @@ protected:
     {
         Finds({script});
         Texts cells;
-        Show({[&](DialogView& view)
-              {
+        Show({[&](DialogView& view) {
                   ASSERT_EQ(view.Rows(view.List()), 1);
                   for (int column = 0; column < 6; ++column)
                       cells.push_back(view.Cell(view.List(), 0, column));
@@ -83,18 +82,16 @@ TEST_F(ScriptPickerDialog, IsCalledScripts)
 
 TEST_F(ScriptPickerDialog, EachOfFiveColumnsHasAFifthOfTheWidthAndTheSixthHasNone)
 {
-    LookAt(
-        [](DialogView& view)
-        {
-            const int fifth = static_cast<int>(Width(view.Rect(view.List())) * 0.2);
-            EXPECT_GT(fifth, 0);
-            EXPECT_EQ(view.Columns(view.List()), (std::vector<ShownColumn>{{L"Name", fifth},
-                                                                           {L"Location", fifth},
-                                                                           {L"Script Language", fifth},
-                                                                           {L"Creation Date", fifth},
-                                                                           {L"Modification Date", fifth},
-                                                                           {L"", 0}}));
-        });
+    LookAt([](DialogView& view) {
+        const int fifth = static_cast<int>(Width(view.Rect(view.List())) * 0.2);
+        EXPECT_GT(fifth, 0);
+        EXPECT_EQ(view.Columns(view.List()), (std::vector<ShownColumn>{{L"Name", fifth},
+                                                                       {L"Location", fifth},
+                                                                       {L"Script Language", fifth},
+                                                                       {L"Creation Date", fifth},
+                                                                       {L"Modification Date", fifth},
+                                                                       {L"", 0}}));
+    });
 }
 
 TEST_F(ScriptPickerDialog, AFifthIsCutToWholePixelsAndTheRestStaysUnused)
@@ -102,13 +99,11 @@ TEST_F(ScriptPickerDialog, AFifthIsCutToWholePixelsAndTheRestStaysUnused)
     for (const auto& [frame, fifth] : {std::pair(100, 20), std::pair(99, 19), std::pair(104, 20)})
     {
         const FrameWidth width(frame);
-        LookAt(
-            [frame = frame, fifth = fifth](DialogView& view)
-            {
-                EXPECT_EQ(Width(view.Rect(view.List())), frame);
-                for (int column = 0; column < 5; ++column)
-                    EXPECT_EQ(view.Columns(view.List())[static_cast<std::size_t>(column)].width, fifth);
-            });
+        LookAt([frame = frame, fifth = fifth](DialogView& view) {
+            EXPECT_EQ(Width(view.Rect(view.List())), frame);
+            for (int column = 0; column < 5; ++column)
+                EXPECT_EQ(view.Columns(view.List())[static_cast<std::size_t>(column)].width, fifth);
+        });
     }
 }
 
@@ -138,21 +133,19 @@ TEST_F(ScriptPickerDialog, ANameThatIsNoTextIsShownAsConvertedOrNotAtAll)
 
 TEST_F(ScriptPickerDialog, TheListStandsWhereTheFrameWasAndHasItsIdentifier)
 {
-    LookAt(
-        [](DialogView& view)
-        {
-            const HWND list = view.List();
-            EXPECT_EQ(GetDlgCtrlID(list), kFrame);
-            EXPECT_NE(view.Control(kFrame), list) << "the identifier stands for the frame";
-            EXPECT_FALSE(view.IsVisible(kFrame));
-            const RECT frame = view.Rect(kFrame);
-            const RECT place = view.Rect(list);
-            EXPECT_EQ(place.left, frame.left);
-            EXPECT_EQ(place.top, frame.top);
-            EXPECT_EQ(place.right, frame.right);
-            EXPECT_EQ(place.bottom, frame.bottom);
-            EXPECT_EQ(view.Style(list) & 0x50800000, 0x50800000u);
-        });
+    LookAt([](DialogView& view) {
+        const HWND list = view.List();
+        EXPECT_EQ(GetDlgCtrlID(list), kFrame);
+        EXPECT_NE(view.Control(kFrame), list) << "the identifier stands for the frame";
+        EXPECT_FALSE(view.IsVisible(kFrame));
+        const RECT frame = view.Rect(kFrame);
+        const RECT place = view.Rect(list);
+        EXPECT_EQ(place.left, frame.left);
+        EXPECT_EQ(place.top, frame.top);
+        EXPECT_EQ(place.right, frame.right);
+        EXPECT_EQ(place.bottom, frame.bottom);
+        EXPECT_EQ(view.Style(list) & 0x50800000, 0x50800000u);
+    });
 }
 
 TEST_F(ScriptPickerDialog, TheListHasTheKeyboardFromTheStart)
@@ -164,12 +157,10 @@ TEST_F(ScriptPickerDialog, BelongsToTheActiveWindowWhichIsDisabledMeanwhile)
 {
     const OwnerWindow owner;
     SetActiveWindow(owner.get());
-    LookAt(
-        [&](DialogView& view)
-        {
-            EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get());
-            EXPECT_FALSE(IsWindowEnabled(owner.get()));
-        });
+    LookAt([&](DialogView& view) {
+        EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get());
+        EXPECT_FALSE(IsWindowEnabled(owner.get()));
+    });
     EXPECT_TRUE(IsWindowEnabled(owner.get()));
 }
 
@@ -181,10 +172,8 @@ TEST_F(ScriptPickerDialog, BelongsToNobodyIfNoWindowIsActive)
 
 TEST_F(ScriptPickerDialog, ARowIsChosenWithoutAMouse)
 {
-    const auto selected = [](int row)
-    {
-        return [row](DialogView& view)
-        {
+    const auto selected = [](int row) {
+        return [row](DialogView& view) {
             EXPECT_EQ(view.SelectedRow(view.List()), row);
         };
     };
@@ -199,8 +188,7 @@ TEST_F(ScriptPickerDialog, ARowIsChosenWithoutAMouse)
 TEST_F(ScriptPickerDialog, TabGoesRoundTheVisibleControls)
 {
     std::vector<int> order;
-    const DialogStep note = [&](DialogView& view)
-    {
+    const DialogStep note = [&](DialogView& view) {
         order.push_back(view.Focus());
     };
     Finds({Script("a")});
@@ -220,8 +208,7 @@ TEST_F(ScriptPickerDialog, WaitsVisiblyWhileTheScriptsAreCollected)
     const HCURSOR waiting = LoadCursorW(nullptr, IDC_WAIT);
     SetCursor(arrow);
     int seen = 0;
-    host.onCall = [&](const std::string& call)
-    {
+    host.onCall = [&](const std::string& call) {
         EXPECT_EQ(GetCursor(), waiting) << call;
         ++seen;
     };

@@ -67,10 +67,9 @@ TEST_F(ScriptPicker, AnyOtherEndSaysNoAndWritesNothing)
 {
     EXPECT_EQ(Show({Presses(IDCANCEL)}), (Outcome{S_FALSE, "untouched"}));
     EXPECT_EQ(Show({Types(VK_ESCAPE)}), (Outcome{S_FALSE, "untouched"}));
-    EXPECT_EQ(Show({[](DialogView& view)
-                    {
-                        view.Close();
-                    }}),
+    EXPECT_EQ(Show({[](DialogView& view) {
+                  view.Close();
+              }}),
               (Outcome{S_FALSE, "untouched"}));
 }
 
@@ -168,8 +167,7 @@ protected:
     void ExpectEmptyList(const ComPtr<MemoryObject>& of, const std::string& status)
     {
         ExpectBox(L"Execute script", L"Please select a script.");
-        EXPECT_EQ(Show({[](DialogView& view)
-                        {
+        EXPECT_EQ(Show({[](DialogView& view) {
                             EXPECT_EQ(view.Rows(view.List()), 0);
                             EXPECT_EQ(view.Columns(view.List()).size(), 6u);
                             EXPECT_EQ(view.Title(), L"Orvoitems");
@@ -241,8 +239,7 @@ TEST_F(ScriptPicker, OkWithoutASelectionShowsAMessageAndStays)
 TEST_F(ScriptPicker, ASelectedObjectThatIsNoDataObjectAnyMoreGivesTheSameMessage)
 {
     ExpectBox(L"Execute script", L"Please select a script.");
-    EXPECT_EQ(Show({[&](DialogView& view)
-                    {
+    EXPECT_EQ(Show({[&](DialogView& view) {
                         view.SelectRow(view.List(), RowOf(view, L"weld"));
                         weld->offersData = false;
                     },
@@ -260,8 +257,7 @@ TEST_F(ScriptPicker, WithoutAListTheDialogStaysAsItWasMadeAndCanBeLeft)
 {
     const NoLists noLists;
     ExpectBox(L"Execute script", L"Please select a script.");
-    EXPECT_EQ(Show({[](DialogView& view)
-                    {
+    EXPECT_EQ(Show({[](DialogView& view) {
                         EXPECT_EQ(view.Title(), L"Orvoitems");
                         EXPECT_FALSE(view.IsVisible(kFrame));
                     },
@@ -285,8 +281,7 @@ TEST_F(ScriptPicker, TheWaitCursorShowsWhileTheChoiceIsHandedOver)
     HCURSOR last = nullptr;
     Finds({weld});
     dialogs.OnDialog({Presses(IDOK)});
-    host.onReference = [&]
-    {
+    host.onReference = [&] {
         last = GetCursor();
     };
     IQP_BaseDataObject* selected = nullptr;

@@ -155,8 +155,7 @@ TEST_F(SelectDialog, LongPromptsAndThoseOfOtherScriptsAreShownWhole)
         .Entry(1, L"\u05d0\u05d1\u05d2", Of(b))
         .Entry(2, L"\u5de5\u5382", Of(c));
     EXPECT_EQ(Rows(), (Texts{longPrompt, L"\u05d0\u05d1\u05d2", L"\u5de5\u5382"}));
-    const auto select = [&](DialogView& view)
-    {
+    const auto select = [&](DialogView& view) {
         const Texts rows = Column(view, 0);
         view.SelectRow(kList,
                        static_cast<int>(std::find(rows.begin(), rows.end(), longPrompt) - rows.begin()));

@@ -12,8 +12,7 @@ TEST_F(SelectDialog, OkGivesTheObjectOfTheSelectedRow)
     for (const auto& [prompt, name] :
          std::map<std::wstring, std::string>{{L"A", "a"}, {L"B", "b"}, {L"C", "c"}})
     {
-        const auto select = [&, wanted = prompt](DialogView& view)
-        {
+        const auto select = [&, wanted = prompt](DialogView& view) {
             const Texts rows = Column(view, 0);
             view.SelectRow(kList,
                            static_cast<int>(std::find(rows.begin(), rows.end(), wanted) - rows.begin()));
@@ -60,10 +59,9 @@ TEST_F(SelectDialog, AnyOtherEndWritesNothingAndIsNoFailure)
     parameters.Entry(0, L"A", Of(a));
     EXPECT_EQ(Show({Presses(IDCANCEL)}), "untouched");
     EXPECT_EQ(Show({Types(VK_ESCAPE)}), "untouched");
-    EXPECT_EQ(Show({[](DialogView& view)
-                    {
-                        view.Close();
-                    }}),
+    EXPECT_EQ(Show({[](DialogView& view) {
+                  view.Close();
+              }}),
               "untouched");
 }
 
@@ -116,8 +114,7 @@ TEST_F(SelectDialog, OkWithoutASelectionShowsAMessageAndStays)
     parameters.Entry(0, L"A", Of(a));
     ExpectBox(L"Attention !", kNothingSelected);
     ExpectBox(L"Attention !", kNothingSelected);
-    const auto select = [](DialogView& view)
-    {
+    const auto select = [](DialogView& view) {
         view.SelectRow(kList, 0);
     };
     EXPECT_EQ(Show({ClickBesideTheRows, Presses(IDOK), Presses(IDOK), select, Presses(IDOK)}), "a");
@@ -162,48 +159,41 @@ TEST_F(SelectDialogView, ACaptionThatIsNoTextIsConvertedIfItCanBe)
 
 TEST_F(SelectDialogView, TheListStandsWhereTheFrameWas)
 {
-    LookAt(
-        [](DialogView& view)
-        {
-            EXPECT_FALSE(view.IsVisible(kFrame));
-            EXPECT_EQ(view.List(), view.Control(kList));
-            const RECT frame = view.Rect(kFrame);
-            const RECT place = view.Rect(kList);
-            EXPECT_EQ(place.left, frame.left);
-            EXPECT_EQ(place.top, frame.top);
-            EXPECT_EQ(place.right, frame.right);
-            EXPECT_EQ(place.bottom, frame.bottom);
-            EXPECT_EQ(view.Style(kList) & 0x50800008, 0x50800008u);
-        });
+    LookAt([](DialogView& view) {
+        EXPECT_FALSE(view.IsVisible(kFrame));
+        EXPECT_EQ(view.List(), view.Control(kList));
+        const RECT frame = view.Rect(kFrame);
+        const RECT place = view.Rect(kList);
+        EXPECT_EQ(place.left, frame.left);
+        EXPECT_EQ(place.top, frame.top);
+        EXPECT_EQ(place.right, frame.right);
+        EXPECT_EQ(place.bottom, frame.bottom);
+        EXPECT_EQ(view.Style(kList) & 0x50800008, 0x50800008u);
+    });
 }
 
 TEST_F(SelectDialogView, TheListHasAColumnOfNamesAndOneOfNoWidth)
 {
-    LookAt(
-        [](DialogView& view)
-        {
-            EXPECT_EQ(view.Columns(kList),
-                      (std::vector<ShownColumn>{{L"Name", Width(view.Rect(kFrame)) - 5}, {L"", 0}}));
-            EXPECT_EQ(Column(view, 1), (Texts{L"", L"", L""}));
-        });
+    LookAt([](DialogView& view) {
+        EXPECT_EQ(view.Columns(kList),
+                  (std::vector<ShownColumn>{{L"Name", Width(view.Rect(kFrame)) - 5}, {L"", 0}}));
+        EXPECT_EQ(Column(view, 1), (Texts{L"", L"", L""}));
+    });
 }
 
 TEST_F(SelectDialogView, TheColumnLeavesFivePixelsToTheFrameOfTheList)
 {
     const FrameWidth frame(100);
-    LookAt(
-        [](DialogView& view)
-        {
-            EXPECT_EQ(Width(view.Rect(kList)), 100);
-            EXPECT_EQ(view.Columns(kList)[0].width, 95);
-        });
+    LookAt([](DialogView& view) {
+        EXPECT_EQ(Width(view.Rect(kList)), 100);
+        EXPECT_EQ(view.Columns(kList)[0].width, 95);
+    });
 }
 
 TEST_F(SelectDialogView, TabGoesRoundTheVisibleControlsFromOk)
 {
     std::vector<int> order;
-    const DialogStep note = [&](DialogView& view)
-    {
+    const DialogStep note = [&](DialogView& view) {
         order.push_back(view.Focus());
     };
     parameters.Entry(0, L"A", Of(a));
@@ -215,12 +205,10 @@ TEST_F(SelectDialogView, BelongsToTheActiveWindowWhichIsDisabledMeanwhile)
 {
     const OwnerWindow owner;
     SetActiveWindow(owner.get());
-    LookAt(
-        [&](DialogView& view)
-        {
-            EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get());
-            EXPECT_FALSE(IsWindowEnabled(owner.get()));
-        });
+    LookAt([&](DialogView& view) {
+        EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get());
+        EXPECT_FALSE(IsWindowEnabled(owner.get()));
+    });
     EXPECT_TRUE(IsWindowEnabled(owner.get()));
 }
 
@@ -234,10 +222,8 @@ TEST_F(SelectDialogView, ARowIsChosenWithoutAMouse)
 {
     resultFollowsAddresses = true;
     parameters.Entry(0, L"A", Of(a)).Entry(1, L"B", Of(b)).Entry(2, L"C", Of(c));
-    const auto selected = [](int row)
-    {
-        return [row](DialogView& view)
-        {
+    const auto selected = [](int row) {
+        return [row](DialogView& view) {
             EXPECT_EQ(view.SelectedRow(kList), row);
         };
     };

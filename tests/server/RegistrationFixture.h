@@ -37,8 +37,7 @@ protected:
         const std::wstring title = std::wstring(facts.name) + L" Class";
         const std::wstring shown = facts.shownPrefix + std::wstring(facts.name);
         std::vector<std::wstring> lines;
-        const auto key = [&](const std::wstring& path, const std::wstring& value)
-        {
+        const auto key = [&](const std::wstring& path, const std::wstring& value) {
             lines.push_back(path);
             lines.push_back(path + L" [] 1:" + value);
         };
@@ -71,11 +70,9 @@ protected:
     std::vector<std::wstring> Classes() const
     {
         std::vector<std::wstring> lines = registry.Dump();
-        std::erase_if(lines,
-                      [](const std::wstring& line) {
-                          return CompareStringOrdinal(line.substr(0, 7).c_str(), -1, L"TypeLib", -1, TRUE) ==
-                                 CSTR_EQUAL;
-                      });
+        std::erase_if(lines, [](const std::wstring& line) {
+            return CompareStringOrdinal(line.substr(0, 7).c_str(), -1, L"TypeLib", -1, TRUE) == CSTR_EQUAL;
+        });
         return lines;
     }
 };

@@ -71,15 +71,12 @@ TEST_F(ClassObject, ConcurrentFirstRequestsYieldOneFactory)
     threads.reserve(kThreads);
     for (IClassFactory*& one : found)
     {
-        threads.emplace_back(
-            [&]
-            {
-                ++ready;
-                while (ready.load() < kThreads)
-                    std::this_thread::yield();
-                module.GetClassObject(CLSID_QPSelectDlg, __uuidof(IClassFactory),
-                                      reinterpret_cast<void**>(&one));
-            });
+        threads.emplace_back([&] {
+            ++ready;
+            while (ready.load() < kThreads)
+                std::this_thread::yield();
+            module.GetClassObject(CLSID_QPSelectDlg, __uuidof(IClassFactory), reinterpret_cast<void**>(&one));
+        });
     }
     for (std::thread& thread : threads)
         thread.join();

@@ -150,8 +150,7 @@ TEST_F(Exports, RegistrationHandsItsDirectionDownAndASuccessIsNotLogged)
 {
     App()->InitInstance();
     std::string asked;
-    g_registration = [&](Registrar&, bool add)
-    {
+    g_registration = [&](Registrar&, bool add) {
         asked += add ? '+' : '-';
         return S_OK;
     };
@@ -173,8 +172,7 @@ TEST_F(Exports, RegistrationOfAModuleThatDidNotStartIsLogged)
 TEST_F(Exports, RegistrationWithoutMemoryIsLogged)
 {
     App()->InitInstance();
-    g_registration = [](Registrar&, bool) -> HRESULT
-    {
+    g_registration = [](Registrar&, bool) -> HRESULT {
         throw std::bad_alloc();
     };
     EXPECT_EQ(DllRegisterServer(), E_OUTOFMEMORY);
@@ -186,13 +184,11 @@ TEST_F(Exports, RegistrationWithoutMemoryIsLogged)
 TEST_F(Exports, RegistrationThatFailsAtNoKeyIsLogged)
 {
     App()->InitInstance();
-    g_registration = [](Registrar&, bool) -> HRESULT
-    {
+    g_registration = [](Registrar&, bool) -> HRESULT {
         throw std::runtime_error("anything else");
     };
     EXPECT_EQ(DllRegisterServer(), E_FAIL);
-    g_registration = [](Registrar&, bool)
-    {
+    g_registration = [](Registrar&, bool) {
         return TYPE_E_REGISTRYACCESS;
     };
     EXPECT_EQ(DllUnregisterServer(), TYPE_E_REGISTRYACCESS);
@@ -203,8 +199,7 @@ TEST_F(Exports, RegistrationThatFailsAtNoKeyIsLogged)
 TEST_F(Exports, AFailureAtAKeyDoesNotHideAnotherThatEndsTheRegistration)
 {
     App()->InitInstance();
-    g_registration = [](Registrar& registrar, bool add) -> HRESULT
-    {
+    g_registration = [](Registrar& registrar, bool add) -> HRESULT {
         static_cast<void>(registrar.UpdateScriptText(L"no script", L"here", add));
         throw std::bad_alloc();
     };

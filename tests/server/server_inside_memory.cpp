@@ -121,8 +121,7 @@ protected:
 
 TEST_F(LogWithoutMemory, LeavesTheMethodAsAnExceptionWithItsStatusAndTheUiStateIsLeft)
 {
-    const auto call = [this]
-    {
+    const auto call = [this] {
         return log->WriteUserActionInfo(text, text, text, text, text);
     };
     HANDLE before = nullptr;

@@ -96,11 +96,10 @@ TEST_F(Entries, TheScriptDialogsEnterOnceAndTheSearchesOnlyInsideTheirFinders)
 {
     ComPtr<IScriptActionAndCommandManager> manager;
     ASSERT_EQ(Make(CLSID_XScriptActionAndCommandManager, manager), S_OK);
-    EXPECT_EQ(Of(
-                  [&] {
-                      manager->ShowScriptActionOrCommandDlg(nullptr, nullptr, nullptr, nullptr, nullptr,
-                                                            nullptr, nullptr);
-                  }),
+    EXPECT_EQ(Of([&] {
+                  manager->ShowScriptActionOrCommandDlg(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                                                        nullptr);
+              }),
               1u);
     VARIANT result;
     VariantInit(&result);
@@ -118,14 +117,12 @@ TEST_F(Entries, CountingReferencesAndAskingForInterfacesDoNotEnter)
     {
         ComPtr<IUnknown> object;
         EXPECT_EQ(Of([&] { Make(facts.Class(), object); }), 0u) << facts;
-        EXPECT_EQ(Of(
-                      [&]
-                      {
-                          object->AddRef();
-                          object->Release();
-                          void* other = nullptr;
-                          object->QueryInterface(__uuidof(IDispatch), &other);
-                      }),
+        EXPECT_EQ(Of([&] {
+                      object->AddRef();
+                      object->Release();
+                      void* other = nullptr;
+                      object->QueryInterface(__uuidof(IDispatch), &other);
+                  }),
                   0u)
             << facts;
         EXPECT_EQ(Of([&] { object.reset(); }), 0u) << facts;

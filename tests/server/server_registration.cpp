@@ -69,8 +69,7 @@ TEST_F(Registration, KeepsTheMixedSpellingOfTheCopyDialogsProgIds)
 {
     ASSERT_EQ(module.RegisterServer(), S_OK);
     const auto lines = registry.Dump();
-    const auto has = [&](const wchar_t* line)
-    {
+    const auto has = [&](const wchar_t* line) {
         return std::count(lines.begin(), lines.end(), line) == 1;
     };
     EXPECT_TRUE(has(L"Qptools.QPCopyOptDlg"));

@@ -92,8 +92,7 @@ TEST_F(ModuleResource, Icon385HasNineImagesInThreeSizesAndThreeDepths)
 {
     const std::string_view group = Bytes(385, RT_GROUP_ICON);
     ASSERT_GE(group.size(), 6u);
-    const auto word = [&](std::size_t at)
-    {
+    const auto word = [&](std::size_t at) {
         return static_cast<unsigned char>(group[at]) | static_cast<unsigned char>(group[at + 1]) << 8;
     };
     ASSERT_EQ(word(4), 9);
@@ -110,8 +109,7 @@ TEST_F(ModuleResource, Icon385HasNineImagesInThreeSizesAndThreeDepths)
 TEST_F(ModuleResource, TheVersionBlockNamesTheModule)
 {
     const std::string_view version = Bytes(1, RT_VERSION);
-    const auto holds = [&](const char* name, const char* value)
-    {
+    const auto holds = [&](const char* name, const char* value) {
         const std::size_t at = version.find(Utf16(name));
         return at != std::string_view::npos && version.find(Utf16(value), at) < at + 80;
     };

@@ -163,8 +163,7 @@ TEST(MessageCatalogue, SaysWhatIsWrong)
     const std::size_t firstText = kHeaderSize;
     const std::size_t secondText = kHeaderSize + 8;
     const std::size_t firstTranslation = kHeaderSize + 8 * 4;
-    const auto with = [&good](std::size_t offset, std::uint32_t word)
-    {
+    const auto with = [&good](std::size_t offset, std::uint32_t word) {
         return CatalogueBytes::WithWord(good, offset, word);
     };
     const struct

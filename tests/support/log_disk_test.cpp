@@ -90,13 +90,11 @@ TEST_F(LogsOnDisk, OverwritesNobodysLineWhenTheLockIsNeverGivenBack)
     constexpr std::size_t length = 300000; // long enough for the writers to meet within a line
     std::vector<std::thread> threads;
     for (std::size_t writer = 0; writer < writers; ++writer)
-        threads.emplace_back(
-            [writer]
-            {
-                const auto letter = static_cast<wchar_t>(L'a' + writer);
-                for (std::size_t line = 0; line < lines; ++line)
-                    XQPError::WriteLogLine(L"UserActions", (std::wstring(length, letter) + L'\n').c_str());
-            });
+        threads.emplace_back([writer] {
+            const auto letter = static_cast<wchar_t>(L'a' + writer);
+            for (std::size_t line = 0; line < lines; ++line)
+                XQPError::WriteLogLine(L"UserActions", (std::wstring(length, letter) + L'\n').c_str());
+        });
     for (std::thread& thread : threads)
         thread.join();
     std::map<char, std::size_t> whole;

@@ -82,8 +82,7 @@ TEST(MessageBoxes, StandBeforeTheActiveWindowWithoutAParent)
     const Box boxesOfEachKind[] = {[] { CoOkBox(nullptr, L"Title", L"Text", 0); },
                                    [] { CoErrorBox(nullptr, L"Title", L"Text", 0); },
                                    [] { CoYesNoBox(nullptr, L"Title", L"Text", 0); },
-                                   []
-                                   {
+                                   [] {
                                        CoInfoBox(nullptr, L"Title", L"Text", 0);
                                    }};
     for (const Box& show : boxesOfEachKind)

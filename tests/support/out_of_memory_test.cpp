@@ -132,18 +132,16 @@ TEST(InitValueWrapperWithoutMemory, CannotBeMade)
         record.bstrParamName = SysAllocString(L"name");
         record.varValue = XQPComVariant(L"value").Detach();
     }
-    const int failures = FailEachAllocation(
-        [&]
+    const int failures = FailEachAllocation([&] {
+        try
         {
-            try
-            {
-                const XInitValueWrapper bag(2, records);
-            }
-            catch (const ComException& exception)
-            {
-                EXPECT_EQ(exception.Status(), E_OUTOFMEMORY);
-            }
-        });
+            const XInitValueWrapper bag(2, records);
+        }
+        catch (const ComException& exception)
+        {
+            EXPECT_EQ(exception.Status(), E_OUTOFMEMORY);
+        }
+    });
     EXPECT_GE(failures, 2) << "the list of entries, and the table that finds them by name";
     for (tagINITVALUE& record : records)
     {
@@ -159,20 +157,18 @@ TEST(InitValueWrapperWithoutMemory, ReportsThatItCannotGive)
     bag.SetData(L"b", XQPComVariant(L"2").Value());
     XQPComVariant target(Number(5));
     int refused = 0;
-    const int failures = FailEachAllocation(
-        [&]
+    const int failures = FailEachAllocation([&] {
+        ULONG count = 99;
+        tagINITVALUE* values = nullptr;
+        if (bag.GetStruct(count, &values))
         {
-            ULONG count = 99;
-            tagINITVALUE* values = nullptr;
-            if (bag.GetStruct(count, &values))
-            {
-                EXPECT_EQ(count, 2u);
-                return XInitValueWrapper::FreeStruct(count, values);
-            }
-            EXPECT_EQ(count, 0u);
-            EXPECT_EQ(values, nullptr);
-            ++refused;
-        });
+            EXPECT_EQ(count, 2u);
+            return XInitValueWrapper::FreeStruct(count, values);
+        }
+        EXPECT_EQ(count, 0u);
+        EXPECT_EQ(values, nullptr);
+        ++refused;
+    });
     EXPECT_EQ(failures, 5) << "the array, two names, two values";
     EXPECT_EQ(refused, failures);
     {
@@ -202,16 +198,14 @@ TEST(ErrorLibraryWithoutMemory, DisturbsNobodyAndWritesALineWholeOrNotAtAll)
     const TestFolder folder;
     const TestVariable directory(L"QPTOOLS_LOG_DIR", folder.Path().wstring());
     const std::wstring text = std::wstring(300, L'x') + L"\n";
-    const int failures = FailEachAllocation(
-        [&]
-        {
-            XQPError::WriteLogLine(L"UserActions", text.c_str());
-            EXPECT_EQ(XQPError::HandleComError(E_FAIL, L"source", text.c_str(), 1, true, false), E_FAIL);
-            EXPECT_EQ(XQPError::SetComError(L"source", L"function", 1, text.c_str(), E_FAIL), E_FAIL);
-            EXPECT_EQ(XQPError::HandleStandardError(L"source", L"function", 1, text.c_str(), E_FAIL, true),
-                      E_FAIL);
-            XQPError::WriteLogLine(L"..", text.c_str());
-        });
+    const int failures = FailEachAllocation([&] {
+        XQPError::WriteLogLine(L"UserActions", text.c_str());
+        EXPECT_EQ(XQPError::HandleComError(E_FAIL, L"source", text.c_str(), 1, true, false), E_FAIL);
+        EXPECT_EQ(XQPError::SetComError(L"source", L"function", 1, text.c_str(), E_FAIL), E_FAIL);
+        EXPECT_EQ(XQPError::HandleStandardError(L"source", L"function", 1, text.c_str(), E_FAIL, true),
+                  E_FAIL);
+        XQPError::WriteLogLine(L"..", text.c_str());
+    });
     EXPECT_GT(failures, 10);
     for (const std::string& line : ReadLines(folder.Path() / "UserActions.log"))
         EXPECT_EQ(line, std::string(300, 'x'));
@@ -245,12 +239,10 @@ TEST_F(TranslationWithoutMemory, GivesTheTextItselfUntilTheCatalogueCouldBeRead)
     CTranslator::Instance().UseEnvironment();
     const wchar_t* const text = L"For each object";
     GetModuleHandleW(nullptr); // the list of modules stands before any module runs
-    const int failures = FailEachAllocation(
-        [&]
-        {
-            const std::wstring_view shown = CoTranslateText(text);
-            EXPECT_TRUE(shown == text || shown == L"F\u00fcr jedes Objekt");
-        });
+    const int failures = FailEachAllocation([&] {
+        const std::wstring_view shown = CoTranslateText(text);
+        EXPECT_TRUE(shown == text || shown == L"F\u00fcr jedes Objekt");
+    });
     EXPECT_GT(failures, 5);
     EXPECT_STREQ(CoTranslateText(text), L"F\u00fcr jedes Objekt");
 }

@@ -184,8 +184,7 @@ TEST_F(BaseList, DoesNotTellOfEachRowWhenAllOfThemGo)
 {
     Listener listener;
     ASSERT_TRUE(listener.SubclassWindow(m_window));
-    const auto fill = [this]
-    {
+    const auto fill = [this] {
         for (const wchar_t* text : {L"a", L"b", L"c"})
             ASSERT_TRUE(list.AddEntry({XQPComVariant(text)}, 99, -1));
     };

@@ -155,8 +155,7 @@ TEST(InitValueWrapper, TakesTheFirstOfTwoValuesOfOneName)
 TEST(InitValueWrapper, FindsEachOfManyNamesOfTheArrayAndOfThoseAddedLater)
 {
     constexpr int kMany = 3000;
-    const auto name = [](int number)
-    {
+    const auto name = [](int number) {
         return L"name" + std::to_wstring(number);
     };
     OwnArray array;

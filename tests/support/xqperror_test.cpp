@@ -262,8 +262,7 @@ TEST_F(ErrorLibrary, StampsAnEntryWithTheLocalTime)
     std::replace_if(
         shape.begin(), shape.end(), [](unsigned char c) { return std::isdigit(c) != 0; }, '0');
     ASSERT_EQ(shape, "0000-00-00 00:00:00.000");
-    const auto text = [](std::time_t time)
-    {
+    const auto text = [](std::time_t time) {
         char formatted[32];
         std::strftime(formatted, sizeof(formatted), "%Y-%m-%d %H:%M:%S", std::localtime(&time));
         return std::string(formatted);

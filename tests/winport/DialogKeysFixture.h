@@ -64,8 +64,9 @@ protected:
         act();
         Commands commands = m_host.Commands();
         // What edit fields tell is not of interest here.
-        std::erase_if(commands, [](const std::string& command)
-                      { return command.rfind("10:", 0) == 0 || command.rfind("41:", 0) == 0; });
+        std::erase_if(commands, [](const std::string& command) {
+            return command.rfind("10:", 0) == 0 || command.rfind("41:", 0) == 0;
+        });
         return commands;
     }
 

@@ -34,8 +34,7 @@ ListViewHost::ListViewHost(DWORD style, int columns, int width, int height)
     for (int i = 0; i < columns; ++i)
         InsertColumn(i, (L"c" + std::to_wstring(i)).c_str());
     Codes();
-    onNotify = [this](NMHDR& header)
-    {
+    onNotify = [this](NMHDR& header) {
         Write(header);
         return answer ? answer(header) : 0;
     };

@@ -172,9 +172,9 @@ TEST(NameOrder, IsTransitiveOverManyNames)
         for (const wchar_t second : characters)
             names.push_back({first, second});
     }
-    std::stable_sort(names.begin(), names.end(),
-                     [](const std::wstring& left, const std::wstring& right)
-                     { return CompareNames(left, right) == VARCMP_LT; });
+    std::stable_sort(names.begin(), names.end(), [](const std::wstring& left, const std::wstring& right) {
+        return CompareNames(left, right) == VARCMP_LT;
+    });
     ExpectAscending(names);
 }
 

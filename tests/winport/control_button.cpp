@@ -194,8 +194,7 @@ TEST_P(Button, IsNotClickedByTheFocus)
 
 TEST_P(Button, HandlerMayDestroyIt)
 {
-    m_host.onCommand = [this](int)
-    {
+    m_host.onCommand = [this](int) {
         DestroyWindow(m_host.Control());
     };
     m_host.Send(BM_CLICK);
@@ -204,8 +203,7 @@ TEST_P(Button, HandlerMayDestroyIt)
 
 TEST_P(Button, HandlerMayDestroyTheWindowAroundIt)
 {
-    m_host.onCommand = [this](int)
-    {
+    m_host.onCommand = [this](int) {
         DestroyWindow(m_host.Window());
     };
     m_host.Send(WM_LBUTTONDOWN, MK_LBUTTON, kInside);
@@ -217,8 +215,7 @@ TEST(CheckBox, TurnsWithEachClick)
 {
     ControlHost host(WC_BUTTONW, BS_AUTOCHECKBOX);
     std::vector<LRESULT> checks;
-    host.onCommand = [&](int)
-    {
+    host.onCommand = [&](int) {
         checks.push_back(host.Send(BM_GETCHECK));
     };
     for (int click = 0; click < 3; ++click)
@@ -240,8 +237,7 @@ TEST(RadioButton, IsReachedByTabOnlyWhileItIsMarked)
     for (const auto& [style, changes] : cases)
     {
         const ControlHost host(WC_BUTTONW, style);
-        const auto tabStop = [&]
-        {
+        const auto tabStop = [&] {
             return (GetWindowLongW(host.Control(), GWL_STYLE) & WS_TABSTOP) != 0;
         };
         host.Send(BM_SETCHECK, BST_CHECKED);
@@ -259,8 +255,7 @@ TEST(RadioButton, UnmarksTheOthersOfItsGroup)
         buttons.push_back(CreateWindowExW(
             0, WC_BUTTONW, L"", WS_CHILD | WS_VISIBLE | BS_AUTORADIOBUTTON | (index == 3 ? WS_GROUP : 0), 0,
             0, 50, 20, host.Window(), nullptr, nullptr, nullptr));
-    const auto checks = [&]
-    {
+    const auto checks = [&] {
         std::vector<LRESULT> marked;
         for (const HWND button : buttons)
             marked.push_back(SendMessageW(button, BM_GETCHECK, 0, 0));

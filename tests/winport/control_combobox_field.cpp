@@ -71,8 +71,7 @@ TEST_F(ComboBoxField, TheNewTextIsThereWhenTypingIsTold)
     m_box.Select(1);
     std::vector<std::wstring> texts;
     int selected = 0;
-    m_box.onCommand = [&](int)
-    {
+    m_box.onCommand = [&](int) {
         texts.push_back(m_box.Text());
         selected = m_box.Selected();
     };
@@ -186,8 +185,7 @@ TEST_F(ComboBoxField, OpeningWithATextThatNoItemBeginsWithSelectsNone)
 TEST_F(ComboBoxField, OpeningLooksAtTheItemsThatWereFilledInThen)
 {
     SetWindowTextW(m_box.Control(), L"ne");
-    m_box.onCommand = [&](int code)
-    {
+    m_box.onCommand = [&](int code) {
         if (code == CBN_DROPDOWN)
             m_box.Add(L"new");
     };

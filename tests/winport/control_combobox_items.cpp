@@ -21,8 +21,9 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Box, ComboBoxItems,
                          testing::Values(CBS_DROPDOWNLIST, CBS_DROPDOWN | CBS_AUTOHSCROLL),
-                         [](const testing::TestParamInfo<DWORD>& kind)
-                         { return kind.param == CBS_DROPDOWNLIST ? "List" : "Field"; });
+                         [](const testing::TestParamInfo<DWORD>& kind) {
+                             return kind.param == CBS_DROPDOWNLIST ? "List" : "Field";
+                         });
 } // namespace
 
 TEST(ComboBox, ANewBoxIsEmpty)

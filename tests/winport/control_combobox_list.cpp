@@ -31,8 +31,9 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(Box, ComboBoxList, testing::Values(CBS_DROPDOWNLIST, CBS_DROPDOWN | CBS_AUTOHSCROLL),
-                         [](const testing::TestParamInfo<DWORD>& kind)
-                         { return kind.param == CBS_DROPDOWNLIST ? "List" : "Field"; });
+                         [](const testing::TestParamInfo<DWORD>& kind) {
+                             return kind.param == CBS_DROPDOWNLIST ? "List" : "Field";
+                         });
 
 int HeightOf(HWND window)
 {
@@ -59,8 +60,7 @@ TEST_P(ComboBoxList, TheHeightGivenIsThatOfTheOpenList)
 TEST_P(ComboBoxList, ShowingTellsOnceBeforeItOpens)
 {
     std::vector<bool> open;
-    m_box.onCommand = [&](int)
-    {
+    m_box.onCommand = [&](int) {
         open.push_back(m_box.Open());
     };
     EXPECT_EQ(m_box.Show(true), TRUE);
@@ -76,8 +76,7 @@ TEST_P(ComboBoxList, HidingGivesTheChoiceUpAndCloses)
     m_box.Show(true);
     m_box.Codes();
     std::vector<bool> open;
-    m_box.onCommand = [&](int)
-    {
+    m_box.onCommand = [&](int) {
         open.push_back(m_box.Open());
     };
     m_box.Show(false);
@@ -89,8 +88,7 @@ TEST_P(ComboBoxList, HidingGivesTheChoiceUpAndCloses)
 
 TEST_P(ComboBoxList, TheListMayBeFilledWhenItIsAboutToOpen)
 {
-    m_box.onCommand = [&](int code)
-    {
+    m_box.onCommand = [&](int code) {
         if (code != CBN_DROPDOWN)
             return;
         m_box.Send(CB_RESETCONTENT);
@@ -123,8 +121,7 @@ TEST_P(ComboBoxList, WhileAnArrowIsToldAFieldStillHasItsOldText)
     m_box.Select(0);
     std::vector<std::wstring> texts;
     std::vector<int> selected;
-    m_box.onCommand = [&](int)
-    {
+    m_box.onCommand = [&](int) {
         texts.push_back(m_box.Text());
         selected.push_back(m_box.Selected());
     };
@@ -197,8 +194,7 @@ TEST_P(ComboBoxList, EnterAcceptsAndCloses)
     m_box.PressKey(VK_DOWN);
     m_box.Codes();
     std::vector<bool> open;
-    m_box.onCommand = [&](int)
-    {
+    m_box.onCommand = [&](int) {
         open.push_back(m_box.Open());
     };
     m_box.PressKey(VK_RETURN);
@@ -339,8 +335,7 @@ TEST_P(ComboBoxList, TheSelectionMayBeChangedWhileItIsOpen)
 TEST_P(ComboBoxList, AHandlerMayTakeTheSelectionAway)
 {
     TakeFocus();
-    m_box.onCommand = [&](int code)
-    {
+    m_box.onCommand = [&](int code) {
         if (code == CBN_SELCHANGE)
             m_box.Select(-1);
     };
@@ -355,16 +350,14 @@ TEST_P(ComboBoxList, ABoxMayBeDestroyedByAnyOfItsNotifications)
     {
         const ComboHost unused(GetParam());
         ComboHost box(GetParam(), {L"one"});
-        box.onCommand = [&](int code)
-        {
+        box.onCommand = [&](int code) {
             if (code == last)
                 DestroyWindow(box.Control());
         };
         SetFocus(box.Control());
         for (const auto& step : std::initializer_list<std::function<void()>>{[&] { box.Show(true); },
                                                                              [&] { box.PressKey(VK_DOWN); },
-                                                                             [&]
-                                                                             {
+                                                                             [&] {
                                                                                  box.PressKey(VK_RETURN);
                                                                              }})
         {

@@ -57,8 +57,9 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(With, DatePicker, testing::Values(DTS_SHORTDATEFORMAT, DTS_UPDOWN),
-                         [](const testing::TestParamInfo<DWORD>& kind)
-                         { return kind.param == DTS_UPDOWN ? "Arrows" : "Calendar"; });
+                         [](const testing::TestParamInfo<DWORD>& kind) {
+                             return kind.param == DTS_UPDOWN ? "Arrows" : "Calendar";
+                         });
 
 // As automation writes a date.
 std::wstring ShortDate(const SYSTEMTIME& time)
@@ -323,8 +324,7 @@ TEST_P(DatePicker, AChangeIsToldWithTheNewDateWhenItIsShown)
     DWORD flags = 99;
     std::wstring text;
     HWND from = nullptr;
-    m_host.onNotify = [&](NMHDR& header) -> LRESULT
-    {
+    m_host.onNotify = [&](NMHDR& header) -> LRESULT {
         const auto& change = reinterpret_cast<const NMDATETIMECHANGE&>(header);
         told = change.st;
         flags = change.dwFlags;
@@ -360,8 +360,7 @@ TEST_P(DatePicker, WantsCharactersAndArrowsFromItsDialog)
 TEST_P(DatePicker, MayBeDestroyedWhenItTellsOfAChange)
 {
     EnterField(0);
-    m_host.onNotify = [&](NMHDR&) -> LRESULT
-    {
+    m_host.onNotify = [&](NMHDR&) -> LRESULT {
         DestroyWindow(m_host.Control());
         return 0;
     };
@@ -372,8 +371,7 @@ TEST_P(DatePicker, MayBeDestroyedWhenItTellsOfAChange)
 TEST_P(DatePicker, MayBeDestroyedWhenItLosesTheFocus)
 {
     SetFocus(m_host.Control());
-    m_host.onNotify = [&](NMHDR& header) -> LRESULT
-    {
+    m_host.onNotify = [&](NMHDR& header) -> LRESULT {
         if (header.code == NM_KILLFOCUS)
             DestroyWindow(m_host.Control());
         return 0;

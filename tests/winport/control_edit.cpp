@@ -84,8 +84,7 @@ TEST(Edit, TheOwnerHearsOfAChangeWhenTheTextIsAlreadyThere)
 {
     EditHost host;
     std::vector<std::wstring> seen;
-    host.onCommand = [&](int)
-    {
+    host.onCommand = [&](int) {
         seen.push_back(host.Text());
     };
     host.Type(L"a");
@@ -347,8 +346,7 @@ TEST(Edit, ADoubleClickSelectsAWord)
 TEST(Edit, AFieldMayBeDestroyedWhenItTellsOfAChange)
 {
     EditHost host;
-    host.onCommand = [&](int code)
-    {
+    host.onCommand = [&](int code) {
         if (code == EN_UPDATE)
             DestroyWindow(host.Control());
     };

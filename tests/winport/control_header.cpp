@@ -148,8 +148,7 @@ TEST(Header, AChangeIsToldBeforeAndAfterAndMayBeRefused)
     ASSERT_EQ(codes.size(), 2U);
     EXPECT_EQ(codes[0], static_cast<int>(HDN_ITEMCHANGINGW));
     EXPECT_EQ(codes[1], static_cast<int>(HDN_ITEMCHANGEDW));
-    header.onNotify = [](NMHDR& told) -> LRESULT
-    {
+    header.onNotify = [](NMHDR& told) -> LRESULT {
         return told.code == HDN_ITEMCHANGINGW;
     };
     EXPECT_FALSE(header.Set(0, Width(30)));
@@ -164,8 +163,7 @@ TEST(Header, AChangeTellsItemAndNewValue)
     header.Insert(1, L"b", 10);
     int item = -1;
     int width = -1;
-    header.onNotify = [&](NMHDR& told) -> LRESULT
-    {
+    header.onNotify = [&](NMHDR& told) -> LRESULT {
         const NMHEADERW& change = reinterpret_cast<NMHEADERW&>(told);
         item = change.iItem;
         width = change.pitem->cxy;
@@ -195,8 +193,7 @@ TEST(Header, AClickIsToldOfTheItemUnderThePointer)
     header.Insert(0, L"a", 60);
     header.Insert(1, L"b", 60);
     int item = -1;
-    header.onNotify = [&](NMHDR& told) -> LRESULT
-    {
+    header.onNotify = [&](NMHDR& told) -> LRESULT {
         if (told.code == HDN_ITEMCLICKW)
             item = reinterpret_cast<NMHEADERW&>(told).iItem;
         return 0;

@@ -31,8 +31,7 @@ TEST(ListViewItems, DeleteTellsTheParentWhileTheItemIsStillThere)
     list.Fill(2);
     int count = 0;
     LPARAM param = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == LVN_DELETEITEM)
         {
             count = list.Count();
@@ -106,8 +105,7 @@ TEST(ListViewItems, DeleteAllTellsOfNoSingleItemIfTheHandlerSaysSo)
 {
     ListViewHost list;
     list.Fill(3);
-    list.answer = [](NMHDR& header) -> LRESULT
-    {
+    list.answer = [](NMHDR& header) -> LRESULT {
         return header.code == LVN_DELETEALLITEMS ? TRUE : 0;
     };
     EXPECT_TRUE(list.Send(LVM_DELETEALLITEMS));

@@ -80,8 +80,7 @@ TEST_P(ListViewEnds, InTheHandlerOf)
     list.Fill(4);
     SetFocus(list.Control());
     list.SetState(0, LVIS_SELECTED | LVIS_FOCUSED);
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == GetParam().code)
             DestroyWindow(list.Control());
         return 0;

@@ -151,8 +151,7 @@ TEST(ListViewHeader, TheClickComesFromTheHeaderTheColumnClickFromTheList)
 {
     ListViewHost list(LVS_REPORT, 3);
     int seen = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == HDN_ITEMCLICKW)
         {
             EXPECT_EQ(header.hwndFrom, list.Header());
@@ -176,8 +175,7 @@ TEST(ListViewHeader, AClickTellsTheLeftButton)
 {
     ListViewHost list(LVS_REPORT, 2);
     int button = -1;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == HDN_ITEMCLICKW)
             button = reinterpret_cast<NMHEADERW&>(header).iButton;
         return 0;
@@ -262,8 +260,7 @@ TEST(ListViewHeader, TheListHandsWidthChangesOnToItsParentWhoMayRefuseThem)
         GTEST_SKIP() << "here a list keeps the changes of its header to itself";
     ListViewHost list(LVS_REPORT, 2);
     int refused = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code != HDN_ITEMCHANGINGW)
             return 0;
         EXPECT_EQ(header.hwndFrom, list.Header());
@@ -294,8 +291,7 @@ TEST(ListViewHeader, SortArrowsAreKeptInTheFormat)
 TEST(ListViewHeader, TheListMayBeDestroyedByTheHandlerOfAHeadingsClick)
 {
     ListViewHost list(LVS_REPORT, 2);
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == HDN_ITEMCLICKW)
             DestroyWindow(list.Control());
         return 0;

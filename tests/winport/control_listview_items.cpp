@@ -71,8 +71,7 @@ TEST(ListViewItems, InsertTellsTheParentOnceTheItemIsThere)
     list.Trace();
     int count = 0;
     LPARAM param = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         count = list.Count();
         param = reinterpret_cast<NMLISTVIEW&>(header).lParam;
         return 0;

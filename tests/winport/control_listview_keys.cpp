@@ -203,8 +203,7 @@ TEST(ListViewKeys, TheListMayBeDestroyedByTheHandlerOfAKey)
 {
     FilledHost list(2);
     list.SelectAndFocus(0);
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == LVN_KEYDOWN)
             DestroyWindow(list.Control());
         return 0;

@@ -37,8 +37,7 @@ public:
 
     void AnswerEnd(LRESULT granted)
     {
-        answer = [granted](NMHDR& header)
-        {
+        answer = [granted](NMHDR& header) {
             return header.code == LVN_ENDLABELEDITW ? granted : 0;
         };
     }
@@ -108,8 +107,7 @@ TEST(ListViewLabels, BeginningIsToldWithItemTextAndParameter)
     LabelHost list;
     std::wstring text;
     LPARAM param = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == LVN_BEGINLABELEDITW)
         {
             const LVITEMW& item = reinterpret_cast<NMLVDISPINFOW&>(header).item;
@@ -127,8 +125,7 @@ TEST(ListViewLabels, BeginningIsToldWithItemTextAndParameter)
 TEST(ListViewLabels, BeginningAnsweredTrueIsRefused)
 {
     LabelHost list;
-    list.answer = [](NMHDR& header) -> LRESULT
-    {
+    list.answer = [](NMHDR& header) -> LRESULT {
         return header.code == LVN_BEGINLABELEDITW ? TRUE : 0;
     };
     EXPECT_EQ(list.Begin(1), nullptr);
@@ -140,8 +137,7 @@ TEST(ListViewLabels, BeginningAnsweredTrueIsRefused)
 TEST(ListViewLabels, TheEditFieldIsThereWhileTheParentIsAskedAndMayBeChanged)
 {
     LabelHost list;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == LVN_BEGINLABELEDITW && list.Edit())
             SetWindowTextW(list.Edit(), L"suggestion");
         return 0;
@@ -206,8 +202,7 @@ TEST(ListViewLabels, TheEndIsToldOnce)
 {
     LabelHost list;
     int ends = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         ends += header.code == LVN_ENDLABELEDITW;
         return TRUE * (header.code == LVN_ENDLABELEDITW);
     };
@@ -221,8 +216,7 @@ TEST(ListViewLabels, TheEndCarriesTheParameterOfTheItem)
 {
     LabelHost list;
     LPARAM param = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == LVN_ENDLABELEDITW)
             param = reinterpret_cast<NMLVDISPINFOW&>(header).item.lParam;
         return 0;
@@ -248,8 +242,7 @@ TEST(ListViewLabels, ASecondEditEndsTheFirst)
 TEST(ListViewLabels, TheHandlerMayDeleteTheItemAtTheEnd)
 {
     LabelHost list;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == LVN_ENDLABELEDITW)
             list.Send(LVM_DELETEALLITEMS);
         return header.code == LVN_ENDLABELEDITW;
@@ -289,8 +282,7 @@ TEST(ListViewLabels, HidingTheParentEndsTheEditWithTheText)
 TEST(ListViewLabels, TheHandlerMayDestroyTheListAtTheEnd)
 {
     LabelHost list;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == LVN_ENDLABELEDITW)
             DestroyWindow(list.Control());
         return header.code == LVN_ENDLABELEDITW;

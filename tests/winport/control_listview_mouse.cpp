@@ -129,8 +129,7 @@ TEST(ListViewMouse, AClickTellsRowAndColumn)
     FilledHost list(3, LVS_REPORT, 3);
     list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
     POINT point{};
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == NM_CLICK)
             point = reinterpret_cast<NMITEMACTIVATE&>(header).ptAction;
         return 0;
@@ -156,8 +155,7 @@ TEST(ListViewMouse, ADoubleClickTellsRowAndColumn)
 TEST(ListViewMouse, TheListMayBeDestroyedByTheHandlerOfADoubleClick)
 {
     FilledHost list(3);
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == NM_DBLCLK)
             DestroyWindow(list.Control());
         return 0;
@@ -171,8 +169,7 @@ TEST(ListViewMouse, ARefusedChangeLeavesTheSelection)
 {
     FilledHost list(3);
     list.SelectAndFocus(0);
-    list.answer = [](NMHDR& header) -> LRESULT
-    {
+    list.answer = [](NMHDR& header) -> LRESULT {
         return header.code == LVN_ITEMCHANGING ? TRUE : 0;
     };
     list.Click(2);

@@ -106,8 +106,7 @@ TEST(ListViewState, AChangeIsToldBeforeAndAfter)
     ListViewHost list;
     list.Fill(2);
     std::string states;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         states +=
             (header.code == LVN_ITEMCHANGING ? "before " : "after ") + std::to_string(list.State(1)) + " ";
         return 0;
@@ -122,8 +121,7 @@ TEST(ListViewState, TheNotificationsCarryTheParameter)
     ListViewHost list;
     list.Fill(2);
     LPARAM sum = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         sum += reinterpret_cast<NMLISTVIEW&>(header).lParam;
         return 0;
     };
@@ -136,8 +134,7 @@ TEST(ListViewState, TheNotificationsComeFromTheListWithItsIdentifier)
     ListViewHost list;
     list.Fill(1);
     int told = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         EXPECT_EQ(header.hwndFrom, list.Control());
         EXPECT_EQ(header.idFrom, 100U);
         ++told;
@@ -151,8 +148,7 @@ TEST(ListViewState, AChangeAnsweredTrueIsRefused)
 {
     ListViewHost list;
     list.Fill(2);
-    list.answer = [](NMHDR& header) -> LRESULT
-    {
+    list.answer = [](NMHDR& header) -> LRESULT {
         return header.code == LVN_ITEMCHANGING ? TRUE : 0;
     };
     list.SetState(1, LVIS_SELECTED, LVIS_SELECTED);
@@ -233,8 +229,7 @@ TEST(ListViewState, TextParameterAndStateSetTogetherAreOneChange)
     item.pszText = text;
     item.lParam = 9;
     UINT changed = 0;
-    list.answer = [&](NMHDR& header) -> LRESULT
-    {
+    list.answer = [&](NMHDR& header) -> LRESULT {
         if (header.code == LVN_ITEMCHANGED)
             changed = reinterpret_cast<NMLISTVIEW&>(header).uChanged;
         return 0;

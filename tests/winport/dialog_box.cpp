@@ -64,8 +64,7 @@ int Show(UINT type, std::vector<Act> acts, HWND owner = nullptr)
 
 Act Press(int key)
 {
-    return [key](HWND)
-    {
+    return [key](HWND) {
         const HWND focus = GetFocus();
         PostMessageW(focus, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
         PostMessageW(focus, WM_KEYUP, static_cast<WPARAM>(key), static_cast<LPARAM>(0xC0000001));
@@ -74,16 +73,14 @@ Act Press(int key)
 
 Act Click(int id)
 {
-    return [id](HWND box)
-    {
+    return [id](HWND box) {
         SendMessageW(GetDlgItem(box, id), BM_CLICK, 0, 0);
     };
 }
 
 Act CloseBox()
 {
-    return [](HWND box)
-    {
+    return [](HWND box) {
         PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0);
     };
 }
@@ -164,12 +161,11 @@ TEST(SystemBox, HasTheButtonsOfItsKind)
 
 TEST(SystemBox, ReturnsOkForItsOnlyButton)
 {
-    EXPECT_EQ(Show(MB_OK, {[](HWND box)
-                           {
-                               const Ids ids = ButtonsOf(box);
-                               ASSERT_EQ(ids.size(), 1u);
-                               SendMessageW(GetDlgItem(box, ids[0]), BM_CLICK, 0, 0);
-                           }}),
+    EXPECT_EQ(Show(MB_OK, {[](HWND box) {
+                       const Ids ids = ButtonsOf(box);
+                       ASSERT_EQ(ids.size(), 1u);
+                       SendMessageW(GetDlgItem(box, ids[0]), BM_CLICK, 0, 0);
+                   }}),
               IDOK);
 }
 
@@ -197,8 +193,7 @@ TEST(SystemBox, IsTitledErrorWithoutATitle)
 
 TEST(SystemBox, IsADialogWithACaption)
 {
-    Show(MB_OKCANCEL, {[](HWND box)
-                       {
+    Show(MB_OKCANCEL, {[](HWND box) {
                            EXPECT_EQ(ClassOf(box), L"#32770");
                            const auto style = static_cast<DWORD>(GetWindowLongW(box, GWL_STYLE));
                            const DWORD expected = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_VISIBLE;
@@ -249,8 +244,7 @@ TEST(SystemBox, DisablesItsOwner)
     const Owner owner;
     const Owner other;
     EXPECT_EQ(Show(MB_OKCANCEL,
-                   {[&](HWND box)
-                    {
+                   {[&](HWND box) {
                         EXPECT_EQ(GetWindow(box, GW_OWNER), owner.window);
                         EXPECT_FALSE(IsWindowEnabled(owner.window));
                         EXPECT_TRUE(IsWindowEnabled(other.window));
@@ -267,8 +261,7 @@ TEST(SystemBox, EnablesItsOwnerBeforeItGoes)
     Owner owner;
     HWND shown = nullptr;
     bool wasThere = false;
-    owner.onMessage = [&](UINT message, WPARAM wParam)
-    {
+    owner.onMessage = [&](UINT message, WPARAM wParam) {
         if (message == WM_ENABLE && wParam)
             wasThere = IsWindow(shown);
     };
@@ -283,8 +276,7 @@ TEST(SystemBox, BelongsToTheWindowAroundItsOwner)
     const HWND child = CreateWindowExW(0, L"Button", L"", WS_CHILD | WS_VISIBLE, 0, 0, 10, 10, owner.window,
                                        nullptr, nullptr, nullptr);
     Show(MB_OKCANCEL,
-         {[&](HWND box)
-          {
+         {[&](HWND box) {
               EXPECT_EQ(GetWindow(box, GW_OWNER), owner.window);
               EXPECT_FALSE(IsWindowEnabled(owner.window));
               EXPECT_TRUE(IsWindowEnabled(child));
@@ -296,8 +288,7 @@ TEST(SystemBox, BelongsToTheWindowAroundItsOwner)
 TEST(SystemBox, DisablesNothingWithoutAnOwner)
 {
     const Owner window;
-    Show(MB_OKCANCEL, {[&](HWND box)
-                       {
+    Show(MB_OKCANCEL, {[&](HWND box) {
                            EXPECT_EQ(GetWindow(box, GW_OWNER), nullptr);
                            EXPECT_TRUE(IsWindowEnabled(window.window));
                        },
@@ -310,8 +301,7 @@ TEST(SystemBox, DisablesAllWindowsOfTheThreadIfItIsTheTasks)
     const Owner two;
     const Owner disabled;
     EnableWindow(disabled.window, FALSE);
-    Show(MB_OKCANCEL | MB_TASKMODAL, {[&](HWND box)
-                                      {
+    Show(MB_OKCANCEL | MB_TASKMODAL, {[&](HWND box) {
                                           EXPECT_FALSE(IsWindowEnabled(one.window));
                                           EXPECT_FALSE(IsWindowEnabled(two.window));
                                           EXPECT_TRUE(IsWindowEnabled(box));
@@ -336,11 +326,9 @@ TEST(SystemBox, MayStandBeforeAnother)
 {
     const Owner owner;
     int inner = 0;
-    const auto open = [&](HWND box)
-    {
+    const auto open = [&](HWND box) {
         inner = Show(MB_YESNO,
-                     {[&, box](HWND second)
-                      {
+                     {[&, box](HWND second) {
                           EXPECT_EQ(GetWindow(second, GW_OWNER), box);
                           EXPECT_FALSE(IsWindowEnabled(box));
                       },
@@ -357,8 +345,7 @@ TEST(SystemBox, RunsWhatWaitsInTheQueue)
 {
     Owner owner;
     bool delivered = false;
-    owner.onMessage = [&](UINT message, WPARAM)
-    {
+    owner.onMessage = [&](UINT message, WPARAM) {
         delivered = delivered || message == WM_APP;
     };
     PostMessageW(owner.window, WM_APP, 0, 0);
@@ -367,10 +354,9 @@ TEST(SystemBox, RunsWhatWaitsInTheQueue)
 
 TEST(SystemBox, LeavesTheEndOfTheProgramToTheProgram)
 {
-    Show(MB_YESNO, {[](HWND)
-                    {
-                        PostQuitMessage(5);
-                    }});
+    Show(MB_YESNO, {[](HWND) {
+             PostQuitMessage(5);
+         }});
     MSG message;
     ASSERT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
     EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));

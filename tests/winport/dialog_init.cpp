@@ -21,8 +21,7 @@ DialogTemplate Description()
 // Runs `act` in WM_INITDIALOG and answers it so.
 DialogHost::Handler Initialize(const std::function<INT_PTR(HWND dialog, WPARAM wParam, LPARAM lParam)>& act)
 {
-    return [act](HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR
-    {
+    return [act](HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) -> INT_PTR {
         return message == WM_INITDIALOG ? act(dialog, wParam, lParam) : FALSE;
     };
 }
@@ -33,14 +32,12 @@ TEST(DialogBegin, ToldWhenEverythingIsThere)
     HWND first = nullptr;
     HWND last = nullptr;
     LPARAM parameter = 0;
-    const DialogHost host(Description(), Initialize(
-                                             [&](HWND dialog, WPARAM wParam, LPARAM lParam)
-                                             {
-                                                 first = reinterpret_cast<HWND>(wParam);
-                                                 last = GetDlgItem(dialog, kPush);
-                                                 parameter = lParam;
-                                                 return TRUE;
-                                             }));
+    const DialogHost host(Description(), Initialize([&](HWND dialog, WPARAM wParam, LPARAM lParam) {
+                              first = reinterpret_cast<HWND>(wParam);
+                              last = GetDlgItem(dialog, kPush);
+                              parameter = lParam;
+                              return TRUE;
+                          }));
     EXPECT_EQ(first, host.Item(kEdit));
     EXPECT_EQ(last, host.Item(kPush));
     EXPECT_EQ(parameter, reinterpret_cast<LPARAM>(&host));
@@ -50,13 +47,10 @@ TEST(DialogBegin, HasTheFontBeforeItIsTold)
 {
     // Before WM_INITDIALOG the host does not know its window, so this one asks from within it.
     HFONT font = nullptr;
-    const DialogHost host(Description(),
-                          Initialize(
-                              [&](HWND dialog, WPARAM, LPARAM)
-                              {
-                                  font = reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0));
-                                  return TRUE;
-                              }));
+    const DialogHost host(Description(), Initialize([&](HWND dialog, WPARAM, LPARAM) {
+                              font = reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0));
+                              return TRUE;
+                          }));
     EXPECT_NE(font, nullptr);
 }
 
@@ -75,24 +69,20 @@ TEST(DialogBegin, TheFirstControlHasTheFocus)
 
 TEST(DialogBegin, TheHandlerChoosesTheFocus)
 {
-    const DialogHost host(Description(), Initialize(
-                                             [](HWND dialog, WPARAM, LPARAM)
-                                             {
-                                                 SetFocus(GetDlgItem(dialog, kPush));
-                                                 return FALSE;
-                                             }));
+    const DialogHost host(Description(), Initialize([](HWND dialog, WPARAM, LPARAM) {
+                              SetFocus(GetDlgItem(dialog, kPush));
+                              return FALSE;
+                          }));
     host.Show();
     EXPECT_EQ(host.Focus(), kPush);
 }
 
 TEST(DialogBegin, TheHandlersFocusIsLostIfItSaysTrue)
 {
-    const DialogHost host(Description(), Initialize(
-                                             [](HWND dialog, WPARAM, LPARAM)
-                                             {
-                                                 SetFocus(GetDlgItem(dialog, kPush));
-                                                 return TRUE;
-                                             }));
+    const DialogHost host(Description(), Initialize([](HWND dialog, WPARAM, LPARAM) {
+                              SetFocus(GetDlgItem(dialog, kPush));
+                              return TRUE;
+                          }));
     host.Show();
     EXPECT_EQ(host.Focus(), kEdit);
 }
@@ -108,17 +98,15 @@ TEST(DialogBegin, AControlThatTheHandlerHidOrDisabledIsPassedOver)
 {
     for (const bool hide : {true, false})
     {
-        const DialogHost host(Description(), Initialize(
-                                                 [hide](HWND dialog, WPARAM wParam, LPARAM)
-                                                 {
-                                                     const auto first = reinterpret_cast<HWND>(wParam);
-                                                     EXPECT_EQ(first, GetDlgItem(dialog, kEdit));
-                                                     if (hide)
-                                                         ShowWindow(first, SW_HIDE);
-                                                     else
-                                                         EnableWindow(first, FALSE);
-                                                     return TRUE;
-                                                 }));
+        const DialogHost host(Description(), Initialize([hide](HWND dialog, WPARAM wParam, LPARAM) {
+                                  const auto first = reinterpret_cast<HWND>(wParam);
+                                  EXPECT_EQ(first, GetDlgItem(dialog, kEdit));
+                                  if (hide)
+                                      ShowWindow(first, SW_HIDE);
+                                  else
+                                      EnableWindow(first, FALSE);
+                                  return TRUE;
+                              }));
         host.Show();
         EXPECT_EQ(host.Focus(), kPush) << hide;
     }
@@ -162,8 +150,7 @@ TEST(DialogBegin, ADefaultThatDoesNotLookLikeOneStaysSo)
     description.Add(0x81, kEdit, L"text", ES_AUTOHSCROLL | WS_TABSTOP, 0, 12, 50, 12)
         .Add(0x80, IDOK, L"OK", WS_TABSTOP, 0, 0, 50, 12);
     const DialogHost host(std::move(description));
-    const auto look = [&]
-    {
+    const auto look = [&] {
         return GetWindowLongW(host.Item(IDOK), GWL_STYLE) & static_cast<LONG>(BS_TYPEMASK);
     };
     host.Show();
@@ -177,23 +164,19 @@ TEST(DialogBegin, ADefaultThatDoesNotLookLikeOneStaysSo)
 
 TEST(DialogBegin, AHandlerMayDestroyTheDialog)
 {
-    const DialogHost host(Description(), Initialize(
-                                             [](HWND dialog, WPARAM, LPARAM)
-                                             {
-                                                 DestroyWindow(dialog);
-                                                 return TRUE;
-                                             }));
+    const DialogHost host(Description(), Initialize([](HWND dialog, WPARAM, LPARAM) {
+                              DestroyWindow(dialog);
+                              return TRUE;
+                          }));
     EXPECT_FALSE(IsWindow(host.Window()));
 }
 
 TEST(DialogBegin, AHandlerMayShowTheDialog)
 {
-    const DialogHost host(Description(), Initialize(
-                                             [](HWND dialog, WPARAM, LPARAM)
-                                             {
-                                                 ShowWindow(dialog, SW_SHOW);
-                                                 return TRUE;
-                                             }));
+    const DialogHost host(Description(), Initialize([](HWND dialog, WPARAM, LPARAM) {
+                              ShowWindow(dialog, SW_SHOW);
+                              return TRUE;
+                          }));
     EXPECT_TRUE(IsWindowVisible(host.Window()));
     EXPECT_EQ(host.Focus(), kEdit);
 }

@@ -51,12 +51,11 @@ TEST_F(DialogKeys, TabGoesFromTheDialogToTheFirstControl)
 TEST_F(DialogKeys, ArrowsMarkTheRadioButtonsOfAGroup)
 {
     SetFocus(m_host.Item(kFirstRadio));
-    EXPECT_EQ(CommandsOf(
-                  [&] {
-                      EXPECT_EQ(Walk(3, [&] { m_host.Press(VK_DOWN); }),
-                                (Ids{kSecondRadio, kThirdRadio, kFirstRadio}));
-                  }),
-              (Commands{"32:0", "33:0", "31:0"}));
+    EXPECT_EQ(
+        CommandsOf([&] {
+            EXPECT_EQ(Walk(3, [&] { m_host.Press(VK_DOWN); }), (Ids{kSecondRadio, kThirdRadio, kFirstRadio}));
+        }),
+        (Commands{"32:0", "33:0", "31:0"}));
     EXPECT_TRUE(IsChecked(kFirstRadio));
     EXPECT_EQ(Walk(2, [&] { m_host.Press(VK_UP); }), (Ids{kThirdRadio, kSecondRadio}));
     EXPECT_TRUE(IsChecked(kSecondRadio));
@@ -76,12 +75,10 @@ TEST_F(DialogKeys, ArrowsSkipWhatCannotBeUsed)
 TEST_F(DialogKeys, ArrowsGoThroughPushButtonsWithoutPressingThem)
 {
     SetFocus(m_host.Item(kFirstPush));
-    EXPECT_EQ(CommandsOf(
-                  [&]
-                  {
-                      EXPECT_EQ(Walk(4, [&] { m_host.Press(VK_DOWN); }),
-                                (Ids{kSecondPush, kNoStop, kFirstPush, kSecondPush}));
-                  }),
+    EXPECT_EQ(CommandsOf([&] {
+                  EXPECT_EQ(Walk(4, [&] { m_host.Press(VK_DOWN); }),
+                            (Ids{kSecondPush, kNoStop, kFirstPush, kSecondPush}));
+              }),
               Commands{});
 }
 
@@ -232,14 +229,12 @@ TEST_F(DialogKeys, EveryOtherMessageIsDispatched)
     MSG message{m_host.Item(kCheck), BM_SETCHECK, BST_CHECKED, 0};
     EXPECT_TRUE(IsDialogMessageW(m_host.Window(), &message));
     EXPECT_TRUE(IsChecked(kCheck));
-    EXPECT_EQ(CommandsOf(
-                  [&]
-                  {
-                      MSG down{m_host.Item(kFirstPush), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2)};
-                      EXPECT_TRUE(IsDialogMessageW(m_host.Window(), &down));
-                      MSG up{m_host.Item(kFirstPush), WM_LBUTTONUP, 0, MAKELPARAM(2, 2)};
-                      EXPECT_TRUE(IsDialogMessageW(m_host.Window(), &up));
-                  }),
+    EXPECT_EQ(CommandsOf([&] {
+                  MSG down{m_host.Item(kFirstPush), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 2)};
+                  EXPECT_TRUE(IsDialogMessageW(m_host.Window(), &down));
+                  MSG up{m_host.Item(kFirstPush), WM_LBUTTONUP, 0, MAKELPARAM(2, 2)};
+                  EXPECT_TRUE(IsDialogMessageW(m_host.Window(), &up));
+              }),
               Commands{"51:0"});
 }
 
@@ -247,8 +242,7 @@ TEST_F(DialogKeys, AHandlerMayDestroyTheDialog)
 {
     for (const int key : {VK_RETURN, VK_ESCAPE, VK_SPACE})
     {
-        const auto destroy = [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR
-        {
+        const auto destroy = [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
             if (message == WM_COMMAND && HIWORD(wParam) == BN_CLICKED)
                 DestroyWindow(dialog);
             return message == WM_INITDIALOG;

@@ -46,8 +46,7 @@ protected:
     }
 
     DialogHost::Handler m_handler;
-    DialogHost m_host{Description(), [this](HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
-                      {
+    DialogHost m_host{Description(), [this](HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
                           return OnMessage(dialog, message, wParam, lParam);
                       }};
 };
@@ -101,8 +100,7 @@ TEST_F(DialogProcedure, TurnsTheCloseBoxIntoCancelWhereTheButtonIsDisabled)
 
 TEST_F(DialogProcedure, LeavesWhatIsHandledAlone)
 {
-    m_handler = [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    m_handler = [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR {
         return message == WM_CLOSE;
     };
     m_host.Commands();
@@ -113,8 +111,7 @@ TEST_F(DialogProcedure, LeavesWhatIsHandledAlone)
 
 TEST_F(DialogProcedure, AnswersWithWhatTheHandlerLeft)
 {
-    m_handler = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    m_handler = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
         if (message == WM_NOTIFY || message == WM_APP)
             SetWindowLongPtrW(dialog, DWLP_MSGRESULT, 1234);
         return message == WM_NOTIFY;
@@ -126,8 +123,7 @@ TEST_F(DialogProcedure, AnswersWithWhatTheHandlerLeft)
 
 TEST_F(DialogProcedure, AnswersHandledMessagesWithZeroIfNothingWasLeft)
 {
-    m_handler = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    m_handler = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
         if (message == WM_NOTIFY)
             SetWindowLongPtrW(dialog, DWLP_MSGRESULT, 5);
         return message == WM_APP ? 77 : 0;
@@ -140,8 +136,7 @@ TEST_F(DialogProcedure, AnswersHandledMessagesWithZeroIfNothingWasLeft)
 
 TEST_F(DialogProcedure, AnswersSomeMessagesDirectly)
 {
-    m_handler = [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    m_handler = [](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR {
         return message == WM_CTLCOLORSTATIC ? 4321 : 0;
     };
     EXPECT_EQ(Send(WM_CTLCOLORSTATIC), 1);
@@ -217,8 +212,7 @@ TEST_F(DialogProcedure, KeepsTheFocusWhenItIsHiddenAndShownAgain)
 
 TEST_F(DialogProcedure, StaysDestroyed)
 {
-    m_handler = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    m_handler = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
         if (message == WM_APP)
             DestroyWindow(dialog);
         return message == WM_APP;
@@ -235,8 +229,7 @@ TEST_F(DialogProcedure, DoesNothingMoreWithAMessageThatDestroyedTheDialog)
     {
         bool open = false;
         DialogHost host(DialogTemplate(L"Short", kCommonDialog, 0, 0, 50, 50),
-                        [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR
-                        {
+                        [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
                             if (open && message == ending)
                                 DestroyWindow(dialog);
                             return message == WM_INITDIALOG;
@@ -251,8 +244,7 @@ TEST_F(DialogProcedure, DoesNothingMoreWithAMessageThatDestroyedTheDialog)
 TEST_F(DialogProcedure, IsCalledUntilTheVeryEnd)
 {
     std::vector<UINT> end;
-    m_handler = [&](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    m_handler = [&](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR {
         if (message == WM_DESTROY || message == WM_NCDESTROY)
             end.push_back(message);
         return FALSE;

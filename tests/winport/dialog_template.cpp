@@ -217,8 +217,7 @@ TEST_P(DialogForm, GivesTheFontToTheDialogAndItsControls)
     DialogTemplate description(L"Font", kCommonDialog, 0, 0, 150, 100, GetParam());
     description.Add(kRecorderClass, 10, L"", 0, 0, 0, 20, 10).Add(0x80, 11, L"", 0, 0, 0, 20, 10);
     std::vector<HFONT> told;
-    const auto handler = [&](HWND, UINT message, WPARAM wParam, LPARAM) -> INT_PTR
-    {
+    const auto handler = [&](HWND, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
         if (message == WM_SETFONT)
             told.push_back(reinterpret_cast<HFONT>(wParam));
         return FALSE;
@@ -246,8 +245,7 @@ TEST_P(DialogForm, MakesNothingWhenAClassIsMissing)
     DialogTemplate description(L"Missing", kCommonDialog, 0, 0, 150, 100, GetParam());
     description.Add(0x80, 10, L"", 0, 0, 0, 20, 10).Add(L"QptoolsNoSuchClass", 11, L"", 0, 0, 0, 20, 10);
     bool initialized = false;
-    const auto handler = [&](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    const auto handler = [&](HWND, UINT message, WPARAM, LPARAM) -> INT_PTR {
         return initialized = initialized || message == WM_INITDIALOG;
     };
     const DialogHost host(std::move(description), handler);
@@ -265,8 +263,7 @@ TEST_P(DialogForm, MayBeEmpty)
 TEST_P(DialogForm, IsShownIfItSaysSo)
 {
     bool visible = true;
-    const auto handler = [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    const auto handler = [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
         if (message == WM_INITDIALOG)
             visible = IsWindowVisible(dialog);
         return message == WM_INITDIALOG;
@@ -339,8 +336,7 @@ TEST(DialogUnits, AreRounded)
 
 TEST(DialogTemplates, AreNeeded)
 {
-    const auto ignore = [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR
-    {
+    const auto ignore = [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR {
         return FALSE;
     };
     EXPECT_EQ(CreateDialogIndirectParamW(GetModuleHandleW(nullptr), nullptr, nullptr, ignore, 0), nullptr);
@@ -353,8 +349,7 @@ TEST(DialogTemplates, ComeFromResources)
     const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(300), RT_DIALOG);
     ASSERT_NE(found, nullptr);
     const auto* description = static_cast<LPCDLGTEMPLATEW>(LockResource(LoadResource(module, found)));
-    const auto ignore = [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR
-    {
+    const auto ignore = [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR {
         return FALSE;
     };
     const HWND dialog = CreateDialogIndirectParamW(module, description, nullptr, ignore, 0);

@@ -114,14 +114,12 @@ TEST(WithoutMemory, AnArrayIsCopiedWholeOrNotAtAll)
     }
     EXPECT_EQ(3, object.m_references);
     SAFEARRAY* copy = nullptr;
-    const int needed = AllocationsNeeded(
-        [&]
-        {
-            const HRESULT status = SafeArrayCopy(array, &copy);
-            EXPECT_EQ(status == S_OK, copy != nullptr);
-            EXPECT_EQ(status == S_OK ? 5 : 3, object.m_references);
-            return status;
-        });
+    const int needed = AllocationsNeeded([&] {
+        const HRESULT status = SafeArrayCopy(array, &copy);
+        EXPECT_EQ(status == S_OK, copy != nullptr);
+        EXPECT_EQ(status == S_OK ? 5 : 3, object.m_references);
+        return status;
+    });
     EXPECT_EQ(5, needed);
     EXPECT_EQ(S_OK, SafeArrayDestroy(copy));
     EXPECT_EQ(S_OK, SafeArrayDestroy(array));

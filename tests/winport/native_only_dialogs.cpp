@@ -63,8 +63,7 @@ TEST_F(NativeDialogs, EndTheRunAtTemplatesWithMoreThanTheyHave)
     list.Add(kListBox, 10, L"", 0, 0, 0, 20, 10);
     EXPECT_DEATH(Open(list), "no window class 0x83");
     constexpr WORD kMenu[] = {LOWORD(kStyle), HIWORD(kStyle), 0, 0, 0, 0, 0, 50, 50, 0xFFFF, 7, 0, 0, 8, 0};
-    const auto openWithMenu = [&]
-    {
+    const auto openWithMenu = [&] {
         CreateDialogIndirectParamW(nullptr, reinterpret_cast<LPCDLGTEMPLATEW>(kMenu), nullptr, Ignore, 0);
     };
     EXPECT_DEATH(openWithMenu(), "no menu of a dialog 0x7");

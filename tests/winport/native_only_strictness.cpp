@@ -77,8 +77,7 @@ TEST(DeniedKey, TakesNoNewKeysBeneathIt)
 {
     const CScratchKey root;
     HKEY key = nullptr;
-    const auto make = [&](const wchar_t* path)
-    {
+    const auto make = [&](const wchar_t* path) {
         return RegCreateKeyExW(root.Handle(), path, 0, nullptr, 0, KEY_READ, nullptr, &key, nullptr);
     };
     ASSERT_EQ(make(L"Closed"), ERROR_SUCCESS);

@@ -95,18 +95,15 @@ TEST_F(NativeWindows, EndTheRunAtExtraValuesBesideTheirPlaces)
 TEST_F(NativeWindows, EndTheRunAtAMessageToAnotherThread)
 {
     window = Make(kClass, WS_POPUP);
-    const auto send = [this]
-    {
+    const auto send = [this] {
         std::thread([this] { SendMessageW(window, WM_APP, 0, 0); }).join();
     };
     EXPECT_DEATH(send(), "no message to another thread");
-    const auto focus = [this]
-    {
+    const auto focus = [this] {
         std::thread([this] { SetFocus(window); }).join();
     };
     EXPECT_DEATH(focus(), "no focus of a window of another thread");
-    const auto end = [this]
-    {
+    const auto end = [this] {
         std::thread([this] { DestroyWindow(window); }).join();
     };
     EXPECT_DEATH(end(), "no end of a window of another thread");

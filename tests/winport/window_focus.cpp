@@ -51,8 +51,7 @@ TEST_F(WindowFocus, IsAlreadyThereWhenTheOldWindowHearsOfIt)
     const HWND window = trace.Make(L"a", kTop);
     const HWND child = trace.Make(L"c", kChild, window);
     std::string seen;
-    trace.onMessage = [&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message == WM_KILLFOCUS || message == WM_SETFOCUS)
             seen += trace.NameOf(GetFocus()) + " ";
         return std::nullopt;
@@ -117,8 +116,7 @@ TEST_F(WindowFocus, MayBePutOnAChildByTheWindowThatIsActivated)
     const HWND child = trace.Make(L"c", kChild, first);
     const HWND second = trace.Make(L"b", kTop);
     trace.Take();
-    trace.onMessage = [&](HWND window, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND window, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
         if (window != first || message != WM_ACTIVATE || LOWORD(wParam) == WA_INACTIVE)
             return std::nullopt;
         SetFocus(child);
@@ -128,8 +126,7 @@ TEST_F(WindowFocus, MayBePutOnAChildByTheWindowThatIsActivated)
     EXPECT_EQ(trace.Standing(), "active a, focus c");
     EXPECT_EQ(trace.Take(), (Lines{"b WM_NCACTIVATE 0", "b WM_ACTIVATE 0 a", "a WM_NCACTIVATE 1",
                                    "a WM_ACTIVATE 1 b", "b WM_KILLFOCUS c", "c WM_SETFOCUS b"}));
-    trace.onMessage = [&](HWND, UINT message, WPARAM, LPARAM)
-    {
+    trace.onMessage = [&](HWND, UINT message, WPARAM, LPARAM) {
         return message == WM_ACTIVATE ? std::optional<LRESULT>(0) : std::nullopt;
     };
     SetActiveWindow(second);
@@ -260,8 +257,7 @@ TEST_F(WindowFocus, MayEndTheWindowThatLosesIt)
     const HWND child = trace.Make(L"c", kChild, first);
     const HWND second = trace.Make(L"d", kChild, first);
     SetFocus(child);
-    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (window == child && message == WM_KILLFOCUS)
             DestroyWindow(child);
         return std::nullopt;
@@ -270,8 +266,7 @@ TEST_F(WindowFocus, MayEndTheWindowThatLosesIt)
     EXPECT_FALSE(IsWindow(child));
     EXPECT_EQ(trace.Standing(), "active a, focus d");
     const HWND other = trace.Make(L"b", kTop);
-    trace.onMessage = [&](HWND window, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND window, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
         if (window == other && message == WM_ACTIVATE && LOWORD(wParam) == WA_INACTIVE)
             DestroyWindow(other);
         return std::nullopt;
@@ -289,8 +284,7 @@ TEST_F(WindowFocus, MayBePutElsewhereByTheWindowThatLosesIt)
     const HWND third = trace.Make(L"e", kChild, window);
     SetFocus(first);
     trace.Take();
-    trace.onMessage = [&](HWND told, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND told, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (told == first && message == WM_KILLFOCUS)
             SetFocus(third);
         return std::nullopt;
@@ -306,8 +300,7 @@ TEST_F(WindowFocus, GoesNowhereIfTheWindowEndsWhenItIsActivated)
     const HWND first = trace.Make(L"a", kTop);
     const HWND child = trace.Make(L"c", kChild, first);
     trace.Make(L"b", kTop);
-    trace.onMessage = [&](HWND told, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND told, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
         if (told == first && message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE)
             DestroyWindow(child);
         return std::nullopt;
@@ -324,8 +317,7 @@ TEST_F(WindowFocus, ActivationMayBeTurnedAroundByTheWindowThatGetsIt)
     const HWND second = trace.Make(L"b", kTop);
     SetActiveWindow(first);
     trace.Take();
-    trace.onMessage = [&](HWND told, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND told, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
         if (told == second && message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE)
         {
             SetActiveWindow(third);
@@ -347,8 +339,7 @@ TEST_F(WindowFocus, ActivationGoesOnWhateverTheWindowThatLosesItDoes)
     const HWND second = trace.Make(L"b", kTop);
     const HWND first = trace.Make(L"a", kTop);
     trace.Take();
-    trace.onMessage = [&](HWND told, UINT message, WPARAM wParam, LPARAM other) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND told, UINT message, WPARAM wParam, LPARAM other) -> std::optional<LRESULT> {
         if (told == first && message == WM_ACTIVATE && LOWORD(wParam) == WA_INACTIVE &&
             reinterpret_cast<HWND>(other) == second)
             SetActiveWindow(third);

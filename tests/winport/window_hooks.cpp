@@ -29,8 +29,7 @@ protected:
     WindowHooks()
     {
         trace.only = {WM_NULL};
-        trace.onHook = [this](int code, WPARAM wParam, LPARAM lParam)
-        {
+        trace.onHook = [this](int code, WPARAM wParam, LPARAM lParam) {
             const auto window = reinterpret_cast<HWND>(wParam);
             if (code == HCBT_CREATEWND)
                 OnCreate(window, *reinterpret_cast<CBT_CREATEWNDW*>(lParam));

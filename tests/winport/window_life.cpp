@@ -41,8 +41,7 @@ TEST(WindowLife, AVisibleWindowIsShownAtTheEnd)
 {
     WindowTrace trace;
     bool visibleInCreate = true;
-    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message == WM_CREATE)
             visibleInCreate = IsWindowVisible(window);
         return std::nullopt;
@@ -76,8 +75,7 @@ TEST(WindowLife, GetsWhatItsCreatorGave)
     WindowTrace trace;
     int parameter = 0;
     CREATESTRUCTW heard{};
-    trace.onMessage = [&](HWND, UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND, UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
         if (message == WM_CREATE)
             heard = *reinterpret_cast<const CREATESTRUCTW*>(lParam);
         return std::nullopt;
@@ -104,8 +102,7 @@ TEST(WindowLife, RefusesItsBeginning)
     WindowTrace trace;
     UINT refused = WM_NCCREATE;
     HWND seen = nullptr;
-    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message != refused)
             return std::nullopt;
         seen = window;
@@ -126,8 +123,7 @@ TEST(WindowLife, RefusesItsBeginning)
 TEST(WindowLife, MayEndInItsOwnBeginning)
 {
     WindowTrace trace;
-    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message == WM_CREATE)
             DestroyWindow(window);
         return std::nullopt;
@@ -171,8 +167,7 @@ TEST(WindowLife, IsAWindowUntilItHasEnded)
 {
     WindowTrace trace;
     std::string seen;
-    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND window, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message == WM_DESTROY || message == WM_NCDESTROY)
             seen += IsWindow(window) ? "window " : "none ";
         return std::nullopt;
@@ -202,8 +197,7 @@ TEST(WindowLife, MayEndInAHandlerOfItsOwn)
     WindowTrace trace;
     const HWND window = trace.Make(L"a", WS_POPUP | WS_VISIBLE);
     const HWND child = trace.Make(L"c", WS_CHILD | WS_VISIBLE, window);
-    trace.onMessage = [&](HWND target, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND target, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
         if (message != WM_APP)
             return std::nullopt;
         DestroyWindow(reinterpret_cast<HWND>(wParam));
@@ -223,8 +217,7 @@ TEST(WindowLife, MayLoseAChildWhileItEnds)
     const HWND window = trace.Make(L"a", WS_POPUP);
     trace.Make(L"c", WS_CHILD, window);
     const HWND second = trace.Make(L"d", WS_CHILD, window);
-    trace.onMessage = [&](HWND target, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND target, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message == WM_DESTROY && IsNamed(trace, target, "c"))
             DestroyWindow(second);
         return std::nullopt;
@@ -241,8 +234,7 @@ TEST(WindowLife, MayBeEndedByItsParentThatHearsOfItsEnd)
     const HWND window = trace.Make(L"a", WS_POPUP);
     const HWND child = trace.Make(L"c", WS_CHILD | WS_VISIBLE, window);
     bool told = false;
-    trace.onMessage = [&](HWND target, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND target, UINT message, WPARAM wParam, LPARAM) -> std::optional<LRESULT> {
         if (target == window && message == WM_PARENTNOTIFY && LOWORD(wParam) == WM_DESTROY && !told)
         {
             told = true;
@@ -261,8 +253,7 @@ TEST(WindowLife, MayEndWhenItIsAskedAboutItsPlace)
 {
     WindowTrace trace;
     const HWND window = trace.Make(L"a", WS_POPUP);
-    trace.onMessage = [&](HWND target, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [&](HWND target, UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
         if (message == WM_WINDOWPOSCHANGING)
             DestroyWindow(target);
         return std::nullopt;

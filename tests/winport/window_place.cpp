@@ -99,8 +99,7 @@ TEST_F(WindowPlace, StylesAreCompleted)
 
 TEST_F(WindowPlace, ADefaultPlaceIsForWindowsOfTheirOwn)
 {
-    const auto make = [&](DWORD style, HWND parent)
-    {
+    const auto make = [&](DWORD style, HWND parent) {
         return PlaceOf(CreateWindowExW(0, WindowTrace::ClassName(), L"w", style, CW_USEDEFAULT, 0,
                                        CW_USEDEFAULT, 0, parent, nullptr, nullptr, nullptr));
     };
@@ -149,8 +148,7 @@ TEST_F(WindowPlace, MovesAndSizesAreTold)
 TEST_F(WindowPlace, MayBeChangedByTheWindow)
 {
     const HWND window = trace.Make(L"a", WS_POPUP);
-    trace.onMessage = [](HWND, UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [](HWND, UINT message, WPARAM, LPARAM lParam) -> std::optional<LRESULT> {
         if (message == WM_WINDOWPOSCHANGING)
             reinterpret_cast<WINDOWPOS*>(lParam)->cx = 77;
         return std::nullopt;
@@ -161,8 +159,7 @@ TEST_F(WindowPlace, MayBeChangedByTheWindow)
 
 TEST_F(WindowPlace, HasALeastSizeWithASizingFrame)
 {
-    const auto smallest = [&](DWORD style)
-    {
+    const auto smallest = [&](DWORD style) {
         const HWND window = trace.Make(L"w", style);
         MoveWindow(window, 0, 0, -3, 1, FALSE);
         return PlaceOf(window);
@@ -296,8 +293,7 @@ TEST_F(WindowPlace, StackingMovesOneWindow)
     const HWND parent = trace.Make(L"p", WS_POPUP);
     const HWND children[] = {trace.Make(L"c", WS_CHILD, parent), trace.Make(L"d", WS_CHILD, parent),
                              trace.Make(L"e", WS_CHILD, parent)};
-    const auto order = [&]
-    {
+    const auto order = [&] {
         std::string names;
         for (HWND child = GetWindow(parent, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
             names += trace.NameOf(child);

@@ -149,8 +149,7 @@ TEST_F(WindowQueue, DropsWhatIsForADestroyedWindow)
 TEST_F(WindowQueue, HandsMessagesToTheirWindow)
 {
     const HWND window = trace.Make(L"a", WS_POPUP);
-    trace.onMessage = [](HWND, UINT message, WPARAM wParam, LPARAM lParam)
-    {
+    trace.onMessage = [](HWND, UINT message, WPARAM wParam, LPARAM lParam) {
         return message == kMine ? std::optional<LRESULT>(static_cast<LRESULT>(wParam) + lParam)
                                 : std::nullopt;
     };

@@ -129,26 +129,20 @@ TEST_F(WindowTree, AWindowBelongsToItsThread)
 {
     const HWND window = trace.Make(L"a", WS_POPUP | WS_VISIBLE);
     ASSERT_EQ(GetActiveWindow(), window);
-    std::thread(
-        [&]
-        {
-            EXPECT_TRUE(IsWindow(window));
-            EXPECT_EQ(GetActiveWindow(), nullptr);
-            EXPECT_EQ(GetFocus(), nullptr);
-        })
-        .join();
+    std::thread([&] {
+        EXPECT_TRUE(IsWindow(window));
+        EXPECT_EQ(GetActiveWindow(), nullptr);
+        EXPECT_EQ(GetFocus(), nullptr);
+    }).join();
 }
 
 TEST_F(WindowTree, WindowsEndWithTheirThread)
 {
     HWND window = nullptr;
-    std::thread(
-        [&]
-        {
-            window = CreateWindowExW(0, WindowTrace::ClassName(), L"t", WS_POPUP, 0, 0, 1, 1, nullptr,
-                                     nullptr, GetModuleHandleW(nullptr), nullptr);
-            EXPECT_TRUE(IsWindow(window));
-        })
-        .join();
+    std::thread([&] {
+        window = CreateWindowExW(0, WindowTrace::ClassName(), L"t", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
+                                 GetModuleHandleW(nullptr), nullptr);
+        EXPECT_TRUE(IsWindow(window));
+    }).join();
     EXPECT_FALSE(IsWindow(window));
 }

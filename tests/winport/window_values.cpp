@@ -104,8 +104,7 @@ TEST_F(WindowValues, ValuesAreExchanged)
 TEST_F(WindowValues, AProcedureMayBeReplaced)
 {
     const HWND window = trace.Make(L"a", WS_POPUP);
-    trace.onMessage = [](HWND, UINT message, WPARAM wParam, LPARAM)
-    {
+    trace.onMessage = [](HWND, UINT message, WPARAM wParam, LPARAM) {
         return message == WM_APP ? std::optional<LRESULT>(static_cast<LRESULT>(wParam)) : std::nullopt;
     };
     EXPECT_EQ(SendMessageW(window, WM_APP, 21, 0), 21);
@@ -126,8 +125,7 @@ TEST_F(WindowValues, StylesChangeWithTheWindowsConsent)
     EXPECT_EQ(trace.Take(), (Lines{"a WM_STYLECHANGING", "a WM_STYLECHANGED"}));
     EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)), WS_POPUP | WS_CAPTION | WS_CLIPSIBLINGS);
     EXPECT_EQ(static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE)), static_cast<DWORD>(WS_EX_WINDOWEDGE));
-    trace.onMessage = [](HWND, UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT>
-    {
+    trace.onMessage = [](HWND, UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
         if (message == WM_STYLECHANGING && static_cast<int>(wParam) == GWL_EXSTYLE)
         {
             auto& change = *reinterpret_cast<STYLESTRUCT*>(lParam);

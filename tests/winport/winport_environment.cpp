@@ -164,13 +164,10 @@ TEST(CriticalSection, AdmitsItsOwnerAgainAndNobodyElse)
     EXPECT_FALSE(entered);
     LeaveCriticalSection(&section);
     LeaveCriticalSection(&section);
-    std::thread(
-        [&]
-        {
-            entered = TryEnterCriticalSection(&section);
-            LeaveCriticalSection(&section);
-        })
-        .join();
+    std::thread([&] {
+        entered = TryEnterCriticalSection(&section);
+        LeaveCriticalSection(&section);
+    }).join();
     EXPECT_TRUE(entered);
     DeleteCriticalSection(&section);
 }

@@ -151,8 +151,7 @@ TEST(Writing, AppendsAtAnOffsetOfAllOnesWhereverThePositionIs)
     WriteWhole(folder / L"a", "123");
     HANDLE file = Open(folder / L"a", GENERIC_WRITE, OPEN_EXISTING);
     HANDLE other = Open(folder / L"a", GENERIC_WRITE, OPEN_EXISTING);
-    const auto append = [](HANDLE to, const std::string& text)
-    {
+    const auto append = [](HANDLE to, const std::string& text) {
         OVERLAPPED end{};
         end.Offset = end.OffsetHigh = 0xFFFFFFFF;
         DWORD written = 0;
@@ -355,14 +354,12 @@ TEST(FileLock, IsWaitedFor)
     const CScratchFolder folder;
     HANDLE first = Open(folder / L"a", kReadWrite, CREATE_NEW);
     ASSERT_TRUE(Lock(first, 0, 1, LOCKFILE_EXCLUSIVE_LOCK));
-    std::thread second(
-        [&]
-        {
-            HANDLE file = Open(folder / L"a", kReadWrite, OPEN_EXISTING);
-            EXPECT_TRUE(Lock(file, 0, 1, LOCKFILE_EXCLUSIVE_LOCK));
-            Write(file, "2");
-            CloseHandle(file);
-        });
+    std::thread second([&] {
+        HANDLE file = Open(folder / L"a", kReadWrite, OPEN_EXISTING);
+        EXPECT_TRUE(Lock(file, 0, 1, LOCKFILE_EXCLUSIVE_LOCK));
+        Write(file, "2");
+        CloseHandle(file);
+    });
     Sleep(100);
     Write(first, "1");
     EXPECT_TRUE(Unlock(first, 0, 1));

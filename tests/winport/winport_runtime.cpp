@@ -218,26 +218,20 @@ TEST(Apartment, IsEnteredAndLeftInPairs)
 TEST(Apartment, IsEachThreadsOwn)
 {
     ASSERT_EQ(CoInitialize(nullptr), S_OK);
-    std::thread(
-        []
-        {
-            IUnknown* object = nullptr;
-            EXPECT_EQ(Create(FreshClass(), &object), CO_E_NOTINITIALIZED);
-        })
-        .join();
+    std::thread([] {
+        IUnknown* object = nullptr;
+        EXPECT_EQ(Create(FreshClass(), &object), CO_E_NOTINITIALIZED);
+    }).join();
     CoUninitialize();
 }
 
 TEST(Apartment, OfManyThreadsTakesInTheOthers)
 {
     ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
-    std::thread(
-        []
-        {
-            IUnknown* object = nullptr;
-            EXPECT_EQ(Create(FreshClass(), &object), REGDB_E_CLASSNOTREG);
-        })
-        .join();
+    std::thread([] {
+        IUnknown* object = nullptr;
+        EXPECT_EQ(Create(FreshClass(), &object), REGDB_E_CLASSNOTREG);
+    }).join();
     CoUninitialize();
 }
 

@@ -36,8 +36,7 @@ TEST(DialogDriver, RunsTheStepsInTheirOrderInsideTheLoop)
     std::vector<std::string> trace;
     driver.OnDialog({[&](DialogView&) { trace.emplace_back("one"); },
                      [&](DialogView&) { trace.emplace_back("two"); },
-                     [&](DialogView& view)
-                     {
+                     [&](DialogView& view) {
                          trace.emplace_back("three");
                          view.Click(IDOK);
                      }});
@@ -51,10 +50,9 @@ TEST(DialogDriver, ServesOneDialogAfterAnother)
 {
     DialogDriver driver;
     driver.OnDialog({ClickOk});
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Click(IDCANCEL);
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Click(IDCANCEL);
+    }});
     EXPECT_EQ(RunSmallDialog(), IDOK);
     EXPECT_EQ(RunSmallDialog(), IDCANCEL);
 }
@@ -67,8 +65,7 @@ TEST(DialogDriver, RunsAStepWhenWhatTheStepBeforePostedIsDone)
     driver.OnDialog({[&](DialogView& view) { PostMessageW(view.Window(), WM_APP, 5, 0); },
                      [&](DialogView&) { seen = posted; }, ClickOk});
     // Each message posts the next one, as a chain of handlers does.
-    const auto count = [&](HWND dialog, UINT message, WPARAM left, LPARAM) -> INT_PTR
-    {
+    const auto count = [&](HWND dialog, UINT message, WPARAM left, LPARAM) -> INT_PTR {
         if (message != WM_APP)
             return FALSE;
         ++posted;
@@ -84,8 +81,7 @@ TEST(DialogDriver, DoesNotWaitForTimersThatNeverEnd)
 {
     DialogDriver driver;
     driver.OnDialog({[](DialogView&) {}, ClickOk});
-    const auto tick = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    const auto tick = [](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
         if (message == WM_INITDIALOG)
             SetTimer(dialog, 7, 10, nullptr);
         return FALSE;
@@ -97,21 +93,18 @@ TEST(DialogDriver, ServesADialogThatAStepOpens)
 {
     DialogDriver driver;
     std::vector<std::string> trace;
-    driver.OnDialog({[&](DialogView& view)
-                     {
+    driver.OnDialog({[&](DialogView& view) {
                          view.Click(kAgain);
                          trace.emplace_back("back");
                      },
-                     [&](DialogView& view)
-                     {
+                     [&](DialogView& view) {
                          trace.emplace_back("outer");
                          view.Click(IDCANCEL);
                      }});
-    driver.OnDialog({[&](DialogView& view)
-                     {
-                         trace.emplace_back("inner");
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[&](DialogView& view) {
+        trace.emplace_back("inner");
+        view.Click(IDOK);
+    }});
     EXPECT_EQ(RunSmallDialog(OpenAnother), IDCANCEL);
     EXPECT_EQ(trace, (std::vector<std::string>{"inner", "back", "outer"}));
 }
@@ -122,16 +115,14 @@ TEST(DialogDriver, ServesADialogThatAKeyOpens)
     std::vector<int> trace;
     driver.OnDialog({[&](DialogView& view) { view.GiveFocus(kAgain); },
                      [&](DialogView& view) { view.Press(VK_RETURN); },
-                     [&](DialogView& view)
-                     {
+                     [&](DialogView& view) {
                          trace.push_back(2);
                          view.Click(IDOK);
                      }});
-    driver.OnDialog({[&](DialogView& view)
-                     {
-                         trace.push_back(1);
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({[&](DialogView& view) {
+        trace.push_back(1);
+        view.Click(IDOK);
+    }});
     EXPECT_EQ(RunSmallDialog(OpenAnother), IDOK);
     EXPECT_EQ(trace, (std::vector<int>{1, 2}));
 }
@@ -140,16 +131,14 @@ TEST(DialogDriver, ServesADialogThatOpensAnotherAtItsStart)
 {
     DialogDriver driver;
     std::vector<HWND> order;
-    const auto step = [&](DialogView& view)
-    {
+    const auto step = [&](DialogView& view) {
         order.push_back(GetWindow(view.Window(), GW_OWNER));
         view.Click(IDOK);
     };
     driver.OnDialog({step});
     driver.OnDialog({step});
     HWND outer = nullptr;
-    const auto openAtOnce = [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR
-    {
+    const auto openAtOnce = [&](HWND dialog, UINT message, WPARAM, LPARAM) -> INT_PTR {
         if (message == WM_INITDIALOG)
             PostMessageW(dialog, WM_APP, 0, 0);
         if (message == WM_APP)
@@ -169,8 +158,7 @@ TEST(DialogDriver, LeavesMessageBoxesToTheirAnswers)
     BoxAnswers boxes;
     boxes.Expect(L"Title", L"Text", IDYES);
     int answer = 0;
-    driver.OnDialog({[&](DialogView& view)
-                     {
+    driver.OnDialog({[&](DialogView& view) {
                          answer = MessageBoxW(view.Window(), L"Text", L"Title", MB_YESNO);
                          EXPECT_TRUE(boxes.AllShown());
                      },
@@ -199,13 +187,11 @@ TEST(DialogDriver, WaitsForABoxThatAKeyOpens)
     boxes.Expect(L"Title", L"Text", IDOK, [&] { trace.emplace_back("box"); });
     driver.OnDialog({[](DialogView& view) { view.GiveFocus(kAgain); },
                      [](DialogView& view) { view.Press(VK_RETURN); },
-                     [&](DialogView& view)
-                     {
+                     [&](DialogView& view) {
                          trace.emplace_back("dialog");
                          view.Click(IDOK);
                      }});
-    const auto ask = [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR
-    {
+    const auto ask = [](HWND dialog, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {
         if (!IsClicked(message, wParam, kAgain))
             return FALSE;
         MessageBoxW(dialog, L"Text", L"Title", MB_OK);
@@ -229,10 +215,9 @@ TEST(DialogDriver, ServesADialogThatABoxOpensMeanwhile)
 TEST(DialogDriver, IsContentWithADialogWhoseProgramEnds)
 {
     DialogDriver driver;
-    driver.OnDialog({[](DialogView&)
-                     {
-                         PostQuitMessage(3);
-                     }});
+    driver.OnDialog({[](DialogView&) {
+        PostQuitMessage(3);
+    }});
     EXPECT_EQ(RunSmallDialog(), -1);
     MSG message;
     EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));

@@ -104,8 +104,7 @@ INT_PTR RunWithList(Lists& lists, std::vector<DialogStep> steps)
 void RunWithBoxes(Boxes& boxes, const DialogStep& step)
 {
     DialogDriver driver;
-    driver.OnDialog({step, [](DialogView& view)
-                     {
+    driver.OnDialog({step, [](DialogView& view) {
                          view.Click(IDOK);
                      }});
     EXPECT_EQ(RunSmallDialog(std::ref(boxes)), IDOK);
@@ -115,26 +114,22 @@ void RunWithBoxes(Boxes& boxes, const DialogStep& step)
 TEST(DialogView, ShowsTheItemsOfABox)
 {
     Boxes boxes;
-    RunWithBoxes(boxes,
-                 [](DialogView& view)
-                 {
-                     EXPECT_EQ(view.Items(kDropDown), (std::vector<std::wstring>{L"one", L"two", L"three"}));
-                     EXPECT_EQ(view.Selected(kDropDown), -1);
-                     EXPECT_FALSE(view.IsDropped(kDropDown));
-                     EXPECT_NE(view.Dump().find("    item  \"two\""), std::string::npos);
-                 });
+    RunWithBoxes(boxes, [](DialogView& view) {
+        EXPECT_EQ(view.Items(kDropDown), (std::vector<std::wstring>{L"one", L"two", L"three"}));
+        EXPECT_EQ(view.Selected(kDropDown), -1);
+        EXPECT_FALSE(view.IsDropped(kDropDown));
+        EXPECT_NE(view.Dump().find("    item  \"two\""), std::string::npos);
+    });
 }
 
 TEST(DialogView, OpensABox)
 {
     Boxes boxes;
-    RunWithBoxes(boxes,
-                 [](DialogView& view)
-                 {
-                     view.DropDown(kDropDown);
-                     EXPECT_TRUE(view.IsDropped(kDropDown));
-                     EXPECT_EQ(view.Focus(), kDropDown);
-                 });
+    RunWithBoxes(boxes, [](DialogView& view) {
+        view.DropDown(kDropDown);
+        EXPECT_TRUE(view.IsDropped(kDropDown));
+        EXPECT_EQ(view.Focus(), kDropDown);
+    });
     EXPECT_TRUE(Has(boxes.events, CBN_DROPDOWN));
 }
 
@@ -143,47 +138,40 @@ TEST(DialogView, ChoosesAnItemWithEverythingThatABoxTells)
     for (const int combo : {kDropDown, kDropDownList})
     {
         Boxes boxes{.watched = combo};
-        RunWithBoxes(
-            boxes,
-            [&](DialogView& view)
-            {
-                view.GiveFocus(combo);
-                boxes.events.clear();
-                view.Choose(combo, L"two");
-                EXPECT_EQ(boxes.events, (Events{CBN_DROPDOWN, CBN_SELCHANGE, CBN_SELENDOK, CBN_CLOSEUP}));
-                EXPECT_EQ(view.Selected(combo), 1);
-                EXPECT_EQ(view.Text(combo), L"two");
-                EXPECT_FALSE(view.IsDropped(combo));
-                view.Choose(combo, 0);
-                EXPECT_EQ(view.Text(combo), L"one");
-                view.Choose(combo, 2);
-                EXPECT_EQ(view.Text(combo), L"three");
-                EXPECT_NE(view.Dump().find("    item* \"three\""), std::string::npos);
-            });
+        RunWithBoxes(boxes, [&](DialogView& view) {
+            view.GiveFocus(combo);
+            boxes.events.clear();
+            view.Choose(combo, L"two");
+            EXPECT_EQ(boxes.events, (Events{CBN_DROPDOWN, CBN_SELCHANGE, CBN_SELENDOK, CBN_CLOSEUP}));
+            EXPECT_EQ(view.Selected(combo), 1);
+            EXPECT_EQ(view.Text(combo), L"two");
+            EXPECT_FALSE(view.IsDropped(combo));
+            view.Choose(combo, 0);
+            EXPECT_EQ(view.Text(combo), L"one");
+            view.Choose(combo, 2);
+            EXPECT_EQ(view.Text(combo), L"three");
+            EXPECT_NE(view.Dump().find("    item* \"three\""), std::string::npos);
+        });
     }
 }
 
 TEST(DialogView, TypesIntoTheEditFieldOfABox)
 {
     Boxes boxes;
-    RunWithBoxes(boxes,
-                 [&](DialogView& view)
-                 {
-                     view.Choose(kDropDown, 1);
-                     boxes.events.clear();
-                     view.SetText(kDropDown, L"t");
-                     EXPECT_EQ(view.Text(kDropDown), L"t");
-                     EXPECT_EQ(view.Focus(), kDropDown);
-                 });
+    RunWithBoxes(boxes, [&](DialogView& view) {
+        view.Choose(kDropDown, 1);
+        boxes.events.clear();
+        view.SetText(kDropDown, L"t");
+        EXPECT_EQ(view.Text(kDropDown), L"t");
+        EXPECT_EQ(view.Focus(), kDropDown);
+    });
     EXPECT_TRUE(Has(boxes.events, CBN_EDITCHANGE));
 }
 
 TEST(DialogView, ShowsTheListThatIsShown)
 {
     Lists lists;
-    RunWithList(
-        lists, {[](DialogView& view)
-                {
+    RunWithList(lists, {[](DialogView& view) {
                     EXPECT_NE(view.List(), GetDlgItem(view.Window(), kList)) << "the placeholder comes first";
                     EXPECT_EQ(view.Rows(kList), 0);
                     const HWND list = view.List();
@@ -202,15 +190,13 @@ TEST(DialogView, SelectsRowsByTheMouse)
 {
     Lists lists;
     RunWithList(lists, {[](DialogView& view) { view.SelectRow(view.List(), 1); },
-                        [](DialogView& view)
-                        {
+                        [](DialogView& view) {
                             EXPECT_EQ(view.SelectedRow(view.List()), 1);
                             EXPECT_EQ(view.Focus(), kList);
                             EXPECT_NE(view.Dump().find("row* \"row 1\" \"\""), std::string::npos);
                             view.SelectRow(view.List(), 19);
                         },
-                        [](DialogView& view)
-                        {
+                        [](DialogView& view) {
                             EXPECT_EQ(view.SelectedRow(view.List()), 19);
                         }});
     EXPECT_TRUE(Has(lists.events, NM_CLICK));
@@ -222,8 +208,7 @@ TEST(DialogView, DoubleClicksRows)
 {
     Lists lists;
     RunWithList(lists, {[](DialogView& view) { view.DoubleClick(view.List(), 2); },
-                        [](DialogView& view)
-                        {
+                        [](DialogView& view) {
                             EXPECT_EQ(view.SelectedRow(view.List()), 2);
                         }});
     EXPECT_TRUE(Has(lists.events, NM_CLICK));

@@ -39,49 +39,46 @@ INT_PTR Drive(std::vector<DialogStep> steps, ModalDialog::Handler handler = {})
 
 TEST(DialogView, ShowsTitleTextsAndStates)
 {
-    Drive({[](DialogView& view)
-           {
-               EXPECT_EQ(view.Title(), L"Gr\u00f6\u00dfe");
-               EXPECT_EQ(view.Text(IDOK), L"OK");
-               EXPECT_EQ(view.Text(kStatic), L"Some text");
-               EXPECT_TRUE(view.IsVisible(IDOK));
-               EXPECT_FALSE(view.IsVisible(kHidden));
-               EXPECT_TRUE(view.IsEnabled(IDOK));
-               EXPECT_FALSE(view.IsEnabled(kDisabled));
-               EXPECT_FALSE(view.IsChecked(kCheck));
-               EXPECT_EQ(view.Style(kCheck) & BS_TYPEMASK, static_cast<DWORD>(BS_AUTOCHECKBOX));
-               EXPECT_EQ(view.Focus(), IDOK);
-               EXPECT_EQ(view.Control(kEdit), GetDlgItem(view.Window(), kEdit));
-               ASSERT_EQ(view.Controls().size(), 10u);
-               EXPECT_EQ(view.Controls()[1], view.Control(IDCANCEL));
-           }});
+    Drive({[](DialogView& view) {
+        EXPECT_EQ(view.Title(), L"Gr\u00f6\u00dfe");
+        EXPECT_EQ(view.Text(IDOK), L"OK");
+        EXPECT_EQ(view.Text(kStatic), L"Some text");
+        EXPECT_TRUE(view.IsVisible(IDOK));
+        EXPECT_FALSE(view.IsVisible(kHidden));
+        EXPECT_TRUE(view.IsEnabled(IDOK));
+        EXPECT_FALSE(view.IsEnabled(kDisabled));
+        EXPECT_FALSE(view.IsChecked(kCheck));
+        EXPECT_EQ(view.Style(kCheck) & BS_TYPEMASK, static_cast<DWORD>(BS_AUTOCHECKBOX));
+        EXPECT_EQ(view.Focus(), IDOK);
+        EXPECT_EQ(view.Control(kEdit), GetDlgItem(view.Window(), kEdit));
+        ASSERT_EQ(view.Controls().size(), 10u);
+        EXPECT_EQ(view.Controls()[1], view.Control(IDCANCEL));
+    }});
 }
 
 TEST(DialogView, MeasuresInPixelsOfTheDialog)
 {
-    Drive({[](DialogView& view)
-           {
-               RECT expected{10, 10, 50, 14};
-               MapDialogRect(view.Window(), &expected);
-               const RECT rect = view.Rect(IDOK);
-               EXPECT_EQ(rect.left, expected.left);
-               EXPECT_EQ(rect.top, expected.top);
-               EXPECT_EQ(rect.right - rect.left, expected.right);
-               EXPECT_EQ(rect.bottom - rect.top, expected.bottom);
-           }});
+    Drive({[](DialogView& view) {
+        RECT expected{10, 10, 50, 14};
+        MapDialogRect(view.Window(), &expected);
+        const RECT rect = view.Rect(IDOK);
+        EXPECT_EQ(rect.left, expected.left);
+        EXPECT_EQ(rect.top, expected.top);
+        EXPECT_EQ(rect.right - rect.left, expected.right);
+        EXPECT_EQ(rect.bottom - rect.top, expected.bottom);
+    }});
 }
 
 TEST(DialogView, ClicksButtons)
 {
     Record record;
-    Drive({[](DialogView& view)
-           {
-               view.Click(kCheck);
-               EXPECT_TRUE(view.IsChecked(kCheck));
-               EXPECT_EQ(view.Focus(), kCheck);
-               view.Click(kCheck);
-               EXPECT_FALSE(view.IsChecked(kCheck));
-           }},
+    Drive({[](DialogView& view) {
+              view.Click(kCheck);
+              EXPECT_TRUE(view.IsChecked(kCheck));
+              EXPECT_EQ(view.Focus(), kCheck);
+              view.Click(kCheck);
+              EXPECT_FALSE(view.IsChecked(kCheck));
+          }},
           std::ref(record));
     EXPECT_EQ(record.events, (Events{"102:0", "102:0", "1:0"}));
 }
@@ -109,16 +106,15 @@ TEST(DialogView, RefusesWhatNoUserCanDo)
 TEST(DialogView, TypesIntoEditFields)
 {
     Record record;
-    Drive({[](DialogView& view)
-           {
-               view.Type(kEdit, L"gr\u00fc");
-               EXPECT_EQ(view.Focus(), kEdit);
-               EXPECT_EQ(view.Text(kEdit), L"gr\u00fc");
-               view.SetText(kEdit, L"x");
-               EXPECT_EQ(view.Text(kEdit), L"x");
-               view.SetText(kEdit, L"");
-               EXPECT_EQ(view.Text(kEdit), L"");
-           }},
+    Drive({[](DialogView& view) {
+              view.Type(kEdit, L"gr\u00fc");
+              EXPECT_EQ(view.Focus(), kEdit);
+              EXPECT_EQ(view.Text(kEdit), L"gr\u00fc");
+              view.SetText(kEdit, L"x");
+              EXPECT_EQ(view.Text(kEdit), L"x");
+              view.SetText(kEdit, L"");
+              EXPECT_EQ(view.Text(kEdit), L"");
+          }},
           std::ref(record));
     EXPECT_EQ(std::count(record.events.begin(), record.events.end(), "101:768"), 5);
 }
@@ -127,19 +123,16 @@ TEST(DialogView, PressesKeysWhereTheFocusIs)
 {
     int focus = 0;
     Drive({[](DialogView& view) { view.Press(VK_TAB); },
-           [](DialogView& view)
-           {
+           [](DialogView& view) {
                EXPECT_EQ(view.Focus(), IDCANCEL);
                view.Press(VK_TAB, DialogView::kShift);
            },
-           [](DialogView& view)
-           {
+           [](DialogView& view) {
                EXPECT_EQ(view.Focus(), IDOK);
                EXPECT_GE(GetKeyState(VK_SHIFT), 0) << "Shift is not held any longer";
                view.Press('C', DialogView::kAlt);
            },
-           [&](DialogView& view)
-           {
+           [&](DialogView& view) {
                focus = view.Focus();
            }});
     EXPECT_EQ(focus, kCheck);
@@ -150,10 +143,9 @@ TEST(DialogView, LeavesByEnterAndEscape)
     for (const auto& [key, code] : {std::pair<WORD, int>{VK_RETURN, IDOK}, {VK_ESCAPE, IDCANCEL}})
     {
         DialogDriver driver;
-        driver.OnDialog({[key = key](DialogView& view)
-                         {
-                             view.Press(key);
-                         }});
+        driver.OnDialog({[key = key](DialogView& view) {
+            view.Press(key);
+        }});
         EXPECT_EQ(RunSmallDialog(), code);
     }
 }
@@ -161,10 +153,9 @@ TEST(DialogView, LeavesByEnterAndEscape)
 TEST(DialogView, LeavesByTheCloseBox)
 {
     DialogDriver driver;
-    driver.OnDialog({[](DialogView& view)
-                     {
-                         view.Close();
-                     }});
+    driver.OnDialog({[](DialogView& view) {
+        view.Close();
+    }});
     EXPECT_EQ(RunSmallDialog(), IDCANCEL);
 }
 
@@ -172,17 +163,14 @@ TEST(DialogView, HasNoCloseBoxWithoutSystemMenu)
 {
     DialogTemplate description(L"Plain", kDialogStyle & ~WS_SYSMENU, 0, 0, 100, 50);
     description.Add(L"Button", IDOK, L"OK", BS_DEFPUSHBUTTON | WS_TABSTOP, 10, 10, 50, 14);
-    const std::vector<std::string> failures = CaughtFailures(
-        [&]
-        {
-            DialogDriver driver;
-            driver.OnDialog({[](DialogView& view) { view.Close(); },
-                             [](DialogView& view)
-                             {
-                                 view.Click(IDOK);
-                             }});
-            EXPECT_EQ(ModalDialog(description).Run(), IDOK);
-        });
+    const std::vector<std::string> failures = CaughtFailures([&] {
+        DialogDriver driver;
+        driver.OnDialog({[](DialogView& view) { view.Close(); },
+                         [](DialogView& view) {
+                             view.Click(IDOK);
+                         }});
+        EXPECT_EQ(ModalDialog(description).Run(), IDOK);
+    });
     ASSERT_EQ(failures.size(), 1u) << failures.back();
     EXPECT_NE(failures[0].find("no user can press the close box"), std::string::npos);
 }

@@ -51,17 +51,14 @@ int MultiByteToWideChar(UINT page, DWORD flags, LPCSTR text, int length, LPWSTR 
     const DWORD known = MB_ERR_INVALID_CHARS | (page == CP_ACP ? MB_PRECOMPOSED : 0);
     if (!Acceptable(page, flags, known, text, length, target, size))
         return 0;
-    return WithMemory(0,
-                      [&]
-                      {
-                          bool invalid = false;
-                          const std::size_t bytes =
-                              length < 0 ? std::strlen(text) + 1 : static_cast<std::size_t>(length);
-                          const std::wstring wide = Wide(std::string_view(text, bytes), &invalid);
-                          if (invalid && (flags & MB_ERR_INVALID_CHARS) != 0)
-                              return Refuse();
-                          return Deliver(wide, target, size);
-                      });
+    return WithMemory(0, [&] {
+        bool invalid = false;
+        const std::size_t bytes = length < 0 ? std::strlen(text) + 1 : static_cast<std::size_t>(length);
+        const std::wstring wide = Wide(std::string_view(text, bytes), &invalid);
+        if (invalid && (flags & MB_ERR_INVALID_CHARS) != 0)
+            return Refuse();
+        return Deliver(wide, target, size);
+    });
 }
 
 int WideCharToMultiByte(UINT page, DWORD flags, LPCWSTR text, int length, LPSTR target, int size,
@@ -77,15 +74,12 @@ int WideCharToMultiByte(UINT page, DWORD flags, LPCWSTR text, int length, LPSTR 
     }
     if (usedDefault)
         *usedDefault = FALSE;
-    return WithMemory(0,
-                      [&]
-                      {
-                          bool invalid = false;
-                          const std::size_t count =
-                              length < 0 ? std::wcslen(text) + 1 : static_cast<std::size_t>(length);
-                          const std::string bytes = Utf8(std::wstring_view(text, count), &invalid);
-                          if (invalid && (flags & WC_ERR_INVALID_CHARS) != 0)
-                              return Refuse();
-                          return Deliver(bytes, target, size);
-                      });
+    return WithMemory(0, [&] {
+        bool invalid = false;
+        const std::size_t count = length < 0 ? std::wcslen(text) + 1 : static_cast<std::size_t>(length);
+        const std::string bytes = Utf8(std::wstring_view(text, count), &invalid);
+        if (invalid && (flags & WC_ERR_INVALID_CHARS) != 0)
+            return Refuse();
+        return Deliver(bytes, target, size);
+    });
 }

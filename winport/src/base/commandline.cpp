@@ -140,12 +140,10 @@ LPWSTR* Pack(const std::vector<std::wstring>& words)
 
 LPWSTR GetCommandLineW()
 {
-    return WithMemory<LPWSTR>(nullptr,
-                              []
-                              {
-                                  static std::wstring& line = *new std::wstring(ReadCommandLine());
-                                  return line.data();
-                              });
+    return WithMemory<LPWSTR>(nullptr, [] {
+        static std::wstring& line = *new std::wstring(ReadCommandLine());
+        return line.data();
+    });
 }
 
 LPWSTR* CommandLineToArgvW(LPCWSTR commandLine, int* count)
@@ -155,13 +153,11 @@ LPWSTR* CommandLineToArgvW(LPCWSTR commandLine, int* count)
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    return WithMemory<LPWSTR*>(nullptr,
-                               [&]
-                               {
-                                   const std::vector<std::wstring> words = Words(commandLine);
-                                   LPWSTR* packed = Pack(words);
-                                   if (packed)
-                                       *count = static_cast<int>(words.size());
-                                   return packed;
-                               });
+    return WithMemory<LPWSTR*>(nullptr, [&] {
+        const std::vector<std::wstring> words = Words(commandLine);
+        LPWSTR* packed = Pack(words);
+        if (packed)
+            *count = static_cast<int>(words.size());
+        return packed;
+    });
 }

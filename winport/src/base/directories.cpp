@@ -30,19 +30,16 @@ bool ParentIsThere(const std::string& path)
 template <class F>
 BOOL OnPath(LPCWSTR path, F&& call)
 {
-    return WithMemory(FALSE,
-                      [&]
-                      {
-                          const std::string name =
-                              path ? WithoutTrailingSlash(SystemPath(path)) : std::string();
-                          if (!name.empty() && call(name) == 0)
-                              return TRUE;
-                          DWORD error = name.empty() ? ERROR_PATH_NOT_FOUND : ErrorFromSystem(errno);
-                          if (error == ERROR_FILE_NOT_FOUND && !ParentIsThere(name))
-                              error = ERROR_PATH_NOT_FOUND;
-                          SetLastError(error);
-                          return FALSE;
-                      });
+    return WithMemory(FALSE, [&] {
+        const std::string name = path ? WithoutTrailingSlash(SystemPath(path)) : std::string();
+        if (!name.empty() && call(name) == 0)
+            return TRUE;
+        DWORD error = name.empty() ? ERROR_PATH_NOT_FOUND : ErrorFromSystem(errno);
+        if (error == ERROR_FILE_NOT_FOUND && !ParentIsThere(name))
+            error = ERROR_PATH_NOT_FOUND;
+        SetLastError(error);
+        return FALSE;
+    });
 }
 
 int Fail(int code)
@@ -88,30 +85,26 @@ DWORD GetFileAttributesW(LPCWSTR path)
 BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes)
 {
     const bool readOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-    return OnPath(path,
-                  [&](const std::string& name)
-                  {
-                      struct stat state;
-                      if (stat(name.c_str(), &state) != 0)
-                          return -1;
-                      // The mark has no meaning on a directory.
-                      if (S_ISDIR(state.st_mode))
-                          return 0;
-                      const mode_t mode = state.st_mode & 07777u;
-                      return chmod(name.c_str(), readOnly ? mode & ~static_cast<mode_t>(0222) : mode | 0200u);
-                  });
+    return OnPath(path, [&](const std::string& name) {
+        struct stat state;
+        if (stat(name.c_str(), &state) != 0)
+            return -1;
+        // The mark has no meaning on a directory.
+        if (S_ISDIR(state.st_mode))
+            return 0;
+        const mode_t mode = state.st_mode & 07777u;
+        return chmod(name.c_str(), readOnly ? mode & ~static_cast<mode_t>(0222) : mode | 0200u);
+    });
 }
 
 BOOL DeleteFileW(LPCWSTR path)
 {
-    return OnPath(path,
-                  [](const std::string& name)
-                  {
-                      struct stat state;
-                      if (stat(name.c_str(), &state) != 0)
-                          return -1;
-                      if (S_ISDIR(state.st_mode) || (state.st_mode & 0222) == 0)
-                          return Fail(EACCES);
-                      return unlink(name.c_str());
-                  });
+    return OnPath(path, [](const std::string& name) {
+        struct stat state;
+        if (stat(name.c_str(), &state) != 0)
+            return -1;
+        if (S_ISDIR(state.st_mode) || (state.st_mode & 0222) == 0)
+            return Fail(EACCES);
+        return unlink(name.c_str());
+    });
 }

@@ -68,15 +68,13 @@ std::wstring Expand(std::wstring_view text)
 
 DWORD GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size)
 {
-    return WithMemory<DWORD>(0,
-                             [&]() -> DWORD
-                             {
-                                 const std::optional<std::wstring> value = Lookup(name ? name : L"");
-                                 if (value)
-                                     return CopyOut(*value, buffer, size);
-                                 SetLastError(ERROR_ENVVAR_NOT_FOUND);
-                                 return 0;
-                             });
+    return WithMemory<DWORD>(0, [&]() -> DWORD {
+        const std::optional<std::wstring> value = Lookup(name ? name : L"");
+        if (value)
+            return CopyOut(*value, buffer, size);
+        SetLastError(ERROR_ENVVAR_NOT_FOUND);
+        return 0;
+    });
 }
 
 BOOL SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value)
@@ -86,52 +84,44 @@ BOOL SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value)
         SetLastError(ERROR_INVALID_PARAMETER);
         return FALSE;
     }
-    return WithMemory(FALSE,
-                      [&]
-                      {
-                          const std::string variable = Utf8(name);
-                          const std::lock_guard lock(EnvironmentLock());
-                          const int failed = value ? setenv(variable.c_str(), Utf8(value).c_str(), 1)
-                                                   : unsetenv(variable.c_str());
-                          if (failed)
-                              SetLastError(ERROR_NOT_ENOUGH_MEMORY);
-                          return failed ? FALSE : TRUE;
-                      });
+    return WithMemory(FALSE, [&] {
+        const std::string variable = Utf8(name);
+        const std::lock_guard lock(EnvironmentLock());
+        const int failed =
+            value ? setenv(variable.c_str(), Utf8(value).c_str(), 1) : unsetenv(variable.c_str());
+        if (failed)
+            SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+        return failed ? FALSE : TRUE;
+    });
 }
 
 DWORD ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR target, DWORD size)
 {
-    return WithMemory<DWORD>(0,
-                             [&]
-                             {
-                                 const std::wstring text = Expand(source);
-                                 // Unlike its siblings this one always counts the terminator.
-                                 CopyOut(text, target, size);
-                                 return static_cast<DWORD>(text.size() + 1);
-                             });
+    return WithMemory<DWORD>(0, [&] {
+        const std::wstring text = Expand(source);
+        // Unlike its siblings this one always counts the terminator.
+        CopyOut(text, target, size);
+        return static_cast<DWORD>(text.size() + 1);
+    });
 }
 
 DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer)
 {
-    return WithMemory<DWORD>(0,
-                             [&]
-                             {
-                                 char path[PATH_MAX] = ".";
-                                 const char* current = getcwd(path, sizeof(path));
-                                 return CopyOut(Wide(current ? current : "/"), buffer, size);
-                             });
+    return WithMemory<DWORD>(0, [&] {
+        char path[PATH_MAX] = ".";
+        const char* current = getcwd(path, sizeof(path));
+        return CopyOut(Wide(current ? current : "/"), buffer, size);
+    });
 }
 
 DWORD GetTempPathW(DWORD size, LPWSTR buffer)
 {
-    return WithMemory<DWORD>(0,
-                             [&]
-                             {
-                                 std::wstring path = Lookup(L"TMPDIR").value_or(L"/tmp");
-                                 if (path.empty() || path.back() != L'/')
-                                     path += L'/';
-                                 return CopyOut(path, buffer, size);
-                             });
+    return WithMemory<DWORD>(0, [&] {
+        std::wstring path = Lookup(L"TMPDIR").value_or(L"/tmp");
+        if (path.empty() || path.back() != L'/')
+            path += L'/';
+        return CopyOut(path, buffer, size);
+    });
 }
 
 HRESULT SHGetFolderPathW(HWND, int folder, HANDLE token, DWORD flags, LPWSTR path)

@@ -132,15 +132,13 @@ HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWOR
         SetLastError(path ? ERROR_INVALID_PARAMETER : ERROR_PATH_NOT_FOUND);
         return INVALID_HANDLE_VALUE;
     }
-    return WithMemory(INVALID_HANDLE_VALUE,
-                      [&]
-                      {
-                          const std::string file = SystemPath(path);
-                          if (!file.empty() && !IsImpossibleName(file))
-                              return OpenFile(file, access, disposition);
-                          SetLastError(file.empty() ? ERROR_PATH_NOT_FOUND : ERROR_INVALID_NAME);
-                          return INVALID_HANDLE_VALUE;
-                      });
+    return WithMemory(INVALID_HANDLE_VALUE, [&] {
+        const std::string file = SystemPath(path);
+        if (!file.empty() && !IsImpossibleName(file))
+            return OpenFile(file, access, disposition);
+        SetLastError(file.empty() ? ERROR_PATH_NOT_FOUND : ERROR_INVALID_NAME);
+        return INVALID_HANDLE_VALUE;
+    });
 }
 
 BOOL ReadFile(HANDLE handle, LPVOID buffer, DWORD size, DWORD* read, OVERLAPPED* overlapped)
@@ -244,13 +242,11 @@ BOOL LockFileEx(HANDLE handle, DWORD flags, DWORD reserved, DWORD sizeLow, DWORD
     const std::shared_ptr<CFile> file = FileOf(handle);
     if (!file)
         return FALSE;
-    return WithMemory(FALSE,
-                      [&]
-                      {
-                          return Report(file->Lock(Offset(*overlapped), Size(sizeLow, sizeHigh),
-                                                   (flags & LOCKFILE_EXCLUSIVE_LOCK) != 0,
-                                                   (flags & LOCKFILE_FAIL_IMMEDIATELY) == 0));
-                      });
+    return WithMemory(FALSE, [&] {
+        return Report(file->Lock(Offset(*overlapped), Size(sizeLow, sizeHigh),
+                                 (flags & LOCKFILE_EXCLUSIVE_LOCK) != 0,
+                                 (flags & LOCKFILE_FAIL_IMMEDIATELY) == 0));
+    });
 }
 
 BOOL UnlockFileEx(HANDLE handle, DWORD reserved, DWORD sizeLow, DWORD sizeHigh, OVERLAPPED* overlapped)

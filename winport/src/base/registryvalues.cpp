@@ -39,54 +39,48 @@ LSTATUS RegSetValueExW(HKEY handle, LPCWSTR name, DWORD reserved, DWORD type, co
 {
     if (reserved || (!data && size > 0))
         return ERROR_INVALID_PARAMETER;
-    return WithRegistry(
-        [&](CRegistry& registry) -> LSTATUS
-        {
-            LSTATUS status = ERROR_SUCCESS;
-            const auto key = registry.Key(handle, KEY_SET_VALUE, &status);
-            if (!key)
-                return status;
-            std::vector<BYTE> bytes(data, data + size);
-            RegistryValue* value = key->Value(NameView(name));
-            if (!value)
-                value = &key->values.emplace_back(RegistryValue{std::wstring(NameView(name)), type, {}});
-            value->type = type;
-            value->data = std::move(bytes);
-            return ERROR_SUCCESS;
-        });
+    return WithRegistry([&](CRegistry& registry) -> LSTATUS {
+        LSTATUS status = ERROR_SUCCESS;
+        const auto key = registry.Key(handle, KEY_SET_VALUE, &status);
+        if (!key)
+            return status;
+        std::vector<BYTE> bytes(data, data + size);
+        RegistryValue* value = key->Value(NameView(name));
+        if (!value)
+            value = &key->values.emplace_back(RegistryValue{std::wstring(NameView(name)), type, {}});
+        value->type = type;
+        value->data = std::move(bytes);
+        return ERROR_SUCCESS;
+    });
 }
 
 LSTATUS RegQueryValueExW(HKEY handle, LPCWSTR name, DWORD* reserved, DWORD* type, BYTE* data, DWORD* size)
 {
     if (reserved || (data && !size))
         return ERROR_INVALID_PARAMETER;
-    return WithRegistry(
-        [&](CRegistry& registry) -> LSTATUS
-        {
-            LSTATUS status = ERROR_SUCCESS;
-            const auto key = registry.Key(handle, KEY_QUERY_VALUE, &status);
-            if (!key)
-                return status;
-            const RegistryValue* value = key->Value(NameView(name));
-            return value ? Deliver(*value, type, data, size) : ERROR_FILE_NOT_FOUND;
-        });
+    return WithRegistry([&](CRegistry& registry) -> LSTATUS {
+        LSTATUS status = ERROR_SUCCESS;
+        const auto key = registry.Key(handle, KEY_QUERY_VALUE, &status);
+        if (!key)
+            return status;
+        const RegistryValue* value = key->Value(NameView(name));
+        return value ? Deliver(*value, type, data, size) : ERROR_FILE_NOT_FOUND;
+    });
 }
 
 LSTATUS RegDeleteValueW(HKEY handle, LPCWSTR name)
 {
-    return WithRegistry(
-        [&](CRegistry& registry) -> LSTATUS
-        {
-            LSTATUS status = ERROR_SUCCESS;
-            const auto key = registry.Key(handle, KEY_SET_VALUE, &status);
-            if (!key)
-                return status;
-            const RegistryValue* value = key->Value(NameView(name));
-            if (!value)
-                return ERROR_FILE_NOT_FOUND;
-            key->values.erase(key->values.begin() + (value - key->values.data()));
-            return ERROR_SUCCESS;
-        });
+    return WithRegistry([&](CRegistry& registry) -> LSTATUS {
+        LSTATUS status = ERROR_SUCCESS;
+        const auto key = registry.Key(handle, KEY_SET_VALUE, &status);
+        if (!key)
+            return status;
+        const RegistryValue* value = key->Value(NameView(name));
+        if (!value)
+            return ERROR_FILE_NOT_FOUND;
+        key->values.erase(key->values.begin() + (value - key->values.data()));
+        return ERROR_SUCCESS;
+    });
 }
 
 LSTATUS RegEnumValueW(HKEY handle, DWORD index, LPWSTR name, DWORD* nameSize, DWORD* reserved, DWORD* type,
@@ -94,19 +88,17 @@ LSTATUS RegEnumValueW(HKEY handle, DWORD index, LPWSTR name, DWORD* nameSize, DW
 {
     if (!name || !nameSize || reserved || (data && !size))
         return ERROR_INVALID_PARAMETER;
-    return WithRegistry(
-        [&](CRegistry& registry) -> LSTATUS
-        {
-            LSTATUS status = ERROR_SUCCESS;
-            const auto key = registry.Key(handle, KEY_QUERY_VALUE, &status);
-            if (!key)
-                return status;
-            if (index >= key->values.size())
-                return ERROR_NO_MORE_ITEMS;
-            const RegistryValue& value = key->values[index];
-            if (*nameSize <= value.name.size())
-                return ERROR_MORE_DATA;
-            *nameSize = CopyOut(value.name, name, *nameSize);
-            return Deliver(value, type, data, size);
-        });
+    return WithRegistry([&](CRegistry& registry) -> LSTATUS {
+        LSTATUS status = ERROR_SUCCESS;
+        const auto key = registry.Key(handle, KEY_QUERY_VALUE, &status);
+        if (!key)
+            return status;
+        if (index >= key->values.size())
+            return ERROR_NO_MORE_ITEMS;
+        const RegistryValue& value = key->values[index];
+        if (*nameSize <= value.name.size())
+            return ERROR_MORE_DATA;
+        *nameSize = CopyOut(value.name, name, *nameSize);
+        return Deliver(value, type, data, size);
+    });
 }

@@ -35,16 +35,12 @@ int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size)
     const HRSRC block = FindResourceW(module, MAKEINTRESOURCEW((id >> 4) + 1), RT_STRING);
     if (!block)
         return 0;
-    return WithMemory(0,
-                      [&]
-                      {
-                          const auto* data = static_cast<const unsigned char*>(LoadResource(module, block));
-                          const std::wstring text =
-                              StringInBlock(data, SizeofResource(module, block), id & 15);
-                          const std::size_t length =
-                              std::min(text.size(), static_cast<std::size_t>(size - 1));
-                          text.copy(buffer, length);
-                          buffer[length] = L'\0';
-                          return static_cast<int>(length);
-                      });
+    return WithMemory(0, [&] {
+        const auto* data = static_cast<const unsigned char*>(LoadResource(module, block));
+        const std::wstring text = StringInBlock(data, SizeofResource(module, block), id & 15);
+        const std::size_t length = std::min(text.size(), static_cast<std::size_t>(size - 1));
+        text.copy(buffer, length);
+        buffer[length] = L'\0';
+        return static_cast<int>(length);
+    });
 }

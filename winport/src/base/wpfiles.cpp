@@ -54,9 +54,9 @@ bool CFile::Range::Overlaps(const Range& other) const
 bool CFile::Conflicts(const Range& range)
 {
     const std::lock_guard lock(m_lock);
-    return std::any_of(m_ranges.begin(), m_ranges.end(),
-                       [&](const Range& held)
-                       { return (range.exclusive || held.exclusive) && held.Overlaps(range); });
+    return std::any_of(m_ranges.begin(), m_ranges.end(), [&](const Range& held) {
+        return (range.exclusive || held.exclusive) && held.Overlaps(range);
+    });
 }
 
 DWORD CFile::Lock(ULONGLONG offset, ULONGLONG size, bool exclusive, bool wait)
@@ -81,9 +81,9 @@ DWORD CFile::Lock(ULONGLONG offset, ULONGLONG size, bool exclusive, bool wait)
 DWORD CFile::Unlock(ULONGLONG offset, ULONGLONG size)
 {
     const std::lock_guard lock(m_lock);
-    const auto found =
-        std::find_if(m_ranges.begin(), m_ranges.end(),
-                     [&](const Range& range) { return range.offset == offset && range.size == size; });
+    const auto found = std::find_if(m_ranges.begin(), m_ranges.end(), [&](const Range& range) {
+        return range.offset == offset && range.size == size;
+    });
     if (found == m_ranges.end())
         return ERROR_NOT_LOCKED;
     m_ranges.erase(found);

@@ -32,8 +32,7 @@ std::wstring ProgramPath()
 // The program first, then the linked-in modules. A deque, because handles are addresses.
 std::deque<Module>& Modules()
 {
-    static std::deque<Module>& modules = *[]
-    {
+    static std::deque<Module>& modules = *[] {
         auto* list = new std::deque<Module>(1);
         list->front().path = ProgramPath();
         list->front().count = 1;
@@ -129,8 +128,7 @@ Module* ModuleOf(HMODULE handle)
 
 const std::wstring& ProgramDirectory()
 {
-    static const std::wstring& directory = *[]
-    {
+    static const std::wstring& directory = *[] {
         const std::wstring path = Modules().front().path;
         return new std::wstring(path.substr(0, path.find_last_of(L'/')));
     }();
@@ -162,12 +160,10 @@ HMODULE LoadLibraryExW(LPCWSTR name, HANDLE reserved, DWORD flags)
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
     }
-    return WithMemory<HMODULE>(nullptr,
-                               [&]
-                               {
-                                   const std::lock_guard lock(LoaderLock());
-                                   return reinterpret_cast<HMODULE>(Load(name));
-                               });
+    return WithMemory<HMODULE>(nullptr, [&] {
+        const std::lock_guard lock(LoaderLock());
+        return reinterpret_cast<HMODULE>(Load(name));
+    });
 }
 
 BOOL FreeLibrary(HMODULE handle)
@@ -203,27 +199,23 @@ BOOL GetModuleHandleExW(DWORD flags, LPCWSTR nameOrAddress, HMODULE* result)
         return FALSE;
     }
     *result = nullptr;
-    return WithMemory(FALSE,
-                      [&]
-                      {
-                          const std::lock_guard lock(LoaderLock());
-                          Module* module = !nameOrAddress ? &Modules().front()
-                                           : (flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) != 0
-                                               ? ModuleAt(nameOrAddress)
-                                               : FindModule(nameOrAddress);
-                          if (!module || module->count == 0)
-                          {
-                              SetLastError(ERROR_MOD_NOT_FOUND);
-                              return FALSE;
-                          }
-                          if ((flags & GET_MODULE_HANDLE_EX_FLAG_PIN) != 0)
-                              module->pinned = true;
-                          else if ((flags & GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) == 0 &&
-                                   !module->pinned)
-                              ++module->count;
-                          *result = reinterpret_cast<HMODULE>(module);
-                          return TRUE;
-                      });
+    return WithMemory(FALSE, [&] {
+        const std::lock_guard lock(LoaderLock());
+        Module* module = !nameOrAddress                                          ? &Modules().front()
+                         : (flags & GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS) != 0 ? ModuleAt(nameOrAddress)
+                                                                                 : FindModule(nameOrAddress);
+        if (!module || module->count == 0)
+        {
+            SetLastError(ERROR_MOD_NOT_FOUND);
+            return FALSE;
+        }
+        if ((flags & GET_MODULE_HANDLE_EX_FLAG_PIN) != 0)
+            module->pinned = true;
+        else if ((flags & GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) == 0 && !module->pinned)
+            ++module->count;
+        *result = reinterpret_cast<HMODULE>(module);
+        return TRUE;
+    });
 }
 
 DWORD GetModuleFileNameW(HMODULE handle, LPWSTR path, DWORD size)

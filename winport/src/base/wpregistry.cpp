@@ -42,9 +42,9 @@ void MarkDeleted(RegistryKey& key)
 
 RegistryValue* RegistryKey::Value(std::wstring_view valueName)
 {
-    const auto found =
-        std::find_if(values.begin(), values.end(),
-                     [&](const RegistryValue& value) { return CompareNoCase(value.name, valueName) == 0; });
+    const auto found = std::find_if(values.begin(), values.end(), [&](const RegistryValue& value) {
+        return CompareNoCase(value.name, valueName) == 0;
+    });
     return found == values.end() ? nullptr : &*found;
 }
 

@@ -132,20 +132,17 @@ using namespace winport;
 
 HRSRC FindResourceExW(HMODULE handle, LPCWSTR type, LPCWSTR name, WORD language)
 {
-    return WithMemory<HRSRC>(nullptr,
-                             [&]
-                             {
-                                 DWORD error = ERROR_INVALID_HANDLE;
-                                 const Module* module = ModuleOf(handle);
-                                 const Resource* found = nullptr;
-                                 if (module)
-                                     found = module->resources.Find(ResourceId::FromArgument(type),
-                                                                    ResourceId::FromArgument(name), language,
-                                                                    &error);
-                                 if (!found)
-                                     SetLastError(error);
-                                 return reinterpret_cast<HRSRC>(const_cast<Resource*>(found));
-                             });
+    return WithMemory<HRSRC>(nullptr, [&] {
+        DWORD error = ERROR_INVALID_HANDLE;
+        const Module* module = ModuleOf(handle);
+        const Resource* found = nullptr;
+        if (module)
+            found = module->resources.Find(ResourceId::FromArgument(type), ResourceId::FromArgument(name),
+                                           language, &error);
+        if (!found)
+            SetLastError(error);
+        return reinterpret_cast<HRSRC>(const_cast<Resource*>(found));
+    });
 }
 
 HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type)

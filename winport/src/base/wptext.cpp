@@ -58,8 +58,7 @@ char32_t NextCodePoint(std::string_view& text)
 
 void AppendUtf8(std::string& out, char32_t value)
 {
-    const auto tail = [&](int shift)
-    {
+    const auto tail = [&](int shift) {
         out.push_back(static_cast<char>(0x80 | ((value >> shift) & 0x3F)));
     };
     if (value < 0x80)
@@ -111,8 +110,7 @@ std::string Utf8(std::wstring_view text, bool* invalid)
 
 std::wstring WideFromUtf16(const unsigned char* data, std::size_t units)
 {
-    const auto unit = [&](std::size_t i)
-    {
+    const auto unit = [&](std::size_t i) {
         return static_cast<char32_t>(data[2 * i] | (data[2 * i + 1] << 8));
     };
     std::wstring out;

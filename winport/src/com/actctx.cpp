@@ -56,24 +56,22 @@ HANDLE CreateActCtxW(const ACTCTXW* parameters)
         SetLastError(ERROR_INVALID_PARAMETER);
         return INVALID_HANDLE_VALUE;
     }
-    return WithMemory<HANDLE>(INVALID_HANDLE_VALUE,
-                              [&]() -> HANDLE
-                              { return ManifestIsThere(*parameters) ? new Context : INVALID_HANDLE_VALUE; });
+    return WithMemory<HANDLE>(INVALID_HANDLE_VALUE, [&]() -> HANDLE {
+        return ManifestIsThere(*parameters) ? new Context : INVALID_HANDLE_VALUE;
+    });
 }
 
 BOOL ActivateActCtx(HANDLE handle, ULONG_PTR* cookie)
 {
     if (!cookie || handle == INVALID_HANDLE_VALUE)
         return Fail(ERROR_INVALID_PARAMETER);
-    return WithMemory(FALSE,
-                      [&]
-                      {
-                          // Null is the process's own context, which is activated like any other.
-                          t_stack.push_back({ContextOf(handle), t_lastCookie + 1});
-                          AddRefActCtx(handle);
-                          *cookie = ++t_lastCookie;
-                          return TRUE;
-                      });
+    return WithMemory(FALSE, [&] {
+        // Null is the process's own context, which is activated like any other.
+        t_stack.push_back({ContextOf(handle), t_lastCookie + 1});
+        AddRefActCtx(handle);
+        *cookie = ++t_lastCookie;
+        return TRUE;
+    });
 }
 
 BOOL DeactivateActCtx(DWORD flags, ULONG_PTR cookie)

@@ -57,9 +57,9 @@ IUnknown* RegisteredFor(REFCLSID clsid, DWORD context)
 {
     const std::lock_guard lock(Table().lock);
     auto& objects = Table().objects;
-    const auto found = std::find_if(objects.begin(), objects.end(),
-                                    [&](const RegisteredObject& entry)
-                                    { return entry.clsid == clsid && (entry.context & context) != 0; });
+    const auto found = std::find_if(objects.begin(), objects.end(), [&](const RegisteredObject& entry) {
+        return entry.clsid == clsid && (entry.context & context) != 0;
+    });
     if (found == objects.end())
         return nullptr;
     IUnknown* object = found->object;
@@ -215,9 +215,9 @@ HRESULT CoRevokeClassObject(DWORD cookie)
     {
         const std::lock_guard lock(Table().lock);
         auto& objects = Table().objects;
-        const auto found =
-            std::find_if(objects.begin(), objects.end(),
-                         [&](const RegisteredObject& entry) { return entry.cookie == cookie; });
+        const auto found = std::find_if(objects.begin(), objects.end(), [&](const RegisteredObject& entry) {
+            return entry.cookie == cookie;
+        });
         if (found == objects.end())
             return E_INVALIDARG;
         object = found->object;

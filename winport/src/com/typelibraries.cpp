@@ -189,17 +189,15 @@ HRESULT LoadTypeLibEx(LPCOLESTR file, REGKIND kind, ITypeLib** library)
     if (!file || !library)
         return E_INVALIDARG;
     *library = nullptr;
-    return WithoutExceptions(
-        [&]() -> HRESULT
-        {
-            TypeLibraryIdentity identity;
-            if (!ReadFromModule(file, &identity) && !ReadFromFile(file, &identity))
-                return TYPE_E_CANTLOADLIBRARY;
-            const HRESULT status = kind == REGKIND_REGISTER ? Register(identity, file, std::wstring()) : S_OK;
-            if (SUCCEEDED(status))
-                *library = new CTypeLibrary(std::move(identity));
-            return status;
-        });
+    return WithoutExceptions([&]() -> HRESULT {
+        TypeLibraryIdentity identity;
+        if (!ReadFromModule(file, &identity) && !ReadFromFile(file, &identity))
+            return TYPE_E_CANTLOADLIBRARY;
+        const HRESULT status = kind == REGKIND_REGISTER ? Register(identity, file, std::wstring()) : S_OK;
+        if (SUCCEEDED(status))
+            *library = new CTypeLibrary(std::move(identity));
+        return status;
+    });
 }
 
 /// Registers a library that LoadTypeLibEx gave, under `path`. TYPE_E_REGISTRYACCESS if a key cannot be
@@ -234,16 +232,14 @@ HRESULT QueryPathOfRegTypeLib(REFGUID guid, USHORT major, USHORT minor, LCID lci
     if (!path)
         return E_INVALIDARG;
     *path = nullptr;
-    return WithoutExceptions(
-        [&]() -> HRESULT
-        {
-            std::wstring text;
-            if (ReadClassesText(VersionKey(guid, major, minor) + PlatformKey(lcid, SYS_WIN64), &text) !=
-                ERROR_SUCCESS)
-                return TYPE_E_LIBNOTREGISTERED;
-            *path = SysAllocString(text.c_str());
-            return *path ? S_OK : E_OUTOFMEMORY;
-        });
+    return WithoutExceptions([&]() -> HRESULT {
+        std::wstring text;
+        if (ReadClassesText(VersionKey(guid, major, minor) + PlatformKey(lcid, SYS_WIN64), &text) !=
+            ERROR_SUCCESS)
+            return TYPE_E_LIBNOTREGISTERED;
+        *path = SysAllocString(text.c_str());
+        return *path ? S_OK : E_OUTOFMEMORY;
+    });
 }
 
 HRESULT DispGetIDsOfNames(ITypeInfo* info, LPOLESTR* names, UINT count, DISPID* ids)

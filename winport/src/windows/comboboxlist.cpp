@@ -15,8 +15,9 @@ LRESULT CComboBox::Add(const wchar_t* text)
     if (!(Style() & CBS_SORT))
         return Insert(-1, text);
     const auto place = std::lower_bound(m_items.begin(), m_items.end(), std::wstring(text),
-                                        [](const Item& item, const std::wstring& added)
-                                        { return CompareNames(item.text, added, NORM_IGNORECASE) < 0; });
+                                        [](const Item& item, const std::wstring& added) {
+                                            return CompareNames(item.text, added, NORM_IGNORECASE) < 0;
+                                        });
     return Insert(static_cast<int>(place - m_items.begin()), text);
 }
 
@@ -148,8 +149,7 @@ bool CComboBox::OnListKey(WPARAM key, bool alt)
 int CComboBox::TargetOf(WPARAM key) const
 {
     const int last = Count() - 1;
-    const auto within = [last, this](int step)
-    {
+    const auto within = [last, this](int step) {
         return std::clamp(m_selected + step, 0, last);
     };
     if (m_selected < 0)

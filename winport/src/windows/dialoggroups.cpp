@@ -50,8 +50,7 @@ std::vector<Window*> GroupOf(const Window& member)
     const std::vector<Window*>& all = member.parent->children;
     const std::ptrdiff_t count = std::ssize(all);
     const std::ptrdiff_t own = std::find(all.begin(), all.end(), &member) - all.begin();
-    const auto at = [&](std::ptrdiff_t index)
-    {
+    const auto at = [&](std::ptrdiff_t index) {
         return all[static_cast<std::size_t>((index + count) % count)];
     };
     std::ptrdiff_t first = own;

@@ -111,8 +111,7 @@ LRESULT CEdit::GetSelection(DWORD* first, DWORD* last) const
 void CEdit::SetSelection(int first, int last)
 {
     const std::size_t length = m_window.text.size();
-    const auto within = [length](int at)
-    {
+    const auto within = [length](int at) {
         return at < 0 ? length : std::min(static_cast<std::size_t>(at), length);
     };
     m_anchor = first == -1 ? m_caret : within(first);

@@ -25,8 +25,7 @@ int ListView::PlaceFor(const ListRow& row, int asked) const
     const DWORD order = Style() & (LVS_SORTASCENDING | LVS_SORTDESCENDING);
     if (!order)
         return asked < 0 ? -1 : std::min(asked, Count());
-    const auto comesBefore = [&](const std::unique_ptr<ListRow>& other)
-    {
+    const auto comesBefore = [&](const std::unique_ptr<ListRow>& other) {
         const int compared = CompareNames(other->text, row.text, 0);
         return order & LVS_SORTASCENDING ? compared < 0 : compared > 0;
     };
@@ -189,9 +188,9 @@ LRESULT ListView::OnSortItems(WPARAM parameter, LPARAM function)
     for (const auto& row : m_rows)
         order.push_back(row.get());
     const ListRow* focused = m_focus < 0 ? nullptr : &Row(m_focus);
-    std::stable_sort(order.begin(), order.end(),
-                     [&](const ListRow* one, const ListRow* other)
-                     { return compare(one->param, other->param, static_cast<LPARAM>(parameter)) < 0; });
+    std::stable_sort(order.begin(), order.end(), [&](const ListRow* one, const ListRow* other) {
+        return compare(one->param, other->param, static_cast<LPARAM>(parameter)) < 0;
+    });
     for (std::size_t i = 0; i < order.size(); ++i)
     {
         static_cast<void>(m_rows[i].release());
