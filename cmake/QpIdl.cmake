@@ -39,8 +39,8 @@ add_custom_command(
   COMMAND ${CMAKE_COMMAND} -E make_directory ${QP_SDK_DIR}
   COMMAND ${QP_WIDL} -I ${QP_SYSTEM_IDL} -I ${CMAKE_SOURCE_DIR}/qptools/host -t -o ${QP_TYPE_LIBRARY}
           ${CMAKE_SOURCE_DIR}/qptools/server/qptools.idl
-  COMMAND perl ${CMAKE_SOURCE_DIR}/cmake/strip-tlb-time.pl ${QP_TYPE_LIBRARY}
-  DEPENDS ${QP_IDL_FILES} ${CMAKE_SOURCE_DIR}/cmake/strip-tlb-time.pl
+  COMMAND perl ${CMAKE_SOURCE_DIR}/tools/strip-tlb-time.pl ${QP_TYPE_LIBRARY}
+  DEPENDS ${QP_IDL_FILES} ${CMAKE_SOURCE_DIR}/tools/strip-tlb-time.pl
   COMMENT "Type library"
   VERBATIM)
 

@@ -16,7 +16,6 @@
 
 namespace qptools
 {
-
 /// The type of object that an enumerator yields, taken from its RemNext.
 template <class Interface, class Element>
 Element EnumeratedBy(HRESULT (STDMETHODCALLTYPE Interface::*)(ULONG, Element**, ULONG*));
@@ -216,5 +215,4 @@ HRESULT WalkBatches(Enumerator* enumerator, Visit&& visit)
 {
     return WalkBatches(enumerator, visit, [] {});
 }
-
 } // namespace qptools

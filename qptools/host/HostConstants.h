@@ -8,7 +8,6 @@
 
 namespace qptools
 {
-
 // Classes that the host's object manager, its gateway or the system hands out.
 
 /// IQPIPDClient, the gateway to server-side objects.
@@ -116,5 +115,4 @@ enum AttributeMember : int
 
 inline constexpr LONG kDisplayEnhancedCopy = 4;
 inline constexpr LONG kDisplayPlacement = 7;
-
 } // namespace qptools

@@ -2,7 +2,6 @@
 
 namespace qptools
 {
-
 IUnknown* ObjectOf(const VARIANT& value) noexcept
 {
     const VARIANT* inner = &value;
@@ -32,5 +31,4 @@ VARIANT BorrowedObject(IUnknown* object) noexcept
     value.punkVal = object;
     return value;
 }
-
 } // namespace qptools

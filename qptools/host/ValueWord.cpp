@@ -4,10 +4,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 /// References to variants that are followed. The platform allows one; a longer chain, or a ring, counts as
 /// not set.
 constexpr int kMaxReferences = 4;
@@ -73,7 +71,6 @@ LONGLONG WordAt(VARTYPE type, const void* data) noexcept
         return 0;
     }
 }
-
 } // namespace
 
 LONGLONG ValueWord(const VARIANT& value) noexcept
@@ -88,5 +85,4 @@ LONGLONG ValueWord(const VARIANT& value) noexcept
     // A decimal is laid over the whole variant, everything else starts at the union.
     return inner->vt == VT_DECIMAL ? ReadDecimal(&inner->decVal) : WordAt(inner->vt, &inner->byref);
 }
-
 } // namespace qptools

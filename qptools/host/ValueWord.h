@@ -7,7 +7,6 @@
 
 namespace qptools
 {
-
 /// The value of `value` as one number, of which callers test whether it is zero. References (VT_BYREF) are
 /// followed.
 ///
@@ -17,5 +16,4 @@ namespace qptools
 /// - floating point numbers, dates, currency, decimals: 1 if any bit is set, so -0.0 counts as set
 /// - anything else: 0
 LONGLONG ValueWord(const VARIANT& value) noexcept;
-
 } // namespace qptools

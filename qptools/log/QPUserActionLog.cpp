@@ -14,10 +14,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 /// The text up to its first null character: a log takes none, and what follows the argument in a block must
 /// not be lost with the rest of it.
 std::wstring_view TextOf(BSTR text) noexcept
@@ -55,7 +53,6 @@ void AppendLine(std::wstring& block, std::wstring_view label, BSTR value)
     block += TextOf(value);
     block += L'\n';
 }
-
 } // namespace
 
 /// Runs `compose`, which returns the text, inside the module's UI state and writes what it returns.
@@ -125,5 +122,4 @@ HRESULT QPUserActionLog::WriteTimeStamp()
 {
     return Write([&] { return TimeStamp(); });
 }
-
 } // namespace qptools

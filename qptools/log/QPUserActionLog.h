@@ -9,7 +9,6 @@
 
 namespace qptools
 {
-
 /// Composes texts and writes each, whole, by one call to a log. All methods return S_OK once they have
 /// written, and no failure of the log is seen. Arguments may be null, which is the same as empty; of a text
 /// with a null character inside, what stands before it counts.
@@ -42,5 +41,4 @@ private:
 
     const std::wstring m_logName = L"UserActions";
 };
-
 } // namespace qptools

@@ -4,16 +4,13 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 SAFEARRAY* CreateArray(ULONG rows, ULONG columns) noexcept
 {
     SAFEARRAYBOUND bounds[] = {{rows, 0}, {columns, 0}};
     return SafeArrayCreate(VT_VARIANT, 2, bounds);
 }
-
 } // namespace
 
 ScriptArray::ScriptArray(ULONG rows, ULONG columns) noexcept : m_array(CreateArray(rows, columns)) {}
@@ -54,5 +51,4 @@ void ScriptArray::MoveTo(VARIANT* target) noexcept
     target->vt = VT_ARRAY | VT_VARIANT;
     target->parray = std::exchange(m_array, nullptr);
 }
-
 } // namespace qptools

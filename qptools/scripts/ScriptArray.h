@@ -7,7 +7,6 @@
 
 namespace qptools
 {
-
 /// Rows by columns, both from 0. Owns the array until it is handed over.
 class ScriptArray
 {
@@ -36,5 +35,4 @@ private:
 
     SAFEARRAY* m_array;
 };
-
 } // namespace qptools

@@ -5,7 +5,6 @@
 
 namespace qptools
 {
-
 /// How a command runs on several objects.
 enum class ScriptMode : unsigned char
 {
@@ -20,5 +19,4 @@ struct ScriptCommand
     ScriptMode mode = ScriptMode::EachObject;
     bool isMacro = false;
 };
-
 } // namespace qptools

@@ -6,7 +6,6 @@
 
 namespace qptools
 {
-
 XHostValue XHostValue::OfText(std::wstring_view text)
 {
     XHostValue made;
@@ -50,5 +49,4 @@ bool XHostValue::ChangeToText()
     *this = std::move(text);
     return true;
 }
-
 } // namespace qptools

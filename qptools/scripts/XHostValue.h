@@ -12,7 +12,6 @@
 
 namespace qptools
 {
-
 /// Owns one variant, with no more ado than reading hundreds of thousands of them allows.
 class XHostValue
 {
@@ -95,5 +94,4 @@ private:
 
     VARIANT m_value;
 };
-
 } // namespace qptools

@@ -10,7 +10,6 @@
 
 namespace qptools
 {
-
 HRESULT XScriptActionAndCommandManager::ShowScriptActionOrCommandDlg(
     IQPFObjectManager* /*pObjectManager*/, IQPConfigFactory* /*pCF*/, IQP_Query* /*pQuery*/,
     IQP_BaseDataObject* /*pProject*/, IQP_BaseDataObject* /*pPTS*/, IQP_BaseDataObject* /*pScriptAction*/,
@@ -55,5 +54,4 @@ HRESULT XScriptActionAndCommandManager::GetScriptsForAction(IQP_Query* pQuery, I
         return m_scriptActionPairs.Deliver(pvScriptAndActionArray, status);
     });
 }
-
 } // namespace qptools

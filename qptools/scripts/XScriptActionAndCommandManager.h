@@ -10,7 +10,6 @@
 
 namespace qptools
 {
-
 /// Answers with arrays that a caller can walk without knowing the data model: the commands to offer for a
 /// context and the scripts to run for an action. It runs neither.
 ///
@@ -61,5 +60,4 @@ private:
     /// Grows with every call of GetScriptsForAction, on purpose.
     XScriptActionPairs m_scriptActionPairs;
 };
-
 } // namespace qptools

@@ -10,10 +10,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 constexpr LONG kEnabled = 1;
 
 /// Actions attached to this type apply to every type whose name begins with kGeneralPrefix.
@@ -51,7 +49,6 @@ void NarrowByAction(XScriptSearch& search, int actionType, int beforeAfter)
     search.EqualsNumber(kAttributeActionType, actionType);
     search.EqualsNumber(L"enabled", kEnabled);
 }
-
 } // namespace
 
 HRESULT XScriptActionFinder::FindScriptActions(IQP_Query* pQuery, IQP_BaseDataObject* pPTS, BSTR bstrTypename,
@@ -84,5 +81,4 @@ HRESULT XScriptActionFinder::FindScriptActions(IQP_Query* pQuery, IQP_BaseDataOb
     m_ptrQuery->SetOrderAttribute(XQPComBSTR(L"sequence"), kOrderAscending);
     return search.Finish(ppEnum);
 }
-
 } // namespace qptools

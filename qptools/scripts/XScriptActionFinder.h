@@ -7,7 +7,6 @@
 
 namespace qptools
 {
-
 /// Made on the stack for one search. The search runs in the module's UI state.
 class XScriptActionFinder
 {
@@ -35,5 +34,4 @@ public:
 private:
     ComPtr<IQP_Query> m_ptrQuery;
 };
-
 } // namespace qptools

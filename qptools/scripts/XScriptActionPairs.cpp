@@ -12,7 +12,6 @@
 
 namespace qptools
 {
-
 HRESULT XScriptActionPairs::AppendFrom(IEnumBaseDataObject* actions, HRESULT status)
 {
     if (!actions)
@@ -54,5 +53,4 @@ HRESULT XScriptActionPairs::Deliver(VARIANT* target, HRESULT status) const
     result.MoveTo(target);
     return status;
 }
-
 } // namespace qptools

@@ -9,7 +9,6 @@
 
 namespace qptools
 {
-
 /// An ordered list that only grows, for as long as it lives.
 class XScriptActionPairs
 {
@@ -40,5 +39,4 @@ private:
 
     std::vector<Pair> m_pairs;
 };
-
 } // namespace qptools

@@ -8,10 +8,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 constexpr wchar_t kAttributeUserInterfaceType[] = L"userinterfacetype";
 constexpr LONG kBothUserInterfaces = 3;
 
@@ -25,7 +23,6 @@ void NarrowByOffer(XScriptSearch& search, int userInterfaceType)
     search.EqualsNumber(kAttributeUserInterfaceType, kBothUserInterfaces);
     search.SetCatenation(kCatenationClose);
 }
-
 } // namespace
 
 HRESULT XScriptCommandFinder::FindScriptCommands(IQP_Query* pQuery, IQP_BaseDataObject* pPTS,
@@ -56,5 +53,4 @@ HRESULT XScriptCommandFinder::FindScriptCommands(IQP_Query* pQuery, IQP_BaseData
     NarrowByOffer(search, iUserInterfaceType);
     return search.Finish(ppEnum);
 }
-
 } // namespace qptools

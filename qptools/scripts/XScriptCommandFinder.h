@@ -7,7 +7,6 @@
 
 namespace qptools
 {
-
 /// Made on the stack for one search. The search runs in the module's UI state.
 class XScriptCommandFinder
 {
@@ -33,5 +32,4 @@ public:
 private:
     ComPtr<IQP_Query> m_ptrQuery;
 };
-
 } // namespace qptools

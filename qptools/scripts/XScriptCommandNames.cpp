@@ -8,10 +8,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 constexpr int kFirstSuffix = 2;
 
 /// "Name(12)", for numbers above zero.
@@ -37,7 +35,6 @@ HRESULT CompareNames(BSTR first, BSTR second) noexcept
 {
     return VarBstrCmp(first, second, LOCALE_USER_DEFAULT, 0);
 }
-
 } // namespace
 
 bool XScriptCommandNames::Before::operator()(BSTR first, BSTR second) const noexcept
@@ -147,5 +144,4 @@ void XScriptCommandNames::MergeMadeNames()
     std::merge(m_places.begin(), m_places.end(), made.begin(), made.end(), std::back_inserter(all), Before());
     m_places = std::move(all);
 }
-
 } // namespace qptools

@@ -18,7 +18,6 @@
 
 namespace qptools
 {
-
 /// A command under the name that it is shown by. The name is owned by a command of the list or by
 /// XScriptCommandNames.
 struct NamedCommand
@@ -83,5 +82,4 @@ private:
     std::deque<XQPComBSTR> m_placedNames;
     std::unordered_map<std::wstring_view, Repeats> m_repeats;
 };
-
 } // namespace qptools

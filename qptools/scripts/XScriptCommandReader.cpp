@@ -13,10 +13,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 /// Reads an attribute as text and puts the host's answer into `status`. Anything without a text reads as
 /// nothing.
 XHostValue ReadText(IQP_BaseDataObject* object, const XQPComBSTR& attribute, HRESULT& status)
@@ -27,7 +25,6 @@ XHostValue ReadText(IQP_BaseDataObject* object, const XQPComBSTR& attribute, HRE
         value.Clear();
     return value;
 }
-
 } // namespace
 
 XScriptCommandReader::XScriptCommandReader(XScriptCommandTable& table, HRESULT status)
@@ -120,5 +117,4 @@ bool XScriptCommandReader::IsOnceForAll(std::wstring_view shortName)
         m_onceForAll = CoTranslateText(L"Once for all objects");
     return shortName == L"0" || shortName == m_onceForAll;
 }
-
 } // namespace qptools

@@ -13,7 +13,6 @@
 
 namespace qptools
 {
-
 class XScriptCommandTable;
 
 /// Walks an enumerator of script commands once, and adds those that the user may run to a table. It keeps one
@@ -54,5 +53,4 @@ private:
     const XQPComBSTR m_nameAttribute;
     const XQPComBSTR m_macroAttribute;
 };
-
 } // namespace qptools

@@ -7,10 +7,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 /// The mode as the caller reads it: the texts are made once for the process.
 BSTR ModeText(ScriptMode mode)
 {
@@ -18,7 +16,6 @@ BSTR ModeText(ScriptMode mode)
     static const XQPComBSTR eachObject(L"1");
     return mode == ScriptMode::OnceForAll ? onceForAll : eachObject;
 }
-
 } // namespace
 
 HRESULT XScriptCommandTable::Deliver(VARIANT* target, HRESULT status) const
@@ -50,5 +47,4 @@ HRESULT XScriptCommandTable::PutRow(ScriptArray& result, LONG row, const NamedCo
         status = result.PutText(row, 2, ModeText(command.mode));
     return status;
 }
-
 } // namespace qptools

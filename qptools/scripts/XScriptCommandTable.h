@@ -12,7 +12,6 @@
 
 namespace qptools
 {
-
 class ScriptArray;
 struct NamedCommand;
 
@@ -38,5 +37,4 @@ private:
 
     std::vector<ScriptCommand> m_commands;
 };
-
 } // namespace qptools

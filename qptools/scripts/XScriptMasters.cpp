@@ -6,10 +6,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 /// `master` stays as it stands; what it stands for is looked at in a copy.
 bool IsDataObject(const XHostValue& master)
 {
@@ -25,7 +23,6 @@ bool ReadMaster(IQP_BaseDataObject* object, XHostValue& master)
 {
     return object->GetAttribute(XQPComBSTR(L"master"), master.put()) == S_OK && IsDataObject(master);
 }
-
 } // namespace
 
 XScriptMasters::XScriptMasters(IQP_BaseDataObject* planTypeSet, IQP_BaseDataObject* planType)
@@ -33,5 +30,4 @@ XScriptMasters::XScriptMasters(IQP_BaseDataObject* planTypeSet, IQP_BaseDataObje
       m_hasPlanType(m_hasPlanTypeSet && planType && ReadMaster(planType, m_planType))
 {
 }
-
 } // namespace qptools

@@ -7,7 +7,6 @@
 
 namespace qptools
 {
-
 /// Reads the attribute "master" of a plan type set and, only if that set has one, of the plan type. Whatever
 /// does not give a data object is taken as no master, and nothing is reported.
 class XScriptMasters
@@ -29,5 +28,4 @@ private:
     bool m_hasPlanTypeSet = false;
     bool m_hasPlanType = false;
 };
-
 } // namespace qptools

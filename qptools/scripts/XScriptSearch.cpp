@@ -8,10 +8,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 constexpr wchar_t kAttributePlanTypeSet[] = L"orvoplantypeset";
 
 /// A variant that borrows what it refers to: never cleared.
@@ -31,7 +29,6 @@ HRESULT CopyResolved(const VARIANT& value, XHostValue& copy)
     *copy.put() = value;
     return S_OK;
 }
-
 } // namespace
 
 HRESULT XScriptSearch::SetCatenation(LONG catenation)
@@ -156,5 +153,4 @@ HRESULT XScriptSearch::Finish(IEnumBaseDataObject** found)
         *found = result.detach();
     return status;
 }
-
 } // namespace qptools

@@ -10,7 +10,6 @@
 
 namespace qptools
 {
-
 /// The type name that a script action or a script command is attached to.
 inline constexpr wchar_t kAttributeType[] = L"type";
 
@@ -70,5 +69,4 @@ inline std::wstring_view TextOf(BSTR text) noexcept
 {
     return text ? std::wstring_view(text, SysStringLen(text)) : std::wstring_view();
 }
-
 } // namespace qptools

@@ -14,10 +14,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 constexpr UINT kTemplate = 201;
 constexpr UINT kCreateNewButton = 3;
 constexpr UINT kPlaceholder = 206;
@@ -41,7 +39,6 @@ std::wstring_view TextOf(const XQPComVariant& name)
     const BSTR text = name.Value().bstrVal;
     return {text ? text : L"", SysStringLen(text)};
 }
-
 } // namespace
 
 XProjectChoiceDlg::XProjectChoiceDlg(IQP_BaseDataObject* root, const wchar_t* title,
@@ -168,5 +165,4 @@ void XProjectChoiceDlg::OnCreateNew()
     else
         CDialog::OnOK();
 }
-
 } // namespace qptools

@@ -15,7 +15,6 @@
 
 namespace qptools
 {
-
 /// Lists the names of the children, sorted. Besides OK (end code 1) and Cancel (2) it has button 3, which
 /// stands for the wish to make a new one.
 class XProjectChoiceDlg final : public CDialog
@@ -61,5 +60,4 @@ private:
     LONG m_showTemplates;
     bool m_showCancel;
 };
-
 } // namespace qptools

@@ -11,10 +11,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 constexpr UINT kTemplate = 207;
 constexpr UINT kPlaceholder = 206;
 constexpr UINT kList = 6666;
@@ -25,7 +23,6 @@ constexpr int kObjectColumn = 1;
 
 /// What the frame of the list takes from the first column.
 constexpr int kFrame = 5;
-
 } // namespace
 
 XSelectDlg::XSelectDlg(Entries entries, const wchar_t* title)
@@ -99,5 +96,4 @@ void XSelectDlg::OnDoubleClick(NMHDR*, LRESULT*)
 {
     OnOK();
 }
-
 } // namespace qptools

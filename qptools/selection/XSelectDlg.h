@@ -11,7 +11,6 @@
 
 namespace qptools
 {
-
 /// Shows one row for each object. Nothing in it knows what the objects are, but for the wording of one
 /// message, which speaks of what the dialog was made for first.
 class XSelectDlg final : public CDialog
@@ -50,5 +49,4 @@ private:
     XQPComBSTR m_title;
     XBaseListCtrl m_list;
 };
-
 } // namespace qptools

@@ -9,10 +9,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 constexpr UINT kTemplate = 204;
 constexpr UINT kPlaceholder = 206;
 constexpr DWORD kListStyle = 0x50800000;
@@ -23,7 +21,6 @@ constexpr UINT kList = kPlaceholder;
 
 /// No control has this identifier.
 constexpr UINT kDoubleClicked = 203;
-
 } // namespace
 
 XSelectOrvoitemDlg::XSelectOrvoitemDlg(HWND parent, const wchar_t* itemType, IQP_BaseDataObject* dataObject,
@@ -136,5 +133,4 @@ void XSelectOrvoitemDlg::OnDoubleClick(NMHDR*, LRESULT*)
 {
     OnOK();
 }
-
 } // namespace qptools

@@ -15,7 +15,6 @@
 
 namespace qptools
 {
-
 /// The columns of the list of scripts.
 enum ScriptColumn : int
 {
@@ -142,5 +141,4 @@ private:
     XQPComBSTR m_bstrItemType;
     XBaseListCtrl m_list;
 };
-
 } // namespace qptools

@@ -14,10 +14,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 constexpr FixedText kAttributeProject(L"orvoproject");
 
 /// Any answer but S_OK, failures too, is a no.
@@ -81,7 +79,6 @@ void Give(const ComPtr<IQP_BaseDataObject>& found, IQP_BaseDataObject** result)
     if (found)
         found.copyTo(result);
 }
-
 } // namespace
 
 HRESULT XSelectOrvoitemDlg::GetProjectFromDO(IQP_BaseDataObject* pDO, IQP_BaseDataObject** ppProject) const
@@ -152,5 +149,4 @@ HRESULT XSelectOrvoitemDlg::GetOrvoCompBase(IQP_BaseDataObject* pDO, const wchar
     Give(base, ppBase);
     return S_OK;
 }
-
 } // namespace qptools

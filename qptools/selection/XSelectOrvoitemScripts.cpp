@@ -16,10 +16,8 @@
 
 namespace qptools
 {
-
 namespace
 {
-
 /// Meant as it is: the label of the one routine that reports nothing ends in a tab, not in two blanks.
 [[maybe_unused]] constexpr wchar_t kActionLabel[] = L"XSelectOrvoitemDlg::AddScriptActionVectorToMap\t";
 
@@ -51,7 +49,6 @@ const wchar_t* LocationOf(const XQPComVariant& project)
 {
     return project.Type() == VT_UNKNOWN && project.Value().punkVal ? L"Project Lib" : L"Library";
 }
-
 } // namespace
 
 HRESULT XSelectOrvoitemDlg::GetScriptsFromProject(XBaseListCtrl* list) const
@@ -176,5 +173,4 @@ HRESULT XSelectOrvoitemDlg::AddScriptActionVectorToMap(IQP_BaseDataObject* actio
     out.emplace(action, std::move(record));
     return S_OK;
 }
-
 } // namespace qptools

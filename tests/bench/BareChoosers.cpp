@@ -17,7 +17,6 @@
 
 namespace
 {
-
 /// A list in a window of its own, filled by the messages of the system alone.
 class BareList
 {
@@ -151,7 +150,6 @@ ComPtr<IEnumBaseDataObject> Search(IQP_Query* query, IQP_BaseDataObject* project
     query->GetSearchResult(found.put());
     return found;
 }
-
 } // namespace
 
 ScriptBenchHost::ScriptBenchHost(std::size_t scripts)

@@ -7,7 +7,6 @@
 
 namespace
 {
-
 const wchar_t* const kVerbs[] = {L"Check",  L"Report", L"Export", L"Create", L"Balance", L"Assign",
                                  L"Update", L"Print",  L"Lock",   L"Send",   L"Record",  L"Compare"};
 const wchar_t* const kNouns[] = {L"clamp",  L"weldspots", L"cycletime", L"robot", L"paintlot",  L"tool",
@@ -36,7 +35,6 @@ std::vector<ComPtr<MemoryObject>> MakeScripts(MemoryHost& host)
         scripts.push_back(host.Named(L"script"));
     return scripts;
 }
-
 } // namespace
 
 BenchHost::BenchHost(std::size_t count, Prompts prompts)

@@ -12,7 +12,6 @@ const CLSID kEmptyClass = {0x2f1c9a10, 0x6d5e, 0x4b0c, {0x9a, 0x31, 0x7e, 0x22, 
 
 namespace
 {
-
 class EmptyObject final : public IUnknown
 {
 public:
@@ -83,7 +82,6 @@ const WinportExport kExports[] = {
 const WinportModule kModule = {"qp_empty.dll", &EmptyMain, kExports, std::size(kExports), nullptr, 0};
 
 [[maybe_unused]] const int g_registered = WinportRegisterModule(&kModule);
-
 } // namespace
 
 void RegisterEmptyModule()

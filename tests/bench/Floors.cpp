@@ -9,7 +9,6 @@
 
 namespace
 {
-
 void Criterion(IQP_Query* query, const wchar_t* column, VARTYPE type, LONG number)
 {
     VARIANT value;
@@ -115,7 +114,6 @@ struct FloorAction
     IQP_BaseDataObject* action;
     IQP_BaseDataObject* script;
 };
-
 } // namespace
 
 void CommandsFloor(IQP_Query* query, IQP_BaseDataObject* set, BSTR typeName, VARIANT* result)

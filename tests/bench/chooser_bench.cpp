@@ -18,7 +18,6 @@
 
 namespace
 {
-
 /// Fails the run rather than measure something else than was meant.
 void Require(bool holds, const char* what)
 {
@@ -201,5 +200,4 @@ BENCHMARK(SelectBare)->Name("QPSelectDlg/floor")->AT_TEN_THOUSAND;
 BENCHMARK(ChooserList<1>)->Name("QPSelectDlg/list")->AT_TEN_THOUSAND;
 BENCHMARK(ProjectService)->Name("GetProject/service");
 BENCHMARK(ProjectBare)->Name("GetProject/floor");
-
 } // namespace

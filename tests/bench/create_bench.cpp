@@ -13,7 +13,6 @@
 
 namespace
 {
-
 void RegisterQptools()
 {
     const HMODULE module = LoadLibraryW(L"qptools.dll");
@@ -63,5 +62,4 @@ BENCHMARK(FirstOfEmptyModule)
     ->Name("CoCreateInstance/empty module")
     ->Unit(benchmark::kMicrosecond)
     ->UseManualTime();
-
 } // namespace

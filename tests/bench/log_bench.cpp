@@ -11,7 +11,6 @@
 
 namespace
 {
-
 constexpr char kLine[] = "Object ID: $4711 was opened by the planner in the body shop\n";
 constexpr wchar_t kWideLine[] = L"Object ID: $4711 was opened by the planner in the body shop\n";
 
@@ -67,5 +66,4 @@ BENCHMARK(AppendKeptOpen)
     ->Name("WriteLine/append, file kept open")
     ->Unit(benchmark::kMicrosecond)
     ->UseRealTime();
-
 } // namespace

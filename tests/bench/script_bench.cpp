@@ -19,7 +19,6 @@
 
 namespace
 {
-
 /// Fails the run rather than measure something else than was meant.
 void Require(bool holds, const char* what)
 {
@@ -138,5 +137,4 @@ BENCHMARK(CommandsBare)->Name("GetScriptCommands/floor")->AT_ALL_SIZES;
 BENCHMARK_CAPTURE(CommandsService, same, Prompts::AllTheSame)
     ->Name("GetScriptCommands/one prompt")
     ->AT_ALL_SIZES;
-
 } // namespace

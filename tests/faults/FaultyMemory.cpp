@@ -7,7 +7,6 @@
 
 namespace
 {
-
 struct Plan
 {
     long failing = 0;
@@ -29,7 +28,6 @@ bool Granted() noexcept
     plan->struck = true;
     return false;
 }
-
 } // namespace
 
 FaultyMemory::FaultyMemory(long n, Failing failing, bool (*exempt)() noexcept) noexcept

@@ -10,7 +10,6 @@
 
 namespace
 {
-
 std::string Narrow(const std::wstring& text)
 {
     return {text.begin(), text.end()}; // the sample's texts are ASCII
@@ -262,7 +261,6 @@ bool TakeCommand(LetterTable& table, IQP_BaseDataObject* command, HRESULT& statu
     StoreScript(table, name, {Reference(script), once ? L"0" : L"1"});
     return true;
 }
-
 } // namespace
 
 std::string NameInPlant(IUnknown* object)

@@ -6,7 +6,6 @@
 
 namespace
 {
-
 constexpr LONG kOldValue = 42;
 
 /// The whole rows with their last cells left out.
@@ -40,7 +39,6 @@ bool IsCriterionOnText(const std::string& call)
     return call.starts_with("SetSearchAttribute(type, 1, BSTR") ||
            call.starts_with("IQP_Query::SetSearchAttribute(\"type\", 1, \"");
 }
-
 } // namespace
 
 MemorySweep::MemorySweep(std::function<MemoryRun(long n)> run, std::function<long()> liveObjects)

@@ -23,12 +23,10 @@ extern "C"
 
 namespace
 {
-
 bool g_refusesArrays = false;
 int g_cells = 0;             ///< put so far
 int g_brokenCell = 0;        ///< the n-th cell from 1, 0 for none
 HRESULT g_cellStatus = S_OK; ///< what it answers
-
 } // namespace
 
 SAFEARRAY* __wrap_SafeArrayCreate(VARTYPE type, UINT dimensions, SAFEARRAYBOUND* bounds)
@@ -43,7 +41,6 @@ HRESULT __wrap_SafeArrayPutElement(SAFEARRAY* array, LONG* indices, void* value)
 
 namespace
 {
-
 class ArrayFaults : public ::testing::Test
 {
 protected:
@@ -180,5 +177,4 @@ TEST_F(ArrayFaults, CellsThatAreAllPutHideTheStatusOfTheWalk)
     EXPECT_EQ(Rows(), commands);
     EXPECT_EQ(g_cells, 10);
 }
-
 } // namespace

@@ -8,7 +8,6 @@
 
 namespace
 {
-
 class ProjectChoiceMemory : public ProjectChoiceFixture
 {
 protected:
@@ -58,5 +57,4 @@ TEST_F(ScriptPickerMemory, IsTheStatusAndNothingIsWritten)
     host.onCall = nullptr;
     EXPECT_EQ(Show({Presses(IDOK)}), (Outcome{S_OK, "s"}));
 }
-
 } // namespace

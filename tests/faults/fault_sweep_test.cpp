@@ -19,7 +19,6 @@ using refhost::Plant;
 
 namespace
 {
-
 struct Context
 {
     const wchar_t* set;
@@ -256,5 +255,4 @@ TEST_P(FaultSweep, AFailedStepOfTheWalkLeavesTheRowsBeforeItAndAFailedReadItsOwn
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, FaultSweep, ::testing::ValuesIn(kWays), NameOfWay);
-
 } // namespace

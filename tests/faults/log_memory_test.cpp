@@ -14,7 +14,6 @@
 
 namespace
 {
-
 struct Method
 {
     const char* name;
@@ -105,5 +104,4 @@ TEST_P(LogMemory, AFailedAllocationLeavesAsOneExceptionOrIsNotSeen)
 
 INSTANTIATE_TEST_SUITE_P(Methods, LogMemory, ::testing::ValuesIn(Methods()),
                          [](const auto& info) { return std::string(info.param.name); });
-
 } // namespace

@@ -15,7 +15,6 @@
 
 namespace
 {
-
 class LookupMemory : public ::testing::TestWithParam<FaultyMemory::Failing>
 {
 protected:
@@ -131,5 +130,4 @@ INSTANTIATE_TEST_SUITE_P(Ways, LookupMemory,
                          [](const auto& info) {
                              return info.param == FaultyMemory::Failing::Once ? "Once" : "FromThere";
                          });
-
 } // namespace

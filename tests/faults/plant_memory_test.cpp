@@ -18,7 +18,6 @@
 
 namespace
 {
-
 struct PlantCase
 {
     const char* name;
@@ -125,5 +124,4 @@ TEST_P(PlantMemory, EveryAllocationOfGetScriptsForAction)
 INSTANTIATE_TEST_SUITE_P(Places, PlantMemory, ::testing::ValuesIn(PlantCases()), [](const auto& info) {
     return std::string(info.param.name) + NameOf(info.param.failing);
 });
-
 } // namespace

@@ -16,7 +16,6 @@
 
 namespace
 {
-
 struct MemoryCase
 {
     const char* name;
@@ -224,5 +223,4 @@ TEST_P(ScriptMemory, ACallAfterOneWithoutMemoryReturnsWhatWasFoundInBoth)
 INSTANTIATE_TEST_SUITE_P(Modes, ScriptMemory, ::testing::ValuesIn(MemoryCases()), [](const auto& info) {
     return std::string(info.param.name) + NameOf(info.param.failing);
 });
-
 } // namespace

@@ -12,7 +12,6 @@
 
 namespace walks
 {
-
 using namespace qptools;
 
 using Object = CCountedElement<IQPFObject>;
@@ -104,5 +103,4 @@ protected:
 };
 
 using Seen = std::vector<IQPFObject*>;
-
 } // namespace walks

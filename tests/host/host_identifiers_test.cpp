@@ -11,7 +11,6 @@
 
 namespace
 {
-
 std::string Text(const GUID& id)
 {
     char text[40];
@@ -20,7 +19,6 @@ std::string Text(const GUID& id)
                   id.Data4[3], id.Data4[4], id.Data4[5], id.Data4[6], id.Data4[7]);
     return text;
 }
-
 } // namespace
 
 /// Both ways in which C++ code reaches an interface's identifier.

@@ -11,7 +11,6 @@
 
 namespace
 {
-
 /// The entry that was called last.
 int g_entry = -1;
 
@@ -46,7 +45,6 @@ int SlotOf(Call call)
     call(reinterpret_cast<Interface*>(&object));
     return g_entry;
 }
-
 } // namespace
 
 // The object has a hand-made table, which the sanitizer's check of dynamic types does not know.
@@ -231,7 +229,6 @@ TEST(ComponentSlots, CopyOptDlg)
 
 namespace
 {
-
 /// A host's key store as a foreign compiler would call it.
 class CRecordingStore final : public IQPSessionDataManager
 {
@@ -272,7 +269,6 @@ public:
     VARIANT* m_value = nullptr;
     LONG m_scope = 0;
 };
-
 } // namespace
 
 TEST(HostSlots, GetValueReachesItsArgumentsThroughTheRawTable)

@@ -10,7 +10,6 @@ using qptools::ObjectOf;
 
 namespace
 {
-
 /// Counts the references that are taken; nothing else may be asked of it.
 class Counted final : public IUnknown
 {
@@ -31,7 +30,6 @@ VARIANT Dirty(VARTYPE type, void* object)
     value.byref = object;
     return value;
 }
-
 } // namespace
 
 TEST(ObjectValue, AReferenceIsItsObjectAndTakesNoReference)

@@ -9,7 +9,6 @@ using qptools::ValueWord;
 
 namespace
 {
-
 /// A variant of `type` whose every other byte is set, so that a read beyond the type's own bytes is seen.
 VARIANT Dirty(VARTYPE type)
 {
@@ -25,7 +24,6 @@ IUnknown* SomeObject()
     static int place;
     return reinterpret_cast<IUnknown*>(&place);
 }
-
 } // namespace
 
 /// The word of a variant of `type` with `member` set, all other bytes dirty; and the same through a

@@ -313,5 +313,4 @@ TEST_F(GivenObjects, AreMissedByABoxThatEachKeyOfABoxCloses)
     user.Ends("Escape");
     EXPECT_EQ(Show(), "null");
 }
-
 } // namespace

@@ -13,7 +13,6 @@ std::function<void()> g_atTranslation;
 
 namespace
 {
-
 /// Every translation is its text in square brackets.
 wchar_t* Translated(const std::wstring& text, bool changeable, bool narrow)
 {
@@ -23,7 +22,6 @@ wchar_t* Translated(const std::wstring& text, bool changeable, bool narrow)
         g_atTranslation();
     return kept.emplace_back(L"[" + text + L"]").data();
 }
-
 } // namespace
 
 void XQPError::WriteLogLine(const wchar_t* logName, const wchar_t* text) noexcept

@@ -8,7 +8,6 @@
 
 namespace
 {
-
 /// Before anything is translated in this program.
 const bool g_german = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
 
@@ -37,5 +36,4 @@ TEST(GermanUserActionLog, TwoLabelsAreTranslatedWithTheirTrailingBlanksAndNothin
                                    kTimeStampShape + "\n"))
         << text;
 }
-
 } // namespace

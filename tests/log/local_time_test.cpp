@@ -15,7 +15,6 @@
 
 namespace
 {
-
 /// The clock of the zone, computed from the universal time.
 class LocalTime : public ::testing::Test
 {
@@ -74,5 +73,4 @@ TEST_F(LocalTime, StampsTheLogBook)
     EXPECT_LE(before, stamp);
     EXPECT_LE(stamp, Now(format));
 }
-
 } // namespace

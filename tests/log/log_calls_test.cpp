@@ -16,7 +16,6 @@
 
 namespace
 {
-
 class LogCalls : public ::testing::Test
 {
 protected:
@@ -162,5 +161,4 @@ TEST_F(LogCalls, AnyOtherFailureIsAStatusAndNotTakenForWantOfMemory)
     }
     EXPECT_TRUE(g_logCalls.empty());
 }
-
 } // namespace

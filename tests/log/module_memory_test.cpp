@@ -15,7 +15,6 @@
 
 namespace
 {
-
 /// How the compiler's runtime raises a C++ exception, and how it goes on with one for which it has found a
 /// handler.
 constexpr DWORD kThrown = 0x20474343;
@@ -144,5 +143,4 @@ INSTANTIATE_TEST_SUITE_P(Methods, ModuleWithoutMemory,
                                                       return log->WriteTimeStamp();
                                                   }}),
                          [](const auto& info) { return std::string(info.param.name); });
-
 } // namespace

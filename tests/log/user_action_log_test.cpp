@@ -8,7 +8,6 @@
 
 namespace
 {
-
 class UserActionLog : public ::testing::Test
 {
 protected:
@@ -162,5 +161,4 @@ TEST_F(UserActionLog, ALogThatCannotBeWrittenIsNotSeen)
     EXPECT_EQ(log->WriteTimeStampWithInfo(nullptr), S_OK);
     EXPECT_EQ(log->WriteUserActionInfo(nullptr, nullptr, nullptr, nullptr, nullptr), S_OK);
 }
-
 } // namespace

@@ -11,7 +11,6 @@ using namespace qptools;
 
 namespace
 {
-
 static_assert(std::has_virtual_destructor_v<XScriptActionFinder>);
 static_assert(sizeof(XScriptActionFinder) == 2 * sizeof(void*), "the virtual table and one reference");
 
@@ -249,5 +248,4 @@ TEST_F(ActionFinderCalls, TheSearchRunsInsideTheUiState)
     EXPECT_EQ(CUiState::Entries() - entries, 1u);
     EXPECT_EQ(CUiState::Depth(), 0);
 }
-
 } // namespace

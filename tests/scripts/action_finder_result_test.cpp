@@ -9,7 +9,6 @@ using namespace qptools;
 
 namespace
 {
-
 IEnumBaseDataObject* const kUntouched = reinterpret_cast<IEnumBaseDataObject*>(0x1234);
 
 class ActionFinderResult : public SearchFixture
@@ -266,5 +265,4 @@ TEST_F(ActionFinderResult, ASearchWithANullQueryReleasesTheEarlierOne)
     EXPECT_EQ(Find(nullptr, set.get(), L"machine", nullptr), E_POINTER);
     EXPECT_EQ(query.References(), 0u);
 }
-
 } // namespace

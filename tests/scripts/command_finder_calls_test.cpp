@@ -11,7 +11,6 @@ using namespace qptools;
 
 namespace
 {
-
 static_assert(std::has_virtual_destructor_v<XScriptCommandFinder>);
 static_assert(sizeof(XScriptCommandFinder) == 2 * sizeof(void*), "the virtual table and one reference");
 
@@ -195,5 +194,4 @@ TEST_F(CommandFinderCalls, TheSearchRunsInsideTheUiState)
     EXPECT_EQ(CUiState::Entries() - entries, 1u);
     EXPECT_EQ(CUiState::Depth(), 0);
 }
-
 } // namespace

@@ -9,7 +9,6 @@ using namespace qptools;
 
 namespace
 {
-
 IEnumBaseDataObject* const kUntouched = reinterpret_cast<IEnumBaseDataObject*>(0x1234);
 
 class CommandFinderResult : public SearchFixture
@@ -201,5 +200,4 @@ TEST_F(CommandFinderResult, TheQueryIsHeldUntilTheFinderEndsOrSearchesAnother)
     }
     EXPECT_EQ(query.References(), 0u);
 }
-
 } // namespace

@@ -5,7 +5,6 @@
 
 namespace
 {
-
 class ScriptsForAction : public ManagerFixture
 {
 };
@@ -330,5 +329,4 @@ TEST_F(ScriptsForAction, OnlyTheSearchRunsInsideTheUiState)
     EXPECT_EQ(outside, (Calls{"RemNext(1)", "a1.GetAttribute(script)", "RemNext(1)"}));
     EXPECT_EQ(CUiState::Entries() - entries, 1u);
 }
-
 } // namespace

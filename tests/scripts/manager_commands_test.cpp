@@ -6,7 +6,6 @@
 
 namespace
 {
-
 class ScriptCommands : public ManagerFixture
 {
 };
@@ -360,5 +359,4 @@ TEST_F(ScriptCommands, TheDialogIsNotThereYetAndEntersTheUiState)
     EXPECT_EQ(CUiState::Entries() - entries, 1u);
     EXPECT_EQ(CUiState::Depth(), 0);
 }
-
 } // namespace

@@ -5,7 +5,6 @@
 
 namespace
 {
-
 class CommandNames : public ManagerFixture
 {
 protected:
@@ -276,5 +275,4 @@ TEST_F(CommandNames, AThousandMixedListsAreNamedAsTheRuleSays)
         ASSERT_EQ(rows, expected) << "list " << list;
     }
 }
-
 } // namespace

@@ -3,7 +3,6 @@
 
 namespace
 {
-
 class CommandStatus : public ManagerFixture
 {
 protected:
@@ -294,5 +293,4 @@ TEST_F(CommandStatus, WithoutAVariantTheSearchAndTheWalkRunInFull)
     query.result.reset();
     EXPECT_EQ(host.LiveObjects(), before);
 }
-
 } // namespace

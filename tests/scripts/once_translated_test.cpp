@@ -6,7 +6,6 @@
 
 namespace
 {
-
 /// Before anything is translated in this program.
 const bool g_german = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
 
@@ -53,5 +52,4 @@ TEST_F(GermanCommands, AMacroRunsForEachObjectWhateverItsShortName)
     EXPECT_EQ(GetCommands(), S_OK);
     EXPECT_EQ(Rows(), (TextRows{{"A", "M1", "1"}, {"B", "M2", "1"}, {"C", "M3", "1"}, {"D", "M4", "1"}}));
 }
-
 } // namespace

@@ -8,7 +8,6 @@
 
 namespace
 {
-
 class PlantActions : public ScriptPlant
 {
 protected:
@@ -266,5 +265,4 @@ TEST_F(PlantActions, EachSearchIsOneStatementOfTheHost)
               S_OK);
     EXPECT_EQ(plant->Statements() - before, ofMaster + 1);
 }
-
 } // namespace

@@ -5,7 +5,6 @@
 
 namespace
 {
-
 class PlantCommands : public ScriptPlant
 {
 protected:
@@ -214,5 +213,4 @@ TEST_F(PlantCommands, NothingFoundIsAnEmptyTable)
     EXPECT_EQ(status, S_OK);
     EXPECT_LINES(Walked(), Lines{kNext});
 }
-
 } // namespace

@@ -7,7 +7,6 @@ using namespace qptools;
 
 namespace
 {
-
 class ScriptSearch : public SearchFixture
 {
 };
@@ -70,5 +69,4 @@ TEST_F(ScriptSearch, AValueThatCannotBeCopiedIsNotPassedOn)
     EXPECT_EQ(search.SetCriterion(L"type", 1, broken), E_INVALIDARG);
     EXPECT_CALLS(Calls{});
 }
-
 } // namespace

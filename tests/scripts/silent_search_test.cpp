@@ -8,7 +8,6 @@
 
 namespace
 {
-
 class SilentSearch : public ManagerFixture
 {
 protected:
@@ -97,5 +96,4 @@ TEST_F(SilentSearch, WhereAllGoesWell)
     AskForEverything();
     EXPECT_EQ(Rows(), (TextRows{{"weld", "<weld>", "1"}, {"weld(2)", "<weld>", "1"}}));
 }
-
 } // namespace

@@ -8,7 +8,6 @@
 
 namespace
 {
-
 constexpr std::size_t kLongest = 240;
 constexpr char kIndent[] = "    ";
 
@@ -51,7 +50,6 @@ std::map<std::string, Lines> ReadTraces(const char* path)
             lines = &traces[line];
     return traces;
 }
-
 } // namespace
 
 void Story::Tell(const std::vector<std::string>& calls)

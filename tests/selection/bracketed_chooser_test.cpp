@@ -5,7 +5,6 @@
 
 namespace
 {
-
 /// Before anything is translated in this program.
 const bool g_bracketed = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"qps") != 0;
 
@@ -138,5 +137,4 @@ TEST_F(BracketedSelectDialog, TranslatesTitlePromptsButtonsAndHeadingOnce)
           },
           ClickBesideTheRows, Presses(IDOK), Presses(IDCANCEL)});
 }
-
 } // namespace

@@ -12,7 +12,6 @@ using refhost::Plant;
 
 namespace
 {
-
 /// What a run shows.
 struct Shown
 {
@@ -298,5 +297,4 @@ TEST_P(ScriptFaults, EveryCallOfTheScriptPicker)
 
 INSTANTIATE_TEST_SUITE_P(Ways, ChooserFaults, ::testing::ValuesIn(kWays), NameOfWay);
 INSTANTIATE_TEST_SUITE_P(Ways, ScriptFaults, ::testing::ValuesIn(kWays), NameOfWay);
-
 } // namespace

@@ -7,7 +7,6 @@
 
 namespace
 {
-
 /// What was recorded is compared with what is written down for the test.
 class ToldPlant : public ChooserPlant
 {
@@ -253,5 +252,4 @@ TEST_F(PlantChoosers, TheGenericDialogTakesObjectsOfThePlant)
     for (const tagINITVALUE& value : values)
         SysFreeString(value.bstrParamName);
 }
-
 } // namespace

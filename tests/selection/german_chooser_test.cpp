@@ -4,7 +4,6 @@
 
 namespace
 {
-
 /// Before anything is translated in this program.
 const bool g_german = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
 
@@ -124,5 +123,4 @@ TEST_F(GermanSelectDialog, TranslatesPromptsAndTitleAsIfTheyWereItsOwn)
                       ClickBesideTheRows, Presses(IDOK), Presses(IDCANCEL)});
     EXPECT_EQ(dialog->ShowDialog(3, values, nullptr), S_OK);
 }
-
 } // namespace

@@ -5,7 +5,6 @@
 
 namespace
 {
-
 // Plan type.
 
 TEST_F(ItemLookup, ThePlanTypeIsReadFromTheObjectAndNothingElseIsAsked)
@@ -197,5 +196,4 @@ TEST_F(ItemLookup, EachLookupShowsTheWaitCursorWhileTheHostWorksAndPutsTheOldOne
     EXPECT_EQ(seen, 4 + 1 + 1 + 1);
     EXPECT_EQ(CUiState::Depth(), 0);
 }
-
 } // namespace

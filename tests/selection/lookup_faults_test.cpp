@@ -11,7 +11,6 @@ using refhost::Plant;
 
 namespace
 {
-
 class LookupFaults : public ChooserPlant, public ::testing::WithParamInterface<Way>
 {
 protected:
@@ -101,5 +100,4 @@ TEST_P(LookupFaults, EveryCallForTableAndBase)
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, LookupFaults, ::testing::ValuesIn(kWays), NameOfWay);
-
 } // namespace

@@ -5,7 +5,6 @@
 
 namespace
 {
-
 class ProjectChoiceDialog : public ProjectChoiceFixture
 {
 protected:
@@ -233,5 +232,4 @@ TEST_F(ProjectChoiceDialog, ItsMessagesBelongToIt)
     Show({[&](DialogView& view) { window = view.Window(); }, Presses(IDOK), Presses(kCreateNew)});
     EXPECT_EQ(boxes.Shown()[0].owner, window);
 }
-
 } // namespace

@@ -3,7 +3,6 @@
 
 namespace
 {
-
 const wchar_t kNoProject[] =
     L"You must either select a project and choose ok, \nor you must choose the 'New' button!";
 const wchar_t kNoTemplate[] =
@@ -347,5 +346,4 @@ TEST_F(ProjectChoice, EverythingIsGivenBack)
     ShowEx({Presses(IDCANCEL)}, 1);
     EXPECT_EQ(References(root) + References(north) + References(south), held);
 }
-
 } // namespace

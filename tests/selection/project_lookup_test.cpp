@@ -4,7 +4,6 @@
 
 namespace
 {
-
 const std::vector<std::string> kItemClasses = {"XDOOrvoItem", "XDOOrvoCompBase", "XDOSubCompItem",
                                                "XDOOrvoPlanType", "XDOOrvoPlanTypeSet"};
 const std::vector<std::string> kProjectAndItemClasses = {"XDOOrvoProject",  "XDOOrvoItem",
@@ -324,5 +323,4 @@ INSTANTIATE_TEST_SUITE_P(Roads, FirstReference,
                          [](const auto& info) {
                              return std::string(info.index == 0 ? "Relationship" : "ScriptAction");
                          });
-
 } // namespace

@@ -4,7 +4,6 @@
 
 namespace
 {
-
 using qptools::ScriptActionMap;
 using qptools::XSelectOrvoitemDlg;
 
@@ -152,5 +151,4 @@ TEST_F(ScriptActions, TheRoutineForOneTypeDoesNothingAndSaysSo)
     EXPECT_TRUE(actions.empty());
     EXPECT_EQ(host.calls, Calls{});
 }
-
 } // namespace

@@ -6,7 +6,6 @@
 
 namespace
 {
-
 using namespace qptools;
 
 class ScriptCollection : public LookupFixture
@@ -353,5 +352,4 @@ TEST_F(ScriptCollection, EverythingIsGivenBack)
     EXPECT_EQ(References(object), held);
     EXPECT_EQ(host.Query().References(), queried);
 }
-
 } // namespace

@@ -3,7 +3,6 @@
 
 namespace
 {
-
 class ScriptPickerDialog : public ScriptPickerFixture
 {
 protected:
@@ -215,5 +214,4 @@ TEST_F(ScriptPickerDialog, WaitsVisiblyWhileTheScriptsAreCollected)
     LookAt([&](DialogView&) { EXPECT_NE(GetCursor(), waiting); });
     EXPECT_EQ(seen, 7 + 3 * 6);
 }
-
 } // namespace

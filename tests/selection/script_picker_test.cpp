@@ -5,7 +5,6 @@
 
 namespace
 {
-
 const std::string kFailed = "XSelectOrvoitemDlg::OnInitDialog  GetScriptsFromProject";
 
 class ScriptPicker : public ScriptPickerFixture
@@ -314,5 +313,4 @@ TEST_F(ScriptPicker, EverythingIsGivenBack)
     EXPECT_EQ(References(project) + References(weld) + References(drill) + References(paint), held);
     EXPECT_EQ(host.Query().References(), queried);
 }
-
 } // namespace

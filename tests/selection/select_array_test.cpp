@@ -3,7 +3,6 @@
 
 namespace
 {
-
 TEST_F(SelectDialog, NoneOrOneElementIsNoEntry)
 {
     parameters.Object(L"Object0", Of(a)).Text(L"Prompt0", L"A");
@@ -169,5 +168,4 @@ TEST_F(SelectDialog, ALongCaptionIsTheWholeTitle)
     parameters.Text(L"Caption", caption).Entry(0, L"A", Of(a));
     Show({[&](DialogView& view) { EXPECT_EQ(view.Title(), caption); }, Presses(IDCANCEL)});
 }
-
 } // namespace

@@ -3,7 +3,6 @@
 
 namespace
 {
-
 // What comes back.
 
 TEST_F(SelectDialog, OkGivesTheObjectOfTheSelectedRow)
@@ -249,5 +248,4 @@ TEST_F(SelectDialogView, ADoubleClickOnARowEndsNothing)
     parameters.Entry(0, L"A", Of(a));
     EXPECT_EQ(Show({[](DialogView& view) { view.DoubleClick(kList, 0); }, Presses(IDCANCEL)}), "untouched");
 }
-
 } // namespace

@@ -3,7 +3,6 @@
 
 namespace
 {
-
 class TwoLookups : public ItemLookup
 {
 protected:
@@ -173,5 +172,4 @@ TEST_F(QueryGiven, IsReplacedByAnotherAndTakenAwayByAnObjectThatIsNone)
     EXPECT_EQ(another.Query().References(), 0u);
     item.reset();
 }
-
 } // namespace

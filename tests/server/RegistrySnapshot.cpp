@@ -6,7 +6,6 @@
 
 namespace
 {
-
 using Snapshot = std::map<std::wstring, std::wstring>;
 
 std::wstring DataText(DWORD type, const std::vector<BYTE>& data)
@@ -68,7 +67,6 @@ void AddKey(const std::wstring& path, Snapshot& snapshot)
         AddKey(path + L"\\" + name, snapshot);
     RegCloseKey(key);
 }
-
 } // namespace
 
 Snapshot ClassesSnapshot(const std::wstring& path)

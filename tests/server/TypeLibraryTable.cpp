@@ -8,7 +8,6 @@
 
 namespace
 {
-
 constexpr int kAfterUnknown = 3;
 constexpr int kAfterConfigObject = 5;
 
@@ -27,7 +26,6 @@ InterfaceRow Carried(const std::wstring& name, const std::string& id)
 {
     return {name, id, "IUnknown", kAfterUnknown, {}};
 }
-
 } // namespace
 
 const std::vector<InterfaceRow> kComponentInterfaces = {
@@ -211,7 +209,6 @@ const std::vector<RecordRow> kRecords = {
 
 namespace
 {
-
 void ExpectLibraryItself(ITypeLib* library)
 {
     const Documented text = DocumentationOf(library);
@@ -295,7 +292,6 @@ void ExpectNothingElse(ITypeLib* library)
     }
     EXPECT_EQ(expected, found);
 }
-
 } // namespace
 
 void ExpectWholeLibrary(ITypeLib* library)

@@ -5,7 +5,6 @@
 
 namespace
 {
-
 /// A text that the automation library handed out.
 std::string Take(BSTR text)
 {
@@ -121,7 +120,6 @@ std::string FieldText(ITypeInfo* type, const VARDESC& field)
         return text + " = " + std::to_string(field.lpvarValue->lVal);
     return TypeText(type, field.elemdescVar.tdesc) + " " + text;
 }
-
 } // namespace
 
 std::string Narrow(const std::wstring& text)

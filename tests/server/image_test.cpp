@@ -10,7 +10,6 @@
 
 namespace
 {
-
 /// What every Windows x64 has.
 const std::set<std::string> kSystemDlls = {"advapi32.dll", "comctl32.dll", "gdi32.dll",    "kernel32.dll",
                                            "msvcrt.dll",   "ole32.dll",    "oleaut32.dll", "shell32.dll",
@@ -109,7 +108,6 @@ protected:
 
     HMODULE m_module;
 };
-
 } // namespace
 
 TEST(ModuleImage, ImportsSystemDllsOnly)

@@ -14,7 +14,6 @@
 
 namespace
 {
-
 const wchar_t* const kLibraryId = L"{B59FF2AB-0C7E-46F3-8FF1-2D951BC82743}";
 
 /// One class as its registration must leave it.
@@ -175,7 +174,6 @@ private:
 
     std::filesystem::path m_logs;
 };
-
 } // namespace
 
 TEST_F(Regsvr32, WritesEveryKeyAndValueOfEveryClass)

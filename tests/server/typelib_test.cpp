@@ -11,7 +11,6 @@
 
 namespace
 {
-
 ComPtr<ITypeLib> Load(const std::wstring& path)
 {
     ComPtr<ITypeLib> library;
@@ -40,7 +39,6 @@ std::string ResourceOf(const std::wstring& path, const wchar_t* type, int number
     FreeLibrary(module);
     return bytes;
 }
-
 } // namespace
 
 TEST(TypeLibrary, OfTheSdkSaysWhatItMust)

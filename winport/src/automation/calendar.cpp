@@ -1,5 +1,5 @@
 // The calendar of automation, and how a date is written in the United States.
-#include "wpcalendar.h"
+#include "calendar.h"
 
 #include <cmath>
 #include <cwchar>

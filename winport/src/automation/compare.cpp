@@ -1,5 +1,5 @@
 // The order of values and of names.
-#include "wpnames.h"
+#include "names.h"
 
 #include <oleauto.h>
 

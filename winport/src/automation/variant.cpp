@@ -1,7 +1,7 @@
 // The life of a variant: empty, cleared, copied, copied out of a reference.
 #include <oleauto.h>
 
-#include "wpvariant.h"
+#include "variant.h"
 
 #include <cstring>
 

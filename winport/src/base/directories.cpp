@@ -1,6 +1,6 @@
 // Directories and files by name: making, removing, attributes.
-#include "wpfiles.h"
-#include "wptext.h"
+#include "open_file.h"
+#include "text.h"
 
 #include <cerrno>
 #include <sys/stat.h>

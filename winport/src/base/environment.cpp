@@ -1,5 +1,5 @@
 // Environment variables, the current and the temporary directory.
-#include "wptext.h"
+#include "text.h"
 
 #include <shlobj.h>
 

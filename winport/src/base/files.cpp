@@ -1,6 +1,6 @@
 // Files by handle: opening, reading, writing, locking.
-#include "wpfiles.h"
-#include "wptext.h"
+#include "open_file.h"
+#include "text.h"
 
 #include <cerrno>
 #include <fcntl.h>

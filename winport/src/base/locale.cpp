@@ -1,6 +1,6 @@
 // The user's language, out of the environment: LC_ALL, LC_MESSAGES or LANG, in the order in which the system
 // asks them.
-#include "wptext.h"
+#include "text.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,5 +1,5 @@
 // Strings out of a module's string tables: blocks of sixteen, each a count and that many UTF-16 units.
-#include "wptext.h"
+#include "text.h"
 
 #include <algorithm>
 

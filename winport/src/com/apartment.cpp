@@ -1,5 +1,5 @@
 // Entering and leaving the component runtime.
-#include "wpapartment.h"
+#include "apartment.h"
 
 #include <ole2.h>
 

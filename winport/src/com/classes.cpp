@@ -1,8 +1,8 @@
 // Class objects: registered by the process itself, or of the module that the registry names.
-#include "wpapartment.h"
-#include "wpguids.h"
+#include "apartment.h"
+#include "guids.h"
 
-#include "base/wpimmortal.h"
+#include "base/immortal.h"
 
 #include <algorithm>
 #include <mutex>

@@ -1,5 +1,5 @@
 // Identifiers and their text, and the names under which classes are registered.
-#include "wpguids.h"
+#include "guids.h"
 
 #include <cstdio>
 #include <cstring>

@@ -1,0 +1,120 @@
+#include "WinportSupport.h"
+
+#include <cstdlib>
+
+#ifdef _WIN32
+#include <aclapi.h>
+#else
+#include <winport_test.h>
+#endif
+
+std::wstring Variable(const wchar_t* name)
+{
+    std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+    value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
+    return value;
+}
+
+namespace
+{
+std::wstring UniqueName()
+{
+    GUID guid{};
+    wchar_t text[40];
+    CoCreateGuid(&guid);
+    StringFromGUID2(guid, text, 40);
+    return text;
+}
+
+// One level of directories is all that the tests make.
+void RemoveFiles(const std::wstring& folder, const wchar_t* const* names)
+{
+    for (; *names; ++names)
+    {
+        const std::wstring path = folder + L"\\" + *names;
+        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+        DeleteFileW(path.c_str());
+        RemoveDirectoryW(path.c_str());
+    }
+}
+} // namespace
+
+CScratchFolder::CScratchFolder()
+{
+    wchar_t folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    m_path = folder + UniqueName();
+    CreateDirectoryW(m_path.c_str(), nullptr);
+}
+
+CScratchFolder::~CScratchFolder()
+{
+    const wchar_t* const names[] = {L"a", L"b", L"c", nullptr};
+    RemoveFiles(m_path, names);
+    RemoveDirectoryW(m_path.c_str());
+}
+
+void WriteWhole(const std::wstring& path, const std::string& content)
+{
+    DWORD written = 0;
+    HANDLE file =
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    WriteFile(file, content.data(), static_cast<DWORD>(content.size()), &written, nullptr);
+    CloseHandle(file);
+}
+
+std::string ReadWhole(const std::wstring& path)
+{
+    char buffer[4096];
+    DWORD read = 0;
+    HANDLE file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                              OPEN_EXISTING, 0, nullptr);
+    ReadFile(file, buffer, sizeof(buffer), &read, nullptr);
+    CloseHandle(file);
+    return {buffer, read};
+}
+
+CScratchKey::CScratchKey() : m_path(L"Software\\" + UniqueName())
+{
+    RegCreateKeyExW(HKEY_CURRENT_USER, m_path.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_key,
+                    nullptr);
+}
+
+CScratchKey::~CScratchKey()
+{
+    RegCloseKey(m_key);
+    RegDeleteTreeW(HKEY_CURRENT_USER, m_path.c_str());
+}
+
+void DenyUserKey(const std::wstring& path, bool deny)
+{
+#ifdef _WIN32
+    // An access list that is empty grants nothing; none at all grants everything.
+    HKEY key = nullptr;
+    RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, WRITE_DAC, &key);
+    ACL list;
+    InitializeAcl(&list, sizeof(list), ACL_REVISION);
+    SECURITY_DESCRIPTOR descriptor;
+    InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
+    SetSecurityDescriptorDacl(&descriptor, TRUE, deny ? &list : nullptr, FALSE);
+    RegSetKeySecurity(key, DACL_SECURITY_INFORMATION, &descriptor);
+    RegCloseKey(key);
+#else
+    WinportDenyKey(HKEY_CURRENT_USER, path.c_str(), deny);
+#endif
+}
+
+int RunAgain(const std::string& test)
+{
+    wchar_t path[MAX_PATH];
+    char program[4 * MAX_PATH];
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    WideCharToMultiByte(CP_UTF8, 0, path, -1, program, sizeof(program), nullptr, nullptr);
+#ifdef _WIN32
+    const char* quiet = " >NUL 2>&1";
+#else
+    const char* quiet = " >/dev/null 2>&1";
+#endif
+    return std::system(
+        (std::string(program) + " --gtest_also_run_disabled_tests --gtest_filter=" + test + quiet).c_str());
+}

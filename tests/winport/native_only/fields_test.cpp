@@ -1,0 +1,86 @@
+// Edit fields, combo boxes and date pickers end the run by name where they are asked for what is not there.
+#include "ComboHost.h"
+#include "KeysWithModifiers.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+constexpr DWORD kMultiline = 0x4;
+constexpr DWORD kShowNone = 0x2;
+constexpr UINT kUndo = 0xC7;
+constexpr UINT kExtendedInterface = 0x155;
+constexpr UINT kSetFormat = DTM_FIRST + 50;
+
+HWND Make(const wchar_t* name, DWORD style)
+{
+    return CreateWindowExW(0, name, L"", WS_POPUP | style, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+}
+} // namespace
+
+// The windows belong to the thread that dies.
+TEST(NativeOnly_Edit, AMessageThatIsNotThereEndsTheRun)
+{
+    EXPECT_DEATH(ControlHost(WC_EDITW, 0).Send(kUndo), "winport has no message 0xc7 for this window:\nEdit");
+}
+
+TEST(NativeOnly_Edit, AStyleThatIsNotThereEndsTheRun)
+{
+    EXPECT_DEATH(Make(WC_EDITW, kMultiline), "winport has no style 0x4");
+}
+
+TEST(NativeOnly_Edit, TheKeysOfTheClipboardEndTheRun)
+{
+    EXPECT_DEATH(ControlHost(WC_EDITW, 0).Type(L"\x03"), "winport has no character 0x3");
+    EXPECT_DEATH(PressWith(ControlHost(WC_EDITW, 0), VK_DELETE, {VK_SHIFT}),
+                 "winport has no clipboard key 0x2e");
+    EXPECT_DEATH(PressWith(ControlHost(WC_EDITW, 0), VK_INSERT, {VK_SHIFT}),
+                 "winport has no clipboard key 0x2d");
+    EXPECT_DEATH(PressWith(ControlHost(WC_EDITW, 0), VK_INSERT, {VK_CONTROL}),
+                 "winport has no clipboard key 0x2d");
+}
+
+TEST(NativeOnly_ComboBox, AMessageThatIsNotThereEndsTheRun)
+{
+    EXPECT_DEATH(ComboHost(CBS_DROPDOWN).Send(kExtendedInterface),
+                 "winport has no message 0x155 for this window:\nComboBox");
+}
+
+TEST(NativeOnly_ComboBox, AListThatIsAlwaysOpenEndsTheRun)
+{
+    EXPECT_DEATH(Make(WC_COMBOBOXW, CBS_SIMPLE), "winport has no style 0x1");
+}
+
+TEST(NativeOnly_ComboBox, TypingInAListWithoutFieldEndsTheRun)
+{
+    EXPECT_DEATH(ComboHost(CBS_DROPDOWNLIST, {L"one"}).TypeText(L"o"), "winport has no character 0x6f");
+}
+
+TEST(NativeOnly_DatePicker, AMessageThatIsNotThereEndsTheRun)
+{
+    EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Send(kSetFormat),
+                 "winport has no message 0x1032 for this window:\nSysDateTimePick32");
+}
+
+TEST(NativeOnly_DatePicker, AStyleThatIsNotThereEndsTheRun)
+{
+    EXPECT_DEATH(Make(DATETIMEPICK_CLASSW, kShowNone), "winport has no style 0x2");
+}
+
+TEST(NativeOnly_DatePicker, TypingAndOtherKeysEndTheRun)
+{
+    EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Type(L"1"), "winport has no character 0x31");
+    EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Press(VK_HOME), "winport has no key 0x24");
+    EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Press(VK_END), "winport has no key 0x23");
+}
+
+TEST(NativeOnly_DatePicker, ACalendarThatWouldDropDownEndsTheRun)
+{
+    EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Press(VK_F4), "winport has no key 0x73");
+    EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Send(WM_SYSKEYDOWN, VK_DOWN, 0x20000001),
+                 "winport has no key 0x28");
+    ControlHost arrows(DATETIMEPICK_CLASSW, DTS_UPDOWN);
+    arrows.Press(VK_F4);
+    arrows.Send(WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
+    EXPECT_EQ(arrows.Codes(), std::vector<int>{});
+}

@@ -1,0 +1,239 @@
+// The combo box: its items, its list, its keys.
+#include "combo_box.h"
+
+#include "automation/names.h"
+#include "base/text.h"
+
+#include <winnls.h>
+
+#include <algorithm>
+
+namespace winport
+{
+LRESULT CComboBox::Add(const wchar_t* text)
+{
+    if (!(Style() & CBS_SORT))
+        return Insert(-1, text);
+    const auto place = std::lower_bound(m_items.begin(), m_items.end(), std::wstring(text),
+                                        [](const Item& item, const std::wstring& added) {
+                                            return CompareNames(item.text, added, NORM_IGNORECASE) < 0;
+                                        });
+    return Insert(static_cast<int>(place - m_items.begin()), text);
+}
+
+LRESULT CComboBox::Insert(int at, const wchar_t* text)
+{
+    if (at < -1 || at > Count())
+        return CB_ERR;
+    if (at == -1)
+        at = Count();
+    m_items.insert(m_items.begin() + at, {text});
+    if (m_selected >= at)
+        ++m_selected;
+    return at;
+}
+
+LRESULT CComboBox::Delete(WPARAM index)
+{
+    if (!Has(index))
+        return CB_ERR;
+    const int at = static_cast<int>(index);
+    m_items.erase(m_items.begin() + at);
+    if (m_selected > at)
+        --m_selected;
+    else if (m_selected == at)
+    {
+        m_selected = -1;
+        m_window.text.clear(); // a field keeps its text
+    }
+    return Count();
+}
+
+LRESULT CComboBox::Reset()
+{
+    m_items.clear();
+    Select(-1);
+    return CB_OKAY;
+}
+
+// Behind the item `after` and round to it again; whatever is no item's index is before the first.
+int CComboBox::Find(int after, const wchar_t* text, bool whole) const
+{
+    const std::wstring_view wanted = text;
+    const int count = Count();
+    if (wanted.empty())
+        return CB_ERR;
+    if (after < 0 || after >= count)
+        after = -1;
+    for (int step = 1; step <= count; ++step)
+    {
+        const int index = (after + step) % count;
+        const std::wstring_view candidate = m_items[static_cast<std::size_t>(index)].text;
+        if (CompareNoCase(whole ? candidate : candidate.substr(0, wanted.size()), wanted) == 0)
+            return index;
+    }
+    return CB_ERR;
+}
+
+LRESULT CComboBox::Select(int index)
+{
+    if (index >= Count())
+        return CB_ERR;
+    m_selected = std::max(index, -1);
+    ShowSelected();
+    return m_selected;
+}
+
+void CComboBox::ShowSelected()
+{
+    SetShownText(m_selected >= 0 ? At(static_cast<WPARAM>(m_selected)).text : std::wstring());
+}
+
+void CComboBox::SetShownText(const std::wstring& text)
+{
+    if (!m_field)
+    {
+        m_window.text = text;
+        return;
+    }
+    ToField(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    if (GetFocus() == m_field)
+        ToField(EM_SETSEL, 0, -1);
+}
+
+std::wstring CComboBox::TextOfField() const
+{
+    const Window* field = FindWindowOf(m_field);
+    return field ? field->text : std::wstring();
+}
+
+// Who fills the list when it hears that it opens has filled it before the text of the field is looked up.
+void CComboBox::Open()
+{
+    if (m_open || !NotifyCommand(CBN_DROPDOWN) || m_open)
+        return;
+    m_open = true;
+    if (!m_field)
+        return;
+    m_selected = Find(-1, TextOfField().c_str(), false);
+    if (m_selected >= 0)
+        ShowSelected();
+}
+
+void CComboBox::Close(bool accepted)
+{
+    if (!m_open || !NotifyCommand(accepted ? CBN_SELENDOK : CBN_SELENDCANCEL))
+        return;
+    m_open = false;
+    NotifyCommand(CBN_CLOSEUP);
+}
+
+// False if the key is none of the list's. Where there is a field the keys of a line are the field's.
+bool CComboBox::OnListKey(WPARAM key, bool alt)
+{
+    const bool turns = key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT;
+    const bool runs = key == VK_LEFT || key == VK_RIGHT || key == VK_HOME || key == VK_END;
+    if (alt ? key == VK_UP || key == VK_DOWN : key == VK_F4)
+        m_open ? Close(false) : Open();
+    else if (alt)
+        return false;
+    else if (key == VK_RETURN || key == VK_ESCAPE)
+        Close(key == VK_RETURN);
+    else if (!turns && (!runs || m_field))
+        return false;
+    else if (!m_items.empty())
+        Pick(TargetOf(key));
+    return true;
+}
+
+int CComboBox::TargetOf(WPARAM key) const
+{
+    const int last = Count() - 1;
+    const auto within = [last, this](int step) {
+        return std::clamp(m_selected + step, 0, last);
+    };
+    if (m_selected < 0)
+        return 0;
+    switch (key)
+    {
+    case VK_HOME:
+        return 0;
+    case VK_END:
+        return last;
+    case VK_PRIOR:
+        return within(1 - m_rows);
+    case VK_NEXT:
+        return within(m_rows - 1);
+    case VK_UP:
+    case VK_LEFT:
+        return within(-1);
+    default:
+        return within(1);
+    }
+}
+
+// A field gets the new text when the owner has heard of the choice.
+void CComboBox::Pick(int index)
+{
+    m_selected = index;
+    if (!m_field)
+        ShowSelected();
+    if (!m_open && !NotifyCommand(CBN_SELENDOK))
+        return;
+    if (NotifyCommand(CBN_SELCHANGE) && m_field)
+        ShowSelected();
+}
+
+void CComboBox::OnClick(int x)
+{
+    const HWND box = Handle();
+    const HWND focused = m_field ? m_field : box;
+    if (GetFocus() != focused)
+        SetFocus(focused);
+    if (!Alive(box) || (m_field && x < FieldPlace().right))
+        return;
+    m_open ? Close(true) : Open();
+}
+
+// There is no search by what is typed.
+void CComboBox::OnCharacter(WPARAM character)
+{
+    if (m_field)
+        ToField(WM_CHAR, character, 0);
+    else if (character >= L' ')
+        Missing(&m_window, "character", character);
+}
+
+void CComboBox::OnFieldCommand(int code)
+{
+    switch (code)
+    {
+    case EN_SETFOCUS:
+        NotifyCommand(CBN_SETFOCUS);
+        break;
+    case EN_KILLFOCUS:
+        LoseFocus();
+        break;
+    case EN_UPDATE:
+        NotifyCommand(CBN_EDITUPDATE);
+        break;
+    case EN_CHANGE:
+        m_selected = m_open ? Find(-1, TextOfField().c_str(), false) : -1;
+        NotifyCommand(CBN_EDITCHANGE);
+        break;
+    default:
+        break;
+    }
+}
+
+void CComboBox::LoseFocus()
+{
+    const HWND box = Handle();
+    if (m_open)
+        Close(false);
+    else
+        NotifyCommand(CBN_SELENDCANCEL);
+    if (Alive(box))
+        NotifyCommand(CBN_KILLFOCUS);
+}
+} // namespace winport

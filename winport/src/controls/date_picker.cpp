@@ -1,0 +1,177 @@
+#include "date_picker.h"
+
+#include "automation/calendar.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <tuple>
+
+namespace winport
+{
+namespace
+{
+constexpr int kFields = 3;
+constexpr int kMonth = 0;
+constexpr int kDay = 1;
+constexpr int kLastYear = 9999;
+
+// The first day of the calendar that the control knows.
+constexpr CivilDate kFirst{1752, 9, 14};
+
+bool IsBeforeFirst(const CivilDate& date)
+{
+    return std::tie(date.year, date.month, date.day) < std::tie(kFirst.year, kFirst.month, kFirst.day);
+}
+
+CivilDate DateOf(const SYSTEMTIME& time)
+{
+    return {time.wYear, time.wMonth, time.wDay};
+}
+
+bool IsTime(const SYSTEMTIME& time)
+{
+    return time.wHour < 24 && time.wMinute < 60 && time.wSecond < 60 && time.wMilliseconds < 1000;
+}
+
+bool IsDate(const CivilDate& date)
+{
+    return date.year <= kLastYear && date.month >= 1 && date.month <= 12 && date.day >= 1 &&
+           date.day <= DaysInMonth(date.year, date.month) && !IsBeforeFirst(date);
+}
+
+// The automation's first day, 0, was a Saturday.
+WORD WeekdayOf(const CivilDate& date)
+{
+    constexpr int week = 7;
+    constexpr int saturday = 6;
+    return static_cast<WORD>(((DaysOf(date) + saturday) % week + week) % week);
+}
+
+int Wrapped(int value, int first, int last)
+{
+    return value < first ? last : value > last ? first : value;
+}
+} // namespace
+
+CDatePicker::CDatePicker(Window& window) : Control(window)
+{
+    GetLocalTime(&m_value);
+}
+
+LRESULT CDatePicker::Handle(UINT message, WPARAM wParam, LPARAM lParam)
+{
+    switch (message)
+    {
+    case WM_CREATE:
+        Show();
+        return 0;
+    case WM_SETTEXT:
+        return FALSE;
+    case WM_GETDLGCODE:
+        return DLGC_WANTCHARS | DLGC_WANTARROWS;
+    case WM_SETFOCUS:
+        Notify(NM_SETFOCUS);
+        return 0;
+    case WM_KILLFOCUS:
+        Notify(NM_KILLFOCUS);
+        return 0;
+    case WM_LBUTTONDOWN:
+        SetFocus(m_window.handle);
+        return 0;
+    case WM_KEYDOWN:
+        OnKey(wParam);
+        return 0;
+    case WM_SYSKEYDOWN:
+        RefuseCalendar(wParam == VK_DOWN, wParam);
+        return Default(message, wParam, lParam);
+    case WM_CHAR:
+        if (wParam > L' ')
+            Missing(&m_window, "character", wParam);
+        return 0;
+    case DTM_GETSYSTEMTIME:
+        *reinterpret_cast<SYSTEMTIME*>(lParam) = m_value;
+        return GDT_VALID;
+    case DTM_SETSYSTEMTIME:
+        return Set(static_cast<DWORD>(wParam), reinterpret_cast<const SYSTEMTIME*>(lParam));
+    default:
+        return Default(message, wParam, lParam);
+    }
+}
+
+bool CDatePicker::Set(DWORD kind, const SYSTEMTIME* value)
+{
+    if (kind != GDT_VALID || !value || !IsDate(DateOf(*value)) || !IsTime(*value))
+        return false;
+    m_value = *value;
+    Show();
+    return true;
+}
+
+// The weekday goes with the date, and so does the text.
+void CDatePicker::Show()
+{
+    m_value.wDayOfWeek = WeekdayOf(DateOf(m_value));
+    wchar_t text[20];
+    std::swprintf(text, std::size(text), L"%d/%d/%d", m_value.wMonth, m_value.wDay, m_value.wYear);
+    m_window.text = text;
+}
+
+void CDatePicker::RefuseCalendar(bool asked, WPARAM key) const
+{
+    if (asked && !(Style() & DTS_UPDOWN))
+        Missing(&m_window, "key", key);
+}
+
+void CDatePicker::OnKey(WPARAM key)
+{
+    switch (key)
+    {
+    case VK_RIGHT:
+        m_field = (m_field + 1) % kFields;
+        break;
+    case VK_LEFT:
+        m_field = m_field > 0 ? m_field - 1 : kFields - 1;
+        break;
+    case VK_UP:
+        Turn(1);
+        break;
+    case VK_DOWN:
+        Turn(-1);
+        break;
+    case VK_HOME:
+    case VK_END:
+        Missing(&m_window, "key", key);
+    default:
+        RefuseCalendar(key == VK_F4, key);
+        break;
+    }
+}
+
+// Month and day begin again at their end; the year stops at the end of the calendar.
+void CDatePicker::Turn(int by)
+{
+    CivilDate date = DateOf(m_value);
+    if (m_field == kMonth)
+        date.month = Wrapped(date.month + by, 1, 12);
+    else if (m_field == kDay)
+        date.day = Wrapped(date.day + by, 1, DaysInMonth(date.year, date.month));
+    else if (m_field >= 0)
+        date.year = std::min(date.year + by, kLastYear);
+    date.day = std::min(date.day, DaysInMonth(date.year, date.month));
+    if (IsBeforeFirst(date))
+        date = kFirst;
+    m_value.wYear = static_cast<WORD>(date.year);
+    m_value.wMonth = static_cast<WORD>(date.month);
+    m_value.wDay = static_cast<WORD>(date.day);
+    Show();
+    NMDATETIMECHANGE change{};
+    change.dwFlags = GDT_VALID;
+    change.st = m_value;
+    Notify(change.nmhdr, DTN_DATETIMECHANGE);
+}
+
+std::unique_ptr<Control> MakeDatePicker(Window& window)
+{
+    return std::make_unique<CDatePicker>(window);
+}
+} // namespace winport

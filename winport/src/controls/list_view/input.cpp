@@ -1,0 +1,148 @@
+// Keyboard and mouse in a list view.
+#include "list_view.h"
+
+#include <algorithm>
+
+namespace winport
+{
+// The row to which a key moves the focus, -1 for a key that moves nothing.
+int ListView::TargetOf(WPARAM key) const
+{
+    const int step = PerPage() - 1;
+    const int lastInSight = m_top + step;
+    switch (key)
+    {
+    case VK_UP:
+        return std::max(m_focus - 1, m_focus < 0 ? -1 : 0);
+    case VK_DOWN:
+        return std::min(m_focus + 1, Count() - 1);
+    case VK_HOME:
+        return std::min(0, Count() - 1);
+    case VK_END:
+        return Count() - 1;
+    case VK_NEXT:
+        return std::min(m_focus < lastInSight ? lastInSight : m_focus + step, Count() - 1);
+    case VK_PRIOR:
+        return std::max(m_focus > m_top ? m_top : m_focus - step, Count() ? 0 : -1);
+    default:
+        return -1;
+    }
+}
+
+void ListView::MoveTo(int index)
+{
+    if (IsHeld(VK_SHIFT) && !IsSingle())
+    {
+        if (!Has(m_anchor))
+            m_anchor = std::max(m_focus, 0);
+        SelectRange(m_anchor, index);
+    }
+    else if (IsHeld(VK_CONTROL) && !IsSingle())
+        SetState(index, LVIS_FOCUSED, LVIS_FOCUSED);
+    else
+    {
+        m_anchor = index;
+        SelectOnly(index);
+    }
+    OnEnsureVisible(static_cast<WPARAM>(index), FALSE);
+}
+
+LRESULT ListView::OnKeyDown(WPARAM key, LPARAM)
+{
+    NMLVKEYDOWN told{};
+    told.wVKey = static_cast<WORD>(key);
+    Notify(told.hdr, LVN_KEYDOWN);
+    if (!Alive(Handle()))
+        return 0;
+    if (key == VK_RETURN)
+        Notify(NM_RETURN);
+    else if (key == VK_SPACE && Has(m_focus))
+    {
+        if (IsHeld(VK_CONTROL) && !IsSingle())
+            Toggle(m_focus);
+        else
+            SelectOnly(m_focus);
+    }
+    else if (IsReport())
+    {
+        const int target = TargetOf(key);
+        if (Has(target) && target != m_focus)
+            MoveTo(target);
+    }
+    return 0;
+}
+
+// Nothing is searched for by typing.
+LRESULT ListView::OnChar(WPARAM character, LPARAM)
+{
+    if (character > VK_SPACE)
+        Missing(&m_window, "character", character);
+    return 0;
+}
+
+// A row that is one of several selected ones stays so until the button comes up.
+void ListView::PressRow(int index, WPARAM keys)
+{
+    if ((keys & MK_SHIFT) && !IsSingle())
+    {
+        if (!Has(m_anchor))
+            m_anchor = std::max(m_focus, 0);
+        SelectRange(m_anchor, index);
+        return;
+    }
+    m_anchor = index;
+    if ((keys & MK_CONTROL) && !IsSingle())
+        Toggle(index);
+    else if (Row(index).selected)
+    {
+        m_keptSelected = index;
+        SetState(index, LVIS_FOCUSED, LVIS_FOCUSED);
+    }
+    else
+        SelectOnly(index);
+}
+
+LRESULT ListView::OnButtonDown(WPARAM keys, LPARAM point)
+{
+    const int index = Hit(PointOf(point));
+    m_pressed = true;
+    m_keptSelected = -1;
+    if (index >= 0)
+        PressRow(index, keys);
+    else if (!(keys & (MK_SHIFT | MK_CONTROL)))
+        DeselectOthers(-1);
+    if (Alive(Handle()))
+        SetFocus(Handle());
+    return 0;
+}
+
+LRESULT ListView::OnButtonUp(WPARAM, LPARAM point)
+{
+    if (!m_pressed)
+        return 0;
+    m_pressed = false;
+    const int kept = m_keptSelected;
+    TellClick(NM_CLICK, point);
+    if (Alive(Handle()) && Has(kept))
+        SelectOnly(kept);
+    return 0;
+}
+
+LRESULT ListView::OnDoubleClick(WPARAM, LPARAM point)
+{
+    TellClick(NM_DBLCLK, point);
+    return 0;
+}
+
+void ListView::TellClick(UINT code, LPARAM point)
+{
+    LVHITTESTINFO hit{};
+    hit.pt = PointOf(point);
+    OnSubItemHitTest(0, reinterpret_cast<LPARAM>(&hit));
+    NMITEMACTIVATE told{};
+    told.iItem = hit.iItem;
+    told.iSubItem = hit.iSubItem;
+    told.ptAction = hit.pt;
+    Notify(told.hdr, code);
+}
+} // namespace winport
