@@ -4,6 +4,7 @@
 #include "LetterModel.h"
 #include "ModuleUnderTest.h"
 #include "Plant.h"
+#include "SampleFolder.h"
 #include "XQPComBSTR.h"
 
 #include "qptools.h"
@@ -61,7 +62,7 @@ struct Outcome
 class FaultSweep : public ::testing::TestWithParam<Way>
 {
 protected:
-    FaultSweep() { plant->Load(QP_SAMPLE_DIR); }
+    FaultSweep() { plant->Load(refhost::SampleFolder()); }
     ~FaultSweep() override
     {
         EXPECT_EQ(plant->Calls().Misuses(), std::vector<std::string>{})

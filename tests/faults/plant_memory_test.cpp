@@ -5,6 +5,7 @@
 #include "LetterModel.h"
 #include "MemorySweep.h"
 #include "Plant.h"
+#include "SampleFolder.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
 
@@ -53,7 +54,7 @@ class PlantMemory : public ::testing::TestWithParam<PlantCase>
 protected:
     PlantMemory()
     {
-        plant->Load(QP_SAMPLE_DIR);
+        plant->Load(refhost::SampleFolder());
         query = plant->NewQuery();
         set = plant->Find(L"plantypeset", GetParam().set);
         if (GetParam().planType)

@@ -3,6 +3,7 @@
 
 #include "HostVariant.h"
 #include "Plant.h"
+#include "SampleFolder.h"
 
 #include "ComPtr.h"
 
@@ -120,7 +121,7 @@ protected:
 class SamplePlant : public EmptyPlant
 {
 protected:
-    SamplePlant() { plant->Load(QP_SAMPLE_DIR); }
+    SamplePlant() { plant->Load(refhost::SampleFolder()); }
     ComPtr<IQP_BaseDataObject> Find(const wchar_t* table, const wchar_t* name) const
     {
         ComPtr<IQP_BaseDataObject> object = plant->Find(table, name);

@@ -25,14 +25,14 @@ TEST(PlantFile, is_made_and_opened_again)
     const auto file = folder.Path() / u8"pl\u00E4ne.db";
     {
         const auto plant = refhost::Plant::Open(file);
-        plant->Load(QP_SAMPLE_DIR);
+        plant->Load(refhost::SampleFolder());
         plant->Add(L"script", L"kept");
     }
     EXPECT_TRUE(std::filesystem::exists(file));
     const auto plant = refhost::Plant::Open(file);
     EXPECT_TRUE(plant->Find(L"script", L"kept"));
     EXPECT_EQ(ReadText(plant->Find(L"scriptcommand", L"Check clamps").get(), L"prompt"), L"Check");
-    EXPECT_THROW(plant->Load(QP_SAMPLE_DIR), refhost::PlantError) << "the names are taken";
+    EXPECT_THROW(plant->Load(refhost::SampleFolder()), refhost::PlantError) << "the names are taken";
 }
 
 TEST(PlantFile, in_a_folder_that_is_not_there_is_refused)

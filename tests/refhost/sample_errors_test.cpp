@@ -72,7 +72,7 @@ TEST_F(SampleErrors, good_data_get_in)
 
 TEST_F(SampleErrors, what_is_compared_is_everything)
 {
-    plant->Load(QP_SAMPLE_DIR);
+    plant->Load(refhost::SampleFolder());
     const Lines all = Everything();
     const auto has = [&](const std::string& table, const std::string& part) {
         return std::any_of(all.begin(), all.end(), [&](const std::string& row) {
@@ -239,7 +239,7 @@ TEST_F(SampleErrors, settings_with_errors)
 
 TEST_F(SampleErrors, an_error_in_the_last_file_leaves_a_plant_with_data_as_it_was)
 {
-    plant->Load(QP_SAMPLE_DIR);
+    plant->Load(refhost::SampleFolder());
     Write("plantypeset.txt", "name | master | rights\nNew Shop | Company Standards | read\n");
     Write("plantype.txt", "name | master | orvoplantypeset\nNew | Welding | New Shop\n");
     Write("setting.txt",

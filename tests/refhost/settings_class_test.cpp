@@ -37,7 +37,7 @@ protected:
 
 TEST_F(CreatedSettings, answer_from_the_plant_while_the_class_is_offered)
 {
-    plant->Load(QP_SAMPLE_DIR);
+    plant->Load(refhost::SampleFolder());
     std::optional<refhost::SettingsClass> offered;
     offered.emplace(*plant);
     ComPtr<IQPHostSettings> settings;

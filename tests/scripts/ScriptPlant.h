@@ -5,6 +5,7 @@
 #include "ArrayText.h"
 #include "ModuleUnderTest.h"
 #include "Plant.h"
+#include "SampleFolder.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
 
@@ -72,7 +73,7 @@ class ScriptPlant : public ::testing::Test
 protected:
     ScriptPlant() : m_objects(refhost::Plant::LiveObjects()), plant(refhost::Plant::OpenMemory())
     {
-        plant->Load(QP_SAMPLE_DIR);
+        plant->Load(refhost::SampleFolder());
         query = plant->NewQuery();
         EXPECT_EQ(module.Create(CLSID_XScriptActionAndCommandManager, manager), S_OK);
     }

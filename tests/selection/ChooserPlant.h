@@ -6,6 +6,7 @@
 #include "LogBook.h"
 #include "ModuleUnderTest.h"
 #include "Plant.h"
+#include "SampleFolder.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
 
@@ -54,7 +55,7 @@ class ChoosersOnPlant : public ::testing::Test
 protected:
     ChoosersOnPlant() : m_objects(refhost::Plant::LiveObjects()), plant(refhost::Plant::OpenMemory())
     {
-        plant->Load(QP_SAMPLE_DIR);
+        plant->Load(refhost::SampleFolder());
         query = plant->NewQuery();
         EXPECT_EQ(module.Create(CLSID_QPProjectChoice, choice), S_OK);
         EXPECT_EQ(module.Create(CLSID_QPSelectOrvoItem, item), S_OK);

@@ -1,0 +1,9 @@
+#include "SampleFolder.h"
+
+namespace refhost
+{
+const char* SampleFolder() noexcept
+{
+    return QP_SAMPLE_DIR;
+}
+} // namespace refhost
