@@ -2,11 +2,11 @@
 
 #include "AttributeArrays.h"
 #include "HostCall.h"
+#include "HostConfigType.h"
 #include "HostEnumerator.h"
 #include "HostText.h"
 #include "HostVariant.h"
 #include "HostWork.h"
-#include "SqlVariant.h"
 
 #include <new>
 #include <vector>
@@ -15,15 +15,17 @@ namespace refhost
 {
 namespace
 {
-/// GetAttributes: some of the attributes asked for could not be read.
-constexpr HRESULT kSomeUnreadable = static_cast<HRESULT>(0x8004035E);
+/// GetAttributes: the object does not have all of the attributes asked for.
+constexpr HRESULT kSomeUnknown = static_cast<HRESULT>(0x8004035E);
+
+/// GetAttributes: it has them all, and some are hidden from the user.
+constexpr HRESULT kSomeHidden = static_cast<HRESULT>(0x80040344);
 
 /// All objects of one plant live at one client.
 constexpr LONG kClientId = 1;
 } // namespace
 
-HostDataObject::HostDataObject(Core core, const Kind& kind, long long id)
-    : m_core(std::move(core)), m_kind(kind), m_id(id)
+HostDataObject::HostDataObject(Core core, const Kind& kind, long long id) : m_row{std::move(core), kind, id}
 {
 }
 
@@ -41,11 +43,6 @@ ComPtr<HostDataObject> HostDataObject::From(IUnknown* object)
     return own;
 }
 
-std::string HostDataObject::Label() const
-{
-    return std::string("<") + m_kind.table + " " + m_core->KeyOf(m_id) + ">";
-}
-
 void* HostDataObject::Interface(REFIID iid) noexcept
 {
     if (iid == kOwnIdentity)
@@ -60,12 +57,12 @@ bool HostDataObject::OffersRights() noexcept
     const HostWork atWork;
     try
     {
-        Statement statement(m_core->database, R"(SELECT 1 FROM "objectright" WHERE "object" = ?1)");
-        return statement.Bind(1, m_id).Step();
+        Statement statement(m_row.core->database, R"(SELECT 1 FROM "objectright" WHERE "object" = ?1)");
+        return statement.Bind(1, m_row.id).Step();
     }
     catch (const std::exception& error)
     {
-        m_core->NoteError(error.what());
+        m_row.core->NoteError(error.what());
         return false;
     }
 }
@@ -75,13 +72,13 @@ HRESULT HostDataObject::Call(const char* method, const Outputs& outputs, Body&& 
                              const Arguments&... arguments) noexcept
 {
     return HostCall(
-        *m_core, method, [&] { return CallText(method, Label(), arguments...); }, outputs, body);
+        *m_row.core, method, [&] { return CallText(method, m_row.Label(), arguments...); }, outputs, body);
 }
 
 HRESULT HostDataObject::GetTableName(BSTR* tableName)
 {
     return Call("IQP_BaseDataObject::GetTableName", std::tuple(Out{tableName}), [&] {
-        *tableName = MakeBstr(FromUtf8(m_kind.table));
+        *tableName = MakeBstr(FromUtf8(m_row.kind.table));
         return S_OK;
     });
 }
@@ -89,7 +86,7 @@ HRESULT HostDataObject::GetTableName(BSTR* tableName)
 HRESULT HostDataObject::GetTypeName(BSTR* typeName)
 {
     return Call("IQP_BaseDataObject::GetTypeName", std::tuple(Out{typeName}), [&] {
-        *typeName = MakeBstr(FromUtf8(m_kind.typeName));
+        *typeName = MakeBstr(FromUtf8(m_row.kind.typeName));
         return S_OK;
     });
 }
@@ -97,8 +94,8 @@ HRESULT HostDataObject::GetTypeName(BSTR* typeName)
 HRESULT HostDataObject::GetAttribute(BSTR name, VARIANT* value)
 {
     return Call(
-        "IQP_BaseDataObject::GetAttribute", std::tuple(Out{value}), [&] { return Read(Known(name), *value); },
-        name);
+        "IQP_BaseDataObject::GetAttribute", std::tuple(Out{value}),
+        [&] { return m_row.Read(Known(name), *value); }, name);
 }
 
 HRESULT HostDataObject::GetAttributes(SAFEARRAY** names, SAFEARRAY** values)
@@ -153,14 +150,14 @@ HRESULT HostDataObject::GetChildren(BSTR list, IEnumBaseDataObject** children)
     return Call(
         "IQP_BaseDataObject::GetChildren", std::tuple(Out{children}),
         [&] {
-            const ChildList* known = m_kind.FindChildren(ToUtf8(TextOf(list)));
+            const ChildList* known = m_row.kind.FindChildren(ToUtf8(TextOf(list)));
             Require(known != nullptr);
             const std::string table = Quoted(known->table);
             const std::string id = Quoted("id");
-            Statement statement(m_core->database, "SELECT " + id + " FROM " + table + " WHERE " +
-                                                      known->condition + " ORDER BY " + id);
-            statement.Bind(1, m_id);
-            *children = HostEnumerator::Make(m_core, *FindKind(known->table), statement).detach();
+            Statement statement(m_row.core->database, "SELECT " + id + " FROM " + table + " WHERE " +
+                                                          known->condition + " ORDER BY " + id);
+            statement.Bind(1, m_row.id);
+            *children = HostEnumerator::Make(m_row.core, *FindKind(known->table), statement).detach();
             return S_OK;
         },
         list);
@@ -169,7 +166,12 @@ HRESULT HostDataObject::GetChildren(BSTR list, IEnumBaseDataObject** children)
 HRESULT HostDataObject::GetType(BSTR typeName, BSTR configName, IQPType** type)
 {
     return Call(
-        "IQP_BaseDataObject::GetType", std::tuple(Out{type}), [] { return E_NOTIMPL; }, typeName, configName);
+        "IQP_BaseDataObject::GetType", std::tuple(Out{type}),
+        [&] {
+            *type = HostConfigType::Find(m_row.core, TextOf(typeName), TextOf(configName)).detach();
+            return S_OK;
+        },
+        typeName, configName);
 }
 
 HRESULT HostDataObject::GetClientId(LONG* clientId)
@@ -184,7 +186,7 @@ HRESULT HostDataObject::IsDerivedFromClass(BSTR className)
 {
     return Call(
         "IQP_BaseDataObject::IsDerivedFromClass", std::tuple(),
-        [&] { return m_kind.IsOf(ToUtf8(TextOf(className))) ? S_OK : S_FALSE; }, className);
+        [&] { return m_row.kind.IsOf(ToUtf8(TextOf(className))) ? S_OK : S_FALSE; }, className);
 }
 
 HRESULT HostDataObject::HasRight(enum QPRightType right)
@@ -192,8 +194,9 @@ HRESULT HostDataObject::HasRight(enum QPRightType right)
     return Call(
         "IQPObjectRights::HasRight", std::tuple(),
         [&] {
-            Statement statement(m_core->database, R"(SELECT "bits" FROM "objectright" WHERE "object" = ?1)");
-            const long long held = statement.Bind(1, m_id).Step() ? statement.Integer(0) : 0;
+            Statement statement(m_row.core->database,
+                                R"(SELECT "bits" FROM "objectright" WHERE "object" = ?1)");
+            const long long held = statement.Bind(1, m_row.id).Step() ? statement.Integer(0) : 0;
             return (held & right) == static_cast<long long>(right) ? S_OK : S_FALSE;
         },
         static_cast<int>(right));
@@ -201,35 +204,15 @@ HRESULT HostDataObject::HasRight(enum QPRightType right)
 
 const Attribute& HostDataObject::Known(BSTR name) const
 {
-    const Attribute* attribute = m_kind.FindAttribute(ToUtf8(TextOf(name)));
+    const Attribute* attribute = m_row.kind.FindAttribute(ToUtf8(TextOf(name)));
     Require(attribute != nullptr);
     return *attribute;
-}
-
-/// The row must be there: an object that is gone fails to answer.
-HRESULT HostDataObject::Read(const Attribute& attribute, VARIANT& value) const
-{
-    Statement statement(m_core->database, "SELECT " + Quoted(attribute.column) + " FROM " +
-                                              Quoted(m_kind.table) + " WHERE \"id\" = ?1");
-    if (!statement.Bind(1, m_id).Step())
-        throw PlantError(Label() + " is gone");
-    return ReadColumn(m_core, attribute, statement, value);
-}
-
-void HostDataObject::Write(const Attribute& attribute, const VARIANT& value) const
-{
-    const SqlValue stored = ToColumn(*m_core, attribute, value);
-    Statement statement(m_core->database, "UPDATE " + Quoted(m_kind.table) + " SET " +
-                                              Quoted(attribute.column) +
-                                              " = ?1 WHERE \"id\" = ?2 RETURNING \"id\"");
-    if (!statement.Bind(1, stored).Bind(2, m_id).Step())
-        throw PlantError(Label() + " is gone");
 }
 
 HRESULT HostDataObject::WriteNamed(BSTR name, const VARIANT& value) const noexcept
 try
 {
-    Write(Known(name), value);
+    m_row.Write(Known(name), value);
     return S_OK;
 }
 catch (const StatusError& error)
@@ -238,7 +221,7 @@ catch (const StatusError& error)
 }
 catch (const PlantError& error)
 {
-    m_core->NoteError(error.what());
+    m_row.core->NoteError(error.what());
     return E_FAIL;
 }
 catch (const std::bad_alloc&)
@@ -253,19 +236,22 @@ catch (...)
 HRESULT HostDataObject::ReadAll(SAFEARRAY* names, SAFEARRAY** values) const
 {
     std::vector<Pair> pairs;
-    bool all = true;
+    bool hidden = false;
+    bool unknown = false;
     for (const std::wstring& name : ReadNames(names))
     {
-        const Attribute* attribute = m_kind.FindAttribute(ToUtf8(name));
-        all = all && attribute;
+        const Attribute* attribute = m_row.kind.FindAttribute(ToUtf8(name));
+        unknown = unknown || !attribute;
         if (!attribute)
             continue;
-        Pair& pair = pairs.emplace_back();
-        pair.name = name;
-        Read(*attribute, pair.value->get());
+        Pair pair{name};
+        if (m_row.Read(*attribute, pair.value->get()) == E_ACCESSDENIED)
+            hidden = true;
+        else
+            pairs.push_back(std::move(pair));
     }
     *values = MakePairArray(pairs);
-    return all ? S_OK : kSomeUnreadable;
+    return unknown ? kSomeUnknown : hidden ? kSomeHidden : S_OK;
 }
 
 HRESULT HostDataObject::WriteAll(SAFEARRAY* pairs, SAFEARRAY** results) const

@@ -3,7 +3,7 @@
 
 #include "HostObject.h"
 #include "ObjectPlaces.h"
-#include "PlantCore.h"
+#include "ObjectRow.h"
 
 #include "ComPtr.h"
 
@@ -15,8 +15,7 @@
 
 namespace refhost
 {
-/// A row of one of the plant's tables. It holds no data: every read and write goes to the database, so that
-/// any number of objects may stand for one row.
+/// A row of one of the plant's tables. Any number of objects may stand for one row.
 class HostDataObject final : public HostObject<HostDataObject, IQP_BaseDataObject, IQPObjectRights>
 {
 public:
@@ -25,26 +24,25 @@ public:
     /// The refhost object behind `object`; null for a foreign or null one.
     static ComPtr<HostDataObject> From(IUnknown* object);
 
-    long long Id() const { return m_id; }
-    const Kind& KindOf() const { return m_kind; }
-    bool IsOf(const PlantCore& core) const { return m_core.get() == &core; }
-
-    /// "<table key>", as recorded calls name the object.
-    std::string Label() const;
+    long long Id() const { return m_row.id; }
+    const Kind& KindOf() const { return m_row.kind; }
+    bool IsOf(const PlantCore& core) const { return m_row.core.get() == &core; }
+    std::string Label() const { return m_row.Label(); }
 
     HRESULT STDMETHODCALLTYPE GetTableName(BSTR* tableName) override;
     HRESULT STDMETHODCALLTYPE GetTypeName(BSTR* typeName) override;
 
-    /// S_FALSE and VT_EMPTY for an attribute without a value, E_INVALIDARG for one that the object does not
-    /// have.
+    /// S_FALSE and VT_EMPTY for an attribute without a value, E_ACCESSDENIED for a hidden one, E_INVALIDARG
+    /// for one that the object does not have.
     HRESULT STDMETHODCALLTYPE GetAttribute(BSTR name, VARIANT* value) override;
 
-    /// One row per readable attribute, in the order of the names. 0x8004035E if there were others.
+    /// One row per readable attribute, in the order of the names. 0x8004035E if the object does not have all
+    /// of them, else 0x80040344 if some are hidden: the rows come with both.
     HRESULT STDMETHODCALLTYPE GetAttributes(SAFEARRAY** names, SAFEARRAY** values) override;
 
-    /// An empty value or a null reference takes the attribute's value away. E_INVALIDARG for an attribute
-    /// that the object does not have and for an object of the wrong kind or plant; else the status of a
-    /// failed conversion.
+    /// An empty value or a null reference removes the attribute's value. E_INVALIDARG for an attribute that
+    /// the object does not have and for an object of the wrong kind or plant, E_ACCESSDENIED for a locked or
+    /// hidden attribute; else the status of a failed conversion.
     HRESULT STDMETHODCALLTYPE SetAttribute(BSTR name, VARIANT value) override;
 
     /// S_OK with a result for each row: 0 or the status that SetAttribute would have given, as VT_I4.
@@ -53,7 +51,8 @@ public:
     /// E_INVALIDARG for a list that the object does not have.
     HRESULT STDMETHODCALLTYPE GetChildren(BSTR list, IEnumBaseDataObject** children) override;
 
-    /// Not there yet: E_NOTIMPL.
+    /// The configured type named `configName` or, if that is null or empty, `typeName`. E_INVALIDARG if there
+    /// is none.
     HRESULT STDMETHODCALLTYPE GetType(BSTR typeName, BSTR configName, IQPType** type) override;
 
     HRESULT STDMETHODCALLTYPE GetClientId(LONG* clientId) override;
@@ -61,7 +60,7 @@ public:
     /// S_OK or S_FALSE.
     HRESULT STDMETHODCALLTYPE IsDerivedFromClass(BSTR className) override;
 
-    /// The plant keeps one text for all languages: as the forms without a language.
+    /// The plant keeps one text for all languages: these do what the forms without a language do.
     HRESULT STDMETHODCALLTYPE SetAttributeMultiLingual(BSTR name, LONG language, VARIANT value) override;
     HRESULT STDMETHODCALLTYPE SetAttributesMultiLingual(SAFEARRAY** pairs, LONG language,
                                                         SAFEARRAY** results) override;
@@ -79,8 +78,6 @@ private:
     void* Interface(REFIID iid) noexcept;
     bool OffersRights() noexcept;
     const Attribute& Known(BSTR name) const;
-    HRESULT Read(const Attribute& attribute, VARIANT& value) const;
-    void Write(const Attribute& attribute, const VARIANT& value) const;
     HRESULT WriteNamed(BSTR name, const VARIANT& value) const noexcept;
     HRESULT ReadAll(SAFEARRAY* names, SAFEARRAY** values) const;
     HRESULT WriteAll(SAFEARRAY* pairs, SAFEARRAY** results) const;
@@ -89,8 +86,6 @@ private:
     HRESULT Call(const char* method, const Outputs& outputs, Body&& body,
                  const Arguments&... arguments) noexcept;
 
-    const Core m_core;
-    const Kind& m_kind;
-    const long long m_id;
+    const ObjectRow m_row;
 };
 } // namespace refhost

@@ -1,9 +1,11 @@
 #include "Plant.h"
 
+#include "HostConfigFactory.h"
 #include "HostDataObject.h"
 #include "HostObjectManager.h"
 #include "HostQuery.h"
 #include "HostText.h"
+#include "ObjectStore.h"
 #include "PlantCore.h"
 #include "SampleLoader.h"
 
@@ -25,6 +27,14 @@ long long NumberOf(PlantCore& core, const Kind& kind, const std::string& name)
     Statement statement(core.database, R"(SELECT "id" FROM "object" WHERE "kind" = ?1 AND "key" = ?2)");
     statement.Bind(1, std::string(kind.table)).Bind(2, name);
     return statement.Step() ? statement.Integer(0) : 0;
+}
+
+long long KnownNumber(PlantCore& core, const Kind& kind, const std::string& name)
+{
+    const long long id = NumberOf(core, kind, name);
+    if (id == 0)
+        throw PlantError("no " + std::string(kind.table) + " is named " + name);
+    return id;
 }
 } // namespace
 
@@ -86,11 +96,21 @@ ComPtr<IQP_BaseDataObject> Plant::Add(std::wstring_view table, std::wstring_view
 
 void Plant::SetRights(std::wstring_view table, std::wstring_view name, std::optional<long> rights)
 {
+    StoreRights(m_core->database, KnownNumber(*m_core, KindOf(table), ToUtf8(name)), rights);
+}
+
+void Plant::SetLimit(std::wstring_view table, std::wstring_view name, std::wstring_view column, Limit limit)
+{
     const Kind& kind = KindOf(table);
-    const long long id = NumberOf(*m_core, kind, ToUtf8(name));
-    if (id == 0)
-        throw PlantError("no " + std::string(kind.table) + " is named " + ToUtf8(name));
-    StoreRights(m_core->database, id, rights);
+    const Attribute* attribute = kind.FindColumn(ToUtf8(column));
+    if (!attribute)
+        throw PlantError(std::string(kind.table) + " has no column " + ToUtf8(column));
+    StoreLimit(m_core->database, KnownNumber(*m_core, kind, ToUtf8(name)), *attribute, limit);
+}
+
+ComPtr<IQPConfigFactory> Plant::ConfigFactory()
+{
+    return HostConfigFactory::Make(m_core);
 }
 
 ComPtr<IQPFObjectManager> Plant::ObjectManager()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CallGate.h"
+#include "Limit.h"
 #include "PlantError.h"
 
 #include "ComPtr.h"
@@ -49,7 +50,13 @@ public:
     /// The rights of the user on an object, as a mask of QPRightType; none at all: it has no rights service.
     void SetRights(std::wstring_view table, std::wstring_view name, std::optional<long> rights);
 
+    /// What the user may not do with an attribute, named by its column, of an object.
+    void SetLimit(std::wstring_view table, std::wstring_view name, std::wstring_view column, Limit limit);
+
     ComPtr<IQPFObjectManager> ObjectManager();
+
+    /// The configured types with their pages, groups and attributes.
+    ComPtr<IQPConfigFactory> ConfigFactory();
 
     /// The gate of all calls on this plant's objects.
     CallGate& Calls();

@@ -5,6 +5,9 @@
 #include "Database.h"
 #include "Schema.h"
 
+#include "qpconfig.h"
+
+#include <map>
 #include <memory>
 #include <string>
 
@@ -23,6 +26,8 @@ struct PlantCore
 
     Database database;
     CallGate gate;
+    /// The objects of configured types that somebody holds, by their numbers. Not owned: each removes itself.
+    std::map<long long, IQPType*> liveTypes;
     std::string lastSql;
     std::string lastError;
 };

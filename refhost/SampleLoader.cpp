@@ -2,6 +2,7 @@
 
 #include "HostText.h"
 #include "KeyStore.h"
+#include "ObjectStore.h"
 #include "PlantCore.h"
 #include "PlantError.h"
 #include "SampleTable.h"
@@ -56,6 +57,7 @@ public:
 private:
     void CheckColumns(const LoadedTable& loaded) const;
     void MakeObjects(LoadedTable& loaded);
+    void LimitAttributes(const LoadedTable& loaded, const char* column, Limit limit);
     void FillColumn(const LoadedTable& loaded, std::size_t column);
     SqlValue ValueOf(const SampleTable& table, int line, const Attribute& attribute, const std::string& cell);
     long long Referred(const SampleTable& table, int line, const Attribute& attribute,
@@ -156,6 +158,8 @@ void Loader::Run()
         MakeObjects(loaded);
     for (const LoadedTable& loaded : m_tables)
     {
+        LimitAttributes(loaded, "locked", Limit::Locked);
+        LimitAttributes(loaded, "hidden", Limit::Hidden);
         for (std::size_t column = 0; column < loaded.table.Columns().size(); ++column)
             FillColumn(loaded, column);
     }
@@ -169,8 +173,8 @@ void Loader::CheckColumns(const LoadedTable& loaded) const
     const SampleTable& table = loaded.table;
     for (const std::string& column : table.Columns())
     {
-        const bool known = column == "key" || (column == "rights" && loaded.kind->hasRights) ||
-                           loaded.kind->FindColumn(column);
+        const bool known = column == "key" || column == "locked" || column == "hidden" ||
+                           (column == "rights" && loaded.kind->hasRights) || loaded.kind->FindColumn(column);
         if (!known)
             table.Fail(table.HeaderLine(), std::string(loaded.kind->table) + " has no column " + column);
     }
@@ -199,6 +203,25 @@ void Loader::MakeObjects(LoadedTable& loaded)
         if (loaded.kind->hasRights)
             StoreRights(m_database, loaded.ids.back(),
                         RightsOf(table, row.line, CellOf(row, rights).value_or("all")));
+    }
+}
+
+/// The cells of `column` name attributes by their columns, separated by blanks.
+void Loader::LimitAttributes(const LoadedTable& loaded, const char* column, Limit limit)
+{
+    const SampleTable& table = loaded.table;
+    for (std::size_t i = 0; i < loaded.ids.size(); ++i)
+    {
+        const SampleTable::Row& row = table.Rows()[i];
+        std::istringstream words(CellOf(row, table.Find(column)).value_or(""));
+        for (std::string word; words >> word;)
+        {
+            const Attribute* attribute = loaded.kind->FindColumn(word);
+            if (!attribute)
+                table.Fail(row.line,
+                           std::string(column) + ": " + loaded.kind->table + " has no column " + word);
+            StoreLimit(m_database, loaded.ids[i], *attribute, limit);
+        }
     }
 }
 
@@ -293,28 +316,5 @@ void Loader::LoadSettings(const SampleTable& table)
 void LoadSample(Database& database, const std::filesystem::path& folder)
 {
     Loader(database, folder).Run();
-}
-
-long long InsertObject(Database& database, const Kind& kind, const std::string& key)
-{
-    Statement object(database,
-                     R"(INSERT OR IGNORE INTO "object"("kind", "key") VALUES(?1, ?2) RETURNING "id")");
-    if (!object.Bind(1, std::string(kind.table)).Bind(2, key).Step())
-        throw PlantError("there are two of the name \"" + key + "\" in " + kind.table);
-    const long long id = object.Integer(0);
-    Statement row(database, "INSERT INTO " + Quoted(kind.table) + "(\"id\") VALUES(?1)");
-    row.Bind(1, id).Step();
-    return id;
-}
-
-void StoreRights(Database& database, long long object, std::optional<long> rights)
-{
-    Statement statement(database,
-                        rights ? R"(INSERT OR REPLACE INTO "objectright"("object", "bits") VALUES(?1, ?2))"
-                               : R"(DELETE FROM "objectright" WHERE "object" = ?1)");
-    statement.Bind(1, object);
-    if (rights)
-        statement.Bind(2, static_cast<long long>(*rights));
-    statement.Step();
 }
 } // namespace refhost

@@ -1,5 +1,6 @@
 #include "Schema.h"
 
+#include "ConfigSchema.h"
 #include "Database.h"
 #include "PlantError.h"
 
@@ -16,7 +17,7 @@ constexpr auto Object = ColumnType::Object;
 
 /// Marks a SQLite file as a plant, and which form its tables have.
 constexpr long long kApplicationId = 0x51504C54;
-constexpr long long kSchemaVersion = 2;
+constexpr long long kSchemaVersion = 3;
 
 Kind RootKind()
 {
@@ -75,19 +76,6 @@ Kind PlanTypeKind()
              {"m_strConfigTypeName", "configtypename"}},
             {{"scriptactions", "scriptaction", "\"orvoplantype\" = ?1"},
              {"scriptcommands", "scriptcommand", "\"orvoplantype\" = ?1"}}};
-}
-
-Kind ConfigTypeKind()
-{
-    return {"configtype",
-            "configtype",
-            "XDOConfigType",
-            false,
-            {{"m_name", "name"},
-             {"typename", "name"},
-             {"m_strCaptionSingular", "captionsingular"},
-             {"m_bIsPlanType", "isplantype", Flag}},
-            {}};
 }
 
 Kind ScriptKind()
@@ -250,6 +238,8 @@ void CreateTables(Database& database)
         " UNIQUE(\"kind\", \"key\"));"
         "CREATE TABLE \"objectright\"(\"object\" INTEGER PRIMARY KEY REFERENCES \"object\"(\"id\"), \"bits\" "
         "INTEGER NOT NULL);"
+        "CREATE TABLE \"attributelimit\"(\"object\" INTEGER NOT NULL REFERENCES \"object\"(\"id\"),"
+        " \"column\" TEXT NOT NULL, \"limit\" INTEGER NOT NULL, PRIMARY KEY(\"object\", \"column\"));"
         "CREATE TABLE \"storekey\"(\"scope\" INTEGER NOT NULL, \"path\" TEXT NOT NULL COLLATE NOCASE,"
         " PRIMARY KEY(\"scope\", \"path\"));"
         "CREATE TABLE \"storevalue\"(\"id\" INTEGER PRIMARY KEY, \"scope\" INTEGER NOT NULL,"
@@ -281,6 +271,12 @@ const Attribute* Kind::FindColumn(std::string_view column) const
     return FindIn(attributes, [column](const Attribute& a) { return column == a.column; });
 }
 
+const Attribute* Kind::FindMember(int number) const
+{
+    const Member* member = FindIn(members, [number](const Member& m) { return number == m.number; });
+    return member ? FindColumn(member->column) : nullptr;
+}
+
 const ChildList* Kind::FindChildren(std::string_view list) const
 {
     return FindIn(children, [list](const ChildList& c) { return list == c.name; });
@@ -294,10 +290,15 @@ bool Kind::IsOf(std::string_view name) const
 
 const std::vector<Kind>& Kinds()
 {
-    static const std::vector<Kind> kinds = {
-        RootKind(),     ProjectKind(),      PlanTypeSetKind(),   PlanTypeKind(), ConfigTypeKind(),
-        ScriptKind(),   ScriptActionKind(), ScriptCommandKind(), ItemKind(),     WorkSystemComponentKind(),
-        CompBaseKind(), SubComponentKind(), RelationshipKind()};
+    static const std::vector<Kind> kinds = {RootKind(),         ProjectKind(),
+                                            PlanTypeSetKind(),  PlanTypeKind(),
+                                            ConfigTypeKind(),   ScriptKind(),
+                                            ScriptActionKind(), ScriptCommandKind(),
+                                            ItemKind(),         WorkSystemComponentKind(),
+                                            CompBaseKind(),     SubComponentKind(),
+                                            RelationshipKind(), ConfigPageKind(),
+                                            ConfigGroupKind(),  ConfigAttributeKind(),
+                                            ConfigValueKind()};
     return kinds;
 }
 

@@ -33,6 +33,13 @@ struct ChildList
     const char* condition;
 };
 
+/// A member number of a configuration object and the column it reads.
+struct Member
+{
+    int number;
+    const char* column;
+};
+
 struct Kind
 {
     const char* table;
@@ -42,12 +49,16 @@ struct Kind
     std::vector<Attribute> attributes;
     std::vector<ChildList> children;
     std::vector<const char*> moreClasses = {}; ///< which its objects derive from besides `className`
+    std::vector<Member> members = {};          ///< of a kind of the configuration
 
     /// The attribute of either name, case counting; null if there is none.
     const Attribute* FindAttribute(std::string_view name) const;
 
     /// The attribute of that column; null if there is none.
     const Attribute* FindColumn(std::string_view column) const;
+
+    /// The attribute that the member number reads; null if there is none.
+    const Attribute* FindMember(int number) const;
 
     const ChildList* FindChildren(std::string_view list) const;
 

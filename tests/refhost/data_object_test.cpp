@@ -266,7 +266,11 @@ TEST_F(DataObject, table_type_and_class_of_each_kind)
                        {L"orvowsc", L"orvowsc", L"XDOOrvoItem"},
                        {L"orvocompbase", L"orvocompbase", L"XDOOrvoCompBase"},
                        {L"subcompitem", L"subcompitem", L"XDOSubCompItem"},
-                       {L"relationship", L"relationship", L"XDORelationship"}};
+                       {L"relationship", L"relationship", L"XDORelationship"},
+                       {L"configpage", L"configpage", L"XDOConfigPage"},
+                       {L"configgroup", L"configgroup", L"XDOConfigGroup"},
+                       {L"configattribute", L"configattribute", L"XDOConfigAttribute"},
+                       {L"configvalue", L"configvalue", L"XDOConfigValue"}};
     for (const auto& kind : kinds)
     {
         const ComPtr<IQP_BaseDataObject> object = Object(kind.table);
@@ -287,16 +291,34 @@ TEST_F(DataObject, table_type_and_class_of_each_kind)
     }
 }
 
-TEST_F(DataObject, the_client_is_known_and_the_configured_type_not_yet)
+TEST_F(DataObject, the_client_is_known)
 {
     const ComPtr<IQP_BaseDataObject> object = Object(L"script");
     LONG client = 0;
     EXPECT_EQ(object->GetClientId(&client), S_OK);
     EXPECT_EQ(client, 1);
     EXPECT_EQ(object->GetClientId(nullptr), E_POINTER);
+}
+
+TEST_F(DataObject, the_configured_type_is_found_by_either_name)
+{
+    const ComPtr<IQP_BaseDataObject> object = Object(L"script");
+    plant->Add(L"configtype", L"script");
+    plant->Add(L"configtype", L"macro");
+    const auto typeName = [&](const wchar_t* name, const wchar_t* configuration) {
+        ComPtr<IQPType> type;
+        EXPECT_EQ(object->GetType(Text(name), Text(configuration), type.put()), S_OK);
+        Value value;
+        EXPECT_EQ(type->Get(Text(L"typename"), &value.get()), S_OK);
+        return std::wstring(value->bstrVal);
+    };
+    EXPECT_EQ(typeName(L"script", nullptr), L"script");
+    EXPECT_EQ(typeName(L"script", L""), L"script");
+    EXPECT_EQ(typeName(L"script", L"macro"), L"macro") << "the configuration counts first";
     ComPtr<IQPType> type;
-    EXPECT_EQ(object->GetType(Text(L"script"), nullptr, type.put()), E_NOTIMPL);
+    EXPECT_EQ(object->GetType(Text(L"script"), Text(L"none"), type.put()), E_INVALIDARG);
     EXPECT_FALSE(type);
+    EXPECT_EQ(object->GetType(Text(L"script"), nullptr, nullptr), E_POINTER);
 }
 
 TEST_F(DataObject, unknown_child_lists_are_bad_arguments)

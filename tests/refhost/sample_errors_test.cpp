@@ -211,6 +211,14 @@ TEST_F(SampleErrors, a_bad_right)
     EXPECT_EQ(Error(), "script.txt:2: \"norights\" is no right");
 }
 
+TEST_F(SampleErrors, a_limit_for_a_column_that_is_not_there)
+{
+    Write("script.txt", "name | locked\nA | name colour\n");
+    EXPECT_EQ(Error(), "script.txt:2: locked: script has no column colour");
+    Write("script.txt", "name | hidden\nA |\nB | m_name\n");
+    EXPECT_EQ(Error(), "script.txt:3: hidden: script has no column m_name");
+}
+
 TEST_F(SampleErrors, text_that_is_not_utf8)
 {
     Write("script.txt", "name\nA\nB\xFC\n");

@@ -58,6 +58,10 @@ TEST_F(Sample, holds_as_much_as_its_readers_count_on)
     EXPECT_EQ(Count(L"plantypeset"), 3U);
     EXPECT_EQ(Count(L"plantype"), 10U);
     EXPECT_EQ(Count(L"configtype"), 14U);
+    EXPECT_EQ(Count(L"configpage"), 13U);
+    EXPECT_EQ(Count(L"configgroup"), 8U);
+    EXPECT_EQ(Count(L"configattribute"), 16U);
+    EXPECT_EQ(Count(L"configvalue"), 12U);
     EXPECT_EQ(Count(L"script"), 40U);
     EXPECT_EQ(Count(L"scriptaction"), 60U);
     EXPECT_EQ(Count(L"scriptcommand"), 60U);

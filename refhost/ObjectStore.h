@@ -1,0 +1,24 @@
+// New objects, and what the user may do with them.
+#pragma once
+
+#include "Database.h"
+#include "Limit.h"
+#include "Schema.h"
+
+#include <optional>
+#include <string>
+
+namespace refhost
+{
+/// All rights of QPRightType that give access.
+inline constexpr long kAllRights = 2 | 4 | 8 | 16 | 32 | 64 | 128 | 256 | 512;
+
+/// Adds an object with no values and returns its number. Throws PlantError if that kind has one of that key.
+long long InsertObject(Database& database, const Kind& kind, const std::string& key);
+
+/// Sets the rights of an object; none at all takes its rights service away.
+void StoreRights(Database& database, long long object, std::optional<long> rights);
+
+/// Sets what the user may not do with one attribute of an object.
+void StoreLimit(Database& database, long long object, const Attribute& attribute, Limit limit);
+} // namespace refhost
