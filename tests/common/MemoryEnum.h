@@ -1,37 +1,105 @@
-// An enumerator of a host in memory.
+// The enumerators of a host in memory.
 #pragma once
 
+#include "InterfaceAnswer.h"
 #include "MemoryObject.h"
+#include "MemoryRecord.h"
+
+#include "qpconfig.h"
 
 #include <cstddef>
 #include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
-/// Answers its objects one by one and S_FALSE after the last.
-class MemoryEnum final : public IEnumBaseDataObject
+/// Answers its objects one by one and S_FALSE after the last. `Enum` is the interface, `Element` that of the
+/// objects, which may be null.
+template <class Enum, class Element>
+class MemoryList final : public Enum
 {
 public:
-    MemoryEnum(MemoryHost& host, std::vector<ComPtr<MemoryObject>> objects);
+    /// `name` stands before each call in the record, unless it is empty.
+    template <class Object>
+    MemoryList(MemoryRecord& record, const std::vector<ComPtr<Object>>& objects, const std::string& name = {})
+        : m_record(record), m_life(record), m_name(name.empty() ? name : name + ".")
+    {
+        for (const ComPtr<Object>& object : objects)
+            m_objects.emplace_back(object.get());
+    }
 
-    /// Statuses that RemNext returns in place of its own, by the number of the call from 0. The object is
-    /// handed out all the same.
+    /// Statuses that RemNext and GetSingleNext return in place of their own, by the number of the call from
+    /// 0. The object is handed out all the same.
     std::map<std::size_t, HRESULT> statuses;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
+    {
+        if (iid == __uuidof(Enum) || iid == __uuidof(IUnknown))
+            return Give(static_cast<Enum*>(this), result);
+        return Refuse(result);
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
+    ULONG STDMETHODCALLTYPE Release() override
+    {
+        const ULONG left = --m_count;
+        if (left == 0)
+            delete this;
+        return left;
+    }
 
-    HRESULT STDMETHODCALLTYPE RemNext(ULONG count, IQP_BaseDataObject** objects, ULONG* fetched) override;
-    HRESULT STDMETHODCALLTYPE Reset() override;
+    HRESULT STDMETHODCALLTYPE RemNext(ULONG count, Element** objects, ULONG* fetched) override
+    {
+        const MemoryRecord::CallScope call;
+        if (m_record.recording)
+            m_record.Record(m_name + "RemNext(" + std::to_string(count) + ")");
+        ULONG given = 0;
+        while (given < count && m_next < m_objects.size())
+            m_objects[m_next++].copyTo(&objects[given++]);
+        *fetched = given;
+        return Status(given == count ? S_OK : S_FALSE);
+    }
 
-    HRESULT STDMETHODCALLTYPE Skip(ULONG) override;
-    HRESULT STDMETHODCALLTYPE Clone(IEnumBaseDataObject**) override;
-    HRESULT STDMETHODCALLTYPE GetSingleNext(IQP_BaseDataObject**) override;
+    HRESULT STDMETHODCALLTYPE Reset() override
+    {
+        m_next = 0;
+        m_calls = 0;
+        return S_OK;
+    }
+
+    HRESULT STDMETHODCALLTYPE GetSingleNext(Element** object) override
+    {
+        const MemoryRecord::CallScope call;
+        if (m_record.recording)
+            m_record.Record(m_name + "GetSingleNext()");
+        *object = nullptr;
+        const bool any = m_next < m_objects.size();
+        if (any)
+            m_objects[m_next++].copyTo(object);
+        return Status(any ? S_OK : S_FALSE);
+    }
+
+    HRESULT STDMETHODCALLTYPE Skip(ULONG) override { return Unexpected("Skip()"); }
+    HRESULT STDMETHODCALLTYPE Clone(Enum**) override { return Unexpected("Clone()"); }
 
 private:
-    ~MemoryEnum();
+    ~MemoryList() = default;
 
-    MemoryHost& m_host;
-    std::vector<ComPtr<MemoryObject>> m_objects;
+    HRESULT Status(HRESULT own)
+    {
+        const auto scripted = statuses.find(m_calls++);
+        return scripted == statuses.end() ? own : scripted->second;
+    }
+
+    HRESULT Unexpected(const char* call)
+    {
+        m_record.Record(m_name + call);
+        return E_NOTIMPL;
+    }
+
+    MemoryRecord& m_record;
+    const MemoryRecord::Life m_life;
+    const std::string m_name;
+    std::vector<ComPtr<Element>> m_objects;
     std::size_t m_next = 0;
     std::size_t m_calls = 0;
     ULONG m_count = 0;

@@ -4,28 +4,14 @@
 
 #include <cassert>
 
-std::string Utf8Of(BSTR text)
-{
-    const int length = static_cast<int>(SysStringLen(text));
-    if (length == 0)
-        return {};
-    std::string bytes(
-        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr)),
-        '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text, length, bytes.data(), static_cast<int>(bytes.size()), nullptr,
-                        nullptr);
-    return bytes;
-}
-
 /// An object that only leads to a data object.
 class MemoryReference final : public IUnknown
 {
 public:
-    MemoryReference(MemoryHost& host, std::string name, ComPtr<MemoryObject> object)
-        : m_host(host), m_object(std::move(object))
+    MemoryReference(MemoryRecord& record, const std::string& name, ComPtr<MemoryObject> object)
+        : m_record(record), m_life(record), m_object(std::move(object))
     {
-        ++m_host.m_liveObjects;
-        m_host.m_names[this] = std::move(name);
+        m_record.Name(this, name);
     }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
@@ -44,25 +30,21 @@ public:
     }
 
 private:
-    ~MemoryReference()
-    {
-        --m_host.m_liveObjects;
-        m_host.m_names.erase(this);
-    }
+    ~MemoryReference() { m_record.Forget(this); }
 
-    MemoryHost& m_host;
+    MemoryRecord& m_record;
+    const MemoryRecord::Life m_life;
     ComPtr<MemoryObject> m_object;
     ULONG m_count = 0;
 };
 
-int MemoryHost::s_depth = 0;
-
-MemoryHost::MemoryHost() : m_ptrQuery(new MemoryQuery(*this)) {}
+MemoryHost::MemoryHost() : m_ptrQuery(new MemoryQuery(*this)), m_ptrFactory(new MemoryFactory(*this)) {}
 
 MemoryHost::~MemoryHost()
 {
     m_ptrQuery->result.reset();
-    assert(m_liveObjects == 0);
+    m_ptrFactory->types.objects.clear();
+    assert(LiveObjects() == 0);
 }
 
 ComPtr<MemoryObject> MemoryHost::Object(std::string name)
@@ -80,44 +62,10 @@ ComPtr<MemoryObject> MemoryHost::Named(const wchar_t* name)
 
 ComPtr<IUnknown> MemoryHost::ReferenceTo(std::string name, const ComPtr<MemoryObject>& object)
 {
-    return ComPtr<IUnknown>(new MemoryReference(*this, std::move(name), object));
+    return ComPtr<IUnknown>(new MemoryReference(*this, name, object));
 }
 
-ComPtr<MemoryEnum> MemoryHost::List(std::vector<ComPtr<MemoryObject>> objects)
+ComPtr<MemoryEnum> MemoryHost::List(const std::vector<ComPtr<MemoryObject>>& objects)
 {
-    return ComPtr<MemoryEnum>(new MemoryEnum(*this, std::move(objects)));
-}
-
-void MemoryHost::Record(const std::string& call)
-{
-    calls.push_back(call);
-    if (onCall)
-        onCall(call);
-}
-
-std::string MemoryHost::NameOf(IUnknown* object) const
-{
-    if (!object)
-        return "null";
-    const auto found = m_names.find(object);
-    return found == m_names.end() ? "an unknown object" : found->second;
-}
-
-std::string MemoryHost::Describe(const VARIANT& value) const
-{
-    switch (value.vt)
-    {
-    case VT_EMPTY:
-        return "EMPTY";
-    case VT_BSTR:
-        return value.bstrVal ? "BSTR '" + Utf8Of(value.bstrVal) + "'" : "BSTR null";
-    case VT_UNKNOWN:
-        return "UNKNOWN " + NameOf(value.punkVal);
-    case VT_I4:
-        return "I4 " + std::to_string(value.lVal);
-    case VT_BOOL:
-        return value.boolVal == VARIANT_TRUE ? "BOOL true" : "BOOL " + std::to_string(value.boolVal);
-    default:
-        return "type " + std::to_string(value.vt);
-    }
+    return ComPtr<MemoryEnum>(new MemoryEnum(*this, objects));
 }

@@ -1,23 +1,20 @@
 #include "MemoryObject.h"
 
 #include "InterfaceAnswer.h"
+#include "MemoryConfig.h"
 #include "MemoryEnum.h"
-#include "MemoryHost.h"
 
 #include <string_view>
 
-MemoryObject::MemoryObject(MemoryHost& host, std::string name) : m_host(host), m_name(std::move(name))
+MemoryObject::MemoryObject(MemoryRecord& record, std::string name)
+    : m_record(record), m_life(record), m_name(std::move(name))
 {
-    ++m_host.m_liveObjects;
-    if (m_host.recording)
-        m_host.m_names[static_cast<IQP_BaseDataObject*>(this)] = m_name;
+    m_record.Name(static_cast<IQP_BaseDataObject*>(this), m_name);
 }
 
 MemoryObject::~MemoryObject()
 {
-    --m_host.m_liveObjects;
-    if (!m_host.m_names.empty())
-        m_host.m_names.erase(static_cast<IQP_BaseDataObject*>(this));
+    m_record.Forget(static_cast<IQP_BaseDataObject*>(this));
 }
 
 MemoryObject* MemoryObject::Set(const wchar_t* attribute, const wchar_t* text)
@@ -88,17 +85,17 @@ MemoryObject* MemoryObject::Children(const wchar_t* name, const ComPtr<MemoryEnu
 
 HRESULT MemoryObject::QueryInterface(REFIID iid, void** result)
 {
-    const MemoryHost::CallScope call;
+    const MemoryRecord::CallScope call;
     if (iid == __uuidof(IQP_BaseDataObject))
     {
-        if (m_host.recordingQueries)
-            m_host.Record(m_name + ".QueryInterface(IQP_BaseDataObject)");
+        if (m_record.recordingQueries)
+            m_record.Record(m_name + ".QueryInterface(IQP_BaseDataObject)");
         return offersData ? Give(static_cast<IQP_BaseDataObject*>(this), result) : Refuse(result);
     }
     if (iid == __uuidof(IQPObjectRights))
     {
-        if (m_host.recordingQueries)
-            m_host.Record(m_name + ".QueryInterface(IQPObjectRights)");
+        if (m_record.recordingQueries)
+            m_record.Record(m_name + ".QueryInterface(IQPObjectRights)");
         return offersRights ? Give(static_cast<IQPObjectRights*>(this), result) : Refuse(result);
     }
     if (iid == __uuidof(IUnknown))
@@ -108,8 +105,8 @@ HRESULT MemoryObject::QueryInterface(REFIID iid, void** result)
 
 ULONG MemoryObject::AddRef()
 {
-    if (m_host.onReference)
-        m_host.onReference();
+    if (m_record.onReference)
+        m_record.onReference();
     return ++m_count;
 }
 
@@ -123,31 +120,27 @@ ULONG MemoryObject::Release()
 
 HRESULT MemoryObject::HasRight(enum QPRightType asked)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record(m_name + ".HasRight(" + std::to_string(static_cast<int>(asked)) + ")");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record(m_name + ".HasRight(" + std::to_string(static_cast<int>(asked)) + ")");
     return right;
 }
 
 HRESULT MemoryObject::GetAttribute(BSTR name, VARIANT* value)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record(m_name + ".GetAttribute(" + Utf8Of(name) + ")");
-    const std::wstring_view asked(name, SysStringLen(name));
-    for (const auto& [attribute, answer] : m_answers)
-    {
-        if (asked != attribute)
-            continue;
-        VariantCopy(value, const_cast<VARIANT*>(&answer.value.Value()));
-        return answer.status;
-    }
-    return S_FALSE;
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record(m_name + ".GetAttribute(" + Utf8Of(name) + ")");
+    const MemoryAnswer* answer = Find(std::wstring_view(name, SysStringLen(name)));
+    if (!answer)
+        return S_FALSE;
+    VariantCopy(value, const_cast<VARIANT*>(&answer->value.Value()));
+    return answer->status;
 }
 
 HRESULT MemoryObject::Unexpected(const char* method)
 {
-    m_host.Record(m_name + "." + method + "()");
+    m_record.Record(m_name + "." + method + "()");
     return E_NOTIMPL;
 }
 
@@ -155,38 +148,18 @@ HRESULT MemoryObject::GetTableName(BSTR* name)
 {
     if (!m_table)
         return Unexpected("GetTableName");
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record(m_name + ".GetTableName()");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record(m_name + ".GetTableName()");
     *name = m_table->value.Type() == VT_BSTR ? SysAllocString(m_table->value.Value().bstrVal) : nullptr;
     return m_table->status;
 }
 
-HRESULT MemoryObject::GetTypeName(BSTR*)
-{
-    return Unexpected("GetTypeName");
-}
-
-HRESULT MemoryObject::GetAttributes(SAFEARRAY**, SAFEARRAY**)
-{
-    return Unexpected("GetAttributes");
-}
-
-HRESULT MemoryObject::SetAttribute(BSTR, VARIANT)
-{
-    return Unexpected("SetAttribute");
-}
-
-HRESULT MemoryObject::SetAttributes(SAFEARRAY**, SAFEARRAY**)
-{
-    return Unexpected("SetAttributes");
-}
-
 HRESULT MemoryObject::GetChildren(BSTR name, IEnumBaseDataObject** children)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record(m_name + ".GetChildren(" + Utf8Of(name) + ")");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record(m_name + ".GetChildren(" + Utf8Of(name) + ")");
     *children = nullptr;
     const std::wstring_view asked(name, SysStringLen(name));
     for (const ChildAnswer& answer : m_children)
@@ -204,21 +177,11 @@ HRESULT MemoryObject::GetChildren(BSTR name, IEnumBaseDataObject** children)
     return E_INVALIDARG;
 }
 
-HRESULT MemoryObject::GetType(BSTR, BSTR, IQPType**)
-{
-    return Unexpected("GetType");
-}
-
-HRESULT MemoryObject::GetClientId(LONG*)
-{
-    return Unexpected("GetClientId");
-}
-
 HRESULT MemoryObject::IsDerivedFromClass(BSTR className)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record(m_name + ".IsDerivedFromClass(" + Utf8Of(className) + ")");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record(m_name + ".IsDerivedFromClass(" + Utf8Of(className) + ")");
     const std::wstring_view asked(className, SysStringLen(className));
     for (const auto& [name, status] : m_classes)
         if (asked == name)
@@ -226,12 +189,47 @@ HRESULT MemoryObject::IsDerivedFromClass(BSTR className)
     return S_FALSE;
 }
 
-HRESULT MemoryObject::SetAttributeMultiLingual(BSTR, LONG, VARIANT)
+MemoryObject* MemoryObject::TypeName(const wchar_t* name, HRESULT status)
 {
-    return Unexpected("SetAttributeMultiLingual");
+    m_typeName = MemoryAnswer{status, name ? XQPComVariant(name) : XQPComVariant()};
+    return this;
 }
 
-HRESULT MemoryObject::SetAttributesMultiLingual(SAFEARRAY**, LONG, SAFEARRAY**)
+HRESULT MemoryObject::GetTypeName(BSTR* name)
 {
-    return Unexpected("SetAttributesMultiLingual");
+    if (!m_typeName)
+        return Unexpected("GetTypeName");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record(m_name + ".GetTypeName()");
+    *name = m_typeName->value.Type() == VT_BSTR ? SysAllocString(m_typeName->value.Value().bstrVal) : nullptr;
+    return m_typeName->status;
+}
+
+MemoryObject* MemoryObject::Type(MemoryType* type, HRESULT status)
+{
+    m_type = MemoryAnswer{status, XQPComVariant(MemoryValue(type).Value())};
+    return this;
+}
+
+HRESULT MemoryObject::GetType(BSTR typeName, BSTR configName, IQPType** type)
+{
+    if (!m_type)
+        return Unexpected("GetType");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record(m_name + ".GetType(" + Utf8OrNull(typeName) + ", " + Utf8OrNull(configName) + ")");
+    ComPtr<IQPType> answer;
+    answer.queryFrom(m_type->value.Value().punkVal);
+    *type = answer.detach();
+    return m_type->status;
+}
+
+HRESULT MemoryObject::GetClientId(LONG* id)
+{
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record(m_name + ".GetClientId()");
+    *id = clientId;
+    return S_OK;
 }

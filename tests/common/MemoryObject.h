@@ -1,32 +1,31 @@
 // A data object of a host in memory.
 #pragma once
 
+#include "MemoryRecord.h"
+#include "MemoryValue.h"
+
 #include "ComPtr.h"
-#include "XQPComVariant.h"
 
 #include "qpobjects.h"
 #include "qpservices.h"
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
-class MemoryEnum;
-class MemoryHost;
+template <class Enum, class Element>
+class MemoryList;
+using MemoryEnum = MemoryList<IEnumBaseDataObject, IQP_BaseDataObject>;
 
-/// What the host answers to one read of an attribute.
-struct MemoryAnswer
-{
-    HRESULT status = S_OK;
-    XQPComVariant value;
-};
+class MemoryType;
 
 /// A data object. An attribute that was never set answers S_FALSE and VT_EMPTY.
 class MemoryObject final : public IQP_BaseDataObject, public IQPObjectRights
 {
 public:
-    MemoryObject(MemoryHost& host, std::string name);
+    MemoryObject(MemoryRecord& record, std::string name);
 
     MemoryObject* Set(const wchar_t* attribute, const wchar_t* text);
     MemoryObject* Set(const wchar_t* attribute, LONG number);
@@ -44,6 +43,31 @@ public:
     /// What GetChildren answers for that list, from its beginning; `list` may be null. E_INVALIDARG for a
     /// list that was never set.
     MemoryObject* Children(const wchar_t* name, const ComPtr<MemoryEnum>& list, HRESULT status = S_OK);
+
+    /// What GetTypeName answers; E_NOTIMPL if it was never set.
+    MemoryObject* TypeName(const wchar_t* name, HRESULT status = S_OK);
+
+    /// What GetType answers, whatever the names; `type` may be null. E_NOTIMPL if it was never set.
+    MemoryObject* Type(MemoryType* type, HRESULT status = S_OK);
+
+    /// What a write of that attribute gives: the result of its row and the status of a single write. Its
+    /// value stays as it is.
+    MemoryObject* RefuseWrite(const wchar_t* attribute, HRESULT status);
+
+    /// The attribute's value as the record writes it, `I4 5`; "EMPTY" if it has none.
+    std::string ValueText(const wchar_t* attribute) const;
+
+    /// What GetAttributes returns in place of its own status, with the rows all the same. Its own is S_OK, or
+    /// 0x8004035E without the rows of attributes whose read fails.
+    std::optional<HRESULT> readStatus;
+    /// What SetAttributes and SetAttributesMultiLingual return in place of S_OK. Nothing is written if it is
+    /// a failure.
+    HRESULT writeStatus = S_OK;
+    /// Whether the two hand out an array.
+    bool givesArrays = true;
+
+    /// What GetClientId answers.
+    LONG clientId = 1;
 
     /// What HasRight answers.
     HRESULT right = S_OK;
@@ -76,6 +100,10 @@ public:
 private:
     ~MemoryObject();
     HRESULT Unexpected(const char* method);
+    const MemoryAnswer* Find(std::wstring_view attribute) const;
+    HRESULT Write(std::wstring_view attribute, const VARIANT& value);
+    std::string PairList(SAFEARRAY* pairs) const;
+    HRESULT WriteAll(SAFEARRAY** pairs, SAFEARRAY** results);
 
     struct ChildAnswer
     {
@@ -84,11 +112,15 @@ private:
         HRESULT status;
     };
 
-    MemoryHost& m_host;
+    MemoryRecord& m_record;
+    const MemoryRecord::Life m_life;
     std::string m_name;
     std::vector<std::pair<std::wstring, MemoryAnswer>> m_answers;
     std::vector<std::pair<std::wstring, HRESULT>> m_classes;
     std::vector<ChildAnswer> m_children;
     std::optional<MemoryAnswer> m_table;
+    std::optional<MemoryAnswer> m_typeName;
+    std::optional<MemoryAnswer> m_type;
+    std::vector<std::pair<std::wstring, HRESULT>> m_refusals;
     ULONG m_count = 0;
 };

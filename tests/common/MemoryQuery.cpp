@@ -1,12 +1,11 @@
 #include "MemoryQuery.h"
 
 #include "InterfaceAnswer.h"
-#include "MemoryHost.h"
 
 HRESULT MemoryQuery::QueryInterface(REFIID iid, void** result)
 {
-    if (m_host.recordingQueries && iid == __uuidof(IQP_Query))
-        m_host.Record("QueryInterface(IQP_Query)");
+    if (m_record.recordingQueries && iid == __uuidof(IQP_Query))
+        m_record.Record("QueryInterface(IQP_Query)");
     if (iid == __uuidof(IQP_Query) || iid == __uuidof(IUnknown))
         return Give(static_cast<IQP_Query*>(this), result);
     return Refuse(result);
@@ -22,52 +21,52 @@ ULONG MemoryQuery::Release()
 
 HRESULT MemoryQuery::ResetSearch(LONG onlyWhereClause)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record("ResetSearch(" + std::to_string(onlyWhereClause) + ")");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record("ResetSearch(" + std::to_string(onlyWhereClause) + ")");
     return resetStatus;
 }
 
 HRESULT MemoryQuery::SetSearchTable(BSTR table)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record("SetSearchTable(" + Utf8Of(table) + ")");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record("SetSearchTable(" + Utf8Of(table) + ")");
     return tableStatus;
 }
 
 HRESULT MemoryQuery::SetSearchCatenation(LONG catenation)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record("SetSearchCatenation(" + std::to_string(catenation) + ")");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record("SetSearchCatenation(" + std::to_string(catenation) + ")");
     return catenationStatus;
 }
 
 HRESULT MemoryQuery::SetSearchAttribute(BSTR attribute, LONG comparison, VARIANT value, LONG catenation)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
     {
-        m_host.Record("SetSearchAttribute(" + Utf8Of(attribute) + ", " + std::to_string(comparison) + ", " +
-                      m_host.Describe(value) + ", " + std::to_string(catenation) + ")");
+        m_record.Record("SetSearchAttribute(" + Utf8Of(attribute) + ", " + std::to_string(comparison) + ", " +
+                        m_record.Describe(value) + ", " + std::to_string(catenation) + ")");
     }
     return criterionStatus;
 }
 
 HRESULT MemoryQuery::SetOrderAttribute(BSTR attribute, LONG ascending)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record("SetOrderAttribute(" + Utf8Of(attribute) + ", " + std::to_string(ascending) + ")");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record("SetOrderAttribute(" + Utf8Of(attribute) + ", " + std::to_string(ascending) + ")");
     return orderStatus;
 }
 
 HRESULT MemoryQuery::GetSearchResult(IEnumBaseDataObject** found)
 {
-    const MemoryHost::CallScope call;
-    if (m_host.recording)
-        m_host.Record("GetSearchResult()");
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record("GetSearchResult()");
     if (result)
     {
         result->Reset();
@@ -79,6 +78,6 @@ HRESULT MemoryQuery::GetSearchResult(IEnumBaseDataObject** found)
 
 HRESULT MemoryQuery::GetObjectById(BSTR, IUnknown**)
 {
-    m_host.Record("GetObjectById()");
+    m_record.Record("GetObjectById()");
     return E_NOTIMPL;
 }

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "MemoryEnum.h"
+#include "MemoryRecord.h"
 
 /// The host's query. It answers every search with the enumerator that it was given.
 class MemoryQuery final : public IQP_Query
 {
 public:
-    explicit MemoryQuery(MemoryHost& host) : m_host(host) {}
+    explicit MemoryQuery(MemoryRecord& record) : m_record(record) {}
 
     /// What GetSearchResult hands out, from its beginning; may be null.
     ComPtr<MemoryEnum> result;
@@ -38,6 +39,6 @@ public:
 private:
     ~MemoryQuery() = default;
 
-    MemoryHost& m_host;
+    MemoryRecord& m_record;
     ULONG m_count = 0;
 };
