@@ -51,11 +51,6 @@ TEST(NativeOnly_ComboBox, AListThatIsAlwaysOpenEndsTheRun)
     EXPECT_DEATH(Make(WC_COMBOBOXW, CBS_SIMPLE), "winport has no style 0x1");
 }
 
-TEST(NativeOnly_ComboBox, TypingInAListWithoutFieldEndsTheRun)
-{
-    EXPECT_DEATH(ComboHost(CBS_DROPDOWNLIST, {L"one"}).TypeText(L"o"), "winport has no character 0x6f");
-}
-
 TEST(NativeOnly_DatePicker, AMessageThatIsNotThereEndsTheRun)
 {
     EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Send(kSetFormat),

@@ -45,6 +45,7 @@ private:
     int Find(int after, const wchar_t* text, bool whole) const;
     LRESULT Select(int index);
     void ShowSelected();
+    void MatchField(bool select);
     void SetShownText(const std::wstring& text);
     std::wstring TextOfField() const;
 
@@ -53,6 +54,7 @@ private:
     bool OnListKey(WPARAM key, bool alt);
     int TargetOf(WPARAM key) const;
     void Pick(int index);
+    void Search(wchar_t character);
     void OnClick(int x);
     void OnCharacter(WPARAM character);
     void OnFieldCommand(int code);
@@ -60,8 +62,11 @@ private:
 
     std::vector<Item> m_items;
     int m_selected = -1;
+    int m_caret =
+        0;          ///< the index from which letters go on; a key goes to it first if it is not the selection
     int m_rows = 0; ///< that the open list shows
     bool m_open = false;
+    bool m_picked = false; ///< by a key; the next text that is typed leaves the selection as it is
     HWND m_field = nullptr;
 };
 } // namespace winport

@@ -7,6 +7,7 @@
 #include <winnls.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace winport
 {
@@ -52,6 +53,7 @@ LRESULT CComboBox::Delete(WPARAM index)
 LRESULT CComboBox::Reset()
 {
     m_items.clear();
+    m_caret = 0;
     Select(-1);
     return CB_OKAY;
 }
@@ -80,6 +82,8 @@ LRESULT CComboBox::Select(int index)
     if (index >= Count())
         return CB_ERR;
     m_selected = std::max(index, -1);
+    if (m_selected >= 0)
+        m_caret = m_selected;
     ShowSelected();
     return m_selected;
 }
@@ -115,9 +119,18 @@ void CComboBox::Open()
     m_open = true;
     if (!m_field)
         return;
-    m_selected = Find(-1, TextOfField().c_str(), false);
+    m_picked = false;
+    MatchField(true);
     if (m_selected >= 0)
         ShowSelected();
+}
+
+// The keys go on from the item that begins with the text of the field.
+void CComboBox::MatchField(bool select)
+{
+    const int found = Find(-1, TextOfField().c_str(), false);
+    m_caret = std::max(found, 0);
+    m_selected = select ? found : -1;
 }
 
 void CComboBox::Close(bool accepted)
@@ -152,8 +165,8 @@ int CComboBox::TargetOf(WPARAM key) const
     const auto within = [last, this](int step) {
         return std::clamp(m_selected + step, 0, last);
     };
-    if (m_selected < 0)
-        return 0;
+    if (m_selected != m_caret)
+        return std::min(m_caret, last);
     switch (key)
     {
     case VK_HOME:
@@ -175,7 +188,8 @@ int CComboBox::TargetOf(WPARAM key) const
 // A field gets the new text when the owner has heard of the choice.
 void CComboBox::Pick(int index)
 {
-    m_selected = index;
+    m_selected = m_caret = index;
+    m_picked = m_field != nullptr;
     if (!m_field)
         ShowSelected();
     if (!m_open && !NotifyCommand(CBN_SELENDOK))
@@ -195,13 +209,28 @@ void CComboBox::OnClick(int x)
     m_open ? Close(true) : Open();
 }
 
-// There is no search by what is typed.
 void CComboBox::OnCharacter(WPARAM character)
 {
     if (m_field)
         ToField(WM_CHAR, character, 0);
-    else if (character >= L' ')
-        Missing(&m_window, "character", character);
+    else
+        Search(static_cast<wchar_t>(character));
+}
+
+// The next item that begins with the character is picked, and an open list closes.
+void CComboBox::Search(wchar_t character)
+{
+    const wchar_t typed[] = {character, 0};
+    const int found = Find(m_caret, typed, false);
+    if (found < 0)
+        return;
+    if (!m_open)
+        return Pick(found);
+    m_selected = m_caret = found;
+    ShowSelected();
+    Close(true);
+    if (Alive(Handle()))
+        NotifyCommand(CBN_SELCHANGE);
 }
 
 void CComboBox::OnFieldCommand(int code)
@@ -218,7 +247,8 @@ void CComboBox::OnFieldCommand(int code)
         NotifyCommand(CBN_EDITUPDATE);
         break;
     case EN_CHANGE:
-        m_selected = m_open ? Find(-1, TextOfField().c_str(), false) : -1;
+        if (!std::exchange(m_picked, false))
+            MatchField(m_open);
         NotifyCommand(CBN_EDITCHANGE);
         break;
     default:

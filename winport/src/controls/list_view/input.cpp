@@ -107,12 +107,20 @@ LRESULT ListView::OnButtonDown(WPARAM keys, LPARAM point)
     const int index = Hit(PointOf(point));
     m_pressed = true;
     m_keptSelected = -1;
-    if (index >= 0)
-        PressRow(index, keys);
-    else if (!(keys & (MK_SHIFT | MK_CONTROL)))
-        DeselectOthers(-1);
+    if (index < 0)
+        return PressNothing(keys);
+    PressRow(index, keys);
     if (Alive(Handle()))
         SetFocus(Handle());
+    return 0;
+}
+
+// The focus comes first, so that an editor in the list ends before the selection changes.
+LRESULT ListView::PressNothing(WPARAM keys)
+{
+    SetFocus(Handle());
+    if (Alive(Handle()) && !(keys & (MK_SHIFT | MK_CONTROL)))
+        DeselectOthers(-1);
     return 0;
 }
 

@@ -50,7 +50,7 @@ LRESULT ListView::OnInsertItem(WPARAM, LPARAM parameter)
         return -1;
     m_ordered = m_ordered && (Style() & (LVS_SORTASCENDING | LVS_SORTDESCENDING));
     m_rows.insert(m_rows.begin() + index, std::move(added));
-    for (int* place : {&m_focus, &m_anchor, &m_edited})
+    for (int* place : {&m_focus, &m_anchor})
         *place += *place >= index;
     if (item.mask & LVIF_STATE)
         SetState(index, item.state, item.stateMask);
@@ -64,8 +64,6 @@ LRESULT ListView::OnDeleteItem(WPARAM parameter, LPARAM)
     const auto index = static_cast<int>(parameter);
     if (!Has(index))
         return FALSE;
-    if (index == m_edited)
-        EndEdit(true);
     const bool focused = index == m_focus;
     if (Has(index))
         SetState(index, 0, LVIS_FOCUSED | LVIS_SELECTED);
@@ -84,14 +82,12 @@ void ListView::RemoveRow(int index)
 {
     m_selected -= Row(index).selected;
     m_rows.erase(m_rows.begin() + index);
-    for (int* place : {&m_focus, &m_anchor, &m_edited})
+    for (int* place : {&m_focus, &m_anchor})
         *place = *place == index ? -1 : *place - (*place > index);
 }
 
 LRESULT ListView::OnDeleteAllItems(WPARAM, LPARAM)
 {
-    if (m_edit)
-        EndEdit(true);
     const bool silent = Tell(LVN_DELETEALLITEMS, -1) != 0;
     for (int i = Count() - 1; i >= 0 && !silent; --i)
     {
@@ -99,7 +95,7 @@ LRESULT ListView::OnDeleteAllItems(WPARAM, LPARAM)
             Tell(LVN_DELETEITEM, i);
     }
     m_rows.clear();
-    m_focus = m_anchor = m_edited = -1;
+    m_focus = m_anchor = -1;
     m_selected = 0;
     m_ordered = true;
     ScrollTo(0, m_left);

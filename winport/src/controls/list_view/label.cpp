@@ -5,6 +5,11 @@
 
 namespace winport
 {
+namespace
+{
+constexpr WPARAM kLongestLabel = 259;
+} // namespace
+
 LRESULT ListView::TellLabel(UINT code, LPWSTR text)
 {
     NMLVDISPINFOW told{};
@@ -48,6 +53,7 @@ bool ListView::OpenEdit(int index)
                              m_window.instance, nullptr);
     SetWindowLongPtrW(m_edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(EditProcedure));
     SendMessageW(m_edit, WM_SETFONT, reinterpret_cast<WPARAM>(m_window.font), FALSE);
+    SendMessageW(m_edit, EM_SETLIMITTEXT, kLongestLabel, 0);
     m_edited = index;
     std::wstring text = Row(index).text;
     const bool refused = TellLabel(LVN_BEGINLABELEDITW, text.data()) != 0;
@@ -56,24 +62,40 @@ bool ListView::OpenEdit(int index)
     return !refused && Alive(m_edit);
 }
 
-// A text that nobody changed ends like one that was given up.
+// The row may have been deleted meanwhile. The edit then ends in the row that has its index now, or silently
+// if there is none.
 void ListView::EndEdit(bool cancelled)
 {
     if (!m_edit || m_ending)
         return;
     m_ending = true;
-    std::wstring text = winport::TextOf(m_edit);
-    const bool changed = !cancelled && Has(m_edited) && text != Row(m_edited).text;
-    const bool granted = TellLabel(LVN_ENDLABELEDITW, changed ? text.data() : nullptr) != 0;
-    if (granted && changed && Has(m_edited))
-    {
-        LVITEMW item{};
-        item.mask = LVIF_TEXT;
-        item.pszText = text.data();
-        Change(m_edited, item);
-    }
+    if (Has(m_edited))
+        CommitLabel(cancelled);
     CloseEdit();
     m_ending = false;
+}
+
+// A text that equals the row's is told like one that was given up.
+void ListView::CommitLabel(bool cancelled)
+{
+    std::wstring text = winport::TextOf(m_edit);
+    const bool changed = !cancelled && text != Row(m_edited).text;
+    const bool granted = TellLabel(LVN_ENDLABELEDITW, changed ? text.data() : nullptr) != 0;
+    if (!granted || !changed || !Has(m_edited))
+        return;
+    LVITEMW item{};
+    item.mask = LVIF_TEXT;
+    item.pszText = text.data();
+    Change(m_edited, item);
+}
+
+// While a label is edited the parent receives what the edit field notifies, but for its size and its end.
+LRESULT ListView::OnCommand(WPARAM parameter, LPARAM control)
+{
+    const int code = HIWORD(parameter);
+    if (!m_edit || code == EN_UPDATE || code == EN_KILLFOCUS)
+        return 0;
+    return SendMessageW(GetParent(Handle()), WM_COMMAND, parameter, control);
 }
 
 void ListView::CloseEdit()

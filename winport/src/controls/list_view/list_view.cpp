@@ -42,7 +42,7 @@ const ListView::Entry ListView::kEntries[] = {
     {WM_STYLECHANGED, &ListView::OnStyleChanged},
     {WM_SIZE, &ListView::OnSize},
     {WM_NOTIFY, &ListView::OnNotify},
-    {WM_COMMAND, &ListView::Ignore},
+    {WM_COMMAND, &ListView::OnCommand},
     {WM_KEYDOWN, &ListView::OnKeyDown},
     {WM_CHAR, &ListView::OnChar},
     {WM_LBUTTONDOWN, &ListView::OnButtonDown},

@@ -120,15 +120,18 @@ private:
     int TargetOf(WPARAM key) const;
     void MoveTo(int index);
     void PressRow(int index, WPARAM keys);
+    LRESULT PressNothing(WPARAM keys);
     void TellClick(UINT code, LPARAM point);
 
     // Labels: listviewlabel.cpp.
     LRESULT OnEditLabel(WPARAM index, LPARAM);
     LRESULT OnGetEditControl(WPARAM, LPARAM) { return reinterpret_cast<LRESULT>(m_edit); }
     LRESULT OnEndLabel(WPARAM cancelled, LPARAM) { return EndEdit(cancelled != FALSE), 0; }
+    LRESULT OnCommand(WPARAM code, LPARAM control);
     LRESULT TellLabel(UINT code, LPWSTR text);
     bool OpenEdit(int index);
     void EndEdit(bool cancelled);
+    void CommitLabel(bool cancelled);
     void CloseEdit();
 
     // The window itself: listview.cpp.
@@ -148,7 +151,7 @@ private:
     std::vector<std::unique_ptr<ListRow>> m_rows;
     HWND m_header = nullptr;
     HWND m_edit = nullptr;
-    int m_edited = -1; ///< the row whose label is edited
+    int m_edited = -1; ///< index of the row whose label is edited; rows that come or go do not change it
     bool m_ending = false;
     int m_focus = -1;
     int m_anchor = -1; ///< where a range of selected rows begins
