@@ -17,16 +17,7 @@ thread_local unsigned t_entries = 0;
 constinit std::atomic<bool> g_contextMade{false};
 HANDLE g_context = INVALID_HANDLE_VALUE;
 
-constinit std::atomic<bool> g_startupPending{false};
-constinit CUiStartup* g_startups = nullptr;
-
 std::mutex& ContextLock()
-{
-    static std::mutex lock;
-    return lock;
-}
-
-std::mutex& StartupLock()
 {
     static std::mutex lock;
     return lock;
@@ -55,9 +46,7 @@ CUiState::CUiState() noexcept : m_previousModule(t_currentModule)
     m_activated = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &m_cookie);
     t_currentModule = ThisModule();
     ++t_entries;
-    // Only the outermost entry: what runs here may enter the state itself.
-    if (++t_depth == 1 && g_startupPending.load())
-        CUiStartup::RunPending();
+    ++t_depth;
 }
 
 CUiState::~CUiState()
@@ -82,32 +71,6 @@ unsigned CUiState::Entries() noexcept
 HINSTANCE CurrentModule() noexcept
 {
     return t_currentModule;
-}
-
-CUiStartup::CUiStartup(void (*run)()) noexcept : m_run(run), m_next(g_startups)
-{
-    g_startups = this;
-    g_startupPending = true;
-}
-
-void CUiStartup::RunPending() noexcept
-{
-    const std::lock_guard guard(StartupLock());
-    bool failed = false;
-    for (CUiStartup* startup = g_startups; startup; startup = startup->m_next)
-    {
-        try
-        {
-            if (!startup->m_done)
-                startup->m_run();
-            startup->m_done = true;
-        }
-        catch (...)
-        {
-            failed = true;
-        }
-    }
-    g_startupPending = failed;
 }
 
 HANDLE ModuleActivationContext() noexcept

@@ -28,23 +28,6 @@ private:
     bool m_activated = false;
 };
 
-/// Work that belongs to the start of the module but may not run while the loader holds its lock. A static
-/// object of this class has its function run once, inside the state, at the first entry. If the function
-/// throws, the entry goes on and the next one runs it again.
-class CUiStartup
-{
-public:
-    explicit CUiStartup(void (*run)()) noexcept;
-
-    /// Runs those that have not run yet, in no promised order.
-    static void RunPending() noexcept;
-
-private:
-    void (*m_run)();
-    CUiStartup* m_next;
-    bool m_done = false;
-};
-
 /// The module whose resources (strings, templates, icons) and translation are current on this thread: this
 /// module inside its UI state, the program of the process outside.
 HINSTANCE CurrentModule() noexcept;

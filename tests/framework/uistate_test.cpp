@@ -31,39 +31,7 @@ public:
 /// What stands for the module: any handle will do, as nothing is looked up in it here.
 int g_place = 0;
 const HINSTANCE kModule = reinterpret_cast<HINSTANCE>(&g_place);
-int g_startups = 0;
-int g_depthAtStartup = 0;
-bool g_failStartup = false;
-
-const CUiStartup kStartup([] {
-    g_depthAtStartup = CUiState::Depth();
-    const CUiState nested; // start-up work may enter the state itself
-    if (g_failStartup)
-        throw std::runtime_error("not yet");
-    ++g_startups;
-});
 } // namespace
-
-TEST(UiState, StartUpWorkRunsOnceInsideTheStateAtTheFirstEntryAndAgainIfItFailed)
-{
-    ASSERT_EQ(g_startups, 0) << "not before the first entry";
-    g_failStartup = true;
-    {
-        const CUiState state;
-        EXPECT_EQ(CUiState::Depth(), 1) << "the failure stays inside";
-    }
-    EXPECT_EQ(g_startups, 0);
-    g_failStartup = false;
-    {
-        const CUiState state;
-    }
-    EXPECT_EQ(g_startups, 1);
-    EXPECT_EQ(g_depthAtStartup, 1);
-    {
-        const CUiState state;
-    }
-    EXPECT_EQ(g_startups, 1);
-}
 
 TEST(UiState, EnteringMakesTheModuleCurrentAndLeavingPutsBackWhatWas)
 {
@@ -108,9 +76,6 @@ TEST(UiState, AnExceptionLeavesIt)
 
 TEST(UiState, CountsEveryEntryNestedOnesToo)
 {
-    {
-        const CUiState first; // whose start-up work makes entries of its own
-    }
     const unsigned before = CUiState::Entries();
     {
         const CUiState state;

@@ -30,7 +30,6 @@ protected:
     {
         ASSERT_TRUE(RunModuleEntry(GetModuleHandleW(nullptr), DLL_PROCESS_ATTACH));
         ASSERT_EQ(ComModule::Get().LockCount(), 0);
-        const CUiState first; // whose start-up work may make entries of its own
     }
     void TearDown() override
     {

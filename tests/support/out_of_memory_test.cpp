@@ -1,9 +1,11 @@
+#include "Bstr.h"
 #include "CTranslator.h"
 #include "CatalogueBytes.h"
 #include "ComException.h"
 #include "FailingMemory.h"
 #include "TestFolder.h"
 #include "Translation.h"
+#include "Variant.h"
 #include "XInitValueWrapper.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
@@ -122,6 +124,31 @@ TEST(QPComVariantWithoutMemory, ReturnsTheStatusOfAConversionAndKeepsItsValue)
     }
     EXPECT_EQ(number.Type(), VT_I4);
     EXPECT_EQ(number.GetInt(), 5);
+}
+
+TEST(BstrWithoutMemory, Throws)
+{
+    ExpectOutOfMemory([] { const Bstr made(L"text"); });
+    ExpectOutOfMemory([] { const Bstr made(std::wstring_view(L"text")); });
+}
+
+TEST(VariantWithoutMemory, ThrowsAndStaysAsItWas)
+{
+    const BSTR text = SysAllocString(L"text");
+    BSTR raw = text;
+    VARIANT reference{};
+    reference.vt = VT_BYREF | VT_BSTR;
+    reference.pbstrVal = &raw;
+    Variant value;
+    *value.put() = reference;
+    ExpectOutOfMemory([] { Variant::OfText(L"text"); });
+    ExpectOutOfMemory([&] { ResolveReference(value); });
+    ExpectOutOfMemory([&] { ConvertToText(value); });
+    EXPECT_EQ(value->pbstrVal, &raw);
+    *value.put() = Number(5);
+    ExpectOutOfMemory([&] { ConvertToText(value); });
+    EXPECT_EQ(value->lVal, 5);
+    SysFreeString(text);
 }
 
 TEST(InitValueWrapperWithoutMemory, CannotBeMade)

@@ -1,0 +1,14 @@
+// Tells out of memory, which may pass, from failures that last.
+#pragma once
+
+#include <windows.h>
+
+#include <new>
+
+/// Throws std::bad_alloc if the system call that just failed was out of memory. Any other failure is an
+/// answer that may be kept; this one must not be taken for "there is none" until the module is unloaded.
+inline void ThrowIfOutOfMemory()
+{
+    if (GetLastError() == ERROR_NOT_ENOUGH_MEMORY)
+        throw std::bad_alloc();
+}
