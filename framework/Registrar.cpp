@@ -5,6 +5,7 @@
 #include "RegistryWriter.h"
 #include "Resources.h"
 #include "TypeLibrary.h"
+#include "Utf8.h"
 
 #include <objbase.h>
 
@@ -14,16 +15,6 @@ namespace
 {
 /// The number of the type library among the module's resources, which LoadTypeLibEx takes when none is named.
 constexpr UINT kTypeLibraryResource = 1;
-
-/// UTF-8 to wide characters; false for bytes that are no UTF-8.
-bool Widen(std::string_view bytes, std::wstring& text)
-{
-    const int size = static_cast<int>(bytes.size());
-    const int length = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, nullptr, 0);
-    text.resize(static_cast<std::size_t>(length));
-    return length > 0 && MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), size, text.data(),
-                                             length) == length;
-}
 
 /// Why ResourceBytes gave nothing; an empty resource leaves no error behind.
 LSTATUS NoResourceError()
@@ -66,7 +57,7 @@ HRESULT Registrar::UpdateScript(UINT id, bool add)
     if (bytes.empty())
         return m_report.AddSystemError(source, NoResourceError());
     std::wstring text;
-    if (!Widen(bytes, text))
+    if (!WideFromUtf8(bytes, text))
         return m_report.Add(source, L"the script is not UTF-8", HRESULT_FROM_WIN32(ERROR_INVALID_DATA));
     return UpdateScriptText(text, source, add);
 }

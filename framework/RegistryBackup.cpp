@@ -1,20 +1,17 @@
 #include "RegistryBackup.h"
 
 #include "RegistryKey.h"
+#include "TextCompare.h"
 
 #include <algorithm>
 
 namespace
 {
-bool SameName(const std::wstring& a, const std::wstring& b)
-{
-    return CompareStringOrdinal(a.c_str(), -1, b.c_str(), -1, TRUE) == CSTR_EQUAL;
-}
-
 template <class Named>
 bool HasName(const std::vector<Named>& all, const std::wstring& name)
 {
-    return std::any_of(all.begin(), all.end(), [&](const Named& one) { return SameName(one.name, name); });
+    return std::any_of(all.begin(), all.end(),
+                       [&](const Named& one) { return SameIgnoringCase(one.name, name); });
 }
 
 LSTATUS ReadValues(HKEY key, std::vector<RegistryTree::Value>& values)

@@ -1,13 +1,12 @@
 #include "QPUserActionLog.h"
 
+#include "LocalTime.h"
 #include "Translation.h"
 #include "XQPError.h"
 
 #include "ComException.h"
 #include "UiState.h"
 
-#include <ctime>
-#include <cwchar>
 #include <new>
 #include <stdexcept>
 #include <string_view>
@@ -23,28 +22,10 @@ std::wstring_view TextOf(BSTR text) noexcept
     return text ? std::wstring_view(text) : std::wstring_view();
 }
 
-std::tm LocalTime() noexcept
-{
-    SYSTEMTIME now{};
-    GetLocalTime(&now);
-    std::tm time{};
-    time.tm_year = now.wYear - 1900;
-    time.tm_mon = now.wMonth - 1;
-    time.tm_mday = now.wDay;
-    time.tm_hour = now.wHour;
-    time.tm_min = now.wMinute;
-    time.tm_sec = now.wSecond;
-    time.tm_wday = now.wDayOfWeek;
-    time.tm_isdst = -1;
-    return time;
-}
-
 /// The local time in a form that is not translated.
 std::wstring TimeStamp()
 {
-    wchar_t text[64];
-    const std::tm time = LocalTime();
-    return {text, std::wcsftime(text, std::size(text), L"Date/Time %Y-%m-%d @ %H:%M:%S", &time)};
+    return LocalTime(L"Date/Time %04u-%02u-%02u @ %02u:%02u:%02u");
 }
 
 void AppendLine(std::wstring& block, std::wstring_view label, BSTR value)

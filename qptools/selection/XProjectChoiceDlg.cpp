@@ -81,9 +81,7 @@ bool XProjectChoiceDlg::CreateList()
 {
     const wchar_t* caption =
         m_showTemplates ? CoTranslateText(L"Template name") : CoTranslateText(L"Project name");
-    const CRect place = ItemRect(kPlaceholder);
-    ShowItem(kPlaceholder, false);
-    if (!m_list.Create(kListStyle, place, m_hWnd, kList))
+    if (!m_list.CreateInPlaceOf(*this, kPlaceholder, kListStyle, kList))
         return false;
     const int width = static_cast<int>(std::floor(m_list.GetWindowRect().Width() * 0.95));
     m_list.InsertColumn(0, caption, LVCFMT_LEFT, width);

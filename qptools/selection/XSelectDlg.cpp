@@ -53,11 +53,10 @@ bool XSelectDlg::OnInitDialog()
 
 bool XSelectDlg::CreateList()
 {
-    const CRect place = ItemRect(kPlaceholder);
-    ShowItem(kPlaceholder, false);
-    if (!m_list.Create(kListStyle, place, m_hWnd, kList))
+    if (!m_list.CreateInPlaceOf(*this, kPlaceholder, kListStyle, kList))
         return false;
-    m_list.InsertColumn(0, CoTranslateText(L"Name"), LVCFMT_LEFT, place.Width() - kFrame);
+    const int width = m_list.GetWindowRect().Width() - kFrame;
+    m_list.InsertColumn(0, CoTranslateText(L"Name"), LVCFMT_LEFT, width);
     m_list.InsertColumn(kObjectColumn, L"", LVCFMT_LEFT, 0);
     return true;
 }

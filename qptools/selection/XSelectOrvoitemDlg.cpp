@@ -87,11 +87,9 @@ bool XSelectOrvoitemDlg::OnInitDialog()
 
 bool XSelectOrvoitemDlg::CreateList()
 {
-    const CRect place = ItemRect(kPlaceholder);
-    ShowItem(kPlaceholder, false);
-    if (!m_list.Create(kListStyle, place, m_hWnd, kList))
+    if (!m_list.CreateInPlaceOf(*this, kPlaceholder, kListStyle, kList))
         return false;
-    const int width = static_cast<int>(place.Width() * 0.2);
+    const int width = static_cast<int>(m_list.GetWindowRect().Width() * 0.2);
     const wchar_t* const captions[] = {CoTranslateText(L"Name"), CoTranslateText(L"Location"),
                                        CoTranslateText(L"Script Language"), CoTranslateText(L"Creation Date"),
                                        CoTranslateText(L"Modification Date")};

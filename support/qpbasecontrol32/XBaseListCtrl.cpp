@@ -44,6 +44,18 @@ bool XBaseListCtrl::Create(DWORD style, const RECT& rect, HWND parent, UINT id)
     return true;
 }
 
+bool XBaseListCtrl::CreateInPlaceOf(const CWnd& dialog, int frame, DWORD style, UINT id)
+{
+    CRect place;
+    const HWND control = dialog.GetDlgItem(frame);
+    if (control && ::GetWindowRect(control, &place))
+    {
+        place = dialog.ScreenToClient(place);
+        ::ShowWindow(control, SW_HIDE);
+    }
+    return Create(style, place, dialog.m_hWnd, id);
+}
+
 const CMessageMap& XBaseListCtrl::GetMessageMap() const
 {
     static const CMessageMapEntry entries[] = {

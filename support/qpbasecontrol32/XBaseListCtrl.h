@@ -20,6 +20,10 @@ public:
     /// made.
     bool Create(DWORD style, const RECT& rect, HWND parent, UINT id);
 
+    /// Makes the list as a child of `dialog` where the control `frame` of its template stands, and hides that
+    /// one. A dialog without such a control gets a list of no size. False if it cannot be made.
+    bool CreateInPlaceOf(const CWnd& dialog, int frame, DWORD style, UINT id);
+
     /// Adds a row with one value a column, at `row` or behind the last one. Values without a text (objects,
     /// empty ones) show nothing; numbers and dates are shown as the user's locale has them. `image` is for
     /// lists with images and is passed as -1. False if there is no window, there are no values, or the row

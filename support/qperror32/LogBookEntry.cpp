@@ -1,5 +1,7 @@
 #include "LogBookEntry.h"
 
+#include "LocalTime.h"
+
 #include <cwchar>
 #include <string_view>
 
@@ -48,19 +50,12 @@ void AppendField(std::wstring& line, const wchar_t* field)
     line += L'\t';
 }
 
-std::wstring LocalTime()
-{
-    SYSTEMTIME now;
-    GetLocalTime(&now);
-    return Formatted(L"%04u-%02u-%02u %02u:%02u:%02u.%03u", now.wYear, now.wMonth, now.wDay, now.wHour,
-                     now.wMinute, now.wSecond, now.wMilliseconds);
-}
 } // namespace
 
 std::wstring LogBookLine(const LogBookEntry& entry)
 {
     std::wstring line;
-    AppendField(line, LocalTime().c_str());
+    AppendField(line, LocalTime(L"%04u-%02u-%02u %02u:%02u:%02u.%03u").c_str());
     AppendField(line, entry.kind);
     AppendField(line, entry.source);
     AppendField(line, entry.function);

@@ -3,6 +3,8 @@
 #include "CFileHandle.h"
 #include "CFileLock.h"
 
+#include "Utf8.h"
+
 #include <windows.h>
 
 namespace
@@ -52,17 +54,6 @@ CFileHandle OpenInDirectory(const std::wstring& directory, const std::wstring& p
     return Open(path);
 }
 
-// Empty if there is no memory for it.
-std::string Utf8(std::wstring_view text)
-{
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    if (WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), size, nullptr, nullptr) != size)
-        bytes.clear();
-    return bytes;
-}
-
 // Writes as much of `bytes` as one call of the system takes and leaves the rest in it. The offset of all ones
 // is the end of the file as it is when the bytes get there: a system that appends in one step overwrites
 // nobody's bytes with them, lock or no lock. Returns false if there is no use in going on.
@@ -109,7 +100,7 @@ void AppendToLog(std::wstring_view name, std::wstring_view text)
     std::wstring path = directory;
     path.append(L"\\").append(name).append(L".log");
     if (const CFileHandle file = OpenInDirectory(directory, path))
-        AppendWhole(file.Get(), Utf8(text));
+        AppendWhole(file.Get(), Utf8FromWide(text));
 }
 
 std::wstring LogDirectory()

@@ -1,5 +1,7 @@
 #include "LogName.h"
 
+#include "TextCompare.h"
+
 #include <algorithm>
 #include <string_view>
 
@@ -11,17 +13,6 @@ constexpr std::wstring_view kDevices[] = {L"con", L"prn", L"aux", L"nul", L"coni
 constexpr std::wstring_view kNumberedDevices[] = {L"com", L"lpt"};
 // A device's number may be written as a superscript, too.
 constexpr std::wstring_view kDeviceNumbers = L"0123456789\u00b9\u00b2\u00b3";
-
-wchar_t Lower(wchar_t character) noexcept
-{
-    return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character - L'A' + L'a') : character;
-}
-
-bool SameIgnoringCase(std::wstring_view first, std::wstring_view second) noexcept
-{
-    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
-                      [](wchar_t a, wchar_t b) { return Lower(a) == Lower(b); });
-}
 
 bool IsForbidden(wchar_t character) noexcept
 {

@@ -1,7 +1,9 @@
 #include "CMessageCatalogue.h"
 
 #include "CCatalogueFile.h"
-#include "Utf8Text.h"
+
+#include "TextCompare.h"
+#include "Utf8.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,18 +11,7 @@
 namespace
 {
 constexpr std::string_view kCharset = "charset=";
-constexpr std::string_view kUtf8 = "utf-8";
-
-char Lower(char character)
-{
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
-bool SameIgnoringCase(std::string_view first, std::string_view second)
-{
-    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
-                      [](char a, char b) { return Lower(a) == Lower(b); });
-}
+constexpr std::wstring_view kUtf8 = L"utf-8";
 
 // A header that names no character set promises nothing else than UTF-8, which is checked text by text.
 bool SaysOtherThanUtf8(std::string_view header)
@@ -29,7 +20,9 @@ bool SaysOtherThanUtf8(std::string_view header)
     if (found == std::string_view::npos)
         return false;
     const std::string_view named = header.substr(found + kCharset.size());
-    return !SameIgnoringCase(named.substr(0, named.find_first_of(" \t\r\n;")), kUtf8);
+    std::wstring name;
+    return !WideFromUtf8(named.substr(0, named.find_first_of(" \t\r\n;")), name) ||
+           !SameIgnoringCase(name, kUtf8);
 }
 
 // The forms of a plural entry stand one behind the other with a null character between them.

@@ -1,9 +1,10 @@
 #include "CatalogueReading.h"
 
-#include "NoMemory.h"
-
 #include "CFileHandle.h"
 #include "XQPError.h"
+
+#include "OutOfMemory.h"
+#include "Resources.h"
 
 #include <windows.h>
 
@@ -46,16 +47,11 @@ std::wstring OwnFile()
     HMODULE module = nullptr;
     constexpr DWORD flags =
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    DWORD length = 0;
-    std::wstring path(MAX_PATH, L'\0');
+    std::wstring path;
     if (GetModuleHandleExW(flags, reinterpret_cast<const wchar_t*>(&anchor), &module))
-        // A longer path fills the buffer: it is asked for again with more room.
-        while ((length = GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()))) ==
-               path.size())
-            path.resize(path.size() * 2);
-    if (length == 0)
-        ThrowIfNoMemory();
-    path.resize(length);
+        path = ModulePath(module);
+    if (path.empty())
+        ThrowIfOutOfMemory();
     return path;
 }
 } // namespace
@@ -75,7 +71,7 @@ std::unique_ptr<CMessageCatalogue> ReadCatalogue(const std::wstring& path)
     if (!file && (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND))
         return nullptr;
     if (!file)
-        ThrowIfNoMemory();
+        ThrowIfOutOfMemory();
     auto catalogue = std::make_unique<CMessageCatalogue>();
     const wchar_t* wrong = ReadInto(file, *catalogue);
     if (!wrong)

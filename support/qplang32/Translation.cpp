@@ -1,9 +1,9 @@
 #include "Translation.h"
 
 #include "CTranslator.h"
-#include "Utf8Text.h"
 
 #include "ComException.h"
+#include "Utf8.h"
 
 #include <new>
 #include <string>

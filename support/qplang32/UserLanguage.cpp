@@ -1,6 +1,6 @@
 #include "UserLanguage.h"
 
-#include "NoMemory.h"
+#include "OutOfMemory.h"
 
 #include <windows.h>
 
@@ -24,7 +24,7 @@ std::wstring UserLanguage()
     const DWORD length = GetEnvironmentVariableW(L"QPTOOLS_LANG", name, kMaxName);
     if (length > 0)
         return length < kMaxName ? std::wstring(name, length) : std::wstring();
-    ThrowIfNoMemory();
+    ThrowIfOutOfMemory();
     const LCID locale = MAKELCID(GetUserDefaultUILanguage(), SORT_DEFAULT);
     return LCIDToLocaleName(locale, name, kMaxName, 0) > 0 ? std::wstring(name) : std::wstring();
 }

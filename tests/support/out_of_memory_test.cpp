@@ -218,6 +218,19 @@ TEST(InitValueWrapperWithoutMemory, StaysAsItWasWhenNothingCanBeAdded)
     ASSERT_EQ(count, 1u);
     EXPECT_STREQ(values[0].varValue.bstrVal, L"1");
     XInitValueWrapper::FreeStruct(count, values);
+    FailEachAllocation([&] {
+        try
+        {
+            bag.SetData(L"b", value.Value());
+        }
+        catch (const ComException& exception)
+        {
+            EXPECT_EQ(exception.Status(), E_OUTOFMEMORY);
+        }
+    });
+    ASSERT_TRUE(bag.GetStruct(count, &values));
+    EXPECT_EQ(count, 2u) << "added once, by the call that succeeded";
+    XInitValueWrapper::FreeStruct(count, values);
 }
 
 TEST(ErrorLibraryWithoutMemory, DisturbsNobodyAndWritesALineWholeOrNotAtAll)

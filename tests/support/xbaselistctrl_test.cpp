@@ -74,6 +74,31 @@ TEST_F(BaseList, IsAReportWithOneSelectedRowOverItsWholeWidth)
     EXPECT_EQ(GetDlgCtrlID(list.m_hWnd), 202);
 }
 
+TEST_F(BaseList, TakesThePlaceOfAControlAndHidesIt)
+{
+    const CRect place(20, 30, 220, 130);
+    const HWND frame =
+        CreateWindowExW(0, L"Static", L"", WS_CHILD | WS_VISIBLE, place.left, place.top, place.Width(),
+                        place.Height(), m_window, reinterpret_cast<HMENU>(INT_PTR{206}), nullptr, nullptr);
+    Listener dialog;
+    ASSERT_TRUE(dialog.SubclassWindow(m_window));
+    XBaseListCtrl other;
+    ASSERT_TRUE(other.CreateInPlaceOf(dialog, 206, WS_CHILD | WS_VISIBLE, 203));
+    EXPECT_EQ(dialog.ScreenToClient(other.GetWindowRect()), place);
+    EXPECT_EQ(GetDlgCtrlID(other.m_hWnd), 203);
+    EXPECT_FALSE(IsWindowVisible(frame));
+    EXPECT_EQ(other.GetStyle() & LVS_TYPEMASK, LVS_REPORT);
+}
+
+TEST_F(BaseList, HasNoSizeInPlaceOfAControlThatIsNotThere)
+{
+    Listener dialog;
+    ASSERT_TRUE(dialog.SubclassWindow(m_window));
+    XBaseListCtrl other;
+    ASSERT_TRUE(other.CreateInPlaceOf(dialog, 206, WS_CHILD | WS_VISIBLE, 203));
+    EXPECT_EQ(other.GetWindowRect().Width(), 0);
+}
+
 TEST_F(BaseList, IsNotMadeWithoutAParent)
 {
     XBaseListCtrl orphan;

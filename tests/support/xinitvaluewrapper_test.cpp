@@ -122,6 +122,24 @@ TEST(InitValueWrapper, ACopyDoesNotDependOnTheCallersVariables)
     EXPECT_EQ(value.Value().lVal, 5);
 }
 
+TEST(InitValueWrapper, ANullAddressReadsAsNoValue)
+{
+    VARIANT reference{};
+    reference.vt = VT_BSTR | VT_BYREF;
+    OwnArray array;
+    array.Add(L"title", reference);
+    const XInitValueWrapper bag(array.Count(), array.Values());
+    XQPComVariant value(L"before");
+    ASSERT_TRUE(bag.GetData(L"title", value.Value()));
+    EXPECT_EQ(value.Type(), VT_EMPTY);
+    ULONG count = 0;
+    tagINITVALUE* values = nullptr;
+    ASSERT_TRUE(bag.GetStruct(count, &values));
+    ASSERT_EQ(count, 1u);
+    EXPECT_EQ(values[0].varValue.vt, VT_EMPTY);
+    XInitValueWrapper::FreeStruct(count, values);
+}
+
 TEST(InitValueWrapper, AValueThatReplacesOneOfTheArrayIsItsOwn)
 {
     OwnArray array;
