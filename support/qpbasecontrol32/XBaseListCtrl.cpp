@@ -7,13 +7,13 @@ namespace
 {
 constexpr DWORD kKindStyles = LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP;
 
-/// A text is had from its cell again.
+/// Texts are not stored: GetSelData reads them back from the cell.
 bool IsKept(const XQPComVariant& value)
 {
     return value.Type() != VT_BSTR;
 }
 
-/// What a cell shows of a value: a text as it stands, anything else as converted. `converted` keeps it.
+/// What a cell shows of a value: a text as it is, anything else converted. `converted` owns the result.
 const wchar_t* ShownText(const XQPComVariant& value, XQPComVariant& converted)
 {
     switch (value.Type())
@@ -65,7 +65,7 @@ const CMessageMap& XBaseListCtrl::GetMessageMap() const
     return map;
 }
 
-/// Nobody wants to hear of each row.
+/// TRUE: no LVN_DELETEITEM for each row, which no dialog handles.
 void XBaseListCtrl::OnDeleteAllItems(NMHDR*, LRESULT* result)
 {
     *result = TRUE;
@@ -89,7 +89,7 @@ bool XBaseListCtrl::AddEntry(std::vector<XQPComVariant> columns, int row, int)
     return true;
 }
 
-/// With room for what is to be kept, so that a row that is shown cannot be without it.
+/// Allocates the room for the stored values, so that storing them in a row already shown cannot fail.
 XBaseListCtrl::Row XBaseListCtrl::RowFor(const std::vector<XQPComVariant>& columns)
 {
     Row row{static_cast<int>(columns.size()), {}};

@@ -1,4 +1,4 @@
-// A text of the program itself in the form of a BSTR, for names that the host is given again and again.
+// A literal in the form of a BSTR, for names that are passed to the host again and again.
 #pragma once
 
 #include <windows.h>
@@ -7,15 +7,15 @@
 
 #include <cstddef>
 
-/// A short text that needs no memory when it is passed: its length stands in front of it as in any BSTR. Only
-/// for arguments that are read; it can be neither freed nor changed.
+/// A short constant text with its length prefix, as in any BSTR, so that passing it allocates nothing. Only
+/// for input arguments: it must be neither freed nor modified.
 class FixedText
 {
 public:
     static constexpr std::size_t kMaxLength = 31;
 
     /// A longer text does not compile.
-    // NOLINTNEXTLINE(google-explicit-constructor): a literal stands in for it
+    // NOLINTNEXTLINE(google-explicit-constructor): converts from a literal
     consteval FixedText(const wchar_t* text)
     {
         std::size_t length = 0;
@@ -30,8 +30,7 @@ public:
     }
 
 private:
-    // As long in front of the text as the system has it, so that the text stands as it would in memory of its
-    // own.
+    // The same prefix as in memory from the system: 4 bytes of padding, 4 bytes of length, aligned to 8.
     alignas(8) [[maybe_unused]] ULONG m_padding = 0;
     ULONG m_bytes = 0;
     wchar_t m_text[kMaxLength + 1] = {};

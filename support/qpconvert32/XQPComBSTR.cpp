@@ -9,11 +9,11 @@
 
 namespace
 {
-// The longest text: its bytes are counted in 32 bits, and positions here in an int.
+// The longest text: its length in bytes has 32 bits, and indexes are of type int.
 constexpr std::size_t kMaxLength = std::numeric_limits<int>::max() / sizeof(wchar_t) - sizeof(wchar_t);
 
-// What an object that holds nothing reads as. A BSTR carries its length in front of the text, so an empty
-// text that may cross an interface needs one too; it costs no allocation, so reading never fails.
+// What an empty object reads as. A BSTR has a length prefix, and so has this text, because it may be passed
+// to other components. It is static, so that reading never allocates and never fails.
 struct EmptyText
 {
     ULONG lengthAsBytes[4] = {};
@@ -36,7 +36,7 @@ BSTR Allocate(const wchar_t* text, std::size_t length)
     return made;
 }
 
-// The empty text is held as nothing at all.
+// The empty text is stored as a null BSTR.
 BSTR AllocateUnlessEmpty(std::wstring_view text)
 {
     return text.empty() ? nullptr : Allocate(text.data(), text.size());
@@ -79,7 +79,7 @@ XQPComBSTR::~XQPComBSTR()
 
 XQPComBSTR& XQPComBSTR::operator=(const wchar_t* text)
 {
-    // Made before the old text goes, for `text` may be part of it.
+    // Copied before the old text is freed, because `text` may be part of it.
     Attach(AllocateUnlessEmpty(ViewOf(text)));
     return *this;
 }

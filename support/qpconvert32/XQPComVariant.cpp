@@ -48,7 +48,7 @@ XQPComVariant::XQPComVariant(const XQPComVariant& other) : m_value(CopyOf(other.
 
 XQPComVariant& XQPComVariant::operator=(const wchar_t* text)
 {
-    // Made before the old value goes, for `text` may be part of it.
+    // Copied before the old value is cleared, because `text` may be part of it.
     const VARIANT made = TextValue(text);
     Clear();
     m_value = made;
@@ -84,15 +84,15 @@ VARIANT* XQPComVariant::operator&() noexcept
 
 void XQPComVariant::Clear() noexcept
 {
-    // Empty before anything is released, for a release may call back. A locked array cannot be released and
-    // stays with whoever locked it.
+    // The member is empty before anything is released, because a release may call back. A locked array cannot
+    // be destroyed and is left to its lock's owner.
     VARIANT old = std::exchange(m_value, EmptyValue());
     VariantClear(&old);
 }
 
 HRESULT XQPComVariant::ChangeType(VARTYPE vt, const VARIANT* source) noexcept
 {
-    // Through a value of its own, so that a failure leaves this one alone and `source` may be part of it.
+    // Into a local value, so that a failure leaves this one unchanged and `source` may be part of it.
     VARIANT result;
     const HRESULT status = Convert(source ? *source : m_value, vt, result);
     if (status < 0)

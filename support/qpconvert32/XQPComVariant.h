@@ -9,9 +9,8 @@
 
 #include <utility>
 
-/// Holds one VARIANT and clears it at the end. Copying throws ComException(E_OUTOFMEMORY) when there is no
-/// memory; a value that cannot be copied at all (of a type that no copy exists for) is copied as an empty
-/// variant.
+/// Owns one VARIANT. Copying throws ComException(E_OUTOFMEMORY) on out of memory; a value that cannot be
+/// copied for another reason, such as an invalid type, is copied as an empty variant.
 class XQPComVariant
 {
 public:
@@ -19,9 +18,9 @@ public:
     XQPComVariant() noexcept = default;
 
     /// A VT_BSTR with a copy of `text`; null is the empty text.
-    XQPComVariant(const wchar_t* text); // NOLINT(google-explicit-constructor): a text stands in for it
+    XQPComVariant(const wchar_t* text); // NOLINT(google-explicit-constructor): converts from a text
 
-    /// A copy of `value`, which stays the caller's.
+    /// A copy of `value`.
     explicit XQPComVariant(const VARIANT& value);
     XQPComVariant(const XQPComVariant& other);
     XQPComVariant(XQPComVariant&& other) noexcept : m_value(other.Detach()) {}
@@ -36,34 +35,33 @@ public:
     XQPComVariant& operator=(const XQPComVariant& other);
     XQPComVariant& operator=(XQPComVariant&& other) noexcept;
 
-    /// The address of the inner VARIANT for an out argument. What was held is released first, so that nothing
-    /// leaks: to read the value, use Value().
+    /// The address for an out argument; what was held is cleared first. To read the value, use Value().
     VARIANT* operator&() noexcept;
 
-    /// The inner value for a by-value argument; what it refers to is still owned by this object.
+    /// The value for a by-value argument, still owned by this object.
     // NOLINTNEXTLINE(google-explicit-constructor): passed as it is
     operator VARIANT() const noexcept { return m_value; }
 
-    /// The inner value where it stands.
+    /// The value in place.
     const VARIANT& Value() const noexcept { return m_value; }
     VARIANT& Value() noexcept { return m_value; }
     VARTYPE Type() const noexcept { return m_value.vt; }
 
-    /// Releases what is held and makes the object empty.
+    /// Releases the value; the object is empty afterwards.
     void Clear() noexcept;
 
-    /// Gives the inner value to the caller, who clears it. The object is empty afterwards.
+    /// Transfers the value to the caller, who clears it. The object is empty afterwards.
     VARIANT Detach() noexcept { return std::exchange(m_value, VARIANT{}); }
 
-    /// Converts `source`, or the inner value when `source` is null, to the type `vt` and holds the result.
-    /// Returns the status of the conversion; after a failure the value is what it was.
+    /// Converts `source`, or this object's value if `source` is null, to the type `vt` and holds the result.
+    /// Returns the status of the conversion; a failure leaves the value unchanged.
     HRESULT ChangeType(VARTYPE vt, const VARIANT* source = nullptr) noexcept;
 
-    /// The value as an integer; 0 for a value that is no number.
+    /// The value as an integer; 0 if it is not a number.
     int GetInt() const noexcept;
 
-    /// The value as text, never null; empty for a value that has no text. The text is owned by this object
-    /// and good until the object is changed or asked again. Throws ComException(E_OUTOFMEMORY).
+    /// The value as text, never null; empty if it has no text form. Owned by this object, valid until it is
+    /// modified or GetString is called again. Throws ComException(E_OUTOFMEMORY).
     wchar_t* GetString();
 
 private:

@@ -1,11 +1,11 @@
-// The owner of one file handle.
+// The owner of a file handle.
 #pragma once
 
 #include <windows.h>
 
 #include <utility>
 
-/// Closes the handle at the end. INVALID_HANDLE_VALUE is no file.
+/// Closes the handle in its destructor. INVALID_HANDLE_VALUE stands for no file.
 class CFileHandle
 {
 public:

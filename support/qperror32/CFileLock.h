@@ -1,12 +1,13 @@
-// The lock that keeps several writers of one log apart.
+// The lock that serialises the writers of a log.
 #pragma once
 
 #include <windows.h>
 
-/// Locks out other holders of this class on the same file, in this and other processes, for as long as it
-/// lives. It lies far beyond the end of the file, so that whoever reads the file meets no lock. Waits a
-/// second at most: a process that was stopped while it held the lock must not stop this one. Whoever does not
-/// get it, then or on a file system without locks, goes on without and sees that by IsHeld().
+/// Excludes other objects of this class on the same file, in this and other processes, for its lifetime. The
+/// locked range is far beyond the end of the file, so that readers are not blocked. Waits a second at most: a
+/// process that is suspended while it holds the lock must not block this one. If the lock is not acquired,
+/// for that reason or because the file system has no locks, IsHeld() returns false and the caller goes on
+/// without.
 class CFileLock
 {
 public:

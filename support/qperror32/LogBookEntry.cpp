@@ -7,7 +7,7 @@
 
 namespace
 {
-// Line separators that are not control characters: NEL is one (U+0085), these two are not.
+// Line separators outside the control characters, to which the third one, NEL (U+0085), belongs.
 constexpr wchar_t kLineSeparator = 0x2028;
 constexpr wchar_t kParagraphSeparator = 0x2029;
 

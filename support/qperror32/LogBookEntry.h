@@ -1,4 +1,4 @@
-// One entry of the log book and how it reads as a line.
+// An entry of the log book and its form as a line.
 #pragma once
 
 #include <windows.h>
@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-/// What an entry says. Null texts read as empty ones; an empty source, function or flags reads as "-".
+/// Null texts are empty texts; an empty source, function or flags is written as "-".
 struct LogBookEntry
 {
     const wchar_t* kind = nullptr;
@@ -18,5 +18,5 @@ struct LogBookEntry
     const wchar_t* text = nullptr;
 };
 
-/// The entry as one line with its line feed, stamped with the local time of the call.
+/// The entry as one line, with the local time of the call and a line feed.
 std::wstring LogBookLine(const LogBookEntry& entry);

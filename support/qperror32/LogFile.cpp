@@ -25,7 +25,7 @@ bool IsSeparator(wchar_t character)
     return character == L'\\' || character == L'/';
 }
 
-// Makes the directory and the missing ones above it. Failures show when the file is opened.
+// Creates the directory and its missing parents. A failure shows when the file is opened.
 void MakeDirectory(const std::wstring& directory)
 {
     for (std::size_t index = 1; index < directory.size(); ++index)
@@ -34,7 +34,7 @@ void MakeDirectory(const std::wstring& directory)
     CreateDirectoryW(directory.c_str(), nullptr);
 }
 
-// Shared for everything: an operator may read, rename or delete a log at any time.
+// All sharing modes: an operator may read, rename or delete a log at any time.
 CFileHandle Open(const std::wstring& path)
 {
     return CFileHandle(CreateFileW(path.c_str(), GENERIC_WRITE,
@@ -42,7 +42,7 @@ CFileHandle Open(const std::wstring& path)
                                    OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-// Nothing is known of the directory until a file in it cannot be opened: the usual append costs no look at
+// The directory is created only after opening the file failed, so that the usual append does not check for
 // it.
 CFileHandle OpenInDirectory(const std::wstring& directory, const std::wstring& path)
 {
@@ -54,9 +54,9 @@ CFileHandle OpenInDirectory(const std::wstring& directory, const std::wstring& p
     return Open(path);
 }
 
-// Writes as much of `bytes` as one call of the system takes and leaves the rest in it. The offset of all ones
-// is the end of the file as it is when the bytes get there: a system that appends in one step overwrites
-// nobody's bytes with them, lock or no lock. Returns false if there is no use in going on.
+// Appends as much of `bytes` as one system call writes and removes that from `bytes`. The offset of all ones
+// means the end of the file at the time of the write: a system that appends atomically overwrites no other
+// writer's bytes, even without the lock. Returns false if trying again is useless.
 bool AppendSome(HANDLE file, std::string_view& bytes)
 {
     OVERLAPPED end{};
@@ -67,7 +67,7 @@ bool AppendSome(HANDLE file, std::string_view& bytes)
     return done && written > 0;
 }
 
-// Makes the file end at `start` again, unless somebody has written behind the `written` bytes since.
+// Truncates the file to `start`, unless another writer has appended after the `written` bytes.
 void TakeBack(HANDLE file, LARGE_INTEGER start, std::size_t written)
 {
     LARGE_INTEGER size{};
@@ -76,8 +76,8 @@ void TakeBack(HANDLE file, LARGE_INTEGER start, std::size_t written)
         SetEndOfFile(file);
 }
 
-// The lock is for what appending alone does not give: systems and network drives on which finding the end and
-// writing there are two steps, a piece that takes several writes, and the half of one that a full disk left.
+// The lock covers what appending alone does not: systems and network drives on which seeking to the end and
+// writing are two steps, a text that takes several writes, and removing the part that fitted on a full disk.
 void AppendWhole(HANDLE file, std::string_view bytes)
 {
     const CFileLock lock(file);

@@ -11,7 +11,7 @@ constexpr std::size_t kMaxLength = 100;
 constexpr std::wstring_view kForbidden = L"<>:\"/\\|?*";
 constexpr std::wstring_view kDevices[] = {L"con", L"prn", L"aux", L"nul", L"conin$", L"conout$", L"clock$"};
 constexpr std::wstring_view kNumberedDevices[] = {L"com", L"lpt"};
-// A device's number may be written as a superscript, too.
+// A device's number may also be a superscript.
 constexpr std::wstring_view kDeviceNumbers = L"0123456789\u00b9\u00b2\u00b3";
 
 bool IsForbidden(wchar_t character) noexcept
@@ -19,7 +19,7 @@ bool IsForbidden(wchar_t character) noexcept
     return character < 0x20 || character == 0x7f || kForbidden.find(character) != std::wstring_view::npos;
 }
 
-// The system takes a device's name for the device with any extension and with blanks before it.
+// A device's name stands for the device with any extension, and with blanks before the extension.
 bool IsDevice(std::wstring_view name) noexcept
 {
     std::wstring_view stem = name.substr(0, name.find(L'.'));

@@ -10,7 +10,7 @@ namespace
 {
 constexpr const wchar_t* kLogBook = L"logbook";
 
-// Runs `body` so that the caller notices nothing of it, whatever happens inside.
+// Runs `body` without side effects for the caller: no exception, and the same last error as before.
 template <class Body>
 void Undisturbed(Body&& body) noexcept
 {
@@ -21,7 +21,7 @@ void Undisturbed(Body&& body) noexcept
     }
     catch (...)
     {
-        // A log is never worth a failure of the work that it reports on.
+        // A failed log entry must not fail the work that it reports on.
     }
     SetLastError(lastError);
 }

@@ -13,7 +13,7 @@ constexpr std::uint64_t kHashSizeAt = 20;
 constexpr std::uint64_t kHashesAt = 24;
 constexpr std::uint32_t kHeaderSize = 28;
 
-// A string table's entry is a length and an offset, a hash table's an index.
+// An entry of a string table is a length and an offset, one of the hash table an index.
 constexpr std::uint32_t kStringEntry = 8;
 constexpr std::uint32_t kHashEntry = 4;
 } // namespace
@@ -60,7 +60,7 @@ const wchar_t* CCatalogueFile::CheckStrings(std::uint32_t table)
             return L"a text lies outside the file";
         if (m_bytes[offset + length] != '\0')
             return L"a text has no end mark";
-        // Texts that share their bytes would let a small file fill the memory.
+        // Texts that share bytes would let a small file allocate any amount of memory.
         m_stringBytes += length + 1;
         if (m_stringBytes > m_bytes.size())
             return L"texts overlap";

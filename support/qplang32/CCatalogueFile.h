@@ -1,22 +1,21 @@
-// The layout of a catalogue file: bounds-checked access to its tables and strings.
+// The layout of a message catalogue file: bounds-checked access to its tables and strings.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
 
-/// A view of a catalogue's bytes. Check() must have accepted them before anything else is asked.
+/// A view of a catalogue's bytes. Check() must succeed before any other member is called.
 class CCatalogueFile
 {
 public:
     explicit CCatalogueFile(std::string_view bytes) noexcept : m_bytes(bytes) {}
 
-    /// Null if every table and string lies within the file, ends where it must and is in order; else what is
-    /// wrong.
+    /// Returns null if all tables and strings are inside the file, terminated and sorted; else what is wrong.
     const wchar_t* Check();
 
     std::uint32_t Count() const noexcept { return m_count; }
 
-    /// The text and the translation of the entry `index`, below Count().
+    /// The text and the translation of the entry `index`, which must be below Count().
     std::string_view Text(std::uint32_t index) const noexcept { return String(m_texts, index); }
     std::string_view Translation(std::uint32_t index) const noexcept { return String(m_translations, index); }
 

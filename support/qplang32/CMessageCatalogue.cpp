@@ -13,7 +13,7 @@ namespace
 constexpr std::string_view kCharset = "charset=";
 constexpr std::wstring_view kUtf8 = L"utf-8";
 
-// A header that names no character set promises nothing else than UTF-8, which is checked text by text.
+// A header without a character set is taken for UTF-8, which is checked text by text.
 bool SaysOtherThanUtf8(std::string_view header)
 {
     const std::size_t found = header.find(kCharset);
@@ -25,7 +25,7 @@ bool SaysOtherThanUtf8(std::string_view header)
            !SameIgnoringCase(name, kUtf8);
 }
 
-// The forms of a plural entry stand one behind the other with a null character between them.
+// The forms of a plural entry are separated by null characters.
 void KeepFirstForm(std::wstring& text)
 {
     text.resize(std::min(text.size(), text.find(L'\0')));

@@ -1,4 +1,4 @@
-// One message catalogue in the gettext format, checked and held in memory.
+// A message catalogue in the gettext format, validated and held in memory.
 #pragma once
 
 #include "WideTextHash.h"
@@ -7,17 +7,17 @@
 #include <string_view>
 #include <unordered_map>
 
-/// The texts of a catalogue file, of either byte order. A file is taken whole or not at all: the first thing
-/// wrong with it refuses it. The texts keep their addresses for as long as the object lives.
+/// The texts of a catalogue file of either byte order. A file with any error is rejected whole. Addresses of
+/// texts are valid for the object's lifetime.
 class CMessageCatalogue
 {
 public:
-    /// Reads the catalogue in `bytes`, UTF-8 within. Returns null when it was taken, else what is wrong, a
-    /// fixed text, and the object is then empty. Of a plural entry the singular and its first form are taken.
-    /// The entry of the empty text is the file's header and translates nothing.
+    /// Reads the catalogue in `bytes`, whose texts are UTF-8. Returns null on success; else what is wrong, a
+    /// constant text, and the object is empty. Of a plural entry the singular and its first translation are
+    /// used. The entry of the empty text is the file's header and not a translation.
     const wchar_t* Read(std::string_view bytes);
 
-    /// The translation of `text`, or null if there is none.
+    /// The translation of `text`, or null if it is not found.
     const std::wstring* Find(std::wstring_view text) const;
     std::size_t Count() const noexcept { return m_texts.size(); }
 

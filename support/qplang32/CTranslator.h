@@ -1,4 +1,4 @@
-// The catalogues in use and the texts handed out. Inside this library and its tests only.
+// The loaded catalogues and the texts handed out. Used only inside this library and its tests.
 #pragma once
 
 #include "CMessageCatalogue.h"
@@ -9,27 +9,26 @@
 #include <unordered_map>
 #include <vector>
 
-/// Reads the catalogues of the user's language when it is first asked, and keeps all that it ever gave out.
-/// Translation belongs to the host's user interface thread, on which alone the components are called, and
-/// locks nothing. The class factories, which serve any thread, and the log book do not translate.
+/// Reads the catalogues of the user's language at the first call and keeps every text that it has returned.
+/// Not thread-safe: it is called on the host's user interface thread only, like the components. The class
+/// factories and the log book, which are called on any thread, do not translate.
 class CTranslator
 {
 public:
-    /// The module's own.
+    /// The one of the module.
     static CTranslator& Instance();
 
-    /// The translation of `text`, null without one and for the empty text.
+    /// The translation of `text`; null if it is not found, and for the empty text.
     const wchar_t* Find(const wchar_t* text);
 
-    /// A changeable copy of `text`, kept until the module is unloaded. It is the same one each time, so that
-    /// as many are kept as there are different texts, until somebody changes it: whoever did has that one for
-    /// himself, and the next call makes another. Throws std::bad_alloc.
+    /// A writable copy of `text` that lives until the module is unloaded. Calls with equal text share one
+    /// copy. Once a caller has modified its copy, the next call creates a new one. Throws std::bad_alloc.
     wchar_t* Keep(const wchar_t* text);
 
-    /// For tests: from now on the catalogues of `directory` in `language`. What was given out stays good.
+    /// For tests: loads the catalogues of `directory` for `language`. Texts returned before stay valid.
     void Use(const std::wstring& directory, const std::wstring& language);
 
-    /// For tests: from now on what the environment says, read anew.
+    /// For tests: reads the environment again at the next call.
     void UseEnvironment();
 
 private:
@@ -39,8 +38,8 @@ private:
     void Load(const std::wstring& directory, const std::wstring& language);
 
     bool m_loaded = false;
-    Catalogues m_catalogues; // the one asked first at the front
+    Catalogues m_catalogues; // in the order in which they are searched
     Catalogues m_retired;
     std::forward_list<std::wstring> m_kept;
-    Copies m_copies; // by the text that each of them had when it was made
+    Copies m_copies; // by the text that each copy had when it was created
 };

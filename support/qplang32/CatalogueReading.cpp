@@ -15,7 +15,7 @@ namespace
 constexpr LONGLONG kMaxSize = 16 << 20;
 constexpr LONG kUnreadable = static_cast<LONG>(0x8007000D); // HRESULT of ERROR_INVALID_DATA
 
-// The reason why the file gave nothing to read, or null.
+// Returns null on success, else why the file cannot be read.
 const wchar_t* ReadFileWhole(const CFileHandle& file, std::string& bytes)
 {
     LARGE_INTEGER size{};
@@ -40,7 +40,7 @@ const wchar_t* ReadInto(const CFileHandle& file, CMessageCatalogue& catalogue)
     return wrong ? wrong : catalogue.Read(bytes);
 }
 
-// The file that this code was loaded from. Empty if that cannot be told.
+// The path of the module that contains this code. Empty if it cannot be determined.
 std::wstring OwnFile()
 {
     static const char anchor = 0;

@@ -1,4 +1,4 @@
-// Catalogues as files beside the module.
+// Catalogue files beside the module.
 #pragma once
 
 #include "CMessageCatalogue.h"
@@ -6,9 +6,10 @@
 #include <memory>
 #include <string>
 
-/// The directory `locale` beside the file that this code was loaded from. Empty if that cannot be told.
+/// The directory `locale` beside the module that contains this code. Empty if it cannot be determined. Throws
+/// std::bad_alloc.
 std::wstring CatalogueDirectory();
 
-/// The catalogue in the file `path`. Null if there is no such file; also if it cannot be read, is larger than
-/// 16 MB or is damaged, which the log book then says.
+/// The catalogue in the file `path`. Null if the file does not exist; also if it cannot be read, is larger
+/// than 16 MB or is damaged, with an entry in the log book. Throws std::bad_alloc.
 std::unique_ptr<CMessageCatalogue> ReadCatalogue(const std::wstring& path);

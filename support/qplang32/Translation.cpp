@@ -32,7 +32,7 @@ const wchar_t* CoTranslateText(const wchar_t* text) noexcept
     }
     catch (...)
     {
-        // No memory to read a catalogue: the text as it is serves the user better than none.
+        // Out of memory while reading a catalogue: the untranslated text serves the user better than none.
         return text;
     }
 }

@@ -1,21 +1,21 @@
 // Translation of user-visible text into the user's language.
 #pragma once
 
-/// The texts come from message catalogues, `locale/<language>/qptools.mo` beside the module. The language is
-/// %QPTOOLS_LANG% if set, else that of the user's desktop; a regional one falls back to the language alone
-/// (de-DE to de). Catalogues are read at the first call, so none may be made while the loader holds its lock.
-/// A catalogue that is damaged is left out whole and the log book says so. Nobody frees a result: each lives
-/// until the module is unloaded. To be called on the host's user interface thread only; nothing is locked.
+/// Texts are translated by message catalogues, `locale/<language>/qptools.mo` beside the module. The language
+/// is %QPTOOLS_LANG% if set, else that of the user's desktop; a regional one falls back to the language alone
+/// (de-DE to de). Catalogues are read at the first call, which must not happen under the loader lock. A
+/// damaged catalogue is ignored as a whole, with an entry in the log book. Results are not freed: they live
+/// until the module is unloaded. Not thread-safe: to be called on the host's user interface thread only.
 
-/// The translation of `text`; `text` itself if there is none, and for the empty text. A null text gives an
-/// empty one.
+/// The translation of `text`; `text` itself if there is none, and for the empty text. Null gives an empty
+/// text.
 const wchar_t* CoTranslateText(const wchar_t* text) noexcept;
 
-/// The same as a changeable text, as long as it is. Calls with one result share a text until somebody changes
-/// it: from then on it is his, and the next call gives another. So change it before the next call. Throws
+/// The same as a writable text, within its length. Calls with equal results share one text. Once a caller has
+/// modified it, the next call creates a new one; so modify a text before the next call. Throws
 /// ComException(E_OUTOFMEMORY).
 wchar_t* CoTranslateText2(const wchar_t* text);
 
-/// The same for a narrow text in UTF-8, widened where there is no translation. What is not UTF-8 is widened
-/// byte by byte. Throws ComException(E_OUTOFMEMORY).
+/// The same for a UTF-8 text, which is converted to wide characters if there is no translation. A text that
+/// is not valid UTF-8 is converted byte by byte. Throws ComException(E_OUTOFMEMORY).
 wchar_t* CoTranslateText2(const char* text);

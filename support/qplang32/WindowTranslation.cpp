@@ -11,7 +11,7 @@ namespace
 {
 constexpr int kLongestClassName = 16;
 
-/// Labels, buttons and frames: what the module wrote, not its user.
+/// Returns true for labels, buttons and group frames, whose texts the user does not enter.
 bool ShowsFixedText(HWND window)
 {
     wchar_t name[kLongestClassName] = {};

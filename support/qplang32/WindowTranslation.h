@@ -3,8 +3,8 @@
 
 #include <windows.h>
 
-/// Translates the caption of `window` and the texts of its labels, buttons and group frames,
-/// each as CoTranslateText does. What a user types or chooses (fields, combo boxes, lists) stays as it is,
-/// and so does a text without a translation. To be called once, when the controls are made. Throws
+/// Translates the caption of `window` and the texts of its labels, buttons and group frames by
+/// CoTranslateText. Controls that hold the user's input (edits, combo boxes, lists) and texts without a
+/// translation stay unchanged. Call it once, after the controls are created. Throws
 /// ComException(E_OUTOFMEMORY).
 void CoTranslateWindow(HWND window);

@@ -5,8 +5,7 @@ namespace
 int Show(HWND parent, const wchar_t* title, const wchar_t* text, UINT kind)
 {
     const HWND owner = parent ? parent : GetActiveWindow();
-    // In a process that is not in the foreground no window is active: then the box disables every window of
-    // the thread.
+    // In a background process no window is active: the box disables all top-level windows of the thread then.
     const UINT scope = owner ? MB_APPLMODAL : MB_TASKMODAL;
     return MessageBoxW(owner, text ? text : L"", title ? title : L"", kind | scope);
 }
