@@ -6,8 +6,8 @@
 #include <new>
 #include <utility>
 
-/// Runs `body`, which returns an HRESULT, and lets nothing out of it but a status: E_OUTOFMEMORY for
-/// std::bad_alloc, its own status for a ComException, E_FAIL for anything else.
+/// Runs `body`, which returns an HRESULT, and turns exceptions into a status: E_OUTOFMEMORY for
+/// std::bad_alloc, the exception's status for a ComException, E_FAIL for any other.
 template <class Body>
 HRESULT ComBoundary(Body&& body) noexcept
 {

@@ -1,12 +1,12 @@
-// The one exception that may leave a component's method.
+// The only exception that may leave a component's method.
 #pragma once
 
 #include <windows.h>
 
 #include <exception>
 
-/// A failed status on its way up through code that composes text. The only status thrown is E_OUTOFMEMORY
-/// (0x8007000E), from a string operation that found no memory.
+/// Carries a failed status through code that composes texts. The only status thrown is E_OUTOFMEMORY
+/// (0x8007000E), by a string operation.
 class ComException : public std::exception
 {
 public:

@@ -69,7 +69,7 @@ HRESULT ComModule::MakeFactory(ObjectMapEntry& entry) noexcept
     return ComBoundary([&]() -> HRESULT {
         const std::lock_guard guard(m_factoryLock);
         if (entry.factory.load())
-            return S_OK; // another thread was first
+            return S_OK; // created by another thread meanwhile
         ComPtr<IUnknown> made;
         const HRESULT status = entry.createFactory(entry.createInstance, __uuidof(IUnknown), made.putVoid());
         if (status >= 0)

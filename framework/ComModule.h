@@ -16,33 +16,33 @@ class ComModule
 public:
     static ComModule& Get() noexcept;
 
-    /// Takes the table (which ends with a null entry), the instance handle and the library's identifier; all
-    /// three must outlive the module object's use. Returns E_INVALIDARG, and takes nothing, if one is null;
-    /// E_UNEXPECTED if it has been initialised and not terminated; else S_OK.
+    /// Sets the table, which ends with a null entry, the instance handle and the library's identifier. All
+    /// three are borrowed until Term. Returns E_INVALIDARG, with nothing set, if one is null; E_UNEXPECTED if
+    /// Init has been called and Term has not; else S_OK.
     HRESULT Init(ObjectMapEntry* map, HINSTANCE instance, const GUID* libraryId) noexcept;
 
-    /// Gives the cached factories back and forgets what Init took. Runs while the process ends too, so it
-    /// locks nothing.
+    /// Releases the cached factories and resets what Init set. Locks nothing, because it also runs while the
+    /// process ends.
     void Term() noexcept;
 
-    /// Looks the class up in the table and asks its factory, which is made at the first request and kept, for
-    /// `iid`. Returns E_POINTER for a null `result`, else nulls it first; CLASS_E_CLASSNOTAVAILABLE;
-    /// E_OUTOFMEMORY; the status of the factory's QueryInterface.
+    /// Finds the class in the table and queries its factory for `iid`; the factory is created at the first
+    /// request and cached. Returns E_POINTER if `result` is null, else sets it to null first;
+    /// CLASS_E_CLASSNOTAVAILABLE; E_OUTOFMEMORY; the status of the factory's QueryInterface.
     HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** result) noexcept;
 
-    /// Adds every class of the table in its order, or the one of `onlyClass`, then, if asked, the type
-    /// library. The first failure ends it: all keys written so far get back what they held before, and the
-    /// status of the system call that failed is returned. `report` tells what failed, unless there was no
-    /// memory to say so. Without a table: E_UNEXPECTED.
+    /// Registers every class of the table in its order, or `onlyClass` alone, and then the type library if
+    /// `typeLibrary` is set. Stops at the first failure: all keys written so far are restored, and the status
+    /// of the failed system call is returned. `report` receives the failure, except on out of memory. Returns
+    /// E_UNEXPECTED without a table.
     HRESULT RegisterServer(bool typeLibrary, const CLSID* onlyClass, RegistrationReport& report) noexcept;
 
-    /// Takes out what RegisterServer adds. A failure does not keep the rest from going; the first one is
-    /// returned and `report` tells all. What is not there is no failure.
+    /// Removes what RegisterServer adds. Continues after a failure: the first status is returned and `report`
+    /// receives all failures. A key that does not exist is not a failure.
     HRESULT UnregisterServer(bool typeLibrary, const CLSID* onlyClass, RegistrationReport& report) noexcept;
 
-    /// One for each live object, each LockServer(TRUE) and each factory that a client holds. The count is
-    /// signed and never clamped: below 0 somebody has released what was not theirs, which a debug build
-    /// asserts.
+    /// One lock for each live object, each LockServer(TRUE) and each factory that a client references. The
+    /// count is signed and not clamped: a negative one means that a client released too often, which a debug
+    /// build asserts.
     void Lock() noexcept;
     void Unlock() noexcept;
     LONG LockCount() const noexcept { return m_lockCount.load(); }
@@ -58,5 +58,5 @@ private:
     HINSTANCE m_instance = nullptr;
     const GUID* m_libraryId = nullptr;
     std::atomic<LONG> m_lockCount{0};
-    std::mutex m_factoryLock; ///< guards the making of factories and nothing else
+    std::mutex m_factoryLock; ///< guards only the creation of factories
 };

@@ -1,6 +1,6 @@
-// The one base of all component classes: reference count, aggregation, interface list, hold on the module.
+// The base of all component classes: reference count, aggregation, interface list, lock on the module.
 //
-// A component class names itself and the interfaces that QueryInterface answers besides IUnknown:
+// A component class names itself and its interfaces; QueryInterface supports these and IUnknown:
 //
 //     class QPUserActionLog final : public ComObject<QPUserActionLog, IQPUserActionLog>
 //     {
@@ -9,13 +9,14 @@
 //         HRESULT FinalConstruct(); // optional
 //     };
 //
-// It declares the methods of its interfaces and nothing of IUnknown, which the base has. No virtual
-// destructor is needed: the base deletes the class by its own type. The class has a default constructor and
-// its members are ordinary members. A class whose interface has the four dispatch operations behind its
-// published methods writes DispatchTail<IThatInterface> (DispatchTail.h) in place of IThatInterface.
+// It declares the methods of its interfaces; the base implements IUnknown. It needs a default constructor but
+// no virtual destructor: the base deletes the object by its own type. If the interface is followed by the
+// four methods of IDispatch in its method table, the class lists DispatchTail<ITheInterface> (DispatchTail.h)
+// in place of ITheInterface. Its methods run their bodies by InModule (InModule.h).
 //
-// Objects come from CreateComObject, normally through the class table (ObjectMap.h), where one line names the
-// class, its identifier, its registry script and whether it may be aggregated. Tests may create one directly:
+// CreateComObject creates objects, normally through the class table (ObjectMap.h), in which one line names
+// the class, its identifier, its registry script and whether it may be aggregated. Tests may call it
+// directly:
 //
 //     ComPtr<IQPUserActionLog> log;
 //     CreateComObject<qptools::QPUserActionLog>(nullptr, __uuidof(IQPUserActionLog), log.putVoid());
@@ -29,8 +30,8 @@
 #include <memory>
 #include <type_traits>
 
-/// The identifier under which an interface of the list is published. A class template that stands for an
-/// interface (DispatchTail) names the interface as its member type Published.
+/// The interface whose identifier stands for a class of the list: the class itself, or its member type
+/// Published if it has one (DispatchTail).
 template <class T, class = void>
 struct PublishedInterface
 {
@@ -42,8 +43,8 @@ struct PublishedInterface<T, std::void_t<typename T::Published>>
     using Type = typename T::Published;
 };
 
-/// Counts are plain: an object belongs to one apartment. An object starts at count 0 and holds the module
-/// from its construction to its destruction.
+/// Reference counts are not atomic: an object is used in one apartment. An object starts with a count of 0
+/// and locks the module from construction to destruction.
 template <class Class, class... Interfaces>
 class ComObject : public Interfaces...
 {
@@ -58,19 +59,19 @@ public:
     ULONG STDMETHODCALLTYPE AddRef() final { return m_controlling->AddRef(); }
     ULONG STDMETHODCALLTYPE Release() final { return m_controlling->Release(); }
 
-    /// Called once the object stands and knows its outer object, at count 0. References to the object may be
-    /// taken and given back meanwhile, which does not end it. A failure deletes the object and is what its
-    /// creator gets. A class that needs it hides this one.
+    /// Called once after construction, with the outer object set and a reference count of 0. AddRef and
+    /// Release during the call do not delete the object. On failure the object is deleted and its creator
+    /// gets the status. A class that needs it hides this one.
     HRESULT FinalConstruct() { return S_OK; }
 
-    /// The object's own IUnknown, whose QueryInterface does not go to the outer object.
+    /// The non-delegating IUnknown: its methods do not go to the outer object.
     IUnknown* NonDelegatingUnknown() noexcept { return &m_inner; }
 
-    /// Makes `outer`, which outlives the object and is not counted, the one that answers for its interfaces.
+    /// Sets the outer object, to which the interfaces delegate IUnknown. It is not AddRef'd and must outlive
+    /// this object. Null makes the object its own.
     void SetOuter(IUnknown* outer) noexcept { m_controlling = outer ? outer : &m_inner; }
 
-    /// From now on the object belongs to its references and ends with the last of them. Until then it belongs
-    /// to its creator.
+    /// From now on the last Release deletes the object. Before this call it is owned by its creator.
     void LeaveToReferences() noexcept { m_endsWithLast = true; }
 
 protected:
@@ -107,7 +108,7 @@ private:
         return S_OK;
     }
 
-    /// The interface as its IUnknown, which has the same address, or null for another identifier.
+    /// The IUnknown of the interface T, which has the same address; null if `iid` is not T's identifier.
     template <class T>
     IUnknown* Match(REFIID iid) noexcept
     {
@@ -121,7 +122,7 @@ private:
         const ULONG left = --m_count;
         if (left == 0 && m_endsWithLast)
         {
-            // Whatever the destructor hands out and takes back must not end the object a second time.
+            // AddRef and Release from within the destructor must not delete the object again.
             m_endsWithLast = false;
             delete static_cast<Class*>(this);
         }
@@ -141,11 +142,11 @@ enum class Aggregation
     Allowed
 };
 
-/// Makes an object of `Class` and asks it for `iid`; with `outer`, an aggregated one, whose non-delegating
-/// IUnknown is what answers. Returns E_POINTER for a null `result`, else writes null there first;
-/// CLASS_E_NOAGGREGATION, with nothing allocated, for an outer object where aggregation is refused;
-/// E_OUTOFMEMORY; the failure of FinalConstruct or of QueryInterface, after deleting the object; S_OK with
-/// one reference, which is the caller's.
+/// Creates an object of `Class` and queries it for `iid`; with `outer`, an aggregated object, whose
+/// non-delegating IUnknown is queried. Returns E_POINTER if `result` is null, else sets it to null first;
+/// CLASS_E_NOAGGREGATION, with nothing allocated, if `outer` is not null and `Rule` refuses aggregation;
+/// E_OUTOFMEMORY; the failure of FinalConstruct or QueryInterface, after deleting the object; S_OK with one
+/// reference, owned by the caller.
 template <class Class, Aggregation Rule = Aggregation::Allowed>
 HRESULT CreateComObject(IUnknown* outer, REFIID iid, void** result) noexcept
 {
@@ -160,7 +161,7 @@ HRESULT CreateComObject(IUnknown* outer, REFIID iid, void** result) noexcept
         HRESULT status = object->FinalConstruct();
         if (status >= 0)
             status = object->NonDelegatingUnknown()->QueryInterface(iid, result);
-        // The reference that the caller now has keeps the object.
+        // The caller's reference owns the object now.
         if (status >= 0)
             object.release()->LeaveToReferences();
         return status;

@@ -5,17 +5,17 @@
 
 #include <utility>
 
-/// Holds one counted reference. There is no operator&: put() names the place where an out argument is written
-/// and releases what was held before, so that no call can leak or overwrite a live reference.
+/// Owns one reference. There is no operator&: put() is for out arguments and releases what was held before,
+/// so that no call can leak or overwrite a live reference.
 template <class T>
 class ComPtr
 {
 public:
     ComPtr() noexcept = default;
-    // NOLINTNEXTLINE(google-explicit-constructor): null is a pointer like any other
+    // NOLINTNEXTLINE(google-explicit-constructor): converts from null
     ComPtr(std::nullptr_t) noexcept {}
 
-    /// Takes a reference of its own to `pointer`, which may be null.
+    /// Adds a reference to `pointer`, which may be null.
     explicit ComPtr(T* pointer) noexcept : m_ptr(pointer)
     {
         if (m_ptr)
@@ -36,7 +36,7 @@ public:
     T& operator*() const noexcept { return *m_ptr; }
     explicit operator bool() const noexcept { return m_ptr != nullptr; }
 
-    /// Releases what is held. The member is null before Release runs, which may call back.
+    /// Releases what is held. The member is null before Release is called, because Release may call back.
     void reset() noexcept
     {
         if (T* old = std::exchange(m_ptr, nullptr))
@@ -51,17 +51,18 @@ public:
     }
     void** putVoid() noexcept { return reinterpret_cast<void**>(put()); }
 
-    /// Takes over a reference that the caller owns.
+    /// Takes ownership of a reference.
     void attach(T* pointer) noexcept
     {
         reset();
         m_ptr = pointer;
     }
 
-    /// Gives the reference to the caller.
+    /// Transfers the reference to the caller.
     T* detach() noexcept { return std::exchange(m_ptr, nullptr); }
 
-    /// Writes a reference of its own to `*target`. Returns E_POINTER if `target` is null, else S_OK.
+    /// Writes a new reference to `*target`, owned by the caller. Returns E_POINTER if `target` is null, else
+    /// S_OK.
     HRESULT copyTo(T** target) const noexcept
     {
         if (!target)
@@ -72,8 +73,8 @@ public:
         return S_OK;
     }
 
-    /// Asks `source` for T, which replaces what is held. A null source gives null and E_POINTER, a failure
-    /// null and the status of QueryInterface.
+    /// Queries `source` for T; the result replaces what is held. Returns E_POINTER if `source` is null, else
+    /// the status of QueryInterface; null is held after a failure.
     HRESULT queryFrom(IUnknown* source) noexcept
     {
         reset();

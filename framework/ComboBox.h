@@ -11,7 +11,7 @@ public:
     /// The index of the selected item, or CB_ERR.
     int GetCurSel() const noexcept { return static_cast<int>(SendMessage(CB_GETCURSEL)); }
 
-    /// -1 selects nothing and empties the text.
+    /// -1 clears the selection and the text.
     int SetCurSel(int index) const noexcept
     {
         return static_cast<int>(SendMessage(CB_SETCURSEL, Index(index)));
@@ -24,23 +24,24 @@ public:
         return static_cast<int>(SendText(CB_INSERTSTRING, Index(index), text));
     }
 
-    /// The number of items left, or CB_ERR.
+    /// Returns the number of remaining items, or CB_ERR.
     int DeleteString(int index) const noexcept
     {
         return static_cast<int>(SendMessage(CB_DELETESTRING, Index(index)));
     }
     void ResetContent() const noexcept { SendMessage(CB_RESETCONTENT); }
 
-    /// The text of an item, empty if there is none of this index.
+    /// The text of an item; empty if there is no such item.
     std::wstring GetLBText(int index) const;
 
-    /// The first item behind `after` that begins with `text` in any case, or CB_ERR; the search wraps.
+    /// The index of the first item after `after` that begins with `text`, ignoring case, or CB_ERR. The
+    /// search wraps around.
     int FindString(int after, LPCWSTR text) const noexcept
     {
         return static_cast<int>(SendText(CB_FINDSTRING, Index(after), text));
     }
 
-    /// The same, and selects it; without a hit nothing changes.
+    /// The same, and selects the item; if none is found, the selection is unchanged.
     int SelectString(int after, LPCWSTR text) const noexcept
     {
         return static_cast<int>(SendText(CB_SELECTSTRING, Index(after), text));

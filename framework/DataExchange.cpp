@@ -4,7 +4,7 @@
 
 namespace
 {
-/// The radio buttons from `first` to the end of its group; other controls among them are passed over.
+/// Calls `visit` for the radio buttons from `first` to the end of its group; other controls are skipped.
 template <class Visit>
 void ForEachRadio(HWND first, Visit&& visit)
 {
@@ -18,7 +18,7 @@ void ForEachRadio(HWND first, Visit&& visit)
     }
 }
 
-/// The control to move a value of, null if there is nothing to move.
+/// The control `id`; null if there is no such control or the exchange has failed.
 HWND ItemOf(const CDataExchange& exchange, int id)
 {
     return exchange.Failed() ? nullptr : GetDlgItem(exchange.Dialog(), id);

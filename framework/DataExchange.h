@@ -1,4 +1,4 @@
-// Moves values between the members of a dialog and its controls.
+// Dialog data exchange: transfers values between members of a dialog and its controls.
 #pragma once
 
 #include <windows.h>
@@ -7,7 +7,7 @@
 
 class CWnd;
 
-/// One exchange, in one direction. From the first failure on nothing is moved.
+/// One exchange, in one direction. After a failure nothing more is transferred.
 class CDataExchange
 {
 public:
@@ -24,17 +24,17 @@ private:
     bool m_failed = false;
 };
 
-/// Puts `control` behind the control, at the first exchange; no failure if the dialog has no such control.
+/// Subclasses the control with `control`, at the first exchange. Does nothing if there is no such control.
 void DDX_Control(CDataExchange* pDX, int id, CWnd& control);
 
 void DDX_Text(CDataExchange* pDX, int id, std::wstring& value);
 
-/// A whole number; what is no number fails the exchange and leaves the value.
+/// An integer. Text that is not one fails the exchange and leaves `value` unchanged.
 void DDX_Text(CDataExchange* pDX, int id, int& value);
 
-/// 0 off, 1 on.
+/// BST_UNCHECKED (0) or BST_CHECKED (1).
 void DDX_Check(CDataExchange* pDX, int id, int& value);
 
-/// The place, from 0, of the chosen radio button in the group that begins with the control `id`; -1 if none
-/// is.
+/// The index, from 0, of the checked radio button in the group that begins with the control `id`; -1 if none
+/// is checked.
 void DDX_Radio(CDataExchange* pDX, int id, int& value);

@@ -8,13 +8,13 @@
 class CDateTimeCtrl : public CWnd
 {
 public:
-    /// False if the picker holds no date.
+    /// Returns false if the picker has no date.
     bool GetTime(SYSTEMTIME& time) const noexcept
     {
         return SendMessage(DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) == GDT_VALID;
     }
 
-    /// False for an impossible date, and the picker keeps the one it has.
+    /// Returns false for an invalid date; the picker is unchanged then.
     bool SetTime(const SYSTEMTIME& time) const noexcept
     {
         return SendMessage(DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time)) != 0;

@@ -1,18 +1,18 @@
-// The four dispatch operations as an unpublished tail of an interface.
+// The four methods of IDispatch as an unpublished tail of an interface.
 #pragma once
 
 #include "TypeInfoHolder.h"
 
 #include <oaidl.h>
 
-/// Stands for `Interface` in the list of a ComObject. Behind the published methods the object's table of
-/// methods goes on with GetTypeInfoCount, GetTypeInfo, GetIDsOfNames and Invoke. The interface itself stays
-/// one over IUnknown and the object does not answer for IDispatch: only who holds the interface and knows of
-/// the tail can call it. That is meant.
+/// Stands for `Interface` in the list of a ComObject. In the method table the published methods are followed
+/// by GetTypeInfoCount, GetTypeInfo, GetIDsOfNames and Invoke. On purpose the interface derives from IUnknown
+/// and QueryInterface does not support IDispatch: only a client that has the interface and knows of the tail
+/// can call it.
 ///
-/// Statuses: GetTypeInfo returns E_POINTER for a null `result`, else nulls it first, and DISP_E_BADINDEX for
-/// any index but 0; all but GetTypeInfoCount return the platform's failure where there is no type library to
-/// load (see TypeInfoHolder).
+/// Statuses: GetTypeInfo returns E_POINTER if `result` is null, else sets it to null first, and
+/// DISP_E_BADINDEX for any index but 0. All but GetTypeInfoCount return the system's failure if no type
+/// library can be loaded (see TypeInfoHolder).
 template <class Interface>
 class DispatchTail : public Interface
 {

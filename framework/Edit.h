@@ -1,4 +1,4 @@
-// A text field.
+// An edit control.
 #pragma once
 
 #include "Wnd.h"
@@ -6,7 +6,7 @@
 class CEdit : public CWnd
 {
 public:
-    /// Selects from `first` to before `last`; 0 and -1 select everything.
+    /// Selects the characters from `first` up to, but not including, `last`; 0 and -1 select all.
     void SetSel(int first, int last) const noexcept
     {
         SendMessage(EM_SETSEL, static_cast<WPARAM>(first), last);

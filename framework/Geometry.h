@@ -1,4 +1,4 @@
-// Points and rectangles that start at zero and know their size.
+// Points and rectangles, initialised to zero.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@ public:
     CPoint(LONG x, LONG y) noexcept : POINT{x, y} {}
     explicit CPoint(const POINT& point) noexcept : POINT(point) {}
 
-    /// The point that mouse messages carry.
+    /// The point in the lParam of a mouse message.
     static CPoint FromMessage(LPARAM lParam) noexcept
     {
         return {static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
@@ -27,7 +27,7 @@ public:
     LONG Width() const noexcept { return right - left; }
     LONG Height() const noexcept { return bottom - top; }
 
-    /// The right and bottom edges lie outside.
+    /// The right and bottom edges are outside.
     bool Contains(const POINT& point) const noexcept
     {
         return point.x >= left && point.x < right && point.y >= top && point.y < bottom;

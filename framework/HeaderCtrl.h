@@ -1,4 +1,4 @@
-// The header of a list.
+// The header of a list view.
 #pragma once
 
 #include "Wnd.h"
@@ -10,7 +10,7 @@ class CHeaderCtrl : public CWnd
 public:
     int GetItemCount() const noexcept { return static_cast<int>(SendMessage(HDM_GETITEMCOUNT)); }
 
-    /// Sets the HDF_* format of an item. False if there is no such item.
+    /// Sets the HDF_* format of an item. Returns false if there is no such item.
     bool SetItemFormat(int item, int format) const noexcept
     {
         HDITEMW change{};

@@ -2,10 +2,10 @@
 
 namespace
 {
-/// Most cells fit; a longer one is read again with more room.
+/// Enough for most cells; a longer text is read again into a larger buffer.
 constexpr std::size_t kUsualCell = 260;
 
-/// A text given to the list, which does not write into it.
+/// A text for a structure of the list view, which does not write to it.
 LPWSTR Given(LPCWSTR text)
 {
     return const_cast<LPWSTR>(text ? text : L"");

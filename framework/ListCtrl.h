@@ -1,4 +1,4 @@
-// A list view in report mode.
+// A list view in report view.
 #pragma once
 
 #include "Wnd.h"
@@ -10,10 +10,11 @@ class CListCtrl : public CWnd
 public:
     using CWnd::Create;
 
-    /// Makes the list as a child of `parent`; the style is taken as it is.
+    /// Creates the list as a child of `parent` with exactly this style. Returns false if it cannot be
+    /// created.
     bool Create(DWORD style, const RECT& rect, HWND parent, UINT id);
 
-    /// The index that the column got, or -1. `format` is LVCFMT_LEFT ..., `width` is in pixels.
+    /// Returns the index of the new column, or -1. `format` is LVCFMT_*, `width` is in pixels.
     int InsertColumn(int index, LPCWSTR caption, int format, int width) const noexcept;
 
     /// In pixels.
@@ -22,38 +23,38 @@ public:
         return Int(SendMessage(LVM_GETCOLUMNWIDTH, Index(column)));
     }
 
-    /// LVCFMT_LEFT, LVCFMT_RIGHT or LVCFMT_CENTER; left also for a column that does not exist.
+    /// LVCFMT_LEFT, LVCFMT_RIGHT or LVCFMT_CENTER; LVCFMT_LEFT if there is no such column.
     int GetColumnFormat(int column) const noexcept;
 
     int GetItemCount() const noexcept { return Int(SendMessage(LVM_GETITEMCOUNT)); }
 
-    /// The index that the row got, or -1: a sorted list places it by its text.
+    /// Returns the index of the new row, which a sorted list chooses by the text, or -1.
     int InsertItem(int index, LPCWSTR text, LPARAM data = 0) const noexcept;
     bool DeleteItem(int index) const noexcept { return SendMessage(LVM_DELETEITEM, Index(index)) != 0; }
     bool DeleteAllItems() const noexcept { return SendMessage(LVM_DELETEALLITEMS) != 0; }
 
-    /// False if there is no such row or column, and nothing is stored.
+    /// Returns false if there is no such row or column.
     bool SetItemText(int index, int column, LPCWSTR text) const noexcept;
     std::wstring GetItemText(int index, int column) const;
 
     bool SetItemData(int index, LPARAM data) const noexcept;
     LPARAM GetItemData(int index) const noexcept;
 
-    /// The state bits `mask` (LVIS_*) of one row, or of all for -1, become those of `state`.
+    /// Sets the state bits (LVIS_*) in `mask` of a row, or of all rows for -1, to those of `state`.
     bool SetItemState(int index, UINT state, UINT mask) const noexcept;
     UINT GetItemState(int index, UINT mask) const noexcept
     {
         return static_cast<UINT>(SendMessage(LVM_GETITEMSTATE, Index(index), mask));
     }
 
-    /// The first row behind `after` (-1: from the start) with all of the flags LVNI_*, or -1.
+    /// The index of the first row after `after` (-1: from the start) with all of the flags LVNI_*, or -1.
     int GetNextItem(int after, UINT flags) const noexcept
     {
         return Int(SendMessage(LVM_GETNEXTITEM, Index(after), flags));
     }
     int GetSelectedCount() const noexcept { return Int(SendMessage(LVM_GETSELECTEDCOUNT)); }
 
-    /// `part` is LVIR_BOUNDS or LVIR_LABEL; false if there is no such row.
+    /// `part` is LVIR_BOUNDS or LVIR_LABEL. Returns false if there is no such row.
     bool GetItemRect(int index, int part, RECT& rect) const noexcept;
     int HitTest(const POINT& point) const noexcept;
     bool EnsureVisible(int index, bool partial) const noexcept
@@ -66,14 +67,15 @@ public:
 
     void SetExtendedStyle(DWORD style) const noexcept { SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, style); }
 
-    /// `compare` gets the data of two rows and `parameter`; less than 0: the first comes first.
+    /// `compare` receives the item data of two rows and `parameter`; a negative result puts the first one
+    /// first.
     bool SortItems(PFNLVCOMPARE compare, LPARAM parameter) const noexcept
     {
         return SendMessage(LVM_SORTITEMS, static_cast<WPARAM>(parameter),
                            reinterpret_cast<LPARAM>(compare)) != 0;
     }
 
-    /// Begins editing the label of a row; the edit field, or null.
+    /// Begins editing the label of a row. Returns the edit control, or null.
     HWND EditLabel(int index) const noexcept
     {
         return reinterpret_cast<HWND>(SendMessage(LVM_EDITLABELW, Index(index)));

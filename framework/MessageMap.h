@@ -1,4 +1,4 @@
-// Message maps: which member function of a window class answers which message, as a table.
+// Message maps: the handlers of a window class as a table.
 //
 //     const CMessageMap& XProjectChoiceDlg::GetMessageMap() const
 //     {
@@ -26,25 +26,25 @@ struct CMessageMapEntry
         Message,  ///< `code` is the message
         Control,  ///< WM_COMMAND with the notification `code` of the control `id`
         Notify,   ///< WM_NOTIFY with the notification `code` of the control `id`
-        Reflected ///< WM_NOTIFY with the notification `code` of the window itself, sent to its parent
+        Reflected ///< WM_NOTIFY with the notification `code` that the window itself sends to its parent
     };
 
     Kind kind;
     UINT code;
     UINT id;
 
-    /// Calls the member function. Returns the message's result.
+    /// Calls the handler. Returns the message's result.
     LRESULT (*handle)(CWnd& window, WPARAM wParam, LPARAM lParam);
 };
 
-/// The entries of one class, and where those of its base are.
+/// The entries of a class and, by `base`, those of its base class.
 struct CMessageMap
 {
     const CMessageMap* base;
     std::span<const CMessageMapEntry> entries;
 
-    /// The first entry that matches, the class's own before the base's; null if there is none. `id` does not
-    /// matter for messages and reflected notifications.
+    /// The first entry that matches, own entries before those of the base; null if there is none. `id` is
+    /// ignored for messages and reflected notifications.
     const CMessageMapEntry* Find(CMessageMapEntry::Kind kind, UINT code, UINT id) const noexcept
     {
         const bool hasId = kind == CMessageMapEntry::Kind::Control || kind == CMessageMapEntry::Kind::Notify;
@@ -108,7 +108,7 @@ constexpr CMessageMapEntry OnControl(UINT code, UINT id)
     return {CMessageMapEntry::Kind::Control, code, id, &message_map::CallCommand<Handler>};
 }
 
-/// A click on a button, or a command; the handler is `void Handler()`.
+/// A click on a button; the handler is `void Handler()`.
 template <auto Handler>
 constexpr CMessageMapEntry OnCommand(UINT id)
 {
@@ -122,7 +122,7 @@ constexpr CMessageMapEntry OnNotify(UINT code, UINT id)
     return {CMessageMapEntry::Kind::Notify, code, id, &message_map::CallNotify<Handler>};
 }
 
-/// A notification that the window itself sends to its parent, handled here before the parent sees it; the
+/// A notification that the window itself sends to its parent, handled before the parent receives it; the
 /// handler is `void Handler(NMHDR*, LRESULT*)`.
 template <auto Handler>
 constexpr CMessageMapEntry OnReflected(UINT code)

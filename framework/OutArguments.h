@@ -1,7 +1,7 @@
-// The first act of a method with results.
+// Initialising the out arguments of a method.
 #pragma once
 
-/// Sets every result whose address is not null to its empty value (null or 0).
+/// Sets the results to null or 0; an address may be null.
 template <class... T>
 void ClearOut(T*... results) noexcept
 {

@@ -13,7 +13,7 @@ std::wstring ResourceString(UINT id)
             text.resize(static_cast<std::size_t>(length));
             return text;
         }
-        text.resize(text.size() * 4); // cut off: again with more room
+        text.resize(text.size() * 4); // truncated: retry with a larger buffer
     }
 }
 
@@ -38,6 +38,6 @@ std::wstring ModulePath(HINSTANCE module)
             path.resize(length);
             return path;
         }
-        path.resize(path.size() * 4); // cut off: again with more room
+        path.resize(path.size() * 4); // truncated: retry with a larger buffer
     }
 }

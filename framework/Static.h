@@ -1,4 +1,4 @@
-// A label or a group's frame.
+// A static control.
 #pragma once
 
 #include "Wnd.h"

@@ -1,20 +1,19 @@
-// The type information of one interface of the module's type library.
+// The type information of an interface in the module's type library.
 #pragma once
 
 #include "ComPtr.h"
 
 #include <oaidl.h>
 
-/// Loads the information at its first use and keeps it: from the registered library, version 1.0, or else
-/// from the one that is a resource of the module. Where neither can be loaded every operation returns that
-/// failure.
+/// Loads the type information at the first use and caches it, from the registered library, version 1.0, or
+/// else from the module's resource. If neither can be loaded, every method returns that failure.
 class TypeInfoHolder
 {
 public:
-    /// Gives the caller a reference to the information of `interfaceId`.
+    /// Writes a reference to the type information of `interfaceId`, owned by the caller.
     HRESULT Get(REFIID interfaceId, LCID locale, ITypeInfo** result) noexcept;
 
-    /// As IDispatch's; DISP_E_UNKNOWNINTERFACE unless `reserved` is IID_NULL.
+    /// As in IDispatch. DISP_E_UNKNOWNINTERFACE if `reserved` is not IID_NULL.
     HRESULT GetIDsOfNames(REFIID interfaceId, REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
                           DISPID* ids) noexcept;
     HRESULT Invoke(REFIID interfaceId, void* instance, DISPID member, REFIID reserved, LCID locale,

@@ -1,4 +1,4 @@
-// The version under which a module's type library is registered and looked up.
+// The version of the module's type library, for registration and lookup.
 #pragma once
 
 #include <windows.h>

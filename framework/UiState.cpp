@@ -7,7 +7,7 @@
 
 namespace
 {
-/// The number of the manifest resource of a library.
+/// The resource identifier of the manifest of a DLL.
 constexpr WORD kManifestResource = 2;
 
 thread_local HINSTANCE t_currentModule = nullptr;
@@ -53,7 +53,7 @@ CUiState::~CUiState()
 {
     --t_depth;
     t_currentModule = m_previousModule;
-    // Forced: a callee that left a context of its own active must not keep ours.
+    // Forced, because a callee may have left a context of its own active above this one.
     if (m_activated)
         DeactivateActCtx(DEACTIVATE_ACTCTX_FLAG_FORCE_EARLY_DEACTIVATION, m_cookie);
 }

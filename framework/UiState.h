@@ -1,12 +1,12 @@
-// The module's user interface state: whose resources a look-up finds and whose activation context is active.
+// The module's UI state: the module whose resources are looked up, and the activation context.
 #pragma once
 
 #include <windows.h>
 
-/// Holds the module's UI state on this thread for a scope. Entering saves the current module and activation
-/// context and makes this module's current; leaving puts both back, also when an exception passes. It nests.
-/// The module's activation context is made at the first entry, so that nothing is read while the loader holds
-/// its lock; if it cannot be made (no manifest resource 2), the one that is active stays.
+/// Enters the module's UI state on this thread for a scope: makes this module and its activation context
+/// current and restores the previous ones at the end, also on an exception. Scopes nest. The activation
+/// context is created at the first entry, because nothing may be read under the loader lock; if it cannot be
+/// created (no manifest resource 2), the active one stays.
 class CUiState
 {
 public:
@@ -15,11 +15,10 @@ public:
     CUiState(const CUiState&) = delete;
     CUiState& operator=(const CUiState&) = delete;
 
-    /// How deep this thread is inside the state; 0 outside.
+    /// The number of nested scopes on this thread; 0 outside.
     static int Depth() noexcept;
 
-    /// How often this thread has entered the state so far, nested entries included; tests take differences of
-    /// it.
+    /// The number of entries on this thread so far, nested ones included. Tests compare two values of it.
     static unsigned Entries() noexcept;
 
 private:
@@ -28,13 +27,13 @@ private:
     bool m_activated = false;
 };
 
-/// The module whose resources (strings, templates, icons) and translation are current on this thread: this
-/// module inside its UI state, the program of the process outside.
+/// The module whose resources (strings, templates, icons) are looked up on this thread: this module inside
+/// the UI state, the program outside.
 HINSTANCE CurrentModule() noexcept;
 
-/// The activation context of this module, made at the first call from the manifest that is its resource 2;
-/// INVALID_HANDLE_VALUE if it has none. It lives until ReleaseModuleActivationContext.
+/// The activation context of this module, created at the first call from the manifest resource 2;
+/// INVALID_HANDLE_VALUE if there is none. Valid until ReleaseModuleActivationContext.
 HANDLE ModuleActivationContext() noexcept;
 
-/// Gives the context back, if one was made; the module calls it when it ends.
+/// Releases the activation context, if it was created. Called when the module is unloaded.
 void ReleaseModuleActivationContext() noexcept;

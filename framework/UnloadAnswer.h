@@ -1,10 +1,10 @@
-// What a module answers when it is asked whether it can be unloaded.
+// The result of DllCanUnloadNow.
 #pragma once
 
 #include <windows.h>
 
-/// S_OK only if `framework`, the answer of the user interface framework, is S_OK and the count that
-/// `lockCount` then reads is 0; S_FALSE otherwise. After a no of the framework the count is not read.
+/// S_OK if `framework`, the result of the application object, is S_OK and `lockCount` returns 0; else
+/// S_FALSE. `lockCount` is called only if `framework` is S_OK.
 template <class LockCount>
 HRESULT UnloadAnswer(HRESULT framework, LockCount&& lockCount)
 {

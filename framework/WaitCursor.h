@@ -1,4 +1,4 @@
-// Shows the wait cursor for a scope.
+// The wait cursor for a scope.
 #pragma once
 
 #include <windows.h>

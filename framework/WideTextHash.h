@@ -1,4 +1,4 @@
-// Lets a hashed map of texts be asked without making one.
+// Lookup in an unordered map of texts without copying the key.
 #pragma once
 
 #include <cstddef>

@@ -6,7 +6,7 @@
 
 namespace
 {
-// The objects with a window, of which a dialog has a dozen: a chain needs no memory of its own.
+// A linked list of the objects with a window: a dialog has about a dozen, and it allocates nothing.
 constinit thread_local CWnd* t_first = nullptr;
 } // namespace
 
@@ -22,7 +22,7 @@ CWnd::~CWnd()
     const HWND window = m_hWnd;
     if (!window)
         return;
-    // The derived parts are gone already, so no message may come here any more.
+    // The derived parts are destroyed already, so no message may come here any more.
     if (m_previous)
         SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(m_previous));
     Detach();
@@ -180,8 +180,8 @@ std::optional<LRESULT> CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam
                                         : GetMessageMap().Find(Kind::Message, message, 0);
     if (!entry)
         return {};
-    // A handler may send messages that this window handles too, or end the window's object: what was handled
-    // before is put back only where the window is still there.
+    // A handler may send messages that this window handles, or delete the object: the previous message is
+    // restored only if the window still exists.
     const HWND window = m_hWnd;
     const Message outer = std::exchange(m_current, {message, wParam, lParam});
     const LRESULT result = entry->handle(*this, wParam, lParam);

@@ -1,4 +1,4 @@
-// A window of the module: the object behind a handle.
+// A window of the module as an object.
 #pragma once
 
 #include "Geometry.h"
@@ -10,12 +10,11 @@
 #include <optional>
 #include <string>
 
-/// The text of any window, of any length; empty for none.
+/// The text of a window, of any length; empty for a null handle.
 std::wstring WindowText(HWND window);
 
-/// The object belongs to whoever made it and outlives its window, or ends it: the destructor destroys the
-/// window. While it has a window the module stays loaded. A handler may destroy the window; the object then
-/// has no handle any more.
+/// Owned by its creator. Destroying the object destroys the window; destroying the window, which a handler
+/// may do, leaves the object with m_hWnd null. While the object has a window, the module stays loaded.
 class CWnd
 {
 public:
@@ -26,18 +25,18 @@ public:
 
     HWND m_hWnd = nullptr;
 
-    /// The object of this thread behind a handle, or null: other modules' windows have none.
+    /// The object of a window of this thread; null if it has none, as windows of other modules.
     static CWnd* FromHandlePermanent(HWND window) noexcept;
 
-    /// Makes a child window of a class of the system. False, with GetLastError, if it cannot be made.
+    /// Creates a child window of a system class. Returns false, with GetLastError, if it cannot be created.
     bool Create(LPCWSTR className, LPCWSTR text, DWORD style, const RECT& rect, HWND parent, UINT id);
 
-    /// Puts this object behind a window that exists; its messages come here first. False if the object has a
-    /// window, or the window an object, or there is no such window.
+    /// Attaches this object to an existing window; its messages come here first. Returns false if the object
+    /// has a window, the window has an object, or there is no such window.
     bool SubclassWindow(HWND window) noexcept;
     bool SubclassDlgItem(UINT id, HWND parent) noexcept { return SubclassWindow(::GetDlgItem(parent, id)); }
 
-    /// False if there is no window.
+    /// Returns false if there is no window.
     bool DestroyWindow() noexcept;
 
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const noexcept
@@ -59,44 +58,44 @@ public:
     DWORD GetStyle() const noexcept { return static_cast<DWORD>(::GetWindowLongW(m_hWnd, GWL_STYLE)); }
     void ModifyStyle(DWORD remove, DWORD add) const noexcept;
 
-    /// In pixels of the screen.
+    /// In screen coordinates.
     CRect GetWindowRect() const noexcept;
-    /// Left and top are 0.
+    /// In client coordinates: left and top are 0.
     CRect GetClientRect() const noexcept;
-    /// From pixels of the screen to those of this window.
+    /// From screen to client coordinates of this window.
     CRect ScreenToClient(CRect rect) const noexcept;
     void MoveWindow(const CRect& rect, bool repaint = true) const noexcept;
 
-    /// Looks at a message of the keyboard or the mouse for this window or one of its children before it goes
-    /// its way. True if that was all that is to be done with it.
+    /// Called for keyboard and mouse messages to this window or its children before they are dispatched.
+    /// Returns true if the message has been handled and is not to be dispatched.
     virtual bool PreTranslateMessage(MSG& message);
 
-    /// The window's object and those of its parents up to `top` in turn.
+    /// Calls PreTranslateMessage for the window's object and those of its parents, up to `top`.
     static bool WalkPreTranslateTree(HWND top, MSG& message);
 
 protected:
-    /// The messages that the class answers.
+    /// The message map of the class.
     virtual const CMessageMap& GetMessageMap() const;
     static const CMessageMap& ClassMessageMap();
 
-    /// A message on its way: the handler of the message map, or what the window does by itself.
+    /// Calls the handler of the message map, or DefaultWindowProc if there is none.
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
 
-    /// What the window does with the message now handled when nobody interferes.
+    /// The default handling of the current message.
     LRESULT Default() { return DefaultWindowProc(m_current.message, m_current.wParam, m_current.lParam); }
     virtual LRESULT DefaultWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
 
-    /// Called when the window is gone; the object may delete itself here.
+    /// Called after the window is destroyed; the object may delete itself here.
     virtual void PostNcDestroy() {}
 
-    /// Asks the message map; the result, or nothing if no entry matches.
+    /// Calls the handler of the message map. Empty if no entry matches.
     std::optional<LRESULT> Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
 
     void Attach(HWND window) noexcept;
     void Detach() noexcept;
 
-    /// Runs `body`, which may throw, where a window procedure must not: what is thrown ends the modal dialog
-    /// that runs, which throws it again, and `otherwise` is returned.
+    /// Runs `body` in a window procedure, which must not throw: an exception ends the innermost modal dialog,
+    /// whose DoModal rethrows it, and `otherwise` is returned.
     template <class Body>
     static LRESULT Guarded(Body&& body, LRESULT otherwise = 0) noexcept;
 
@@ -114,7 +113,7 @@ private:
 
     Message m_current{};
     WNDPROC m_previous = nullptr;
-    CWnd* m_next = nullptr; ///< the next object with a window of this thread
+    CWnd* m_next = nullptr; ///< the next object with a window on this thread
     std::optional<CLiveWindow> m_live;
 };
 
