@@ -42,10 +42,6 @@ public:
 
     /// Sets the state bits (LVIS_*) in `mask` of a row, or of all rows for -1, to those of `state`.
     bool SetItemState(int index, UINT state, UINT mask) const noexcept;
-    UINT GetItemState(int index, UINT mask) const noexcept
-    {
-        return static_cast<UINT>(SendMessage(LVM_GETITEMSTATE, Index(index), mask));
-    }
 
     /// The index of the first row after `after` (-1: from the start) with all of the flags LVNI_*, or -1.
     int GetNextItem(int after, UINT flags) const noexcept

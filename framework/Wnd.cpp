@@ -84,11 +84,6 @@ bool CWnd::DestroyWindow() noexcept
     return m_hWnd && ::DestroyWindow(m_hWnd);
 }
 
-void CWnd::ModifyStyle(DWORD remove, DWORD add) const noexcept
-{
-    SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>((GetStyle() & ~remove) | add));
-}
-
 CRect CWnd::GetWindowRect() const noexcept
 {
     CRect rect;

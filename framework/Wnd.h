@@ -56,7 +56,6 @@ public:
     void SetFocus() const noexcept { ::SetFocus(m_hWnd); }
     HWND GetDlgItem(int id) const noexcept { return ::GetDlgItem(m_hWnd, id); }
     DWORD GetStyle() const noexcept { return static_cast<DWORD>(::GetWindowLongW(m_hWnd, GWL_STYLE)); }
-    void ModifyStyle(DWORD remove, DWORD add) const noexcept;
 
     /// In screen coordinates.
     CRect GetWindowRect() const noexcept;
