@@ -1,16 +1,10 @@
 #include "MemoryRecord.h"
 
+#include "Utf8.h"
+
 std::string Utf8Of(BSTR text)
 {
-    const int length = static_cast<int>(SysStringLen(text));
-    if (length == 0)
-        return {};
-    std::string bytes(
-        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr)),
-        '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text, length, bytes.data(), static_cast<int>(bytes.size()), nullptr,
-                        nullptr);
-    return bytes;
+    return Utf8FromWide({text, SysStringLen(text)});
 }
 
 std::string Utf8OrNull(BSTR text)

@@ -1,12 +1,10 @@
 #include "WindowTexts.h"
 
+#include "Utf8.h"
+
 std::string Utf8Text(const std::wstring& text)
 {
-    const int length = static_cast<int>(text.size());
-    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(), size, nullptr, nullptr);
-    return bytes;
+    return Utf8FromWide(text);
 }
 
 std::wstring ClassOf(HWND window)

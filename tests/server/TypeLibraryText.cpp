@@ -1,5 +1,7 @@
 #include "TypeLibraryText.h"
 
+#include "Utf8.h"
+
 #include <cstdio>
 #include <map>
 
@@ -124,12 +126,7 @@ std::string FieldText(ITypeInfo* type, const VARDESC& field)
 
 std::string Narrow(const std::wstring& text)
 {
-    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0,
-                                           nullptr, nullptr);
-    std::string narrow(static_cast<size_t>(length), '\0');
-    WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), narrow.data(), length,
-                        nullptr, nullptr);
-    return narrow;
+    return Utf8FromWide(text);
 }
 
 std::string TextOf(const GUID& id)
