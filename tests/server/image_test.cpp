@@ -4,6 +4,7 @@
 #include "BuiltFiles.h"
 #include "PortableImage.h"
 #include "TypeLibraryText.h"
+#include "qptools_version.h"
 
 #include <cstring>
 #include <set>
@@ -239,8 +240,8 @@ TEST_F(ModuleResources, LoadTheIconInEachSize)
 
 TEST_F(ModuleResources, GiveTheVersionInTexts)
 {
-    EXPECT_EQ(L"5,19,3,0", VersionText(L"FileVersion"));
-    EXPECT_EQ(L"5,19,3,0", VersionText(L"ProductVersion"));
+    EXPECT_EQ(L"" QP_VERSION_WITH_COMMAS, VersionText(L"FileVersion"));
+    EXPECT_EQ(L"" QP_VERSION_WITH_COMMAS, VersionText(L"ProductVersion"));
     EXPECT_EQ(L"qptools Module", VersionText(L"FileDescription"));
     EXPECT_EQ(L"qptools", VersionText(L"InternalName"));
     EXPECT_EQ(L"qptools.DLL", VersionText(L"OriginalFilename"));
@@ -255,10 +256,10 @@ TEST_F(ModuleResources, GiveTheVersionInNumbers)
     VS_FIXEDFILEINFO* info = nullptr;
     UINT length = 0;
     ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", reinterpret_cast<void**>(&info), &length));
-    EXPECT_EQ(MAKELONG(19, 5), static_cast<LONG>(info->dwFileVersionMS));
-    EXPECT_EQ(MAKELONG(0, 3), static_cast<LONG>(info->dwFileVersionLS));
-    EXPECT_EQ(MAKELONG(19, 5), static_cast<LONG>(info->dwProductVersionMS));
-    EXPECT_EQ(MAKELONG(0, 3), static_cast<LONG>(info->dwProductVersionLS));
+    EXPECT_EQ(MAKELONG(QP_VERSION_MINOR, QP_VERSION_MAJOR), static_cast<LONG>(info->dwFileVersionMS));
+    EXPECT_EQ(MAKELONG(0, QP_VERSION_PATCH), static_cast<LONG>(info->dwFileVersionLS));
+    EXPECT_EQ(MAKELONG(QP_VERSION_MINOR, QP_VERSION_MAJOR), static_cast<LONG>(info->dwProductVersionMS));
+    EXPECT_EQ(MAKELONG(0, QP_VERSION_PATCH), static_cast<LONG>(info->dwProductVersionLS));
     EXPECT_EQ(static_cast<DWORD>(VFT_DLL), info->dwFileType);
 }
 

@@ -3,9 +3,13 @@
 #include "SevenClasses.h"
 
 #include "Resources.h"
+#include "qptools_version.h"
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <set>
 #include <tuple>
 
@@ -113,8 +117,8 @@ TEST_F(ModuleResource, TheVersionBlockNamesTheModule)
         const std::size_t at = version.find(Utf16(name));
         return at != std::string_view::npos && version.find(Utf16(value), at) < at + 80;
     };
-    EXPECT_TRUE(holds("FileVersion", "5,19,3,0"));
-    EXPECT_TRUE(holds("ProductVersion", "5,19,3,0"));
+    EXPECT_TRUE(holds("FileVersion", QP_VERSION_WITH_COMMAS));
+    EXPECT_TRUE(holds("ProductVersion", QP_VERSION_WITH_COMMAS));
     EXPECT_TRUE(holds("FileDescription", "qptools Module"));
     EXPECT_TRUE(holds("InternalName", "qptools"));
     EXPECT_TRUE(holds("OriginalFilename", "qptools.DLL"));
@@ -126,4 +130,20 @@ TEST_F(ModuleResource, TheManifestAsksForVersion6OfTheCommonControls)
     EXPECT_NE(manifest.find("name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\""),
               std::string_view::npos);
     EXPECT_NE(manifest.find("publicKeyToken=\"6595b64144ccf1df\""), std::string_view::npos);
+}
+
+TEST_F(ModuleResource, TheManifestAndTheVersionBlockNameOneVersion)
+{
+    const std::string_view manifest = Bytes(2, RT_MANIFEST);
+    EXPECT_NE(manifest.find("name=\"qptools\" version=\"" QP_VERSION ".0\""), std::string_view::npos);
+}
+
+TEST_F(ModuleResource, TheCatalogueBesideTheProgramNamesTheSameVersion)
+{
+    wchar_t program[MAX_PATH];
+    ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0u);
+    const auto path = std::filesystem::path(program).parent_path() / "locale" / "de" / "qptools.mo";
+    std::ifstream file(path, std::ios::binary);
+    const std::string catalogue{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_NE(catalogue.find("Project-Id-Version: qptools " QP_VERSION "\n"), std::string::npos);
 }
