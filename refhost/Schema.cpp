@@ -11,9 +11,7 @@ namespace refhost
 {
 namespace
 {
-constexpr auto Number = ColumnType::Number;
-constexpr auto Flag = ColumnType::Flag;
-constexpr auto Object = ColumnType::Object;
+using enum ColumnType;
 
 /// Marks a SQLite file as a plant, and which form its tables have.
 constexpr long long kApplicationId = 0x51504C54;

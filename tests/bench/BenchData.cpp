@@ -39,31 +39,31 @@ std::vector<ComPtr<MemoryObject>> MakeScripts(MemoryHost& host)
 
 BenchHost::BenchHost(std::size_t count, Prompts prompts)
 {
-    host.recording = false;
-    set = host.Object("set");
-    scripts = MakeScripts(host);
+    m_host.recording = false;
+    m_set = m_host.Object("set");
+    m_scripts = MakeScripts(m_host);
     std::vector<ComPtr<MemoryObject>> commands;
     for (const std::size_t number : Shuffled(count))
     {
-        commands.push_back(host.Object("command"));
+        commands.push_back(m_host.Object("command"));
         const std::wstring prompt = prompts == Prompts::AllDifferent ? PromptOf(number) : PromptOf(0);
         commands.back()->Set(L"m_strPrompt", prompt.c_str());
         commands.back()->Set(L"m_nameShort", number % 2 ? L"1" : L"0");
-        commands.back()->Set(L"script", scripts[number % kScripts]);
+        commands.back()->Set(L"script", m_scripts[number % kScripts]);
     }
-    host.Query().result = host.List(std::move(commands));
+    m_host.Query().result = m_host.List(std::move(commands));
 }
 
 BenchHost::BenchHost(std::size_t count)
 {
-    host.recording = false;
-    set = host.Object("set");
-    scripts = MakeScripts(host);
+    m_host.recording = false;
+    m_set = m_host.Object("set");
+    m_scripts = MakeScripts(m_host);
     std::vector<ComPtr<MemoryObject>> actions;
     for (std::size_t i = 0; i < count; ++i)
     {
-        actions.push_back(host.Object("action"));
-        actions.back()->Set(L"script", scripts[i % kScripts]);
+        actions.push_back(m_host.Object("action"));
+        actions.back()->Set(L"script", m_scripts[i % kScripts]);
     }
-    host.Query().result = host.List(std::move(actions));
+    m_host.Query().result = m_host.List(std::move(actions));
 }

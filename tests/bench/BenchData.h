@@ -24,11 +24,11 @@ public:
     /// Script actions.
     explicit BenchHost(std::size_t count);
 
-    IQP_Query* Query() { return &host.Query(); }
-    IQP_BaseDataObject* Set() { return set.get(); }
+    IQP_Query* Query() { return &m_host.Query(); }
+    IQP_BaseDataObject* Set() { return m_set.get(); }
 
 private:
-    MemoryHost host;
-    ComPtr<MemoryObject> set;
-    std::vector<ComPtr<MemoryObject>> scripts;
+    MemoryHost m_host;
+    ComPtr<MemoryObject> m_set;
+    std::vector<ComPtr<MemoryObject>> m_scripts;
 };

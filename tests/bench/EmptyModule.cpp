@@ -81,7 +81,7 @@ const WinportExport kExports[] = {
 
 const WinportModule kModule = {"qp_empty.dll", &EmptyMain, kExports, std::size(kExports), nullptr, 0};
 
-[[maybe_unused]] const int g_registered = WinportRegisterModule(&kModule);
+[[maybe_unused]] const int kRegistered = WinportRegisterModule(&kModule);
 } // namespace
 
 void RegisterEmptyModule()

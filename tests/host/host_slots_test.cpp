@@ -35,12 +35,12 @@ struct AnyObject
 {
     const void* table;
 };
-const auto g_table = MakeTable(std::make_integer_sequence<int, kEntries>{});
+const auto kTable = MakeTable(std::make_integer_sequence<int, kEntries>{});
 
 template <class Interface, class Call>
 int SlotOf(Call call)
 {
-    AnyObject object{g_table.data()};
+    AnyObject object{kTable.data()};
     g_entry = -1;
     call(reinterpret_cast<Interface*>(&object));
     return g_entry;

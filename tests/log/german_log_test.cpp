@@ -9,11 +9,11 @@
 namespace
 {
 /// Before anything is translated in this program.
-const bool g_german = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
+const bool kInGerman = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
 
 TEST(GermanUserActionLog, TwoLabelsAreTranslatedWithTheirTrailingBlanksAndNothingElse)
 {
-    ASSERT_TRUE(g_german);
+    ASSERT_TRUE(kInGerman);
     const LogFolder folder;
     const ModuleUnderTest module;
     ComPtr<IQPUserActionLog> log;

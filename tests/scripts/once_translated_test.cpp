@@ -7,7 +7,7 @@
 namespace
 {
 /// Before anything is translated in this program.
-const bool g_german = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
+const bool kInGerman = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
 
 constexpr const wchar_t* kEnglish = L"Once for all objects";
 constexpr const wchar_t* kGerman = L"Einmal f\u00FCr alle Objekte";
@@ -17,7 +17,7 @@ class GermanCommands : public ManagerFixture
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(g_german);
+        ASSERT_TRUE(kInGerman);
         ASSERT_STREQ(CoTranslateText(kEnglish), kGerman) << "the German catalogue is not in use";
     }
 };

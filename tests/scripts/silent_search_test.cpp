@@ -13,8 +13,8 @@ class SilentSearch : public ManagerFixture
 protected:
     ~SilentSearch() override
     {
-        EXPECT_TRUE(std::filesystem::is_empty(logs.Path())) << "a log was written";
-        EXPECT_TRUE(boxes.Shown().empty()) << "a message was shown";
+        EXPECT_TRUE(std::filesystem::is_empty(m_logs.Path())) << "a log was written";
+        EXPECT_TRUE(m_boxes.Shown().empty()) << "a message was shown";
     }
 
     /// All that can be asked for, in every mode of searching.
@@ -43,8 +43,8 @@ protected:
     int asks = 0;
 
 private:
-    const LogFolder logs;
-    BoxAnswers boxes;
+    const LogFolder m_logs;
+    BoxAnswers m_boxes;
 };
 
 TEST_F(SilentSearch, WithoutAQueryOrASet)

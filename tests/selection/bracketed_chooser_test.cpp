@@ -6,7 +6,7 @@
 namespace
 {
 /// Before anything is translated in this program.
-const bool g_bracketed = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"qps") != 0;
+const bool kInBrackets = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"qps") != 0;
 
 Texts Captions(const DialogView& view)
 {
@@ -35,7 +35,7 @@ protected:
 
 TEST_F(BracketedProjectChoice, TranslatesItsButtonsAndItsHeadingAlone)
 {
-    ASSERT_TRUE(g_bracketed);
+    ASSERT_TRUE(kInBrackets);
     Has({Child("a", L"A host's text")});
     root->Children(L"template", found);
     NameButton(L"A host's text");

@@ -5,7 +5,7 @@
 namespace
 {
 /// Before anything is translated in this program.
-const bool g_german = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
+const bool kInGerman = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
 
 Texts Captions(const DialogView& view)
 {
@@ -21,7 +21,7 @@ class GermanProjectChoice : public ProjectChoiceFixture
 
 TEST_F(GermanProjectChoice, TranslatesItsButtonsAndHeadingsAndNoneOfTheHostsTexts)
 {
-    ASSERT_TRUE(g_german);
+    ASSERT_TRUE(kInGerman);
     // All of these are texts that the catalogue has.
     Has({Child("a", L"Location"), Child("b", L"Name")});
     root->Children(L"template", found);
