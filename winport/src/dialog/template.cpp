@@ -79,7 +79,8 @@ void SkipFont(Reader& reader, bool extended)
     reader.Text();
 }
 
-// The extended form counts the bytes behind the count, the classic one the count, too.
+// The extended form counts the bytes behind the count, the classic one the count, too. A classic count of 1
+// has nothing behind it.
 void ReadData(Reader& reader, bool extended, TemplateItem* item)
 {
     const WORD* start = reader.Here();
@@ -87,7 +88,9 @@ void ReadData(Reader& reader, bool extended, TemplateItem* item)
     if (bytes == 0)
         return;
     item->data = start;
-    reader.Skip(static_cast<std::size_t>(extended ? bytes : bytes - 2) / 2);
+    const WORD counted = extended ? 0 : sizeof bytes;
+    if (bytes > counted)
+        reader.Skip((bytes - counted) / 2u);
 }
 
 TemplateItem ReadControl(Reader& reader, bool extended)
