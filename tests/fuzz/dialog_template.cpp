@@ -6,12 +6,14 @@
 #include <cstdlib>
 #include <cstring>
 
+namespace winport
+{
 namespace
 {
 constexpr WORD kMostControls = 200;
 constexpr std::size_t kLongestData = 0x8000; // units
 constexpr std::size_t kControlOfZeros = 16;  // units
-constexpr WORD kExtended = 0xFFFF; // behind a 1
+constexpr WORD kExtended = 0xFFFF;           // behind a 1
 
 /// Thrown instead of the end of the run.
 struct Refused
@@ -19,13 +21,13 @@ struct Refused
 };
 } // namespace
 
-namespace winport
-{
 void Missing(const Window*, const char*, unsigned long long)
 {
     throw Refused();
 }
 } // namespace winport
+
+using namespace winport;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -38,11 +40,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return -1; // more of the same
     try
     {
-        const winport::Template read =
-            winport::ReadTemplate(reinterpret_cast<const DLGTEMPLATE*>(units.data()));
+        const Template read = ReadTemplate(reinterpret_cast<const DLGTEMPLATE*>(units.data()));
         if (read.controls.size() > count)
             std::abort();
-        for (const winport::TemplateItem& control : read.controls)
+        for (const TemplateItem& control : read.controls)
             if (control.data && (control.data < units.data() || control.data >= units.data() + units.size()))
                 std::abort();
     }
