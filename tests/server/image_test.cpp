@@ -111,6 +111,13 @@ protected:
 };
 } // namespace
 
+TEST(ModuleImage, TakesNoTlsSlotAndWatchesNoExceptionsOfTheProcess)
+{
+    for (const char* import : {"TlsAlloc", "AddVectoredExceptionHandler"})
+        EXPECT_EQ(Module().Bytes().find(import), std::string::npos) << import;
+    EXPECT_NE(Module().Bytes().find("FlsFree"), std::string::npos);
+}
+
 TEST(ModuleImage, ImportsSystemDllsOnly)
 {
     const std::vector<std::string> imported = Module().ImportedDlls();

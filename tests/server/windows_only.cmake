@@ -13,3 +13,23 @@ add_dependencies(moved_module_tests qp_catalogues)
 foreach(test typelib_tests image_tests regsvr_tests moved_module_tests)
   add_dependencies(${test} qptools qp_sdk)
 endforeach()
+
+# The host that lets the module go.
+qp_static(unloading_host SOURCES UnloadingHost.cpp ProcessCounts.cpp
+  DEPENDS driver memory_host framework qpconvert32 qp_interfaces qp_gtest)
+qp_program(unload_process_end SOURCES process_end.cpp DEPENDS unloading_host)
+qp_use_module(unload_process_end qptools)
+qp_test(unload_tests SOURCES unload_test.cpp ${CMAKE_SOURCE_DIR}/tests/support/OtherProcess.cpp
+  DEPENDS unloading_host LABELS windows-only)
+target_include_directories(unload_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests/support)
+qp_use_module(unload_tests qptools)
+add_dependencies(unload_tests unload_process_end qp_catalogues)
+
+# The module's thread functions beside those of the program, and so by other names.
+add_library(module_threads OBJECT ${CMAKE_SOURCE_DIR}/qptools/server/windows/ModuleThreads.cpp)
+target_link_libraries(module_threads PRIVATE qp_options)
+foreach(function mutex_init mutex_destroy mutex_lock mutex_unlock cond_wait cond_broadcast once key_create getspecific
+        setspecific)
+  target_compile_definitions(module_threads PRIVATE pthread_${function}=module_${function})
+endforeach()
+qp_test(module_threads_tests SOURCES module_threads_test.cpp DEPENDS module_threads LABELS windows-only)

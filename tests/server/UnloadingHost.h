@@ -1,0 +1,62 @@
+// A host that creates components of the module and lets the module go, again and again.
+#pragma once
+
+#include "ComPtr.h"
+
+#include "qptools.h"
+
+#include <objbase.h>
+
+#include <string>
+
+/// Has the module catch an exception on this thread: a host object throws out of a call that `lookup` makes.
+void HaveExceptionCaught(IQPSelectOrvoItem& lookup);
+
+/// Finds the classes by the manifest beside the program, in a single-threaded apartment of the calling
+/// thread. It never loads the module itself, so COM unloads it.
+class UnloadingHost
+{
+public:
+    UnloadingHost();
+    ~UnloadingHost();
+    UnloadingHost(const UnloadingHost&) = delete;
+    UnloadingHost& operator=(const UnloadingHost&) = delete;
+
+    static bool IsLoaded() { return GetModuleHandleW(L"qptools.dll") != nullptr; }
+
+    /// Creates components one after another. The module catches an exception, translates a text, writes to
+    /// the log and runs a dialog, whose window the system refuses to create unless it is `shown`.
+    void Work(bool shown);
+
+    /// Has COM unload what is not used any more. Returns whether the module is gone.
+    static bool Unload();
+
+private:
+    template <class T>
+    ComPtr<T> Create(REFCLSID classId);
+    void CatchException();
+    void WriteLog();
+    void ChooseProject();
+    void CancelChoice();
+
+    HANDLE m_context;
+    ULONG_PTR m_cookie = 0;
+};
+
+/// The module loaded from a file, without COM.
+class LoadedModule
+{
+public:
+    explicit LoadedModule(const std::wstring& path);
+    ~LoadedModule() { FreeLibrary(m_module); }
+    LoadedModule(const LoadedModule&) = delete;
+    LoadedModule& operator=(const LoadedModule&) = delete;
+
+    /// Creates a component on this thread, has it catch an exception and releases it.
+    void CatchException() const;
+
+    HMODULE Handle() const { return m_module; }
+
+private:
+    HMODULE m_module;
+};

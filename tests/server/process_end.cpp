@@ -1,0 +1,38 @@
+// Ends with the module loaded, after exceptions in it on several threads, in the way that the argument names.
+// The exit code is 7 unless the end goes wrong.
+#include "BuiltFiles.h"
+#include "UnloadingHost.h"
+
+#include <cstring>
+#include <thread>
+
+namespace
+{
+constexpr int kEnd = 7;
+} // namespace
+
+int main(int, char** arguments)
+{
+    const char* way = arguments[1];
+    const LoadedModule& module = *new LoadedModule(ModulePath()); // never unloaded
+    module.CatchException();
+    const HANDLE called = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+    std::thread([&] {
+        module.CatchException();
+        SetEvent(called);
+        Sleep(INFINITE);
+    }).detach();
+    WaitForSingleObject(called, INFINITE);
+    if (std::strcmp(way, "exit") == 0)
+        ExitProcess(kEnd);
+    if (std::strcmp(way, "terminate") == 0)
+        TerminateProcess(GetCurrentProcess(), kEnd);
+    if (std::strcmp(way, "other thread") == 0)
+    {
+        std::thread([&] {
+            module.CatchException();
+            ExitProcess(kEnd);
+        }).join();
+    }
+    return kEnd;
+}
