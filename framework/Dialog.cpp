@@ -23,7 +23,8 @@ HWND OwnerFor(HWND parent)
 class CDisabledOwner
 {
 public:
-    explicit CDisabledOwner(HWND owner) noexcept : m_owner(owner && IsWindowEnabled(owner) ? owner : nullptr)
+    explicit CDisabledOwner(HWND owner) noexcept
+        : m_owner(owner && IsWindowEnabled(owner) ? owner : nullptr), m_focus(GetFocus())
     {
         if (m_owner)
             EnableWindow(m_owner, FALSE);
@@ -34,12 +35,18 @@ public:
 
     void Enable() noexcept
     {
-        if (const HWND owner = std::exchange(m_owner, nullptr))
-            EnableWindow(owner, TRUE);
+        const HWND owner = std::exchange(m_owner, nullptr);
+        if (!owner)
+            return;
+        EnableWindow(owner, TRUE);
+        // A disabled window loses the focus, and a dialog that is never shown takes none.
+        if (!GetFocus() && GetActiveWindow() == owner)
+            SetFocus(m_focus);
     }
 
 private:
     HWND m_owner;
+    HWND m_focus;
 };
 } // namespace
 
@@ -56,6 +63,7 @@ INT_PTR CDialog::DoModal()
     m_code = -1;
     m_failure = nullptr;
     m_running = true;
+    m_endedBySystem = false;
     m_outer = std::exchange(t_current, this);
     {
         CDisabledOwner disabled(owner);
@@ -73,12 +81,35 @@ INT_PTR CDialog::DoModal()
     return m_code;
 }
 
+/// The system's EndDialog tells nobody: it sets a flag that only the system's own modal loop reads, and hides
+/// the window. It hides it without WM_SHOWWINDOW, which ShowWindow and a minimised owner send before. So does
+/// DestroyWindow, but then the window is gone when IsRunning looks.
+void CDialog::NoticeSystemEnd(UINT message, WPARAM wParam, LPARAM lParam) noexcept
+{
+    if (message == WM_SHOWWINDOW)
+        m_showWindowHides = !wParam;
+    if (message != WM_WINDOWPOSCHANGING || !(reinterpret_cast<WINDOWPOS*>(lParam)->flags & SWP_HIDEWINDOW))
+        return;
+    if (std::exchange(m_showWindowHides, false) || !m_running)
+        return;
+    m_endedBySystem = true;
+    // The loop may be waiting when this comes from outside of it.
+    PostMessageW(m_hWnd, WM_NULL, 0, 0);
+}
+
+bool CDialog::IsRunning() noexcept
+{
+    if (m_hWnd && m_running && m_endedBySystem)
+        EndDialog(IDCANCEL);
+    return m_hWnd && m_running;
+}
+
 void CDialog::RunModalLoop()
 {
-    if (m_hWnd && m_running)
+    if (IsRunning())
         ShowWindow(SW_SHOWNORMAL);
     MSG message;
-    while (m_hWnd && m_running)
+    while (IsRunning())
     {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got <= 0)
@@ -102,7 +133,9 @@ void CDialog::Close(HWND owner) noexcept
         return;
     SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
                  SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
-    if (owner && GetActiveWindow() == m_hWnd)
+    // A dialog that the system's EndDialog hid may have left no window active: its owner was still disabled.
+    const HWND active = GetActiveWindow();
+    if (owner && (active == m_hWnd || (m_endedBySystem && !active)))
         SetActiveWindow(owner);
     DestroyWindow();
 }
@@ -204,7 +237,7 @@ INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM wParam, LP
         auto* dialog = reinterpret_cast<CDialog*>(lParam);
         dialog->Attach(window);
         // A dialog that is over already must not come up for the focus's sake.
-        return Guarded([dialog] { return dialog->OnInitDialog() && dialog->m_running ? TRUE : FALSE; },
+        return Guarded([dialog] { return dialog->OnInitDialog() && dialog->IsRunning() ? TRUE : FALSE; },
                        FALSE);
     }
     auto* dialog = static_cast<CDialog*>(FromHandlePermanent(window));
@@ -221,6 +254,7 @@ INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM wParam, LP
 
 INT_PTR CDialog::OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam)
 {
+    NoticeSystemEnd(message, wParam, lParam);
     const HWND window = m_hWnd;
     const std::optional<LRESULT> result = Dispatch(message, wParam, lParam);
     if (!result)

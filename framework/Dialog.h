@@ -21,7 +21,9 @@ public:
     /// out here.
     INT_PTR DoModal();
 
-    /// Ends the modal run with this code; the last one counts. The window goes when the handler returned.
+    /// Ends the modal run with this code; the last one counts. The window is destroyed when the handler has
+    /// returned. The system's EndDialog, called by somebody who knows the window alone, cancels the dialog
+    /// whatever its code: the run ends with 2, and no value is taken from the controls.
     void EndDialog(INT_PTR code) noexcept;
 
     /// Moves the values of DoDataExchange: from the controls if `save`, else to them. False if a control's
@@ -65,6 +67,8 @@ protected:
 private:
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR OnDialogMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    void NoticeSystemEnd(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+    bool IsRunning() noexcept;
     void RunModalLoop();
     void Close(HWND owner) noexcept;
 
@@ -72,6 +76,8 @@ private:
     HWND m_parent;
     INT_PTR m_code = -1;
     bool m_running = false;
+    bool m_showWindowHides = false; ///< a call of ShowWindow is about to hide the window
+    bool m_endedBySystem = false;   ///< the system's EndDialog was called on the window
     std::exception_ptr m_failure;
     CDialog* m_outer = nullptr; ///< the modal dialog of this thread that runs around this one
 };

@@ -2,6 +2,7 @@
 
 #include "ComPtr.h"
 #include "RegistryKey.h"
+#include "RegistryScript.h"
 #include "RegistryWriter.h"
 #include "Resources.h"
 #include "TypeLibrary.h"
@@ -21,6 +22,35 @@ LSTATUS NoResourceError()
 {
     const DWORD error = GetLastError();
     return error == ERROR_SUCCESS ? ERROR_INVALID_DATA : static_cast<LSTATUS>(error);
+}
+
+/// The first key outside every backup to which the script writes a value: a root, or a key marked NoRemove
+/// that stands directly beneath a root or another such key. Empty if there is none.
+std::wstring KeptKeyWithValue(const std::wstring& key, const std::vector<RegistryNode>& nodes)
+{
+    for (const RegistryNode& node : nodes)
+    {
+        if (node.kind == RegistryNode::Kind::Value)
+            return key;
+        if (node.kind != RegistryNode::Kind::NoRemove)
+            continue;
+        const std::wstring kept = key + L"\\" + node.name;
+        const std::wstring found = node.value ? kept : KeptKeyWithValue(kept, node.children);
+        if (!found.empty())
+            return found;
+    }
+    return {};
+}
+
+std::wstring KeptKeyWithValue(const RegistryScript& script)
+{
+    for (const RegistryRoot& root : script.roots)
+    {
+        const std::wstring found = KeptKeyWithValue(root.name, root.children);
+        if (!found.empty())
+            return found;
+    }
+    return {};
 }
 
 std::wstring TypeLibraryKey(const GUID& libraryId)
@@ -72,6 +102,12 @@ HRESULT Registrar::UpdateScriptText(std::wstring_view text, const std::wstring& 
     RegistryWriter writer(m_modulePath, m_report);
     if (!add)
         return writer.Remove(*script);
+    const std::wstring kept = KeptKeyWithValue(*script);
+    if (!kept.empty())
+        return m_report.Add(source + L", " + kept,
+                            L"a key that is never removed cannot have a value: a failed registration would "
+                            L"leave it changed",
+                            HRESULT_FROM_WIN32(ERROR_INVALID_DATA));
     for (RegistryBackup& backup : writer.BackUp(*script))
         m_backups.push_back(std::move(backup));
     return writer.Apply(*script);

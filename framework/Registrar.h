@@ -10,8 +10,10 @@
 #include <string_view>
 #include <vector>
 
-/// One registration. Before it changes a key it keeps what the key held; unless Commit is called, its end
-/// puts all of them back, the last first.
+/// One registration. Before it changes a key it copies what the key holds. Unless Commit is called, the
+/// destructor restores all copies, the last one first. A key marked NoRemove is not copied: it is created if
+/// it is missing, and stays. So that nothing else is left changed, a script that gives such a key or a root a
+/// value is refused.
 class Registrar
 {
 public:
@@ -21,17 +23,16 @@ public:
     Registrar(const Registrar&) = delete;
     Registrar& operator=(const Registrar&) = delete;
 
-    /// Applies the script that is the module's resource REGISTRY `id` (UTF-8), or takes out what it made.
-    /// Returns the system's code for a resource that is not there, ERROR_INVALID_DATA as an HRESULT for a
-    /// text that is no script, and else what RegistryWriter returns.
+    /// Applies the script that is the module's resource REGISTRY `id` (UTF-8), or removes what it wrote.
+    /// Returns the system's code if the resource is missing, ERROR_INVALID_DATA as an HRESULT for a text that
+    /// is not a script or is refused, and otherwise what RegistryWriter returns.
     HRESULT UpdateScript(UINT id, bool add);
 
     /// The same with the text given; `source` names it in messages.
     HRESULT UpdateScriptText(std::wstring_view text, const std::wstring& source, bool add);
 
-    /// Registers the type library that is the module's resource TYPELIB 1, or takes its registration out. A
-    /// module without that resource has none, and a library that is not registered is as good as taken out:
-    /// S_OK for both.
+    /// Registers the type library that is the module's resource TYPELIB 1, or removes its registration.
+    /// Returns S_OK if the module has no such resource, or if the library to be removed is not registered.
     HRESULT UpdateTypeLibrary(bool add);
 
     /// Keeps what has been done.

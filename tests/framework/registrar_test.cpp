@@ -119,6 +119,37 @@ TEST_F(Registration, AroundKeysMarkedNoRemoveNothingIsTouched)
     EXPECT_EQ(registry.Text(L"CLSID\\{Other}"), L"changed meanwhile by someone else");
 }
 
+TEST_F(Registration, RefusesValuesThatAFailureWouldNotPutBack)
+{
+    const std::pair<const wchar_t*, const wchar_t*> scripts[] = {
+        {L"HKCR { A val V = s 'x' }", L"script, HKCR"},
+        {L"HKCU { } HKCR { val '' = s 'x' }", L"script, HKCR"},
+        {L"HKCR { A NoRemove B = s 'x' }", L"script, HKCR\\B"},
+        {L"HKCR { NoRemove B { val V = d 1 } }", L"script, HKCR\\B"},
+        {L"HKCR { NoRemove B { NoRemove C { D NoRemove E = d 1 } } }", L"script, HKCR\\B\\C\\E"},
+    };
+    const auto before = registry.Dump();
+    for (const auto& [text, where] : scripts)
+    {
+        report.failures.clear();
+        EXPECT_EQ(Add(text), HRESULT_FROM_WIN32(ERROR_INVALID_DATA)) << text;
+        ASSERT_EQ(report.failures.size(), 1u);
+        EXPECT_EQ(report.failures[0].key, where);
+        EXPECT_NE(report.failures[0].reason.find(L"never removed"), std::wstring::npos);
+    }
+    EXPECT_EQ(registry.Dump(), before) << "nothing was written before it was refused";
+}
+
+TEST_F(Registration, TakesValuesOfKeysBeneathKeysMarkedNoRemove)
+{
+    registry.Put(L"CLSID", {});
+    const auto before = registry.Dump();
+    EXPECT_EQ(Add(L"HKCR { NoRemove CLSID { ForceRemove {X} = s 'x' { val V = d 1 NoRemove Y = s 'y' } } }"),
+              S_OK);
+    RollBack();
+    EXPECT_EQ(registry.Dump(), before);
+}
+
 TEST_F(Registration, ATextThatIsNoScriptChangesNothingAndItsLineIsReported)
 {
     const auto before = registry.Dump();

@@ -182,6 +182,7 @@ WINUSERAPI HWND CreateDialogIndirectParamW(HINSTANCE module, LPCDLGTEMPLATEW des
                                            DLGPROC procedure, LPARAM parameter);
 WINUSERAPI LRESULT DefDlgProcW(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 WINUSERAPI BOOL IsDialogMessageW(HWND dialog, LPMSG message);
+WINUSERAPI BOOL EndDialog(HWND dialog, INT_PTR result);
 WINUSERAPI BOOL MapDialogRect(HWND dialog, LPRECT rect);
 WINUSERAPI HWND GetDlgItem(HWND dialog, int id);
 WINUSERAPI int GetDlgCtrlID(HWND window);

@@ -204,6 +204,24 @@ HWND CreateDialogIndirectParamW(HINSTANCE module, LPCDLGTEMPLATEW description, H
     return Alive(dialog) ? dialog : nullptr;
 }
 
+// A modal loop of the system would end now. There is none here: every dialog is modeless for the system.
+BOOL EndDialog(HWND dialog, INT_PTR)
+{
+    const Window* window = OwnWindow(dialog, "end of a dialog of another thread");
+    if (!window)
+        return FALSE;
+    const bool active = GetActiveWindow() == dialog;
+    if (IsChild(dialog, GetFocus()))
+        SetFocus(dialog);
+    SetWindowPos(dialog, nullptr, 0, 0, 0, 0,
+                 SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_HIDEWINDOW);
+    const HWND owner = Alive(dialog) ? GetWindow(dialog, GW_OWNER) : nullptr;
+    if (owner && active)
+        SetActiveWindow(owner); // disabled or not
+    PostMessageW(dialog, WM_NULL, 0, 0);
+    return TRUE;
+}
+
 BOOL MapDialogRect(HWND dialog, LPRECT rect)
 {
     if (!FindWindowOf(dialog))
