@@ -111,7 +111,7 @@ TEST_F(AttributeLimits, need_an_object_and_a_column_that_are_there)
 
 TEST_F(AttributeLimits, come_with_the_sample_plant)
 {
-    plant->Load(QP_SAMPLE_DIR);
+    plant->Load(refhost::SampleFolder());
     const ComPtr<IQP_BaseDataObject> locked = plant->Find(L"scriptaction", L"Paint: consumption");
     EXPECT_EQ(locked->SetAttribute(Text(L"m_iSequence"), Value(1)), E_ACCESSDENIED);
     EXPECT_EQ(locked->SetAttribute(Text(L"m_bEnabled"), Value(1)), E_ACCESSDENIED);
