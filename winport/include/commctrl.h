@@ -258,6 +258,7 @@ struct NMHEADERW
 
 // Date picker.
 #define DTS_UPDOWN 0x0001u
+#define DTS_RIGHTALIGN 0x0020u
 #define DTS_SHORTDATEFORMAT 0x0000u
 #define DTM_FIRST 0x1000u
 #define DTM_GETSYSTEMTIME (DTM_FIRST + 1)

@@ -47,6 +47,15 @@ struct CREATESTRUCTW
 };
 using LPCREATESTRUCTW = CREATESTRUCTW*;
 
+struct MINMAXINFO
+{
+    POINT ptReserved;
+    POINT ptMaxSize;
+    POINT ptMaxPosition;
+    POINT ptMinTrackSize;
+    POINT ptMaxTrackSize;
+};
+
 struct WINDOWPOS
 {
     HWND hwnd;

@@ -56,9 +56,12 @@ protected:
     ControlHost m_host{DATETIMEPICK_CLASSW, GetParam() | WS_TABSTOP, 200, 24};
 };
 
-INSTANTIATE_TEST_SUITE_P(With, DatePicker, testing::Values(DTS_SHORTDATEFORMAT, DTS_UPDOWN),
+INSTANTIATE_TEST_SUITE_P(With, DatePicker,
+                         testing::Values(DTS_SHORTDATEFORMAT, DTS_UPDOWN, DTS_UPDOWN | DTS_RIGHTALIGN),
                          [](const testing::TestParamInfo<DWORD>& kind) {
-                             return kind.param == DTS_UPDOWN ? "Arrows" : "Calendar";
+                             return kind.param == DTS_SHORTDATEFORMAT ? "Calendar"
+                                    : kind.param == DTS_UPDOWN        ? "Arrows"
+                                                                      : "ArrowsOnTheLeft";
                          });
 
 // As automation writes a date.

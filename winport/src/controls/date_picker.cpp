@@ -1,10 +1,10 @@
 #include "date_picker.h"
 
-#include "automation/calendar.h"
-
 #include <algorithm>
 #include <cwchar>
+#include <string>
 #include <tuple>
+#include <utility>
 
 namespace winport
 {
@@ -13,6 +13,7 @@ namespace
 constexpr int kFields = 3;
 constexpr int kMonth = 0;
 constexpr int kDay = 1;
+constexpr int kYear = 2;
 constexpr int kLastYear = 9999;
 
 // The first day of the calendar that the control knows.
@@ -73,20 +74,18 @@ LRESULT CDatePicker::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         Notify(NM_SETFOCUS);
         return 0;
     case WM_KILLFOCUS:
-        Notify(NM_KILLFOCUS);
+        OnKillFocus();
         return 0;
     case WM_LBUTTONDOWN:
-        SetFocus(m_window.handle);
+        EndTyping();
+        if (Alive(Handle()))
+            SetFocus(Handle());
         return 0;
     case WM_KEYDOWN:
         OnKey(wParam);
         return 0;
-    case WM_SYSKEYDOWN:
-        RefuseCalendar(wParam == VK_DOWN, wParam);
-        return Default(message, wParam, lParam);
     case WM_CHAR:
-        if (wParam > L' ')
-            Missing(&m_window, "character", wParam);
+        OnCharacter(wParam);
         return 0;
     case DTM_GETSYSTEMTIME:
         *reinterpret_cast<SYSTEMTIME*>(lParam) = m_value;
@@ -116,21 +115,16 @@ void CDatePicker::Show()
     m_window.text = text;
 }
 
-void CDatePicker::RefuseCalendar(bool asked, WPARAM key) const
-{
-    if (asked && !(Style() & DTS_UPDOWN))
-        Missing(&m_window, "key", key);
-}
-
+// F4 and Alt with an arrow open no calendar.
 void CDatePicker::OnKey(WPARAM key)
 {
     switch (key)
     {
     case VK_RIGHT:
-        m_field = (m_field + 1) % kFields;
+        EnterField((m_field + 1) % kFields);
         break;
     case VK_LEFT:
-        m_field = m_field > 0 ? m_field - 1 : kFields - 1;
+        EnterField(m_field > 0 ? m_field - 1 : kFields - 1);
         break;
     case VK_UP:
         Turn(1);
@@ -142,24 +136,71 @@ void CDatePicker::OnKey(WPARAM key)
     case VK_END:
         Missing(&m_window, "key", key);
     default:
-        RefuseCalendar(key == VK_F4, key);
         break;
     }
 }
 
-// Month and day begin again at their end; the year stops at the end of the calendar.
+void CDatePicker::OnKillFocus()
+{
+    Notify(NM_KILLFOCUS);
+    if (Alive(Handle()))
+        EndTyping();
+    m_field = -1;
+}
+
+void CDatePicker::EnterField(int field)
+{
+    EndTyping();
+    m_field = field;
+}
+
+// Digits become the field's value when it can take no more of them or is left.
+void CDatePicker::OnCharacter(WPARAM character)
+{
+    if (character < L'0' || character > L'9' || m_field < 0)
+        return;
+    m_typed += static_cast<wchar_t>(character);
+    if (m_typed.size() == (m_field == kYear ? 4U : 2U))
+        EndTyping();
+}
+
+// An impossible month or day is ignored. An impossible year is ignored, too, but notified as a change.
+void CDatePicker::EndTyping()
+{
+    if (m_typed.empty())
+        return;
+    const int value = std::stoi(std::exchange(m_typed, {}));
+    CivilDate date = DateOf(m_value);
+    (m_field == kMonth ? date.month : m_field == kDay ? date.day : date.year) = value;
+    if (m_field != kDay && date.month >= 1 && date.month <= 12)
+        date.day = std::min(date.day, DaysInMonth(date.year, date.month));
+    if (!IsDate(date) && m_field != kYear)
+        return;
+    Change(IsDate(date) ? date : DateOf(m_value));
+}
+
+// Month and day begin again at their end; the year stops at the end of the calendar. What was typed is
+// dropped.
 void CDatePicker::Turn(int by)
 {
     CivilDate date = DateOf(m_value);
+    m_typed.clear();
     if (m_field == kMonth)
+    {
         date.month = Wrapped(date.month + by, 1, 12);
+        if (date.day > DaysInMonth(date.year, date.month))
+            date.day = 1;
+    }
     else if (m_field == kDay)
         date.day = Wrapped(date.day + by, 1, DaysInMonth(date.year, date.month));
     else if (m_field >= 0)
         date.year = std::min(date.year + by, kLastYear);
     date.day = std::min(date.day, DaysInMonth(date.year, date.month));
-    if (IsBeforeFirst(date))
-        date = kFirst;
+    Change(IsBeforeFirst(date) ? kFirst : date);
+}
+
+void CDatePicker::Change(const CivilDate& date)
+{
     m_value.wYear = static_cast<WORD>(date.year);
     m_value.wMonth = static_cast<WORD>(date.month);
     m_value.wDay = static_cast<WORD>(date.day);

@@ -1,8 +1,10 @@
 // The date picker: a date with its time, shown as the short date. It has neither the calendar nor the arrows
-// of the real one, but the keys that move between the fields and turn them.
+// of the real one, but the keys that move between the fields, turn them and type into them.
 #pragma once
 
 #include "window/window.h"
+
+#include "automation/calendar.h"
 
 namespace winport
 {
@@ -14,13 +16,20 @@ public:
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    using Control::Handle;
+
     bool Set(DWORD kind, const SYSTEMTIME* value);
     void Show();
     void OnKey(WPARAM key);
-    void RefuseCalendar(bool asked, WPARAM key) const;
+    void OnKillFocus();
+    void OnCharacter(WPARAM character);
+    void EnterField(int field);
+    void EndTyping();
     void Turn(int by);
+    void Change(const CivilDate& date);
 
     SYSTEMTIME m_value{};
-    int m_field = -1; ///< month, day, year; -1 before the first was entered
+    int m_field = -1;     ///< month, day, year; -1 before the first was entered
+    std::wstring m_typed; ///< digits that are not the field's value yet
 };
 } // namespace winport

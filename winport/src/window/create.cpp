@@ -61,15 +61,20 @@ bool AskHooks(Window& window, CREATESTRUCTW* create)
                      reinterpret_cast<LPARAM>(&asked)) == 0;
 }
 
-void PutIntoTree(Window& window, const CREATESTRUCTW& create)
+// False if the window was destroyed when it was asked for its bounds.
+bool PutIntoTree(Window& window, const CREATESTRUCTW& create)
 {
+    const HWND handle = window.handle;
     int width = create.cx;
     int height = create.cy;
-    KeepTrackSize(window, &width, &height);
-    const POINT origin = OriginOf(window);
     Reframe(window);
+    KeepTrackSize(window, &width, &height);
+    if (!Alive(handle))
+        return false;
+    const POINT origin = OriginOf(window);
     Place(window, origin.x + create.x, origin.y + create.y, width, height);
     Restack(window, window.parent ? HWND_BOTTOM : HWND_TOP);
+    return true;
 }
 
 // Children end before their parent.
@@ -206,8 +211,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR text, DWORD style
         RemoveWindow(*window);
         return nullptr;
     }
-    PutIntoTree(*window, create);
-    if (!SendCreation(handle, &create))
+    if (!PutIntoTree(*window, create) || !SendCreation(handle, &create))
         return nullptr;
     SendFirstPlace(handle);
     if (Alive(handle) && (style & WS_VISIBLE))

@@ -16,12 +16,26 @@ void SetText(Window& window, LPARAM text)
     window.text = text ? reinterpret_cast<LPCWSTR>(text) : L"";
 }
 
+void OnPlaceChanging(const Window& window, WINDOWPOS* change)
+{
+    if (!(change->flags & SWP_NOSIZE))
+        KeepTrackSize(window, &change->cx, &change->cy);
+}
+
 void OnPlaceChanged(HWND handle, UINT flags)
 {
     if (!(flags & kSameClientPlace))
         SendMove(handle);
-    if (!(flags & kSameClientSize))
+    if (!(flags & kSameClientSize) || (flags & kStateChanged))
         SendSize(handle);
+}
+
+void OnSystemCommand(HWND handle, WPARAM command)
+{
+    if (command == SC_CLOSE)
+        SendMessageW(handle, WM_CLOSE, 0, 0);
+    else if (command == SC_MAXIMIZE || command == SC_RESTORE)
+        ShowWindow(handle, command == SC_MAXIMIZE ? SW_SHOWMAXIMIZED : SW_RESTORE);
 }
 
 void OnSystemKey(Window& window, WPARAM key, LPARAM flags)
@@ -88,8 +102,7 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
         DestroyWindow(handle);
         return 0;
     case WM_SYSCOMMAND:
-        if ((wParam & kCommandMask) == SC_CLOSE)
-            SendMessageW(handle, WM_CLOSE, 0, 0);
+        OnSystemCommand(handle, wParam & kCommandMask);
         return 0;
     case WM_SYSKEYDOWN:
         OnSystemKey(*window, wParam, lParam);
@@ -97,6 +110,9 @@ LRESULT DefWindowProcW(HWND handle, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_ACTIVATE:
         if (LOWORD(wParam) != WA_INACTIVE)
             SetFocus(handle);
+        return 0;
+    case WM_WINDOWPOSCHANGING:
+        OnPlaceChanging(*window, reinterpret_cast<WINDOWPOS*>(lParam));
         return 0;
     case WM_WINDOWPOSCHANGED:
         OnPlaceChanged(handle, reinterpret_cast<const WINDOWPOS*>(lParam)->flags);

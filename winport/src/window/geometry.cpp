@@ -11,8 +11,6 @@ constexpr int kCaption = 19;
 constexpr int kToolCaption = 16;
 constexpr int kScrollBar = 17;
 constexpr int kEdge = 2;
-constexpr int kLeastWidth = 116;
-constexpr int kLeastHeight = 27;
 
 int FrameWidth(DWORD style, DWORD exStyle)
 {
@@ -90,17 +88,6 @@ DWORD CompleteExStyle(DWORD style, DWORD exStyle)
     return edge ? exStyle | WS_EX_WINDOWEDGE : exStyle & ~WS_EX_WINDOWEDGE;
 }
 
-void KeepTrackSize(const Window& window, int* width, int* height)
-{
-    *width = std::max(*width, 0);
-    *height = std::max(*height, 0);
-    const bool captioned = window.style & WS_DLGFRAME;
-    if (!(window.style & WS_THICKFRAME) && ((window.style & (WS_POPUP | WS_CHILD)) || !captioned))
-        return;
-    *width = std::max(*width, captioned ? kLeastWidth : 2 * window.frame);
-    *height = std::max(*height, captioned ? kLeastHeight : 2 * window.frame);
-}
-
 void Place(Window& window, int x, int y, int width, int height)
 {
     Shift(window, x - window.rect.left, y - window.rect.top);
@@ -111,8 +98,11 @@ void Place(Window& window, int x, int y, int width, int height)
 void SendSize(HWND handle)
 {
     RECT client{};
-    if (GetClientRect(handle, &client))
-        SendMessageW(handle, WM_SIZE, SIZE_RESTORED, MAKELPARAM(client.right, client.bottom));
+    if (!GetClientRect(handle, &client))
+        return;
+    const bool maximised = FindWindowOf(handle)->style & WS_MAXIMIZE;
+    SendMessageW(handle, WM_SIZE, maximised ? SIZE_MAXIMIZED : SIZE_RESTORED,
+                 MAKELPARAM(client.right, client.bottom));
 }
 
 void SendMove(HWND handle)

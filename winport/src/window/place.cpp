@@ -1,6 +1,8 @@
 // Moving, sizing, stacking, showing and hiding of windows.
 #include "thread.h"
 
+#include <algorithm>
+
 namespace winport
 {
 namespace
@@ -13,7 +15,8 @@ void Reduce(Window& window, WINDOWPOS* change)
 {
     const POINT origin = OriginOf(window);
     const RECT& rect = window.rect;
-    KeepTrackSize(window, &change->cx, &change->cy);
+    change->cx = std::max(change->cx, 0);
+    change->cy = std::max(change->cy, 0);
     if (change->x == rect.left - origin.x && change->y == rect.top - origin.y)
         change->flags |= SWP_NOMOVE;
     if (change->cx == rect.right - rect.left && change->cy == rect.bottom - rect.top)
@@ -80,12 +83,23 @@ UINT FlagsToShow(const Window& window, int how)
         break;
     case SW_SHOW:
     case SW_SHOWNORMAL:
+    case SW_SHOWMAXIMIZED:
+    case SW_RESTORE:
         flags |= SWP_SHOWWINDOW;
         break;
     default:
         Missing(&window, "way to show", static_cast<unsigned>(how));
     }
     return window.parent ? flags | SWP_NOACTIVATE | SWP_NOZORDER : flags;
+}
+
+// True if that way to show makes the window maximised or ends it.
+bool ChangesState(const Window& window, int how)
+{
+    const bool maximised = window.style & WS_MAXIMIZE;
+    if (how == SW_SHOWMAXIMIZED && window.parent)
+        Missing(&window, "way to show a child", static_cast<unsigned>(how));
+    return maximised ? how == SW_SHOWNORMAL || how == SW_RESTORE : how == SW_SHOWMAXIMIZED;
 }
 } // namespace
 } // namespace winport
@@ -135,6 +149,11 @@ BOOL ShowWindow(HWND handle, int how)
         return FALSE;
     const UINT flags = FlagsToShow(*window, how);
     const bool visible = window->style & WS_VISIBLE;
+    if (ChangesState(*window, how))
+    {
+        how == SW_SHOWMAXIMIZED ? Maximise(handle) : Restore(handle);
+        return visible;
+    }
     if (visible == (how != SW_HIDE))
         return visible;
     SendMessageW(handle, WM_SHOWWINDOW, how != SW_HIDE, 0);

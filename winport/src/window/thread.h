@@ -11,6 +11,8 @@ namespace winport
 /// Flags of WM_WINDOWPOSCHANGED: the inside of the window is as large, or where it was.
 constexpr UINT kSameClientSize = 0x0800;
 constexpr UINT kSameClientPlace = 0x1000;
+/// Flag of both messages about a window's place: it is maximised or restored.
+constexpr UINT kStateChanged = 0x8000;
 
 struct Hook
 {
@@ -106,8 +108,12 @@ DWORD CompleteExStyle(DWORD style, DWORD exStyle);
 /// Puts a window elsewhere, everything in it included.
 void Place(Window& window, int x, int y, int width, int height);
 
-/// The least size that a window with a caption can have is applied.
+/// Keeps a size within the bounds of a window that has any: WM_GETMINMAXINFO is sent.
 void KeepTrackSize(const Window& window, int* width, int* height);
+
+/// Makes a window fill the screen, or gives it its former place again; shows it.
+void Maximise(HWND handle);
+void Restore(HWND handle);
 
 /// Makes `next`, which may be null, the thread's active window. False if a hook refused.
 bool Activate(HWND next);

@@ -46,6 +46,7 @@ struct Window
     DWORD style = 0;
     DWORD exStyle = 0;
     RECT rect{};                   ///< the whole window, in pixels of the screen
+    RECT restored{};               ///< the same before it was maximised
     int frame = 0;                 ///< how wide the frame is around the inside
     int caption = 0;               ///< how high the caption is
     Window* parent = nullptr;      ///< of a child window; null for a top-level one
