@@ -169,23 +169,26 @@ std::optional<LRESULT> CWnd::Dispatch(UINT message, WPARAM wParam, LPARAM lParam
 {
     using Kind = CMessageMapEntry::Kind;
     if (message == WM_NOTIFY)
-        return DispatchNotify(lParam);
+        return DispatchNotify(wParam, lParam);
     const CMessageMapEntry* entry = message == WM_COMMAND
                                         ? GetMessageMap().Find(Kind::Control, HIWORD(wParam), LOWORD(wParam))
                                         : GetMessageMap().Find(Kind::Message, message, 0);
-    if (!entry)
-        return {};
+    return entry ? std::optional(Handle(*entry, {message, wParam, lParam})) : std::nullopt;
+}
+
+LRESULT CWnd::Handle(const CMessageMapEntry& entry, const Message& message)
+{
     // A handler may send messages that this window handles, or delete the object: the previous message is
     // restored only if the window still exists.
     const HWND window = m_hWnd;
-    const Message outer = std::exchange(m_current, {message, wParam, lParam});
-    const LRESULT result = entry->handle(*this, wParam, lParam);
+    const Message outer = std::exchange(m_current, message);
+    const LRESULT result = entry.handle(*this, message.wParam, message.lParam);
     if (FromHandlePermanent(window) == this)
         m_current = outer;
     return result;
 }
 
-std::optional<LRESULT> CWnd::DispatchNotify(LPARAM lParam)
+std::optional<LRESULT> CWnd::DispatchNotify(WPARAM wParam, LPARAM lParam)
 {
     const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
     CWnd* sender = FromHandlePermanent(header.hwndFrom);
@@ -195,7 +198,7 @@ std::optional<LRESULT> CWnd::DispatchNotify(LPARAM lParam)
             return entry->handle(*sender, 0, lParam);
     const CMessageMapEntry* entry =
         GetMessageMap().Find(CMessageMapEntry::Kind::Notify, header.code, static_cast<UINT>(header.idFrom));
-    return entry ? std::optional(entry->handle(*this, 0, lParam)) : std::nullopt;
+    return entry ? std::optional(Handle(*entry, {WM_NOTIFY, wParam, lParam})) : std::nullopt;
 }
 
 void CWnd::Failed() noexcept

@@ -108,7 +108,8 @@ private:
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     static void Failed() noexcept;
-    std::optional<LRESULT> DispatchNotify(LPARAM lParam);
+    LRESULT Handle(const CMessageMapEntry& entry, const Message& message);
+    std::optional<LRESULT> DispatchNotify(WPARAM wParam, LPARAM lParam);
 
     Message m_current{};
     WNDPROC m_previous = nullptr;
