@@ -63,7 +63,7 @@ function(qp_program name)
 endfunction()
 
 # qp_test(name SOURCES ... [DEPENDS ...] [LABELS ...] [SERIAL]): a GoogleTest program whose tests ctest finds by running
-# it. SERIAL: none of its tests runs beside another test.
+# it. SERIAL: none of its tests runs beside another test. The others are in batch.programs, for tools/run-batches.
 function(qp_test name)
   cmake_parse_arguments(QP "SERIAL" "" "SOURCES;DEPENDS;LABELS" ${ARGN})
   qp_program(${name} SOURCES ${QP_SOURCES} DEPENDS ${QP_DEPENDS} qp_gtest)
@@ -84,7 +84,10 @@ function(qp_test name)
   endif()
   if(QP_SERIAL)
     list(APPEND properties RUN_SERIAL ON)
+  else()
+    set_property(GLOBAL APPEND_STRING PROPERTY QP_BATCH_PROGRAMS "$<TARGET_FILE:${name}> ${CMAKE_CURRENT_BINARY_DIR}\n")
   endif()
+  set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR ${CMAKE_SOURCE_DIR}/tools/run-test)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES
                        TEST_PREFIX "${name}." PROPERTIES ${properties})
 endfunction()
