@@ -12,14 +12,14 @@ constinit thread_local CDialog* t_current = nullptr;
 /// RT_DIALOG.
 const LPCWSTR kDialogResource = MAKEINTRESOURCEW(5);
 
-/// The window that a dialog without a parent belongs to, so that the host cannot be used behind it.
+/// The owner of a dialog without a parent, so that the host cannot be used behind it.
 HWND OwnerFor(HWND parent)
 {
     const HWND window = parent ? parent : GetActiveWindow();
     return window ? GetAncestor(window, GA_ROOT) : nullptr;
 }
 
-/// Keeps the owner disabled while a dialog runs.
+/// Disables the owner for a scope.
 class CDisabledOwner
 {
 public:
@@ -70,7 +70,7 @@ INT_PTR CDialog::DoModal()
         CreateDialogIndirectParamW(CurrentModule(), reinterpret_cast<LPCDLGTEMPLATEW>(resource.data()), owner,
                                    &CDialog::Procedure, reinterpret_cast<LPARAM>(this));
         RunModalLoop();
-        // While the dialog still stands, lest another program's window comes to the front.
+        // Before the dialog is destroyed, so that no window of another program is activated.
         disabled.Enable();
         Close(owner);
     }
@@ -81,9 +81,9 @@ INT_PTR CDialog::DoModal()
     return m_code;
 }
 
-/// The system's EndDialog tells nobody: it sets a flag that only the system's own modal loop reads, and hides
-/// the window. It hides it without WM_SHOWWINDOW, which ShowWindow and a minimised owner send before. So does
-/// DestroyWindow, but then the window is gone when IsRunning looks.
+/// The system's EndDialog sends no message of its own: it sets a flag that only the system's modal loop
+/// reads, and hides the window. It hides it without WM_SHOWWINDOW, which ShowWindow and a minimised owner
+/// send before. So does DestroyWindow, but then the window does not exist when IsRunning checks it.
 void CDialog::NoticeSystemEnd(UINT message, WPARAM wParam, LPARAM lParam) noexcept
 {
     if (message == WM_SHOWWINDOW)
@@ -114,7 +114,7 @@ void CDialog::RunModalLoop()
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
         if (got <= 0)
         {
-            // The program ends: its own loop has to hear of it, too.
+            // The program is quitting: its own loop needs the message, too.
             if (got == 0)
                 PostQuitMessage(static_cast<int>(message.wParam));
             EndDialog(-1);
@@ -133,7 +133,7 @@ void CDialog::Close(HWND owner) noexcept
         return;
     SetWindowPos(m_hWnd, nullptr, 0, 0, 0, 0,
                  SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
-    // A dialog that the system's EndDialog hid may have left no window active: its owner was still disabled.
+    // After the system's EndDialog no window may be active, because the owner was still disabled.
     const HWND active = GetActiveWindow();
     if (owner && (active == m_hWnd || (m_endedBySystem && !active)))
         SetActiveWindow(owner);
@@ -224,7 +224,7 @@ CRect CDialog::ItemRect(int id) const noexcept
     return item && ::GetWindowRect(item, &rect) ? ScreenToClient(rect) : CRect();
 }
 
-// The dialog's own window procedure runs after this one for what was not handled.
+// The system's dialog procedure runs after this one for messages that were not handled.
 LRESULT CDialog::DefaultWindowProc(UINT, WPARAM, LPARAM)
 {
     return 0;
@@ -236,7 +236,7 @@ INT_PTR CALLBACK CDialog::Procedure(HWND window, UINT message, WPARAM wParam, LP
     {
         auto* dialog = reinterpret_cast<CDialog*>(lParam);
         dialog->Attach(window);
-        // A dialog that is over already must not come up for the focus's sake.
+        // A dialog that has ended already must not be shown by setting the focus.
         return Guarded([dialog] { return dialog->OnInitDialog() && dialog->IsRunning() ? TRUE : FALSE; },
                        FALSE);
     }

@@ -14,10 +14,10 @@
 
 namespace
 {
-/// The number of the type library among the module's resources, which LoadTypeLibEx takes when none is named.
+/// The resource identifier of the type library, which LoadTypeLibEx loads by default.
 constexpr UINT kTypeLibraryResource = 1;
 
-/// Why ResourceBytes gave nothing; an empty resource leaves no error behind.
+/// The error of ResourceBytes. An empty resource sets none.
 LSTATUS NoResourceError()
 {
     const DWORD error = GetLastError();
@@ -75,7 +75,7 @@ Registrar::~Registrar()
     }
     catch (...)
     {
-        // Out of memory on the way back: what is left stays as it is.
+        // Out of memory while restoring: the remaining keys are not restored.
         return;
     }
 }

@@ -17,7 +17,7 @@
 class Registrar
 {
 public:
-    /// `report` gets every failure and outlives the registrar.
+    /// `report` receives every failure and must outlive the registrar.
     Registrar(HINSTANCE module, const GUID& libraryId, RegistrationReport& report);
     ~Registrar();
     Registrar(const Registrar&) = delete;
@@ -35,7 +35,7 @@ public:
     /// Returns S_OK if the module has no such resource, or if the library to be removed is not registered.
     HRESULT UpdateTypeLibrary(bool add);
 
-    /// Keeps what has been done.
+    /// Keeps the changes: the destructor restores nothing.
     void Commit() noexcept { m_backups.clear(); }
 
 private:

@@ -1,4 +1,4 @@
-// What went wrong while a module was added to the registry or taken out of it.
+// The failures of registering or unregistering a module.
 #pragma once
 
 #include <windows.h>
@@ -8,8 +8,8 @@
 
 struct RegistrationFailure
 {
-    std::wstring key; ///< from its root on, as in "HKCR\CLSID"; a resource or a file where no key is at fault
-    std::wstring reason; ///< for a reader; says what to do where access was denied
+    std::wstring key;    ///< with its root, as in "HKCR\CLSID"; a resource or file if the failure is there
+    std::wstring reason; ///< readable text; says what to do if access was denied
     HRESULT status;
 };
 
@@ -17,12 +17,12 @@ struct RegistrationReport
 {
     std::vector<RegistrationFailure> failures;
 
-    /// Notes a failed system call and gives its code as an HRESULT.
+    /// Adds a failed system call. Returns its code as an HRESULT.
     HRESULT AddSystemError(std::wstring key, LSTATUS error);
 
-    /// Notes a failed status and returns it.
+    /// Adds a failed status and returns it.
     HRESULT AddStatus(std::wstring key, HRESULT status);
 
-    /// Notes a failure that has a reason of its own and returns its status.
+    /// Adds a failure with its own reason and returns its status.
     HRESULT Add(std::wstring key, std::wstring reason, HRESULT status);
 };

@@ -37,7 +37,7 @@ LSTATUS ReadValues(HKEY key, std::vector<RegistryTree::Value>& values)
     }
 }
 
-/// Reads the tree at `path`; `existed` becomes false where there is no such key.
+/// Reads the tree at `path`. `existed` becomes false if there is no such key.
 RegistryTree ReadTree(HKEY root, const std::wstring& path, std::wstring name, bool& existed)
 {
     RegistryTree tree;

@@ -1,4 +1,4 @@
-// What a registry key held before it was changed, and the way back.
+// The content of a registry key before a change, for restoring it.
 #pragma once
 
 #include "RegistrationReport.h"
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// A key with its values and all beneath it. What may not be read is not touched either.
+/// A key with its values and subkeys. A key that cannot be read is not modified either.
 struct RegistryTree
 {
     struct Value
@@ -24,15 +24,14 @@ struct RegistryTree
     std::vector<RegistryTree> subkeys;
 };
 
-/// Reads a key when it is made and puts the key back as it was when asked.
+/// Copies a key in the constructor; Restore writes it back.
 class RegistryBackup
 {
 public:
-    /// `rootName` is for messages.
+    /// `rootName` is used in messages.
     RegistryBackup(HKEY root, std::wstring rootName, const std::wstring& path);
 
-    /// Deletes what has come since, writes again what is gone or changed. What cannot be put back is
-    /// reported.
+    /// Deletes subkeys and values added since, and writes the copied ones. Failures are reported.
     void Restore(RegistrationReport& report) const;
 
 private:

@@ -1,4 +1,4 @@
-// The owner of an open registry key, and what is done to keys as a whole.
+// The owner of an open registry key, and functions for whole keys.
 #pragma once
 
 #include <windows.h>
@@ -19,17 +19,17 @@ public:
     }
     ~RegistryKey() { Close(); }
 
-    /// Each returns the system's code, ERROR_SUCCESS with the key open.
+    /// Each returns the system's error code; the key is open after ERROR_SUCCESS.
     LSTATUS Open(HKEY parent, const std::wstring& path, REGSAM access) noexcept;
     LSTATUS Create(HKEY parent, const std::wstring& path, REGSAM access) noexcept;
     void Close() noexcept;
 
     HKEY get() const noexcept { return m_key; }
 
-    /// The names of the keys directly beneath.
+    /// The names of the direct subkeys.
     LSTATUS SubkeyNames(std::vector<std::wstring>& names) const;
 
-    /// Writes a text (REG_SZ) or a number (REG_DWORD); the empty name is the default value.
+    /// Writes a value of type REG_SZ or REG_DWORD; the empty name is the default value.
     LSTATUS SetText(const std::wstring& name, const std::wstring& text) const noexcept;
     LSTATUS SetNumber(const std::wstring& name, DWORD number) const noexcept;
 
@@ -37,9 +37,9 @@ private:
     HKEY m_key = nullptr;
 };
 
-/// Whether the key is there, readable or not.
+/// Returns true if the key exists, readable or not.
 bool RegistryKeyExists(HKEY parent, const std::wstring& path) noexcept;
 
-/// Deletes a key with all beneath it. A key that is not there is no failure. On failure `failedKey` is the
-/// path, from `parent` on, of the key that would not go.
+/// Deletes a key and its subkeys. Returns ERROR_SUCCESS if it does not exist. On failure `failedKey` is the
+/// path, relative to `parent`, of the key that could not be deleted.
 LSTATUS DeleteRegistryTree(HKEY parent, const std::wstring& path, std::wstring& failedKey);

@@ -4,7 +4,7 @@
 
 namespace
 {
-/// Deeper nesting is a damaged script, not a key that anyone wants.
+/// Deeper nesting means a damaged script.
 constexpr int kDeepest = 64;
 
 struct Token
@@ -14,7 +14,7 @@ struct Token
     bool end = false;
     int line = 0;
 
-    /// Whether this is the word or sign `word`, in any case and not in quotes.
+    /// Returns true for the token `word`, ignoring case, not in quotes.
     bool Is(std::wstring_view word) const
     {
         return !quoted && !end && text.size() == word.size() && SameLetters(word);
@@ -53,7 +53,7 @@ const KnownRoot kRoots[] = {{L"HKCR", HKEY_CLASSES_ROOT},
                             {L"HKEY_LOCAL_MACHINE", HKEY_LOCAL_MACHINE},
                             {L"HKEY_CURRENT_USER", HKEY_CURRENT_USER}};
 
-/// A failure on its way out of the parser.
+/// Thrown inside the parser.
 struct ParseFailure
 {
     RegistryScriptError error;
@@ -111,7 +111,7 @@ private:
                     ++m_at;
                     return;
                 }
-                ++m_at; // written twice: one quote of the text
+                ++m_at; // doubled: one quote of the text
             }
             m_line += m_text[m_at] == L'\n';
             m_token.text += m_text[m_at];
@@ -135,7 +135,7 @@ private:
         Fail(L"unknown root key '" + m_token.text + L"'");
     }
 
-    /// Reads "{ ... }", with the opening brace as the current token.
+    /// Parses "{ ... }"; the opening brace is the current token.
     std::vector<RegistryNode> ReadBlock(int depth)
     {
         if (depth > kDeepest)

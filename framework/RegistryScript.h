@@ -1,4 +1,4 @@
-// The text form of what a class writes to the registry.
+// Registry scripts: what a class writes to the registry, as text.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +9,7 @@
 #include <variant>
 #include <vector>
 
-/// A script names roots and, in braces, the keys beneath them:
+/// A script lists roots and, in braces, their subkeys:
 ///
 ///     HKCR
 ///     {
@@ -22,17 +22,18 @@
 ///         Delete 'Old key'
 ///     }
 ///
-/// Words stand between blanks or in single quotes, in which a quote is written twice. A brace or an equals
-/// sign counts as such where it stands alone. Values are s (text) and d (a number, decimal or 0x...).
+/// Words are separated by blanks or enclosed in single quotes, in which a quote is doubled. A brace or an
+/// equals sign is a token if it is a word of its own. Types of values are s (text) and d (a number, decimal
+/// or 0x...).
 struct RegistryNode
 {
     enum class Kind
     {
-        Key,         ///< made; taken out when nothing is left beneath it
-        ForceRemove, ///< made anew, whatever was there; taken out with everything beneath it
-        NoRemove,    ///< made, never taken out
-        Delete,      ///< taken out when the script is applied
-        Value        ///< a named value of the key around it
+        Key,         ///< created; removed when it is empty
+        ForceRemove, ///< deleted and created; removed with its subkeys
+        NoRemove,    ///< created, never removed
+        Delete,      ///< deleted when the script is applied
+        Value        ///< a named value of the enclosing key
     };
     using Data = std::variant<std::wstring, DWORD>;
 
@@ -45,7 +46,7 @@ struct RegistryNode
 struct RegistryRoot
 {
     HKEY key;
-    std::wstring name; ///< as the script writes it
+    std::wstring name; ///< as in the script
     std::vector<RegistryNode> children;
 };
 
@@ -54,12 +55,12 @@ struct RegistryScript
     std::vector<RegistryRoot> roots;
 };
 
-/// Where and why a text is no script. Lines count from 1.
+/// Why a text is not a valid script. Lines are counted from 1.
 struct RegistryScriptError
 {
     int line = 0;
     std::wstring reason;
 };
 
-/// Reads a script. Returns nothing, and fills `error`, for a text that is none.
+/// Parses a script. Empty if the text is not a valid script, with the reason in `error`.
 std::optional<RegistryScript> ParseRegistryScript(std::wstring_view text, RegistryScriptError& error);

@@ -151,7 +151,7 @@ std::wstring RegistryWriter::Expand(std::wstring text) const
     for (std::size_t at = text.find(word); at != std::wstring::npos; at = text.find(word, at))
     {
         text.replace(at, word.size(), m_modulePath);
-        at += m_modulePath.size(); // a path that itself reads %MODULE% is not replaced again
+        at += m_modulePath.size(); // %MODULE% inside the path is not replaced again
     }
     return text;
 }

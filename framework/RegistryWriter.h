@@ -1,4 +1,4 @@
-// Carries a registry script out.
+// Applies a registry script.
 #pragma once
 
 #include "RegistrationReport.h"
@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-/// Writes what a script says, or takes it out. %MODULE% in names and texts becomes the module's path; nothing
-/// else is replaced.
+/// Writes the keys of a script, or removes them. %MODULE% in names and texts is replaced by the module's
+/// path.
 class RegistryWriter
 {
 public:
@@ -18,20 +18,19 @@ public:
     {
     }
 
-    /// Makes the keys and values in the script's order. The first failure ends it and its status is returned.
+    /// Creates the keys and values in the script's order. Stops at the first failure and returns its status.
     HRESULT Apply(const RegistryScript& script);
 
-    /// Takes out what Apply made: keys marked ForceRemove with all beneath them, plain keys once nothing is
-    /// left beneath them, values. Goes on after a failure and returns the first one's status. What is not
-    /// there is no failure.
+    /// Removes what Apply creates: keys marked ForceRemove with their subkeys, plain keys if they are empty
+    /// then, values. Continues after a failure and returns the first status. A key or value that does not
+    /// exist is not a failure.
     HRESULT Remove(const RegistryScript& script);
 
-    /// The state, before Apply, of every key that the script makes or deletes, apart from those marked
-    /// NoRemove.
+    /// Copies, before Apply, every key that the script creates or deletes, except those marked NoRemove.
     std::vector<RegistryBackup> BackUp(const RegistryScript& script) const;
 
 private:
-    /// Where the writer stands: the root, its name, the path from it.
+    /// A key: its root and the path from there.
     struct Place
     {
         const RegistryRoot* root;

@@ -1,11 +1,10 @@
-// The application object of a module, and the count of windows that keep the module loaded.
+// The application object of a module, and the count of the windows that keep the module loaded.
 #pragma once
 
 #include <windows.h>
 
-/// A module has one static object of a class derived from this. It is made when the module is loaded;
-/// InitInstance runs after that and ExitInstance before the module goes, both while the loader holds its
-/// lock.
+/// A module has one static object of a derived class, constructed when the module is loaded. InitInstance is
+/// called after that and ExitInstance before the module is unloaded, both under the loader lock.
 class CWinApp
 {
 public:
@@ -14,23 +13,23 @@ public:
     CWinApp(const CWinApp&) = delete;
     CWinApp& operator=(const CWinApp&) = delete;
 
-    /// FALSE keeps the module from loading. The base has nothing to do and returns TRUE.
+    /// Returns FALSE to fail loading the module. The base returns TRUE.
     virtual BOOL InitInstance();
 
-    /// Gives the module's activation context back and returns 0.
+    /// Releases the module's activation context. Returns 0.
     virtual int ExitInstance();
 
-    /// S_OK if no window of the module lives, else S_FALSE.
+    /// Returns S_OK if the module has no window, else S_FALSE.
     HRESULT CanUnloadNow() const noexcept;
 
     /// The module's application object, or null.
     static CWinApp* Get() noexcept;
 
-    HINSTANCE m_hInstance = nullptr; ///< the module, set before InitInstance runs
+    HINSTANCE m_hInstance = nullptr; ///< the module, set before InitInstance is called
     LPCWSTR m_pszAppName;
 };
 
-/// Held by every window and dialog of the module for as long as it lives.
+/// A member of every window object while it has a window.
 class CLiveWindow
 {
 public:
@@ -41,6 +40,6 @@ public:
     static LONG Count() noexcept;
 };
 
-/// What a module's entry point does: `reason` is DLL_PROCESS_ATTACH or DLL_PROCESS_DETACH, others are
-/// ignored. Returns what the application's InitInstance returned, TRUE otherwise.
+/// The body of DllMain: handles DLL_PROCESS_ATTACH and DLL_PROCESS_DETACH and ignores other reasons. Returns
+/// the result of InitInstance for the former, else TRUE.
 BOOL RunModuleEntry(HINSTANCE instance, DWORD reason);

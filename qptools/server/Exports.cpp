@@ -14,12 +14,13 @@
 
 namespace
 {
-// By which the two are told apart in the log book; they are no positions in this file and never change.
+// The line numbers in the log book that tell the two apart. They are not positions in this file and never
+// change.
 constexpr ULONG kRegisterLine = 41;
 constexpr ULONG kUnregisterLine = 47;
 
-/// Writes one entry for each failure to the log book, and one for `status` if it is a failure that none of
-/// them accounts for. Returns `status`.
+/// Writes an entry for each failure to the log book, and one for `status` if it is a failure that the report
+/// does not contain. Returns `status`.
 HRESULT LogFailures(HRESULT status, const RegistrationReport& report, const wchar_t* function, ULONG line)
 {
     bool told = status >= 0;
