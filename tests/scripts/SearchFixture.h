@@ -1,7 +1,9 @@
 // What the tests of both finders share: a host in memory with a plan type set, a plan type and their masters.
 #pragma once
 
+#include "Calls.h"
 #include "MemoryHost.h"
+#include "Untouched.h"
 #include "XQPComBSTR.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +12,6 @@
 #include <functional>
 #include <string>
 #include <vector>
-
-using Calls = std::vector<std::string>;
 
 inline std::string Cat(int catenation)
 {

@@ -9,7 +9,7 @@ using namespace qptools;
 
 namespace
 {
-IEnumBaseDataObject* const kUntouched = reinterpret_cast<IEnumBaseDataObject*>(0x1234);
+IEnumBaseDataObject* const kUntouched = Untouched<IEnumBaseDataObject>();
 
 class ActionFinderResult : public SearchFixture
 {

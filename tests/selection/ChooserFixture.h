@@ -3,11 +3,13 @@
 #pragma once
 
 #include "BoxAnswers.h"
+#include "Calls.h"
 #include "DialogDriver.h"
 #include "LogBook.h"
 #include "MemoryHost.h"
 #include "ModuleUnderTest.h"
 #include "Story.h"
+#include "Untouched.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
 
@@ -22,35 +24,13 @@
 #include <string>
 #include <vector>
 
-using Calls = std::vector<std::string>;
 using Texts = std::vector<std::wstring>;
 using Steps = std::vector<DialogStep>;
-
-inline Calls operator+(Calls first, const Calls& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
-}
 
 inline Steps operator+(Steps first, const Steps& second)
 {
     first.insert(first.end(), second.begin(), second.end());
     return first;
-}
-
-template <class T>
-ULONG References(const ComPtr<T>& object)
-{
-    object->AddRef();
-    return object->Release();
-}
-
-/// A value that no method leaves behind.
-template <class T>
-T* Untouched()
-{
-    static int place;
-    return reinterpret_cast<T*>(&place);
 }
 
 // What a user does.
@@ -218,8 +198,8 @@ protected:
             story.Tell(host.calls);
         for (const std::string& entry : logBook.Entries())
             story.Tell("report " + entry);
-#ifdef QP_CHOOSER_TRACES
-        story.Check(QP_CHOOSER_TRACES);
+#ifdef QP_TRACES
+        story.Check(QP_TRACES);
 #endif
     }
 

@@ -1,8 +1,10 @@
 // What the tests of the look-ups share: a host in memory, the component, and what became of a result.
 #pragma once
 
+#include "Calls.h"
 #include "LogBook.h"
 #include "MemoryHost.h"
+#include "Untouched.h"
 #include "XQPComBSTR.h"
 #include "XQPSelectOrvoItem.h"
 
@@ -12,14 +14,6 @@
 
 #include <string>
 #include <vector>
-
-using Calls = std::vector<std::string>;
-
-inline Calls operator+(Calls first, const Calls& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
-}
 
 /// How a look-up ended: its status, and its result by name, "null" or "untouched".
 struct Answer
@@ -33,21 +27,6 @@ struct Answer
 inline std::ostream& operator<<(std::ostream& stream, const Answer& answer)
 {
     return stream << std::hex << answer.status << std::dec << " " << answer.result;
-}
-
-template <class T>
-ULONG References(const ComPtr<T>& object)
-{
-    object->AddRef();
-    return object->Release();
-}
-
-/// A value that no look-up leaves behind.
-template <class T>
-T* Untouched()
-{
-    static int place;
-    return reinterpret_cast<T*>(&place);
 }
 
 class LookupFixture : public ::testing::Test

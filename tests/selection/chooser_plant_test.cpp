@@ -11,7 +11,7 @@ namespace
 class ToldPlant : public ChooserPlant
 {
 protected:
-    void TearDown() override { story.Check(QP_CHOOSER_TRACES); }
+    void TearDown() override { story.Check(QP_TRACES); }
 
     template <class Call>
     HRESULT Recorded(Call&& call)

@@ -42,7 +42,7 @@ ObjectMapEntry qptools::g_classTable[8] = {
 
 namespace
 {
-using Calls = std::vector<BaseCall>;
+using BaseCalls = std::vector<BaseCall>;
 
 class Exports : public testing::Test
 {
@@ -78,7 +78,7 @@ TEST_F(Exports, InitInstanceStartsTheModuleObjectThenTheBaseOnceAndReturnsItsAns
         g_base = {};
         g_base.init = answer;
         EXPECT_EQ(App()->InitInstance(), answer);
-        EXPECT_EQ(g_base.calls, (Calls{{"InitInstance", 0, true}}));
+        EXPECT_EQ(g_base.calls, (BaseCalls{{"InitInstance", 0, true}}));
         ComModule::Get().Term();
     }
 }
@@ -91,7 +91,7 @@ TEST_F(Exports, InitInstanceGoesOnToTheBaseWhenTheModuleObjectDoesNotStart)
         g_base = {};
         g_base.init = answer;
         EXPECT_EQ(CWinApp::Get()->InitInstance(), answer);
-        EXPECT_EQ(g_base.calls, (Calls{{"InitInstance", 0, false}}));
+        EXPECT_EQ(g_base.calls, (BaseCalls{{"InitInstance", 0, false}}));
     }
 }
 
@@ -103,7 +103,7 @@ TEST_F(Exports, ExitInstanceEndsTheModuleObjectThenTheBaseOnceAndReturnsItsAnswe
         g_base = {};
         g_base.exit = answer;
         EXPECT_EQ(App()->ExitInstance(), answer);
-        EXPECT_EQ(g_base.calls, (Calls{{"ExitInstance", 0, false}}));
+        EXPECT_EQ(g_base.calls, (BaseCalls{{"ExitInstance", 0, false}}));
     }
 }
 
@@ -112,7 +112,7 @@ TEST_F(Exports, UnloadAsksTheBaseOnceInsideTheUiState)
     App()->InitInstance();
     g_base.calls.clear();
     EXPECT_EQ(DllCanUnloadNow(), S_OK);
-    EXPECT_EQ(g_base.calls, (Calls{{"CanUnloadNow", 1, true}}));
+    EXPECT_EQ(g_base.calls, (BaseCalls{{"CanUnloadNow", 1, true}}));
     EXPECT_EQ(CUiState::Depth(), 0);
 }
 
@@ -139,7 +139,7 @@ TEST_F(Exports, TheLoadersEntryHandsInstanceAndReasonOnAndReturnsTheAnswer)
             g_base = {};
             g_base.entry = answer;
             EXPECT_EQ(DllMain(instance, reason, nullptr), answer);
-            EXPECT_EQ(g_base.calls, (Calls{{"RunModuleEntry", 0, false}}));
+            EXPECT_EQ(g_base.calls, (BaseCalls{{"RunModuleEntry", 0, false}}));
             EXPECT_EQ(g_base.entryInstance, instance);
             EXPECT_EQ(g_base.entryReason, reason);
         }

@@ -1,4 +1,4 @@
-#include "CountedMemory.h"
+#include "FaultyMemory.h"
 #include "InsideModule.h"
 
 #include "ComException.h"
@@ -35,7 +35,7 @@ TEST_P(Memory, ThatRunsOutWhileAnObjectIsMadeIsItsStatusAndLeavesNothing)
     void* made = this;
     HRESULT status = S_OK;
     {
-        const CountedMemory none(1);
+        const FaultyMemory none(1);
         status = Entry(classId).createInstance(nullptr, __uuidof(IUnknown), &made);
     }
     EXPECT_EQ(status, E_OUTOFMEMORY);
@@ -50,7 +50,7 @@ TEST_P(Memory, ThatRunsOutWhileAFactoryIsMadeIsItsStatusAndTheNextRequestSucceed
     void* made = this;
     HRESULT status = S_OK;
     {
-        const CountedMemory none(1);
+        const FaultyMemory none(1);
         status = ComModule::Get().GetClassObject(classId, __uuidof(IClassFactory), &made);
     }
     EXPECT_EQ(status, E_OUTOFMEMORY);
@@ -66,11 +66,11 @@ TEST_P(Memory, IsNotTouchedByARefusalToBeAggregated)
     const auto create = Entry(classId).createInstance;
     void* made = this;
     HRESULT status = S_OK;
-    int allocations = -1;
+    long allocations = -1;
     {
-        const CountedMemory counted;
+        const FaultyMemory memory(0);
         status = create(&outer, __uuidof(IUnknown), &made);
-        allocations = CountedMemory::Count();
+        allocations = memory.Count();
     }
     if (GetParam().aggregatable)
     {
@@ -103,7 +103,7 @@ protected:
     /// The status of the exception that leaves `call` when no memory is left, or that of the call itself.
     static HRESULT StatusThatLeaves(const std::function<HRESULT()>& call)
     {
-        const CountedMemory none(1);
+        const FaultyMemory none(1);
         try
         {
             return call();
@@ -128,7 +128,7 @@ TEST_F(LogWithoutMemory, LeavesTheMethodAsAnExceptionWithItsStatusAndTheUiStateI
     GetCurrentActCtx(&before);
     EXPECT_THROW(
         {
-            const CountedMemory none(1);
+            const FaultyMemory none(1);
             call();
         },
         ComException);
@@ -146,7 +146,7 @@ TEST_F(LogWithoutMemory, AnythingElseThatLeavesWouldEndTheTest)
     {
         HRESULT status = E_FAIL;
         {
-            const CountedMemory some(failFrom);
+            const FaultyMemory some(failFrom);
             try
             {
                 status = log->WriteTimeStampWithInfo(text);

@@ -81,7 +81,7 @@ protected:
         const BSTR name = SysAllocString(L"Robot");
         EXPECT_EQ(log->WriteUserActionInfo(nullptr, nullptr, nullptr, name, nullptr), S_OK);
         SysFreeString(name);
-        const std::string text = logs.Text("UserActions.log");
+        const std::string text = logs.Bytes();
         const std::size_t end = text.find("Robot\n");
         const std::size_t start = text.rfind('\n', end) + 1;
         return end == std::string::npos ? text : text.substr(start, end - start);

@@ -2,7 +2,7 @@
 #include "CTranslator.h"
 #include "CatalogueBytes.h"
 #include "ComException.h"
-#include "FailingMemory.h"
+#include "FaultyMemory.h"
 #include "TestFolder.h"
 #include "Translation.h"
 #include "Variant.h"
@@ -25,7 +25,7 @@ void ExpectOutOfMemory(Operation&& operation)
     HRESULT status = S_OK;
     try
     {
-        const FailingMemory memory(0);
+        const FaultyMemory memory(1);
         operation();
     }
     catch (const ComException& exception)
@@ -35,17 +35,17 @@ void ExpectOutOfMemory(Operation&& operation)
     EXPECT_EQ(status, E_OUTOFMEMORY);
 }
 
-// Runs `operation` with memory for 0, 1, 2 ... allocations until it runs through. Returns how often it did
-// not.
+// Runs `operation` with memory for 0, 1, 2 ... allocations until none fails. Returns how many runs had a
+// failure.
 template <class Operation>
 int FailEachAllocation(Operation&& operation)
 {
-    for (int first = 0; first < 1000; ++first)
+    for (int n = 1; n <= 1000; ++n)
     {
-        const FailingMemory memory(first);
+        const FaultyMemory memory(n);
         operation();
-        if (!memory.Failed())
-            return first;
+        if (!memory.Struck())
+            return n - 1;
     }
     ADD_FAILURE() << "more allocations than expected";
     return 0;
@@ -83,7 +83,7 @@ TEST(QPComBstrWithoutMemory, NeedsNoneToReadCompareMoveAndForTheEmptyText)
 {
     XQPComBSTR text(L"Text");
     {
-        const FailingMemory memory(0);
+        const FaultyMemory memory(1);
         XQPComBSTR empty;
         const XQPComBSTR fromEmpty(L"");
         const XQPComBSTR copy(empty);
@@ -92,7 +92,7 @@ TEST(QPComBstrWithoutMemory, NeedsNoneToReadCompareMoveAndForTheEmptyText)
         EXPECT_TRUE(text.Find(L"x") == 2 && text.Mid(9, 1).IsEmpty() && text.ToLower() == 0);
         XQPComBSTR moved(std::move(text));
         text = std::move(moved);
-        EXPECT_FALSE(memory.Failed());
+        EXPECT_FALSE(memory.Struck());
     }
     EXPECT_STREQ(text, L"text");
 }
@@ -118,7 +118,7 @@ TEST(QPComVariantWithoutMemory, ReturnsTheStatusOfAConversionAndKeepsItsValue)
     XQPComVariant number(Number(5));
     const VARIANT source = Number(6);
     {
-        const FailingMemory memory(0);
+        const FaultyMemory memory(1);
         EXPECT_EQ(number.ChangeType(VT_BSTR), E_OUTOFMEMORY);
         EXPECT_EQ(number.ChangeType(VT_BSTR, &source), E_OUTOFMEMORY);
     }
@@ -199,7 +199,7 @@ TEST(InitValueWrapperWithoutMemory, ReportsThatItCannotGive)
     EXPECT_EQ(failures, 5) << "the array, two names, two values";
     EXPECT_EQ(refused, failures);
     {
-        const FailingMemory memory(0);
+        const FaultyMemory memory(1);
         EXPECT_FALSE(bag.GetData(L"a", target.Value()));
     }
     EXPECT_EQ(target.GetInt(), 5);

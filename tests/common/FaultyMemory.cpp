@@ -1,9 +1,11 @@
 #include "FaultyMemory.h"
 
-#include "winport_alloc.h"
-
 #include <cstdlib>
 #include <new>
+
+#ifndef _WIN32
+#include <winport_alloc.h>
+#endif
 
 namespace
 {
@@ -17,6 +19,7 @@ struct Plan
 };
 
 thread_local Plan* t_plan = nullptr;
+
 bool Granted() noexcept
 {
     Plan* plan = t_plan;
@@ -28,6 +31,15 @@ bool Granted() noexcept
     plan->struck = true;
     return false;
 }
+
+#ifdef _WIN32
+void Hook(bool (*)() noexcept) {}
+#else
+void Hook(bool (*granted)() noexcept)
+{
+    WinportSetAllocHook(granted);
+}
+#endif
 } // namespace
 
 FaultyMemory::FaultyMemory(long n, Failing failing, bool (*exempt)() noexcept) noexcept
@@ -35,12 +47,12 @@ FaultyMemory::FaultyMemory(long n, Failing failing, bool (*exempt)() noexcept) n
     static thread_local Plan plan;
     plan = Plan{n, failing == Failing::FromThere, exempt, 0, false};
     t_plan = &plan;
-    WinportSetAllocHook(&Granted);
+    Hook(&Granted);
 }
 
 FaultyMemory::~FaultyMemory()
 {
-    WinportSetAllocHook(nullptr);
+    Hook(nullptr);
     t_plan = nullptr;
 }
 

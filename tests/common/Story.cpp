@@ -36,12 +36,12 @@ std::string MethodOf(const std::string& call)
     return call.substr(0, call.find('('));
 }
 
-/// The lines under each name of traces.txt.
+/// The lines under each test's name.
 std::map<std::string, Lines> ReadTraces(const char* path)
 {
     std::map<std::string, Lines> traces;
     std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file) << "no " << path;
+    EXPECT_TRUE(file) << path << " cannot be read";
     Lines* lines = nullptr;
     for (std::string line; std::getline(file, line);)
         if (line.rfind(kIndent, 0) == 0 && lines)
@@ -92,7 +92,7 @@ void Story::Check(const char* file) const
     static const std::map<std::string, Lines> traces = ReadTraces(file);
     const auto written = traces.find(name);
     if (written == traces.end())
-        ADD_FAILURE() << "traces.txt has nothing of " << name;
+        ADD_FAILURE() << file << " has no " << name;
     else
         EXPECT_EQ(m_lines, written->second);
 }
