@@ -36,7 +36,7 @@ bool RunGuarded(DialogView& view, const DialogStep& step)
 {
     bool completed = false;
     const auto run = [&] {
-        ASSERT_NO_FATAL_FAILURE(step(view));
+        ASSERT_NO_FATAL_FAILURE(step.Do(view));
         completed = true;
     };
     try
@@ -61,9 +61,18 @@ DialogDriver::~DialogDriver()
     DialogView::LetGoOfKeys();
 }
 
-void DialogDriver::OnDialog(std::vector<DialogStep> steps)
+// What keys lead to is seen in a step of its own, when the dialog is at rest again.
+void DialogDriver::OnDialog(Steps steps)
 {
-    m_expected.push_back(std::move(steps));
+    Steps single;
+    for (DialogStep& step : steps)
+    {
+        const std::optional<Sight> until = step.Keys().empty() ? std::nullopt : step.Seen();
+        single.push_back(std::move(step));
+        if (until)
+            single.push_back(Sees(*until));
+    }
+    m_expected.push_back(std::move(single));
 }
 
 DialogDriver::OpenDialog* DialogDriver::Find(HWND window)
@@ -182,8 +191,8 @@ void DialogDriver::RunNextStep(OpenDialog& dialog)
     DialogView view(window);
     bool completed = false;
     {
-        SCOPED_TRACE(testing::Message()
-                     << "step " << number + 1 << " in \"" << Utf8Text(view.Title()) << "\"");
+        SCOPED_TRACE(testing::Message() << "step " << number + 1 << " in \"" << Utf8Text(view.Title())
+                                        << "\": " << step.Words());
         completed = RunGuarded(view, step);
     }
     OpenDialog* after = Find(window);

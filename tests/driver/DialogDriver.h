@@ -1,24 +1,19 @@
 // Handles the modal dialogs of the calling thread, as a user in front of them would.
 #pragma once
 
-#include "DialogView.h"
 #include "ModalWatch.h"
+#include "Steps.h"
 
 #include <deque>
-#include <functional>
 #include <string>
 #include <vector>
 
-/// What a user does with an open dialog, or looks at.
-using DialogStep = std::function<void(DialogView&)>;
-
-/// From its construction to its end, each modal dialog of this thread gets the steps that OnDialog queued for
-/// it, one after another, inside its own modal loop and each only when everything is done that the step
-/// before posted. A dialog that nobody expected, that stays open after its last step or that does not answer
-/// within the bound fails the test with all that it shows, and is closed, so that no test ever waits; steps
-/// whose dialog never came, or that was gone before they ran, fail it, too. A step that throws, or in which
-/// an ASSERT fails, is the last one. Dialogs may open dialogs. Message boxes are for BoxAnswers; with none a
-/// box is unexpected. One object at a time for each thread.
+/// Runs the steps that OnDialog queued for a modal dialog of this thread inside the dialog's own loop. A step
+/// runs when all that the step before posted is done. The test fails, with all that the dialog shows, if a
+/// dialog was not expected, stays open after its last step or does not answer within the bound; the dialog
+/// is then closed, so that no test hangs. It also fails if a dialog never opened, or closed before its last
+/// step. No step runs after one that throws or in which an ASSERT fails. Dialogs may open dialogs. BoxAnswers
+/// answers message boxes; without it a box is unexpected. One object at a time for each thread.
 class DialogDriver : private ModalWatch
 {
 public:
@@ -26,14 +21,14 @@ public:
     explicit DialogDriver(UINT bound = 20'000) : m_bound(bound) {}
     ~DialogDriver() override;
 
-    /// What the next dialog gets that comes up.
-    void OnDialog(std::vector<DialogStep> steps);
+    /// The steps of the next dialog that opens.
+    void OnDialog(Steps steps);
 
     /// True if no queued dialog is left.
     bool AllShown() const { return m_expected.empty(); }
 
 private:
-    // How a dialog is made to go that does not go by itself, from the mildest to the last.
+    // How far a dialog was made to close that does not close by itself.
     enum class Closing
     {
         No,
@@ -44,11 +39,11 @@ private:
     struct OpenDialog
     {
         HWND window = nullptr;
-        bool looked = false; ///< it is known whether this is a box, and what to do with it
+        bool looked = false; ///< box, unexpected and steps are set
         bool box = false;
         bool unexpected = false;
-        bool running = false; ///< one of its steps is under way, further out
-        std::vector<DialogStep> steps;
+        bool running = false; ///< one of its steps has not returned yet
+        Steps steps;
         std::size_t done = 0;
         Closing closing = Closing::No;
     };
@@ -68,7 +63,7 @@ private:
     UINT Bound() const;
 
     UINT m_bound;
-    std::deque<std::vector<DialogStep>> m_expected;
+    std::deque<Steps> m_expected;
     std::vector<OpenDialog> m_open; ///< the innermost comes last
     ULONGLONG m_waitingSince = 0;
 };

@@ -55,9 +55,9 @@ std::vector<ShownColumn> ColumnsOf(HWND list)
     return columns;
 }
 
-std::vector<std::wstring> ItemsOf(HWND combo)
+Texts ItemsOf(HWND combo)
 {
-    std::vector<std::wstring> items;
+    Texts items;
     const int count = Send(combo, CB_GETCOUNT);
     for (int index = 0; index < count; ++index)
     {
@@ -98,7 +98,7 @@ std::string RowLines(HWND list)
 std::string ItemLines(HWND combo)
 {
     std::ostringstream lines;
-    const std::vector<std::wstring> items = ItemsOf(combo);
+    const Texts items = ItemsOf(combo);
     for (std::size_t index = 0; index < items.size(); ++index)
         lines << (static_cast<int>(index) == Send(combo, CB_GETCURSEL) ? "    item* \"" : "    item  \"")
               << Utf8Text(items[index]) << "\"\n";
@@ -124,10 +124,10 @@ void StepTo(HWND combo, int index)
 }
 } // namespace
 
-std::vector<std::wstring> DialogView::Items(DialogControl combo) const
+Texts DialogView::Items(DialogControl combo) const
 {
     const HWND window = Control(combo);
-    return window ? ItemsOf(window) : std::vector<std::wstring>();
+    return window ? ItemsOf(window) : Texts();
 }
 
 int DialogView::Selected(DialogControl combo) const
@@ -175,7 +175,7 @@ void DialogView::Choose(DialogControl combo, const std::wstring& item) const
         return;
     // Opening may be what fills the box.
     DropDown(window);
-    const std::vector<std::wstring> items = ItemsOf(window);
+    const Texts items = ItemsOf(window);
     const auto found = std::find(items.begin(), items.end(), item);
     if (found == items.end())
     {
@@ -212,6 +212,22 @@ std::wstring DialogView::Cell(DialogControl list, int row, int column) const
 {
     const HWND window = Control(list);
     return window ? CellOf(window, row, column) : std::wstring();
+}
+
+Texts DialogView::Column(DialogControl list, int column) const
+{
+    Texts cells;
+    for (int row = 0; row < Rows(list); ++row)
+        cells.push_back(Cell(list, row, column));
+    return cells;
+}
+
+Texts DialogView::Row(DialogControl list, int row) const
+{
+    Texts cells;
+    for (int column = 0; column < static_cast<int>(Columns(list).size()); ++column)
+        cells.push_back(Cell(list, row, column));
+    return cells;
 }
 
 std::vector<ShownColumn> DialogView::Columns(DialogControl list) const
@@ -263,6 +279,49 @@ void DialogView::DoubleClick(DialogControl list, int row) const
         return;
     SelectRow(window, row);
     ClickRow(window, row, WM_LBUTTONDBLCLK);
+}
+
+void DialogView::ClickBesideRows(DialogControl list) const
+{
+    const HWND window = Usable(list);
+    if (!window)
+        return;
+    RECT area{};
+    GetClientRect(window, &area);
+    LVHITTESTINFO hit{};
+    hit.pt = {area.right - 3, area.bottom - 3};
+    if (SendMessageW(window, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) != -1)
+    {
+        ADD_FAILURE() << "there is no place beside the rows in\n" << Dump();
+        return;
+    }
+    ComeToFront();
+    const LPARAM point = MAKELPARAM(hit.pt.x, hit.pt.y);
+    PostMessageW(window, WM_LBUTTONUP, 0, point);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, point);
+}
+
+void DialogView::EditLabel(DialogControl list, int row, const std::wstring& text) const
+{
+    const HWND window = Usable(list);
+    if (!MayClickRow(window, row))
+        return;
+    GiveFocus(window);
+    SendMessageW(window, LVM_EDITLABELW, static_cast<WPARAM>(row), 0);
+    const HWND editor = LabelEditor(window);
+    if (!editor)
+    {
+        ADD_FAILURE() << "the label of row " << row << " cannot be edited in\n" << Dump();
+        return;
+    }
+    SendMessageW(editor, EM_SETSEL, 0, -1);
+    TypeInto(editor, text);
+}
+
+HWND DialogView::LabelEditor(DialogControl list) const
+{
+    const HWND window = Control(list);
+    return window ? reinterpret_cast<HWND>(SendMessageW(window, LVM_GETEDITCONTROL, 0, 0)) : nullptr;
 }
 
 std::string DialogView::Dump() const

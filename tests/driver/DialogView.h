@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+using Texts = std::vector<std::wstring>;
+
 /// A control of a dialog: by its identifier, or by its window where an identifier stands for two.
 class DialogControl
 {
@@ -28,8 +30,8 @@ struct ShownColumn
     bool operator==(const ShownColumn&) const = default;
 };
 
-/// A control that the dialog has not, or that no user could use (hidden, disabled), fails the test; nothing
-/// happens then, and an empty answer comes back.
+/// A control that does not exist, or that no user could use (hidden, disabled), fails the test: nothing is
+/// done then and an empty value is returned.
 class DialogView
 {
 public:
@@ -85,7 +87,7 @@ public:
     void Close() const;
 
     // Combo boxes.
-    std::vector<std::wstring> Items(DialogControl combo) const;
+    Texts Items(DialogControl combo) const;
     int Selected(DialogControl combo) const; ///< -1 for none
     bool IsDropped(DialogControl combo) const;
     void DropDown(DialogControl combo) const;
@@ -99,10 +101,22 @@ public:
     HWND List() const;
     int Rows(DialogControl list) const;
     std::wstring Cell(DialogControl list, int row, int column) const;
+    Texts Column(DialogControl list, int column) const; ///< the cells from top to bottom
+    Texts Row(DialogControl list, int row) const;       ///< the cells from left to right
     std::vector<ShownColumn> Columns(DialogControl list) const;
     int SelectedRow(DialogControl list) const; ///< -1 for none
     void SelectRow(DialogControl list, int row) const;
     void DoubleClick(DialogControl list, int row) const;
+
+    /// Clicks where no row is. A list that is full has no such place: the test fails.
+    void ClickBesideRows(DialogControl list) const;
+
+    /// Begins to edit a row's label, as the second click on a selected row does after a while, and types
+    /// characters over it. The list ends the editing like any other: by Enter, Escape, or with the focus.
+    void EditLabel(DialogControl list, int row, const std::wstring& text) const;
+
+    /// The editor of the label that is being edited; null if there is none.
+    HWND LabelEditor(DialogControl list) const;
 
     /// All that the dialog shows, in UTF-8.
     std::string Dump() const;

@@ -27,20 +27,7 @@ bool g_refusesArrays = false;
 int g_cells = 0;             ///< put so far
 int g_brokenCell = 0;        ///< the n-th cell from 1, 0 for none
 HRESULT g_cellStatus = S_OK; ///< what it answers
-} // namespace
 
-SAFEARRAY* __wrap_SafeArrayCreate(VARTYPE type, UINT dimensions, SAFEARRAYBOUND* bounds)
-{
-    return g_refusesArrays ? nullptr : __real_SafeArrayCreate(type, dimensions, bounds);
-}
-
-HRESULT __wrap_SafeArrayPutElement(SAFEARRAY* array, LONG* indices, void* value)
-{
-    return ++g_cells == g_brokenCell ? g_cellStatus : __real_SafeArrayPutElement(array, indices, value);
-}
-
-namespace
-{
 class ArrayFaults : public ::testing::Test
 {
 protected:
@@ -178,3 +165,13 @@ TEST_F(ArrayFaults, CellsThatAreAllPutHideTheStatusOfTheWalk)
     EXPECT_EQ(g_cells, 10);
 }
 } // namespace
+
+SAFEARRAY* __wrap_SafeArrayCreate(VARTYPE type, UINT dimensions, SAFEARRAYBOUND* bounds)
+{
+    return g_refusesArrays ? nullptr : __real_SafeArrayCreate(type, dimensions, bounds);
+}
+
+HRESULT __wrap_SafeArrayPutElement(SAFEARRAY* array, LONG* indices, void* value)
+{
+    return ++g_cells == g_brokenCell ? g_cellStatus : __real_SafeArrayPutElement(array, indices, value);
+}

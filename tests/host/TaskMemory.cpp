@@ -95,19 +95,19 @@ void Unwatch()
 #endif
 } // namespace
 
-CTaskMemory::CTaskMemory(int failFrom)
+TaskMemory::TaskMemory(int failFrom)
 {
     g_failFrom = failFrom;
     g_count = 0;
     Watch();
 }
 
-CTaskMemory::~CTaskMemory()
+TaskMemory::~TaskMemory()
 {
     Unwatch();
 }
 
-void CTaskMemory::ExpectBlocks(int count, [[maybe_unused]] std::size_t size) const
+void TaskMemory::ExpectBlocks(int count, [[maybe_unused]] std::size_t size) const
 {
     EXPECT_EQ(g_count, count);
 #ifdef _WIN32

@@ -1,19 +1,20 @@
-// The task allocator of the test program, watched and made to fail.
+// The task allocator (CoTaskMemAlloc), counted and made to fail. It is not operator new: that is
+// tests/common/FaultyMemory.h.
 #pragma once
 
 #include <cstddef>
 
-/// Counts the allocations from the task allocator while it lives, which is once at a time.
-class CTaskMemory
+/// Counts the allocations from the task allocator while it lives. One at a time.
+class TaskMemory
 {
 public:
-    /// The allocation of that number, from 1, and all later ones fail; 0 fails none.
-    explicit CTaskMemory(int failFrom = 0);
-    ~CTaskMemory();
-    CTaskMemory(const CTaskMemory&) = delete;
-    CTaskMemory& operator=(const CTaskMemory&) = delete;
+    /// The allocation `failFrom`, counted from 1, and all later ones fail; 0 fails none.
+    explicit TaskMemory(int failFrom = 0);
+    ~TaskMemory();
+    TaskMemory(const TaskMemory&) = delete;
+    TaskMemory& operator=(const TaskMemory&) = delete;
 
-    /// Expects that so many blocks were asked for. Windows also tells that each was of `size` bytes and that
-    /// none is left; natively the leak check does the latter.
+    /// Expects `count` allocations so far. On Windows also that each was of `size` bytes and that all blocks
+    /// are freed; natively the leak check finds blocks that are not.
     void ExpectBlocks(int count, std::size_t size) const;
 };

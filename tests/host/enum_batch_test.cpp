@@ -130,14 +130,14 @@ TEST_F(Walks, AnObjectThatAVisitorKeepsOutlivesItsBatch)
 TEST_F(Walks, EachBatchIsOneBlockOfTaskMemoryThatIsGivenBack)
 {
     Enum objects({{S_OK, Range(0, 25)}, {S_OK, Range(25, 25)}, {S_FALSE, Range(50, 5)}});
-    const CTaskMemory memory;
+    const TaskMemory memory;
     EXPECT_EQ(Range(0, 55), SeenInBatches(objects));
     memory.ExpectBlocks(3, 25 * sizeof(void*));
 }
 
 TEST_F(Walks, AWalkThatEndsEarlyGivesItsBlockBackToo)
 {
-    const CTaskMemory memory;
+    const TaskMemory memory;
     Enum failing({{E_FAIL, Range(0, 3)}});
     EXPECT_EQ(Seen{}, SeenInBatches(failing));
     Enum stopped({{S_OK, Range(0, 25)}});
@@ -155,7 +155,7 @@ TEST_F(Walks, AWalkThatEndsEarlyGivesItsBlockBackToo)
 TEST_F(Walks, WithoutMemoryForTheFirstBatchNothingIsFetched)
 {
     Enum objects({{S_OK, Range(0, 25)}, {S_FALSE, {At(25)}}});
-    const CTaskMemory memory(1);
+    const TaskMemory memory(1);
     EXPECT_EQ(Seen{}, SeenInBatches(objects));
     EXPECT_EQ(E_OUTOFMEMORY, m_lastStatus);
     EXPECT_EQ(0u, objects.Calls());
@@ -165,7 +165,7 @@ TEST_F(Walks, WithoutMemoryForTheFirstBatchNothingIsFetched)
 TEST_F(Walks, WithoutMemoryForALaterBatchTheWalkEndsThere)
 {
     Enum objects({{S_OK, Range(0, 25)}, {S_OK, Range(25, 25)}, {S_FALSE, {At(50)}}});
-    const CTaskMemory memory(3);
+    const TaskMemory memory(3);
     EXPECT_EQ(Range(0, 50), SeenInBatches(objects));
     EXPECT_EQ(E_OUTOFMEMORY, m_lastStatus);
     EXPECT_EQ(2u, objects.Calls());

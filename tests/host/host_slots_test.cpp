@@ -45,7 +45,6 @@ int SlotOf(Call call)
     call(reinterpret_cast<Interface*>(&object));
     return g_entry;
 }
-} // namespace
 
 // The object has a hand-made table, which the sanitizer's check of dynamic types does not know.
 #define SLOT(Interface, ...)                                                                                 \
@@ -227,8 +226,6 @@ TEST(ComponentSlots, CopyOptDlg)
     EXPECT_EQ(7, SLOT(IQPCopyOptDlg, DeleteObjects()));
 }
 
-namespace
-{
 /// A host's key store as a foreign compiler would call it.
 class CRecordingStore final : public IQPSessionDataManager
 {
@@ -269,7 +266,6 @@ public:
     VARIANT* m_value = nullptr;
     LONG m_scope = 0;
 };
-} // namespace
 
 TEST(HostSlots, GetValueReachesItsArgumentsThroughTheRawTable)
 {
@@ -290,3 +286,4 @@ TEST(HostSlots, GetValueReachesItsArgumentsThroughTheRawTable)
     EXPECT_EQ(&value, store.m_value);
     EXPECT_EQ(1, store.m_scope);
 }
+} // namespace

@@ -13,81 +13,29 @@ namespace
 constexpr UINT kBetweenLooks = 20; // milliseconds
 constexpr ULONGLONG kBetweenClosings = 1'000;
 
-int SelectedRow(const DialogView& view)
+std::string Describe(const DialogStep& step)
 {
-    return IsMessageBox(view.Window()) ? -1 : view.SelectedRow(view.List());
+    const std::string until = step.Ends()   ? "the dialog is gone"
+                              : step.Seen() ? step.Seen()->words
+                                            : "it is noted";
+    return "keys \"" + step.Keys() + "\", until " + until;
 }
 } // namespace
 
-Sight FocusOn(int control)
-{
-    return {"the keyboard belongs to " + std::to_string(control), [control](const DialogView& view) {
-                return view.Focus() == control;
-            }};
-}
-
-Sight RowSelected(int row)
-{
-    return {"row " + std::to_string(row) + " is selected", [row](const DialogView& view) {
-                return SelectedRow(view) == row;
-            }};
-}
-
-Sight Selected(const std::wstring& text)
-{
-    return {"\"" + Utf8Text(text) + "\" is selected", [text](const DialogView& view) {
-                const int row = SelectedRow(view);
-                return row >= 0 && view.Cell(view.List(), row, 0) == text;
-            }};
-}
-
-Sight Box(const std::wstring& title)
-{
-    return {"the box \"" + Utf8Text(title) + "\" is in front", [title](const DialogView& view) {
-                return IsMessageBox(view.Window()) && view.Title() == title;
-            }};
-}
-
 KeyboardUser::~KeyboardUser()
 {
-    EXPECT_TRUE(m_steps.empty()) << "no dialog was there for \"" << m_steps.front().keys << "\" and until "
-                                 << m_steps.front().sight.words;
+    EXPECT_TRUE(m_steps.empty()) << "no dialog was there for " << Describe(m_steps.front());
 }
 
-KeyboardUser& KeyboardUser::Sees(Sight sight)
+void KeyboardUser::Does(const Steps& steps)
 {
-    m_steps.push_back({{}, std::move(sight)});
-    return *this;
-}
-
-KeyboardUser& KeyboardUser::Types(const std::string& keys, Sight sight)
-{
-    m_steps.push_back({keys, std::move(sight)});
-    return *this;
-}
-
-KeyboardUser& KeyboardUser::Ends(const std::string& keys)
-{
-    m_steps.push_back({keys, {"the dialog is gone", {}}, true});
-    return *this;
-}
-
-KeyboardUser& KeyboardUser::GoesRound(const std::vector<int>& controls)
-{
-    Sees(FocusOn(controls.front()));
-    for (std::size_t next = 1; next <= controls.size(); ++next)
-        Types("Tab", FocusOn(controls[next % controls.size()]));
-    for (std::size_t left = controls.size(); left > 0; --left)
-        Types("shift+Tab", FocusOn(controls[left - 1]));
-    return *this;
-}
-
-KeyboardUser& KeyboardUser::Notes(std::function<void(const DialogView&)> note)
-{
-    return Sees({"noted", [note = std::move(note)](const DialogView& view) {
-                     note(view);
-                     return true;
-                 }});
+    for (const DialogStep& step : steps)
+    {
+        if (step.IsByMouse() || (!step.Keys().empty() && !step.Ends() && !step.Seen()))
+            ADD_FAILURE() << "not for a keyboard: " << step.Words();
+        else
+            m_steps.push_back(step);
+    }
 }
 
 // Steps of an outer dialog go on when those of an inner one are done and it is gone.
@@ -132,26 +80,35 @@ void KeyboardUser::OnTimeUp()
 
 void KeyboardUser::Begin()
 {
-    const Step& step = m_steps.front();
+    const DialogStep& step = m_steps.front();
     m_begun = true;
     m_gone = false;
     m_since = GetTickCount64();
-    if (step.keys.empty())
+    if (step.Keys().empty())
         return;
-    if (!step.ends && step.sight.isSeen(DialogView(m_open.back())))
+    if (!step.Ends() && IsSeen(step))
         Fail("this was to be seen before the keys were typed");
     else
-        m_request.emplace(m_open.back(), step.keys);
+        m_request.emplace(m_open.back(), step.Keys());
 }
 
 // A dialog may be gone before the key that ended it is let go.
 bool KeyboardUser::IsDone() const
 {
-    const Step& step = m_steps.front();
-    if (step.ends)
+    const DialogStep& step = m_steps.front();
+    if (step.Ends())
         return m_gone;
-    return (!m_request || m_request->IsAnswered()) && !m_open.empty() &&
-           step.sight.isSeen(DialogView(m_open.back()));
+    return (!m_request || m_request->IsAnswered()) && !m_open.empty() && IsSeen(step);
+}
+
+// A step of a test's own is done by being run.
+bool KeyboardUser::IsSeen(const DialogStep& step) const
+{
+    DialogView view(m_open.back());
+    if (step.Seen())
+        return step.Seen()->isSeen(view);
+    step.Do(view);
+    return true;
 }
 
 void KeyboardUser::NextStep()
@@ -164,8 +121,7 @@ void KeyboardUser::NextStep()
 
 void KeyboardUser::Fail(const std::string& reason)
 {
-    const Step step = m_steps.empty() ? Step{} : m_steps.front();
-    ADD_FAILURE() << "keys \"" << step.keys << "\", until " << step.sight.words << ": " << reason << "\n"
+    ADD_FAILURE() << (m_steps.empty() ? "" : Describe(m_steps.front()) + ": ") << reason << "\n"
                   << DialogView(m_open.back()).Dump();
     m_failed = true;
     m_begun = false;

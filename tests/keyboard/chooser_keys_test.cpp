@@ -38,40 +38,36 @@ protected:
 
 TEST_F(Projects, TabGoesRoundThemAndBack)
 {
-    user.GoesRound({IDOK, kCreateNew, kList}).Ends("Escape");
+    user.Does(GoesRound({IDOK, kCreateNew, kList}) + Steps{Ends("Escape")});
     EXPECT_EQ(Show(), "canceled, null");
 }
 
 TEST_F(Projects, AreChosenByArrowsAndEnter)
 {
-    user.Types("shift+Tab", FocusOn(kList))
-        .Types("Down", Selected(L"Body Plant North"))
-        .Types("Down", Selected(L"Engine Machining South"))
-        .Types("Down", Selected(L"Final Assembly East"))
-        .Types("Up", Selected(L"Engine Machining South"))
-        .Ends("Return");
+    user.Does({Types("shift+Tab", FocusOn(kList)), Types("Down", Selected(L"Body Plant North")),
+               Types("Down", Selected(L"Engine Machining South")),
+               Types("Down", Selected(L"Final Assembly East")),
+               Types("Up", Selected(L"Engine Machining South")), Ends("Return")});
     EXPECT_EQ(Show(), "Engine Machining South");
 }
 
 TEST_F(Projects, AreFoundByTheirFirstLetters)
 {
-    user.Types("shift+Tab", FocusOn(kList)).Types("f i", Selected(L"Final Assembly East")).Ends("Return");
+    user.Does(
+        {Types("shift+Tab", FocusOn(kList)), Types("f i", Selected(L"Final Assembly East")), Ends("Return")});
     EXPECT_EQ(Show(), "Final Assembly East");
 }
 
 TEST_F(Projects, AreChosenBySpaceOnOk)
 {
-    user.Types("shift+Tab", FocusOn(kList))
-        .Types("End", Selected(L"Final Assembly East"))
-        .Types("Home", Selected(L"Body Plant North"))
-        .Types("Tab", FocusOn(IDOK))
-        .Ends("space");
+    user.Does({Types("shift+Tab", FocusOn(kList)), Types("End", Selected(L"Final Assembly East")),
+               Types("Home", Selected(L"Body Plant North")), Types("Tab", FocusOn(IDOK)), Ends("space")});
     EXPECT_EQ(Show(), "Body Plant North");
 }
 
 TEST_F(Projects, AreDoneWithoutByTheMnemonic)
 {
-    user.Types("shift+Tab", FocusOn(kList)).Types("Down", RowSelected(0)).Ends("alt+n");
+    user.Does({Types("shift+Tab", FocusOn(kList)), Types("Down", RowSelected(0)), Ends("alt+n")});
     EXPECT_EQ(Show(), "null");
 }
 
@@ -79,17 +75,17 @@ TEST_F(Projects, AreDoneWithoutBySpaceOrEnterOnTheButton)
 {
     for (const char* key : {"space", "Return"})
     {
-        user.Types("Tab", FocusOn(kCreateNew)).Ends(key);
+        user.Does({Types("Tab", FocusOn(kCreateNew)), Ends(key)});
         EXPECT_EQ(Show(), "null") << key;
     }
 }
 
 TEST_F(Projects, AreWantedByABoxThatEachKeyOfABoxCloses)
 {
-    user.Sees(FocusOn(IDOK));
+    user.Does({Sees(FocusOn(IDOK))});
     for (const char* key : {"Return", "space", "Escape"})
-        user.Types("Return", Box(L"Information")).Ends(key).Sees(FocusOn(IDOK));
-    user.Ends("Escape");
+        user.Does({Types("Return", Box(L"Information")), Ends(key), Sees(FocusOn(IDOK))});
+    user.Does({Ends("Escape")});
     EXPECT_EQ(Show(), "canceled, null");
 }
 
@@ -120,28 +116,26 @@ INSTANTIATE_TEST_SUITE_P(Dialog, Cancellable, ::testing::Bool(),
 
 TEST_P(Cancellable, TabGoesRoundTheDialogAndBack)
 {
-    user.GoesRound({IDOK, kCreateNew, IDCANCEL, kList}).Ends("Escape");
+    user.Does(GoesRound({IDOK, kCreateNew, IDCANCEL, kList}) + Steps{Ends("Escape")});
     EXPECT_EQ(Show(), "canceled, null");
 }
 
 TEST_P(Cancellable, ARowIsChosenByArrowAndEnter)
 {
-    user.Types("shift+Tab", FocusOn(kList)).Types("Down", Selected(First())).Ends("Return");
+    user.Does({Types("shift+Tab", FocusOn(kList)), Types("Down", Selected(First())), Ends("Return")});
     EXPECT_EQ(Show(), Utf8Text(First()));
 }
 
 TEST_P(Cancellable, ARowIsChosenBySpaceOnOk)
 {
-    user.Types("shift+Tab", FocusOn(kList))
-        .Types("Down", Selected(First()))
-        .Types("Tab", FocusOn(IDOK))
-        .Ends("space");
+    user.Does({Types("shift+Tab", FocusOn(kList)), Types("Down", Selected(First())),
+               Types("Tab", FocusOn(IDOK)), Ends("space")});
     EXPECT_EQ(Show(), Utf8Text(First()));
 }
 
 TEST_P(Cancellable, SomethingNewIsAskedForByTheMnemonic)
 {
-    user.Types("shift+Tab", FocusOn(kList)).Ends("alt+c");
+    user.Does({Types("shift+Tab", FocusOn(kList)), Ends("alt+c")});
     EXPECT_EQ(Show(), "to be made, null");
 }
 
@@ -149,7 +143,7 @@ TEST_P(Cancellable, SomethingNewIsAskedForBySpaceOrEnterOnTheButton)
 {
     for (const char* key : {"space", "Return"})
     {
-        user.Types("Tab", FocusOn(kCreateNew)).Ends(key);
+        user.Does({Types("Tab", FocusOn(kCreateNew)), Ends(key)});
         EXPECT_EQ(Show(), "to be made, null") << key;
     }
 }
@@ -158,7 +152,7 @@ TEST_P(Cancellable, SpaceAndEnterOnCancelCancel)
 {
     for (const char* key : {"space", "Return"})
     {
-        user.Types("Tab", FocusOn(kCreateNew)).Types("Tab", FocusOn(IDCANCEL)).Ends(key);
+        user.Does({Types("Tab", FocusOn(kCreateNew)), Types("Tab", FocusOn(IDCANCEL)), Ends(key)});
         EXPECT_EQ(Show(), "canceled, null") << key;
     }
 }
@@ -181,9 +175,9 @@ protected:
     }
 
     /// The scripts stand in no order that a test could know.
-    std::function<void(const DialogView&)> NotesTheSelected()
+    DialogStep NotesTheSelected()
     {
-        return [this](const DialogView& view) {
+        return [this](DialogView& view) {
             picked = Utf8Text(view.Cell(view.List(), view.SelectedRow(view.List()), 0));
         };
     }
@@ -193,29 +187,22 @@ protected:
 
 TEST_F(Scripts, TabGoesRoundThemAndBack)
 {
-    user.GoesRound({kList, IDOK, IDCANCEL}).Ends("Escape");
+    user.Does(GoesRound({kList, IDOK, IDCANCEL}) + Steps{Ends("Escape")});
     EXPECT_EQ(Show(), "null");
 }
 
 TEST_F(Scripts, AreChosenByArrowsAndEnter)
 {
-    user.Sees(RowSelected(0))
-        .Types("Down", RowSelected(1))
-        .Types("Down", RowSelected(2))
-        .Types("Down", RowSelected(3))
-        .Types("Up", RowSelected(2))
-        .Notes(NotesTheSelected())
-        .Ends("Return");
+    user.Does({Sees(RowSelected(0)), Types("Down", RowSelected(1)), Types("Down", RowSelected(2)),
+               Types("Down", RowSelected(3)), Types("Up", RowSelected(2)), NotesTheSelected(),
+               Ends("Return")});
     EXPECT_EQ(Show(), picked);
 }
 
 TEST_F(Scripts, AreChosenBySpaceOnOk)
 {
-    user.Types("Down", RowSelected(1))
-        .Types("Home", RowSelected(0))
-        .Notes(NotesTheSelected())
-        .Types("Tab", FocusOn(IDOK))
-        .Ends("space");
+    user.Does({Types("Down", RowSelected(1)), Types("Home", RowSelected(0)), NotesTheSelected(),
+               Types("Tab", FocusOn(IDOK)), Ends("space")});
     EXPECT_EQ(Show(), picked);
 }
 
@@ -223,7 +210,7 @@ TEST_F(Scripts, AreLeftBySpaceOrEnterOnCancel)
 {
     for (const char* key : {"space", "Return"})
     {
-        user.Types("Tab", FocusOn(IDOK)).Types("Tab", FocusOn(IDCANCEL)).Ends(key);
+        user.Does({Types("Tab", FocusOn(IDOK)), Types("Tab", FocusOn(IDCANCEL)), Ends(key)});
         EXPECT_EQ(Show(), "null") << key;
     }
 }
@@ -270,28 +257,23 @@ protected:
 TEST_F(GivenObjects, TabGoesRoundThemAndBack)
 {
     Give();
-    user.GoesRound({IDOK, IDCANCEL, kList}).Ends("Escape");
+    user.Does(GoesRound({IDOK, IDCANCEL, kList}) + Steps{Ends("Escape")});
     EXPECT_EQ(Show(), "null");
 }
 
 TEST_F(GivenObjects, AreChosenByArrowsAndEnter)
 {
     Give();
-    user.Types("shift+Tab", FocusOn(kList))
-        .Types("Down", Selected(Row(1)))
-        .Types("Down", Selected(Row(2)))
-        .Types("Up", Selected(Row(1)))
-        .Ends("Return");
+    user.Does({Types("shift+Tab", FocusOn(kList)), Types("Down", Selected(Row(1))),
+               Types("Down", Selected(Row(2))), Types("Up", Selected(Row(1))), Ends("Return")});
     EXPECT_EQ(Show(), Utf8Text(Row(1)));
 }
 
 TEST_F(GivenObjects, AreChosenBySpaceOnOk)
 {
     Give();
-    user.Types("shift+Tab", FocusOn(kList))
-        .Types("End", Selected(Row(2)))
-        .Types("Tab", FocusOn(IDOK))
-        .Ends("space");
+    user.Does({Types("shift+Tab", FocusOn(kList)), Types("End", Selected(Row(2))),
+               Types("Tab", FocusOn(IDOK)), Ends("space")});
     EXPECT_EQ(Show(), Utf8Text(Row(2)));
 }
 
@@ -300,17 +282,17 @@ TEST_F(GivenObjects, AreLeftBySpaceOrEnterOnCancel)
     Give();
     for (const char* key : {"space", "Return"})
     {
-        user.Types("Tab", FocusOn(IDCANCEL)).Ends(key);
+        user.Does({Types("Tab", FocusOn(IDCANCEL)), Ends(key)});
         EXPECT_EQ(Show(), "null") << key;
     }
 }
 
 TEST_F(GivenObjects, AreMissedByABoxThatEachKeyOfABoxCloses)
 {
-    user.Sees(FocusOn(IDOK));
+    user.Does({Sees(FocusOn(IDOK))});
     for (const char* key : {"Return", "space", "Escape"})
-        user.Types("Return", Box(L"Attention !")).Ends(key).Sees(FocusOn(IDOK));
-    user.Ends("Escape");
+        user.Does({Types("Return", Box(L"Attention !")), Ends(key), Sees(FocusOn(IDOK))});
+    user.Does({Ends("Escape")});
     EXPECT_EQ(Show(), "null");
 }
 } // namespace

@@ -37,8 +37,12 @@ TEST(KeyboardUser, FailsATestWhoseKeysDoSomethingElse)
 {
     INT_PTR code = 0;
     const Failures failures = FailuresOf(
-        kEnoughForKeys, [](KeyboardUser& user) { user.Types("F5", FocusOn(IDCANCEL)).Ends("Return"); }, code);
-    ExpectOne(failures, {"keys \"F5\", until the keyboard belongs to 2: it did not come to this",
+        kEnoughForKeys,
+        [](KeyboardUser& user) {
+            user.Does({Types("F5", FocusOn(IDCANCEL)), Ends("Return")});
+        },
+        code);
+    ExpectOne(failures, {"keys \"F5\", until 2 has the focus: it did not come to this",
                          "the dialog \"Gr\u00f6\u00dfe\"", "1 Button style ", " focus \"OK\""});
     EXPECT_EQ(code, IDCANCEL);
 }
@@ -47,7 +51,11 @@ TEST(KeyboardUser, FailsATestThatSeesWhatItWaitsForBeforeItTypes)
 {
     INT_PTR code = 0;
     const Failures failures = FailuresOf(
-        kEnoughForKeys, [](KeyboardUser& user) { user.Types("Tab", FocusOn(IDOK)).Ends("Return"); }, code);
+        kEnoughForKeys,
+        [](KeyboardUser& user) {
+            user.Does({Types("Tab", FocusOn(IDOK)), Ends("Return")});
+        },
+        code);
     ExpectOne(failures, {"this was to be seen before the keys were typed"});
     EXPECT_EQ(code, IDCANCEL);
 }
@@ -56,9 +64,8 @@ TEST(KeyboardUser, FailsATestWhoseKeysNobodyTypes)
 {
     INT_PTR code = 0;
     const auto plan = [](KeyboardUser& user) {
-        user.Notes([](const DialogView& view) { ShowWindow(view.Window(), SW_HIDE); })
-            .Types("Tab", FocusOn(IDCANCEL))
-            .Ends("Return");
+        user.Does({[](DialogView& view) { ShowWindow(view.Window(), SW_HIDE); },
+                   Types("Tab", FocusOn(IDCANCEL)), Ends("Return")});
     };
     ExpectOne(FailuresOf(kNothingComes, plan, code), {"keys \"Tab\"", "the window never got the keyboard"});
     EXPECT_EQ(code, IDCANCEL);
@@ -77,8 +84,12 @@ TEST(KeyboardUser, FailsATestWhoseDialogGoesTooEarly)
 {
     INT_PTR code = 0;
     const Failures failures = FailuresOf(
-        kEnoughForKeys, [](KeyboardUser& user) { user.Ends("Escape").Ends("Return"); }, code);
-    ExpectOne(failures, {"no dialog was there for \"Return\" and until the dialog is gone"});
+        kEnoughForKeys,
+        [](KeyboardUser& user) {
+            user.Does({Ends("Escape"), Ends("Return")});
+        },
+        code);
+    ExpectOne(failures, {"no dialog was there for keys \"Return\", until the dialog is gone"});
     EXPECT_EQ(code, IDCANCEL);
 }
 
@@ -104,7 +115,33 @@ TEST(KeyboardUser, ClosesABoxThatNothingWasPlannedFor)
         return FALSE;
     };
     const Failures failures = FailuresOf(
-        kEnoughForKeys, [](KeyboardUser& user) { user.Types("Return", Box(L"Answer")); }, code, show);
+        kEnoughForKeys, [](KeyboardUser& user) { user.Does({Types("Return", Box(L"Answer"))}); }, code, show);
     ExpectOne(failures, {"the box \"Answer\" is in front", "\"Question\"", "\"What now?\""});
     EXPECT_EQ(code, IDOK);
+}
+
+TEST(KeyboardUser, FailsATestWithStepsThatNoKeyboardDoes)
+{
+    INT_PTR code = 0;
+    const Failures failures = FailuresOf(
+        kEnoughForKeys,
+        [](KeyboardUser& user) {
+            user.Does({Presses(IDOK), Ends("Escape")});
+        },
+        code);
+    ExpectOne(failures, {"not for a keyboard: presses 1"});
+    EXPECT_EQ(code, IDCANCEL);
+}
+
+TEST(KeyboardUser, FailsATestThatDoesNotSeeWhatItsKeysDo)
+{
+    INT_PTR code = 0;
+    const Failures failures = FailuresOf(
+        kEnoughForKeys,
+        [](KeyboardUser& user) {
+            user.Does({Types("Tab"), Ends("Escape")});
+        },
+        code);
+    ExpectOne(failures, {"not for a keyboard: types \"Tab\""});
+    EXPECT_EQ(code, IDCANCEL);
 }

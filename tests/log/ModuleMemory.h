@@ -1,10 +1,11 @@
-// Makes an allocation of a loaded module fail. On Windows only.
+// Makes an allocation of a loaded module fail. On Windows only. It replaces imports of the module; operator
+// new of a test program is replaced by tests/common/FaultyMemory.h.
 #pragma once
 
 #include <windows.h>
 
-/// While it lives, the n-th allocation that the module makes for itself fails, and no other: its imports of
-/// the runtime's malloc and calloc lead here. What the program and the system allocate is left alone.
+/// While it lives, the module's imports of malloc and calloc lead here and its n-th allocation fails, and no
+/// other. Allocations of the program and the system are not touched.
 class ModuleMemory
 {
 public:
@@ -14,7 +15,7 @@ public:
     ModuleMemory(const ModuleMemory&) = delete;
     ModuleMemory& operator=(const ModuleMemory&) = delete;
 
-    /// Whether the allocation was made and failed.
+    /// True if the n-th allocation was made, and failed.
     bool Struck() const noexcept;
 
 private:

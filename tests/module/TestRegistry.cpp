@@ -32,11 +32,8 @@ std::wstring Shown(DWORD type, const std::vector<BYTE>& data)
         text += std::to_wstring(byte) + L",";
     return text;
 }
-} // namespace
 
 #ifdef _WIN32
-namespace
-{
 /// Sets the access list of a key of which nothing but its security may be touched.
 void SetAccess(const std::wstring& path, ACL* list)
 {
@@ -47,8 +44,10 @@ void SetAccess(const std::wstring& path, ACL* list)
     SetSecurityDescriptorDacl(&security, TRUE, list, FALSE);
     Expect(RegSetKeySecurity(key.get(), DACL_SECURITY_INFORMATION, &security), "setting a key's security");
 }
+#endif
 } // namespace
 
+#ifdef _WIN32
 TestRegistry::TestRegistry()
 {
     static int made = 0;

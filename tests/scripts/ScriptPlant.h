@@ -3,6 +3,7 @@
 #pragma once
 
 #include "ArrayText.h"
+#include "Calls.h"
 #include "ModuleUnderTest.h"
 #include "Plant.h"
 #include "SampleFolder.h"
@@ -18,12 +19,6 @@
 
 using Lines = std::vector<std::string>;
 using Row = std::vector<std::string>;
-
-inline Lines operator+(Lines first, const Lines& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
-}
 
 // Lines of the host's record.
 

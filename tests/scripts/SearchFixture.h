@@ -27,12 +27,6 @@ inline std::string Equal(const std::string& attribute, const std::string& value)
 /// The whole record, call by call.
 #define EXPECT_CALLS(...) EXPECT_EQ(host.calls, (__VA_ARGS__))
 
-inline Calls operator+(Calls first, const Calls& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
-}
-
 class SearchFixture : public ::testing::Test
 {
 protected:

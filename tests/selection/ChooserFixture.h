@@ -24,60 +24,10 @@
 #include <string>
 #include <vector>
 
-using Texts = std::vector<std::wstring>;
-using Steps = std::vector<DialogStep>;
-
-inline Steps operator+(Steps first, const Steps& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
-}
-
-// What a user does.
-inline DialogStep Presses(int button)
-{
-    return [button](DialogView& view) {
-        view.Click(button);
-    };
-}
-inline DialogStep Selects(int row)
-{
-    return [row](DialogView& view) {
-        view.SelectRow(view.List(), row);
-    };
-}
-inline DialogStep Types(WORD key, unsigned held = 0)
-{
-    return [key, held](DialogView& view) {
-        view.Press(key, held);
-    };
-}
-
-/// The cells of a column, from top to bottom.
-inline Texts Column(const DialogView& view, int column)
-{
-    Texts texts;
-    for (int row = 0; row < view.Rows(view.List()); ++row)
-        texts.push_back(view.Cell(view.List(), row, column));
-    return texts;
-}
-
 /// In pixels.
 inline int Width(const RECT& rect)
 {
     return static_cast<int>(rect.right - rect.left);
-}
-
-/// Clicks where the list has no row, which leaves none selected.
-inline void ClickBesideTheRows(DialogView& view)
-{
-    const HWND list = view.List();
-    RECT area{};
-    GetClientRect(list, &area);
-    const LPARAM point = MAKELPARAM(area.right - 3, area.bottom - 3);
-    PostMessageW(list, WM_LBUTTONUP, 0, point);
-    SendMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, point);
-    EXPECT_EQ(view.SelectedRow(list), -1);
 }
 
 /// While it lives, no window of that class can be made on this thread.
@@ -222,6 +172,18 @@ protected:
         boxes.Expect(title, text, IDOK,
                      [this, line = "box " + Utf8Of(XQPComBSTR(title.c_str())) + ": " +
                                    Utf8Of(XQPComBSTR(text.c_str()))] { host.calls.push_back(line); });
+    }
+
+    /// The boxes of a record, which shows each as ExpectBox does. Their texts are ASCII.
+    void ExpectBoxes(const Calls& record)
+    {
+        for (const std::string& line : record)
+        {
+            const std::size_t colon = line.find(": ");
+            if (line.starts_with("box "))
+                ExpectBox({line.begin() + 4, line.begin() + static_cast<std::ptrdiff_t>(colon)},
+                          {line.begin() + static_cast<std::ptrdiff_t>(colon) + 2, line.end()});
+        }
     }
 
     std::string TakeOver(IQP_BaseDataObject* result)

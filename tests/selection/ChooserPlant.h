@@ -20,7 +20,6 @@
 #include <vector>
 
 using Lines = std::vector<std::string>;
-using Texts = std::vector<std::wstring>;
 using Cells = std::vector<Texts>; ///< row by row
 
 /// The object's attribute "name"; "null" for none. The sample's names are ASCII.
@@ -41,11 +40,9 @@ inline std::string NameInPlant(IUnknown* object)
 inline Cells CellsOf(const DialogView& view)
 {
     const HWND list = view.List();
-    Cells cells(static_cast<std::size_t>(view.Rows(list)));
-    const int columns = static_cast<int>(view.Columns(list).size());
-    for (std::size_t row = 0; row < cells.size(); ++row)
-        for (int column = 0; column < columns; ++column)
-            cells[row].push_back(view.Cell(list, static_cast<int>(row), column));
+    Cells cells;
+    for (int row = 0; row < view.Rows(list); ++row)
+        cells.push_back(view.Row(list, row));
     return cells;
 }
 

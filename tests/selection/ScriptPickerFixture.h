@@ -72,19 +72,6 @@ protected:
         return Show({}, kind, project);
     }
 
-    /// The row of a script, by what its first column shows.
-    static int RowOf(const DialogView& view, const std::wstring& name)
-    {
-        const Texts names = Column(view, 0);
-        return static_cast<int>(std::find(names.begin(), names.end(), name) - names.begin());
-    }
-    static DialogStep SelectsScript(const std::wstring& name)
-    {
-        return [name](DialogView& view) {
-            view.SelectRow(view.List(), RowOf(view, name));
-        };
-    }
-
     const ComPtr<MemoryObject> project = host.Object("project");
     ComPtr<IQPSelectOrvoItem> item;
 };

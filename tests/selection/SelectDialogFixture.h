@@ -39,7 +39,8 @@ protected:
     Texts Rows(ULONG count, tagINITVALUE* values)
     {
         Texts rows;
-        Show({[&](DialogView& view) { rows = Column(view, 0); }, Presses(IDCANCEL)}, count, values);
+        Show({[&](DialogView& view) { rows = view.Column(view.List(), 0); }, Presses(IDCANCEL)}, count,
+             values);
         std::sort(rows.begin(), rows.end());
         return rows;
     }

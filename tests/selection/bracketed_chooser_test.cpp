@@ -8,28 +8,18 @@ namespace
 /// Before anything is translated in this program.
 const bool kInBrackets = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"qps") != 0;
 
-Texts Captions(const DialogView& view)
-{
-    Texts captions;
-    for (const ShownColumn& column : view.Columns(view.List()))
-        captions.push_back(column.caption);
-    return captions;
-}
-
 class BracketedProjectChoice : public ProjectChoiceFixture
 {
 protected:
     /// The dialog's own texts are translated, once, and the host's are not.
-    DialogStep Look(const wchar_t* heading) const
+    static Steps Look(const wchar_t* heading)
     {
-        return [heading](DialogView& view) {
-            EXPECT_EQ(view.Title(), L"Choose");
-            EXPECT_EQ(view.Text(IDOK), L"[OK]");
-            EXPECT_EQ(view.Text(IDCANCEL), L"[Cancel]");
-            EXPECT_EQ(view.Text(kCreateNew), L"A host's text");
-            EXPECT_EQ(Captions(view), (Texts{heading, L""}));
-            EXPECT_EQ(Column(view, 0), Texts{L"A host's text"});
-        };
+        return {Sees(Titled(L"Choose")),
+                Sees(Shows(IDOK, L"[OK]")),
+                Sees(Shows(IDCANCEL, L"[Cancel]")),
+                Sees(Shows(kCreateNew, L"A host's text")),
+                Sees(Headings({heading, L""})),
+                Sees(InColumn(0, {L"A host's text"}))};
     }
 };
 
@@ -39,14 +29,14 @@ TEST_F(BracketedProjectChoice, TranslatesItsButtonsAndItsHeadingAlone)
     Has({Child("a", L"A host's text")});
     root->Children(L"template", found);
     NameButton(L"A host's text");
-    Show({Look(L"[Project name]"), Presses(kCreateNew)});
-    ShowEx({Look(L"[Template name]"), Presses(IDCANCEL)}, 1);
+    Show(Look(L"[Project name]") + Steps{Presses(kCreateNew)});
+    ShowEx(Look(L"[Template name]") + Steps{Presses(IDCANCEL)}, 1);
 }
 
 TEST_F(BracketedProjectChoice, TheTitleIsNotTranslated)
 {
     Has({});
-    dialogs.OnDialog({[](DialogView& view) { EXPECT_EQ(view.Title(), L"A caption"); }, Presses(kCreateNew)});
+    dialogs.OnDialog({Sees(Titled(L"A caption")), Presses(kCreateNew)});
     EXPECT_EQ(choice->ShowDialog(root.get(), XQPComBSTR(L"A caption"), nullptr, nullptr, 0), S_OK);
 }
 
@@ -83,19 +73,13 @@ TEST_F(BracketedScriptPicker, TranslatesTitleButtonsAndHeadingsAndNoCell)
     const auto script = Script("A host's text");
     script->Set(L"m_pDODefaultImpl", project)->Set(L"languagetype", L"A host's text");
     Finds({script});
-    Show({[](DialogView& view) {
-              EXPECT_EQ(view.Title(), L"[[Scripts]]");
-              EXPECT_EQ(view.Text(IDOK), L"[OK]");
-              EXPECT_EQ(view.Text(IDCANCEL), L"[Cancel]");
-              EXPECT_EQ(Captions(view), (Texts{L"[Name]", L"[Location]", L"[Script Language]",
-                                               L"[Creation Date]", L"[Modification Date]", L""}));
-              EXPECT_EQ(view.Cell(view.List(), 0, 0), L"A host's text");
-              EXPECT_EQ(view.Cell(view.List(), 0, 1), L"Project Lib");
-              EXPECT_EQ(view.Cell(view.List(), 0, 2), L"A host's text");
-          },
-          Presses(IDCANCEL)});
+    const wchar_t* const text = L"A host's text";
+    Show({Sees(Titled(L"[[Scripts]]")), Sees(Shows(IDOK, L"[OK]")), Sees(Shows(IDCANCEL, L"[Cancel]")),
+          Sees(Headings({L"[Name]", L"[Location]", L"[Script Language]", L"[Creation Date]",
+                         L"[Modification Date]", L""})),
+          Sees(InRow(0, {text, L"Project Lib", text, L"", L"", L""})), Presses(IDCANCEL)});
     script->Set(L"m_pDODefaultImpl", static_cast<IUnknown*>(nullptr));
-    Show({[](DialogView& view) { EXPECT_EQ(view.Cell(view.List(), 0, 1), L"Library"); }, Presses(IDCANCEL)});
+    Show({Sees(InColumn(1, {L"Library"})), Presses(IDCANCEL)});
 }
 
 TEST_F(BracketedScriptPicker, TranslatesEveryMessage)
@@ -105,17 +89,13 @@ TEST_F(BracketedScriptPicker, TranslatesEveryMessage)
     ShowMessage(L"[Error]", L"[Unknown error.]", L"Script");
     Finds({Script("s")});
     ExpectBox(L"[Execute script]", L"[Please select a script.]");
-    Show({ClickBesideTheRows, Presses(IDOK), Presses(IDCANCEL)});
+    Show({SelectsNone(), Presses(IDOK), Presses(IDCANCEL)});
 }
 
 TEST_F(BracketedScriptPicker, ADialogThatFailedStaysInTheLanguageOfItsTemplate)
 {
     host.Query().resultStatus = E_FAIL;
-    Show({[](DialogView& view) {
-              EXPECT_EQ(view.Title(), L"Orvoitems");
-              EXPECT_EQ(view.Text(IDOK), L"OK");
-              EXPECT_EQ(view.Text(IDCANCEL), L"Cancel");
-          },
+    Show({Sees(Titled(L"Orvoitems")), Sees(Shows(IDOK, L"OK")), Sees(Shows(IDCANCEL, L"Cancel")),
           Presses(IDCANCEL)});
 }
 
@@ -128,13 +108,8 @@ TEST_F(BracketedSelectDialog, TranslatesTitlePromptsButtonsAndHeadingOnce)
 {
     parameters.Text(L"Caption", L"A caption").Entry(0, L"A prompt", Of(a));
     ExpectBox(L"[Attention !]", L"[Select a ParentChildRelation, please.]");
-    Show({[](DialogView& view) {
-              EXPECT_EQ(view.Title(), L"[A caption]");
-              EXPECT_EQ(view.Text(IDOK), L"[OK]");
-              EXPECT_EQ(view.Text(IDCANCEL), L"[Cancel]");
-              EXPECT_EQ(Captions(view), (Texts{L"[Name]", L""}));
-              EXPECT_EQ(Column(view, 0), Texts{L"[A prompt]"});
-          },
-          ClickBesideTheRows, Presses(IDOK), Presses(IDCANCEL)});
+    Show({Sees(Titled(L"[A caption]")), Sees(Shows(IDOK, L"[OK]")), Sees(Shows(IDCANCEL, L"[Cancel]")),
+          Sees(Headings({L"[Name]", L""})), Sees(InColumn(0, Texts{L"[A prompt]"})), SelectsNone(),
+          Presses(IDOK), Presses(IDCANCEL)});
 }
 } // namespace

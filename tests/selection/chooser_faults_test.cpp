@@ -61,9 +61,7 @@ protected:
                                   shown.rows = CellsOf(view);
                                   std::sort(shown.rows.begin(), shown.rows.end());
                               },
-                              [](DialogView& view) {
-                                  view.Click(IDCANCEL);
-                              }});
+                              Presses(IDCANCEL)});
         const std::size_t reported = logBook.Entries().size();
         CallGate& gate = plant->Calls();
         gate.FailCall(n, n == 0 ? Fault::None : GetParam().fault, GetParam().status);
@@ -271,10 +269,7 @@ TEST_P(ScriptFaults, EveryCallOfTheScriptPicker)
 
     // A whole run.
     Shown whole{true, {}, {}, {}};
-    dialogs.OnDialog({[&](DialogView& view) {
-        whole.rows = CellsOf(view);
-        view.Click(IDCANCEL);
-    }});
+    dialogs.OnDialog({[&](DialogView& view) { whole.rows = CellsOf(view); }, Presses(IDCANCEL)});
     Recorded([&] {
         call();
         return S_OK;

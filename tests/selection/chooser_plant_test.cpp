@@ -147,11 +147,7 @@ class PlantChoosers : public ToldPlant
 TEST_F(PlantChoosers, TheProjectsAreListedByName)
 {
     Cells shown;
-    dialogs.OnDialog({[&](DialogView& view) {
-        shown = CellsOf(view);
-        view.SelectRow(view.List(), 2);
-        view.Click(IDOK);
-    }});
+    dialogs.OnDialog({[&](DialogView& view) { shown = CellsOf(view); }, Selects(2), Presses(IDOK)});
     LONG canceled = 1;
     ComPtr<IQP_BaseDataObject> project;
     const auto root = Root();
@@ -173,10 +169,7 @@ TEST_F(PlantChoosers, TheProjectsAreListedByName)
 TEST_F(PlantChoosers, TheTemplateIsListedByItself)
 {
     Cells shown;
-    dialogs.OnDialog({[&](DialogView& view) {
-        shown = CellsOf(view);
-        view.Click(3);
-    }});
+    dialogs.OnDialog({[&](DialogView& view) { shown = CellsOf(view); }, Presses(3)});
     LONG canceled = 1;
     LONG create = 0;
     ComPtr<IQP_BaseDataObject> project;
@@ -195,14 +188,8 @@ TEST_F(PlantChoosers,
 {
     const auto panel = Find(L"orvoitem", L"Side panel left");
     Cells shown;
-    dialogs.OnDialog({[&](DialogView& view) {
-        shown = CellsOf(view);
-        // By its name: which row it has follows from the addresses of the scripts.
-        const auto row = std::find_if(shown.begin(), shown.end(),
-                                      [](const Texts& cells) { return cells[0] == L"Report weld spots"; });
-        view.SelectRow(view.List(), static_cast<int>(row - shown.begin()));
-        view.Click(IDOK);
-    }});
+    dialogs.OnDialog(
+        {[&](DialogView& view) { shown = CellsOf(view); }, Selects(L"Report weld spots"), Presses(IDOK)});
     ComPtr<IQP_BaseDataObject> script;
     EXPECT_EQ(Recorded([&] { return item->ShowDialog(panel.get(), XQPComBSTR(L"script"), script.put()); }),
               S_OK);
@@ -240,11 +227,8 @@ TEST_F(PlantChoosers, TheGenericDialogTakesObjectsOfThePlant)
     values[1].varValue = prompt;
     values[2].varValue.vt = VT_UNKNOWN;
     values[2].varValue.punkVal = roof.get();
-    dialogs.OnDialog({[](DialogView& view) {
-        EXPECT_EQ(view.Title(), L"Which item?");
-        EXPECT_EQ(CellsOf(view), (Cells{{L"The roof", L""}}));
-        view.Click(IDOK);
-    }});
+    dialogs.OnDialog(
+        {Sees(Titled(L"Which item?")), Sees(RowCount(1)), Sees(InRow(0, {L"The roof", L""})), Presses(IDOK)});
     ComPtr<IUnknown> selected;
     EXPECT_EQ(Recorded([&] { return dialog->ShowDialog(3, values, selected.put()); }), S_OK);
     EXPECT_EQ(NameInPlant(selected.get()), "Roof");

@@ -7,14 +7,6 @@ namespace
 /// Before anything is translated in this program.
 const bool kInGerman = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
 
-Texts Captions(const DialogView& view)
-{
-    Texts captions;
-    for (const ShownColumn& column : view.Columns(view.List()))
-        captions.push_back(column.caption);
-    return captions;
-}
-
 class GermanProjectChoice : public ProjectChoiceFixture
 {
 };
@@ -27,22 +19,18 @@ TEST_F(GermanProjectChoice, TranslatesItsButtonsAndHeadingsAndNoneOfTheHostsText
     root->Children(L"template", found);
     NameButton(L"&Create new");
     const auto look = [](const wchar_t* heading) {
-        return [heading](DialogView& view) {
-            EXPECT_EQ(view.Title(), L"Choose");
-            EXPECT_EQ(view.Text(IDCANCEL), L"Abbrechen");
-            EXPECT_EQ(view.Text(kCreateNew), L"&Create new");
-            EXPECT_EQ(Captions(view), (Texts{heading, L""}));
-            EXPECT_EQ(Column(view, 0), (Texts{L"Location", L"Name"}));
-        };
+        return Steps{Sees(Titled(L"Choose")), Sees(Shows(IDCANCEL, L"Abbrechen")),
+                     Sees(Shows(kCreateNew, L"&Create new")), Sees(Headings({heading, L""})),
+                     Sees(InColumn(0, {L"Location", L"Name"}))};
     };
-    Show({look(L"Projektname"), Presses(kCreateNew)});
-    ShowEx({look(L"Vorlagenname"), Presses(IDCANCEL)}, 1);
+    Show(look(L"Projektname") + Steps{Presses(kCreateNew)});
+    ShowEx(look(L"Vorlagenname") + Steps{Presses(IDCANCEL)}, 1);
 }
 
 TEST_F(GermanProjectChoice, TheTitleIsTheHostsEvenIfTheCatalogueHasIt)
 {
     Has({});
-    dialogs.OnDialog({[](DialogView& view) { EXPECT_EQ(view.Title(), L"Scripts"); }, Presses(kCreateNew)});
+    dialogs.OnDialog({Sees(Titled(L"Scripts")), Presses(kCreateNew)});
     LONG canceled = 0;
     EXPECT_EQ(choice->ShowDialog(root.get(), XQPComBSTR(L"Scripts"), &canceled, nullptr, 0), S_OK);
 }
@@ -76,16 +64,9 @@ TEST_F(GermanScriptPicker, TranslatesTitleButtonsAndHeadingsAndNoCell)
     const auto script = Script("Location");
     script->Set(L"languagetype", L"Name")->Set(L"creationdate", L"Scripts");
     Finds({script});
-    Show({[](DialogView& view) {
-              EXPECT_EQ(view.Title(), L"Skripte");
-              EXPECT_EQ(view.Text(IDCANCEL), L"Abbrechen");
-              EXPECT_EQ(Captions(view), (Texts{L"Name", L"Ablageort", L"Skriptsprache", L"Erstellt am",
-                                               L"Ge\u00e4ndert am", L""}));
-              const Texts cells = {L"Location", L"Library", L"Name", L"Scripts", L"", L""};
-              for (int column = 0; column < 6; ++column)
-                  EXPECT_EQ(view.Cell(view.List(), 0, column), cells[static_cast<std::size_t>(column)]);
-          },
-          Presses(IDCANCEL)});
+    Show({Sees(Titled(L"Skripte")), Sees(Shows(IDCANCEL, L"Abbrechen")),
+          Sees(Headings({L"Name", L"Ablageort", L"Skriptsprache", L"Erstellt am", L"Ge\u00e4ndert am", L""})),
+          Sees(InRow(0, {L"Location", L"Library", L"Name", L"Scripts", L"", L""})), Presses(IDCANCEL)});
 }
 
 TEST_F(GermanScriptPicker, TranslatesEveryMessage)
@@ -95,7 +76,7 @@ TEST_F(GermanScriptPicker, TranslatesEveryMessage)
     ShowMessage(L"Fehler", L"Unbekannter Fehler.", L"Script");
     Finds({Script("s")});
     ExpectBox(L"Skript ausf\u00fchren", L"Bitte w\u00e4hlen Sie ein Skript aus.");
-    Show({ClickBesideTheRows, Presses(IDOK), Presses(IDCANCEL)});
+    Show({SelectsNone(), Presses(IDOK), Presses(IDCANCEL)});
 }
 
 class GermanSelectDialog : public ChooserFixture
@@ -114,13 +95,9 @@ TEST_F(GermanSelectDialog, TranslatesPromptsAndTitleAsIfTheyWereItsOwn)
     values[2].varValue.vt = VT_UNKNOWN;
     values[2].varValue.punkVal = static_cast<IQP_BaseDataObject*>(object.get());
     ExpectBox(L"Achtung!", L"Bitte w\u00e4hlen Sie eine Eltern-Kind-Beziehung aus.");
-    dialogs.OnDialog({[](DialogView& view) {
-                          EXPECT_EQ(view.Title(), L"Skripte");
-                          EXPECT_EQ(view.Text(IDCANCEL), L"Abbrechen");
-                          EXPECT_EQ(Captions(view), (Texts{L"Name", L""}));
-                          EXPECT_EQ(Column(view, 0), Texts{L"Ablageort"});
-                      },
-                      ClickBesideTheRows, Presses(IDOK), Presses(IDCANCEL)});
+    dialogs.OnDialog({Sees(Titled(L"Skripte")), Sees(Shows(IDCANCEL, L"Abbrechen")),
+                      Sees(Headings({L"Name", L""})), Sees(InColumn(0, Texts{L"Ablageort"})), SelectsNone(),
+                      Presses(IDOK), Presses(IDCANCEL)});
     EXPECT_EQ(dialog->ShowDialog(3, values, nullptr), S_OK);
 }
 } // namespace

@@ -15,44 +15,39 @@ protected:
     }
 
     /// What `look` sees of both dialogs, of projects without Cancel and of templates with it.
-    void LookAtBoth(const DialogStep& look)
+    void LookAtBoth(const Steps& look)
     {
-        Show({look, Presses(kCreateNew)});
-        ShowEx({look, Presses(kCreateNew)}, 1);
+        Show(look + Steps{Presses(kCreateNew)});
+        ShowEx(look + Steps{Presses(kCreateNew)}, 1);
     }
 };
 
 TEST_F(ProjectChoiceDialog, HasTheHostsTitleAndButtonText)
 {
     NameButton(L"&Another one");
-    LookAtBoth([](DialogView& view) {
-        EXPECT_EQ(view.Title(), L"Choose");
-        EXPECT_EQ(view.Text(kCreateNew), L"&Another one");
-        EXPECT_EQ(view.Text(IDOK), L"OK");
-        EXPECT_EQ(view.Text(IDCANCEL), L"Cancel");
-    });
+    LookAtBoth({Sees(Titled(L"Choose")), Sees(Shows(kCreateNew, L"&Another one")), Sees(Shows(IDOK, L"OK")),
+                Sees(Shows(IDCANCEL, L"Cancel"))});
 }
 
 TEST_F(ProjectChoiceDialog, HasAButtonWithoutATextUntilItIsNamed)
 {
     ExpectBox(L"Information",
               L"You must either select a project and choose ok, \nor you must choose the '' button!");
-    Show({[](DialogView& view) { EXPECT_EQ(view.Text(kCreateNew), L""); }, Presses(IDOK),
-          Presses(kCreateNew)});
+    Show({Sees(Shows(kCreateNew, L"")), Presses(IDOK), Presses(kCreateNew)});
 }
 
 TEST_F(ProjectChoiceDialog, TheButtonsTextIsReplacedWhole)
 {
     NameButton(L"A long text");
     NameButton(L"Short");
-    Show({[](DialogView& view) { EXPECT_EQ(view.Text(kCreateNew), L"Short"); }, Presses(kCreateNew)});
+    Show({Sees(Shows(kCreateNew, L"Short")), Presses(kCreateNew)});
     NameButton(nullptr);
-    Show({[](DialogView& view) { EXPECT_EQ(view.Text(kCreateNew), L""); }, Presses(kCreateNew)});
+    Show({Sees(Shows(kCreateNew, L"")), Presses(kCreateNew)});
 }
 
 TEST_F(ProjectChoiceDialog, ATitleThatIsNoneIsEmpty)
 {
-    dialogs.OnDialog({[](DialogView& view) { EXPECT_EQ(view.Title(), L""); }, Presses(kCreateNew)});
+    dialogs.OnDialog({Sees(Titled(L"")), Presses(kCreateNew)});
     LONG canceled = 0;
     EXPECT_EQ(choice->ShowDialog(root.get(), nullptr, &canceled, nullptr, 0), S_OK);
 }
@@ -67,11 +62,8 @@ TEST_F(ProjectChoiceDialog, LongTextsOfTheHostAndThoseOfOtherScriptsAreShownWhol
         ExpectBox(L"Information",
                   L"You must either select a project and choose ok, \nor you must choose the '" + text +
                       L"' button!");
-        dialogs.OnDialog({[&](DialogView& view) {
-                              EXPECT_EQ(view.Title(), text);
-                              EXPECT_EQ(view.Text(kCreateNew), text);
-                          },
-                          Presses(IDOK), Presses(kCreateNew)});
+        dialogs.OnDialog(
+            {Sees(Titled(text)), Sees(Shows(kCreateNew, text)), Presses(IDOK), Presses(kCreateNew)});
         LONG canceled = 0;
         EXPECT_EQ(choice->ShowDialog(root.get(), XQPComBSTR(text.c_str()), &canceled, nullptr, 0), S_OK);
     }
@@ -79,23 +71,16 @@ TEST_F(ProjectChoiceDialog, LongTextsOfTheHostAndThoseOfOtherScriptsAreShownWhol
 
 TEST_F(ProjectChoiceDialog, ShowsCancelOnlyWhereItIsAskedFor)
 {
-    Show({[](DialogView& view) { EXPECT_FALSE(view.IsVisible(IDCANCEL)); }, Presses(kCreateNew)});
-    ShowEx({[](DialogView& view) { EXPECT_TRUE(view.IsVisible(IDCANCEL)); }, Presses(kCreateNew)});
+    Show({Sees(Hidden(IDCANCEL)), Presses(kCreateNew)});
+    ShowEx({Sees(Visible(IDCANCEL)), Presses(kCreateNew)});
 }
 
 TEST_F(ProjectChoiceDialog, TheListStandsWhereTheFrameWas)
 {
-    LookAtBoth([](DialogView& view) {
-        EXPECT_FALSE(view.IsVisible(kFrame));
-        const RECT frame = view.Rect(kFrame);
-        const RECT list = view.Rect(kList);
-        EXPECT_EQ(list.left, frame.left);
-        EXPECT_EQ(list.top, frame.top);
-        EXPECT_EQ(list.right, frame.right);
-        EXPECT_EQ(list.bottom, frame.bottom);
-        EXPECT_EQ(view.List(), view.Control(kList));
-        EXPECT_EQ(view.Style(kList) & 0x50800000, 0x50800000u);
-    });
+    LookAtBoth({Sees(ListInPlaceOf(kFrame)), [](DialogView& view) {
+                    EXPECT_EQ(view.List(), view.Control(kList));
+                    EXPECT_EQ(view.Style(kList) & 0x50800000, 0x50800000u);
+                }});
 }
 
 TEST_F(ProjectChoiceDialog, TheListHasAColumnOfNamesAndOneOfNoWidth)
@@ -104,7 +89,7 @@ TEST_F(ProjectChoiceDialog, TheListHasAColumnOfNamesAndOneOfNoWidth)
         return [caption](DialogView& view) {
             const int width = static_cast<int>(std::floor(Width(view.Rect(kList)) * 0.95));
             EXPECT_EQ(view.Columns(kList), (std::vector<ShownColumn>{{caption, width}, {L"", 0}}));
-            EXPECT_EQ(Column(view, 1), (Texts{L"", L"", L""}));
+            EXPECT_EQ(view.Column(kList, 1), (Texts{L"", L"", L""}));
         };
     };
     Show({look(L"Project name"), Presses(kCreateNew)});
@@ -117,10 +102,10 @@ TEST_F(ProjectChoiceDialog, TheColumnIsRoundedDownToWholePixels)
     for (const auto& [list, column] : {std::pair(100, 95), std::pair(99, 94), std::pair(101, 95)})
     {
         const FrameWidth frame(list);
-        LookAtBoth([list = list, column = column](DialogView& view) {
+        LookAtBoth({[list = list, column = column](DialogView& view) {
             EXPECT_EQ(Width(view.Rect(kList)), list);
             EXPECT_EQ(view.Columns(kList)[0].width, column);
-        });
+        }});
     }
 }
 
@@ -148,42 +133,22 @@ TEST_F(ProjectChoiceDialog, WithoutAListStaysOpenAndAsksTheHostNothing)
 
 TEST_F(ProjectChoiceDialog, TabGoesRoundTheVisibleControls)
 {
-    std::vector<int> order;
-    const DialogStep note = [&](DialogView& view) {
-        order.push_back(view.Focus());
-    };
-    const Steps round = {note,          Types(VK_TAB), note,          Types(VK_TAB), note,
-                         Types(VK_TAB), note,          Types(VK_TAB), note,          Presses(kCreateNew)};
-    ShowEx(round);
-    EXPECT_EQ(order, (std::vector<int>{IDOK, kCreateNew, IDCANCEL, kList, IDOK}));
-    order.clear();
-    Show(round);
-    EXPECT_EQ(order, (std::vector<int>{IDOK, kCreateNew, kList, IDOK, kCreateNew}));
+    ShowEx(GoesRound({IDOK, kCreateNew, IDCANCEL, kList}) + Steps{Presses(kCreateNew)});
+    Show(GoesRound({IDOK, kCreateNew, kList}) + Steps{Presses(kCreateNew)});
 }
 
 TEST_F(ProjectChoiceDialog, ARowIsChosenWithoutAMouse)
 {
-    EXPECT_EQ(Show({Types(VK_TAB, DialogView::kShift), Types(VK_DOWN), Types(VK_DOWN),
-                    [](DialogView& view) { EXPECT_EQ(view.SelectedRow(kList), 1); }, Types(VK_UP),
-                    Types(VK_END), Types(VK_RETURN)})
+    EXPECT_EQ(Show({Types("shift+Tab"), Types("Down"), Types("Down"), Sees(RowSelected(1)), Types("Up"),
+                    Types("End"), Types("Return")})
                   .selected,
               "c");
-}
-
-TEST_F(ProjectChoiceDialog, EnterOnTheButtonForSomethingNewPressesThat)
-{
-    EXPECT_EQ(ShowEx({Types(VK_TAB), Types(VK_RETURN)}), (Outcome{S_OK, 0, 1, "null"}));
 }
 
 TEST_F(ProjectChoiceDialog, TheMnemonicOfTheButtonPressesIt)
 {
     NameButton(L"&New");
-    EXPECT_EQ(ShowEx({Types('N', DialogView::kAlt)}), (Outcome{S_OK, 0, 1, "null"}));
-}
-
-TEST_F(ProjectChoiceDialog, ADoubleClickOnARowEndsNothing)
-{
-    EXPECT_EQ(ShowEx({[](DialogView& view) { view.DoubleClick(kList, 1); }, Presses(IDCANCEL)}).canceled, 1);
+    EXPECT_EQ(ShowEx({Types("alt+n")}), (Outcome{S_OK, 0, 1, "null"}));
 }
 
 // Owner.
@@ -191,11 +156,7 @@ TEST_F(ProjectChoiceDialog, ADoubleClickOnARowEndsNothing)
 TEST_F(ProjectChoiceDialog, BelongsToTheGivenWindowWhichIsDisabledMeanwhile)
 {
     const OwnerWindow owner;
-    const Steps look = {[&](DialogView& view) {
-                            EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get());
-                            EXPECT_FALSE(IsWindowEnabled(owner.get()));
-                        },
-                        Presses(kCreateNew)};
+    const Steps look = {Sees(OwnedBy(owner.get())), Sees(OwnerDisabled()), Presses(kCreateNew)};
     Show(look, root, owner.get());
     EXPECT_TRUE(IsWindowEnabled(owner.get()));
     ShowEx(look, 1, root, owner.get());
@@ -206,9 +167,7 @@ TEST_F(ProjectChoiceDialog, BelongsToTheFrameOfAGivenChild)
 {
     const OwnerWindow owner;
     const OwnerWindow child(WS_CHILD | WS_VISIBLE, owner.get());
-    Show({[&](DialogView& view) { EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get()); },
-          Presses(kCreateNew)},
-         root, child.get());
+    Show({Sees(OwnedBy(owner.get())), Presses(kCreateNew)}, root, child.get());
 }
 
 TEST_F(ProjectChoiceDialog, BelongsToNobodyIfTheNumberIsNoWindow)
@@ -218,9 +177,7 @@ TEST_F(ProjectChoiceDialog, BelongsToNobodyIfTheNumberIsNoWindow)
         const OwnerWindow owner;
         gone = owner.get();
     }
-    EXPECT_EQ(Show({[](DialogView& view) { EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), nullptr); },
-                    Presses(kCreateNew)},
-                   root, gone),
+    EXPECT_EQ(Show({Sees(OwnedBy(nullptr)), Presses(kCreateNew)}, root, gone),
               (Outcome{S_OK, 0, kUnchanged, "null"}));
 }
 

@@ -5,8 +5,6 @@ namespace
 {
 const wchar_t kNoProject[] =
     L"You must either select a project and choose ok, \nor you must choose the 'New' button!";
-const wchar_t kNoTemplate[] =
-    L"You must either select a template and choose ok, \nor you must choose the 'New' button!";
 
 class ProjectChoice : public ProjectChoiceFixture
 {
@@ -24,11 +22,6 @@ protected:
 
 // ShowDialog.
 
-TEST_F(ProjectChoice, OkWithASelectionGivesTheProject)
-{
-    EXPECT_EQ(Show({Selects(1), Presses(IDOK)}), (Outcome{S_OK, 0, kUnchanged, "south"}));
-}
-
 TEST_F(ProjectChoice, TheChosenProjectHasAReferenceForTheCaller)
 {
     const ULONG before = References(south);
@@ -41,23 +34,6 @@ TEST_F(ProjectChoice, TheChosenProjectHasAReferenceForTheCaller)
     selected->Release();
 }
 
-TEST_F(ProjectChoice, TheButtonForSomethingNewReadsAsNotCancelledWithoutAProject)
-{
-    EXPECT_EQ(Show({Presses(kCreateNew)}), (Outcome{S_OK, 0, kUnchanged, "null"}));
-    EXPECT_EQ(Show({Selects(1), Presses(kCreateNew)}), (Outcome{S_OK, 0, kUnchanged, "null"}))
-        << "a selection does not matter";
-}
-
-TEST_F(ProjectChoice, TheCloseBoxAndEscapeCancel)
-{
-    EXPECT_EQ(Show({Selects(1),
-                    [](DialogView& view) {
-                        view.Close();
-                    }}),
-              (Outcome{S_OK, 1, kUnchanged, "null"}));
-    EXPECT_EQ(Show({Types(VK_ESCAPE)}), (Outcome{S_OK, 1, kUnchanged, "null"}));
-}
-
 TEST_F(ProjectChoice, WithoutAWayToListProjectsThereIsNoDialogAndItIsCancelled)
 {
     const auto broken = host.Object("broken");
@@ -68,26 +44,6 @@ TEST_F(ProjectChoice, WithoutAWayToListProjectsThereIsNoDialogAndItIsCancelled)
 }
 
 // ShowDialogEx.
-
-TEST_F(ProjectChoice, OkWithASelectionIsNeitherCancelledNorSomethingNew)
-{
-    EXPECT_EQ(ShowEx({Selects(0), Presses(IDOK)}), (Outcome{S_OK, 0, 0, "north"}));
-}
-
-TEST_F(ProjectChoice, CancelLeavesTheWishForSomethingNewAsItWas)
-{
-    EXPECT_EQ(ShowEx({Selects(0), Presses(IDCANCEL)}), (Outcome{S_OK, 1, kUnchanged, "null"}));
-    EXPECT_EQ(ShowEx({Types(VK_ESCAPE)}), (Outcome{S_OK, 1, kUnchanged, "null"}));
-    EXPECT_EQ(ShowEx({[](DialogView& view) {
-                  view.Close();
-              }}),
-              (Outcome{S_OK, 1, kUnchanged, "null"}));
-}
-
-TEST_F(ProjectChoice, TheButtonForSomethingNewSaysSo)
-{
-    EXPECT_EQ(ShowEx({Selects(0), Presses(kCreateNew)}), (Outcome{S_OK, 0, 1, "null"}));
-}
 
 TEST_F(ProjectChoice, TemplatesAreListedInTheirPlace)
 {
@@ -132,38 +88,20 @@ TEST_F(ProjectChoice, OkWithoutASelectionShowsAMessageAndStays)
     EXPECT_EQ(boxes.Shown()[0].icon, 0u);
 }
 
-TEST_F(ProjectChoice, OkWithoutASelectionAmongTemplatesSpeaksOfTemplates)
-{
-    ExpectBox(L"Information", kNoTemplate);
-    EXPECT_EQ(ShowEx({Presses(IDOK), Presses(IDCANCEL)}, 1), (Outcome{S_OK, 1, kUnchanged, "null"}));
-}
-
-TEST_F(ProjectChoice, ASelectionThatWasTakenBackIsNone)
-{
-    ExpectBox(L"Information", kNoProject);
-    EXPECT_EQ(ShowEx({Selects(0), ClickBesideTheRows, Presses(IDOK), Presses(IDCANCEL)}),
-              (Outcome{S_OK, 1, kUnchanged, "null"}));
-}
-
 TEST_F(ProjectChoice, TheMessageNamesTheButtonLiterally)
 {
     NameButton(L"%s %d %n 100%");
     ExpectBox(
         L"Information",
         L"You must either select a project and choose ok, \nor you must choose the '%s %d %n 100%' button!");
-    EXPECT_EQ(Show({[](DialogView& view) { EXPECT_EQ(view.Text(kCreateNew), L"%s %d %n 100%"); },
-                    Presses(IDOK), Presses(kCreateNew)}),
+    EXPECT_EQ(Show({Sees(Shows(kCreateNew, L"%s %d %n 100%")), Presses(IDOK), Presses(kCreateNew)}),
               (Outcome{S_OK, 0, kUnchanged, "null"}));
 }
 
 TEST_F(ProjectChoice, AChosenObjectThatIsNoDataObjectAnyMoreKeepsTheDialogOpenWithoutAMessage)
 {
-    EXPECT_EQ(ShowEx({[&](DialogView& view) {
-                          view.SelectRow(view.List(), 0);
-                          north->offersData = false;
-                      },
-                      Presses(IDOK), [](DialogView& view) { EXPECT_EQ(view.SelectedRow(view.List()), 0); },
-                      Presses(IDCANCEL)}),
+    EXPECT_EQ(ShowEx({Selects(0), [&](DialogView&) { north->offersData = false; }, Presses(IDOK),
+                      Sees(RowSelected(0)), Presses(IDCANCEL)}),
               (Outcome{S_OK, 1, kUnchanged, "null"}));
 }
 
@@ -171,17 +109,14 @@ TEST_F(ProjectChoice, AChosenObjectThatIsNoDataObjectAnyMoreKeepsTheDialogOpenWi
 
 TEST_F(ProjectChoice, ListsTheChildrenByTheirNamesAndReadsNothingElse)
 {
-    Show({[](DialogView& view) {
-              EXPECT_EQ(Column(view, 0), (Texts{L"North", L"South"}));
-          },
-          Presses(kCreateNew)});
+    Show({Sees(InColumn(0, Texts{L"North", L"South"})), Presses(kCreateNew)});
     EXPECT_TRACE(Calls{"root.GetChildren(orvoproject)", "root.GetChildren(orvoproject)", "RemNext(1)",
                        "north.GetAttribute(name)", "RemNext(1)", "south.GetAttribute(name)", "RemNext(1)"});
 }
 
 TEST_F(ProjectChoice, NoRowIsSelectedAtFirst)
 {
-    Show({[](DialogView& view) { EXPECT_EQ(view.SelectedRow(view.List()), -1); }, Presses(kCreateNew)});
+    Show({Sees(NoRowSelected()), Presses(kCreateNew)});
 }
 
 class ProjectList : public ProjectChoiceFixture
@@ -193,7 +128,7 @@ protected:
         const auto of = host.Object("of");
         of->Children(L"orvoproject", host.List(std::move(children)));
         Texts shown;
-        Show({[&](DialogView& view) { shown = Column(view, 0); }, Presses(kCreateNew)}, of);
+        Show({[&](DialogView& view) { shown = view.Column(view.List(), 0); }, Presses(kCreateNew)}, of);
         return shown;
     }
 };
@@ -229,8 +164,7 @@ TEST_F(ProjectList, OfNoneOpensEmptyAndOnlyTheButtonOrCancelLeaves)
     NameButton(L"New");
     ExpectBox(L"Information", kNoProject);
     ExpectBox(L"Information", kNoProject);
-    EXPECT_EQ(Show({[](DialogView& view) { EXPECT_EQ(view.Rows(view.List()), 0); }, Presses(IDOK),
-                    Presses(kCreateNew)}),
+    EXPECT_EQ(Show({Sees(RowCount(0)), Presses(IDOK), Presses(kCreateNew)}),
               (Outcome{S_OK, 0, kUnchanged, "null"}));
     EXPECT_EQ(ShowEx({Presses(IDOK), Presses(IDCANCEL)}), (Outcome{S_OK, 1, kUnchanged, "null"}));
 }
@@ -246,10 +180,7 @@ TEST_F(ProjectList, LeavesAnUnreadableChildOutAfterAMessageForEach)
     const std::wstring text = L"unexpected error reading projects.\nTrying next project ...";
     for (int times = 0; times < 3; ++times)
         ExpectBox(L"Error", text);
-    EXPECT_EQ(Show({[](DialogView& view) {
-                        EXPECT_EQ(Column(view, 0), (Texts{L"A", L"B"}));
-                    },
-                    Selects(1), Presses(IDOK)}),
+    EXPECT_EQ(Show({Sees(InColumn(0, Texts{L"A", L"B"})), Selects(1), Presses(IDOK)}),
               (Outcome{S_OK, 0, kUnchanged, "b"}));
     const std::string box = "box Error: unexpected error reading projects.\nTrying next project ...";
     EXPECT_TRACE(Calls{"root.GetChildren(orvoproject)", "root.GetChildren(orvoproject)", "RemNext(1)",
@@ -286,7 +217,7 @@ TEST_F(ProjectList, EndsWithTheFirstStatusThatIsNotSOk)
 {
     Has({Child("a", L"A"), Child("b", L"B"), Child("c", L"C")});
     found->statuses[1] = E_FAIL;
-    Show({[](DialogView& view) { EXPECT_EQ(Column(view, 0), Texts{L"A"}); }, Presses(kCreateNew)});
+    Show({Sees(InColumn(0, Texts{L"A"})), Presses(kCreateNew)});
 }
 
 TEST_F(ProjectList, IsEmptyIfTheDialogCannotListWhatTheComponentCould)
@@ -297,9 +228,7 @@ TEST_F(ProjectList, IsEmptyIfTheDialogCannotListWhatTheComponentCould)
     const auto none = host.Object("none");
     none->Children(L"orvoproject", {}, S_OK);
     for (const ComPtr<MemoryObject>& of : {another, none})
-        EXPECT_EQ(
-            Show({[](DialogView& view) { EXPECT_EQ(view.Rows(view.List()), 0); }, Presses(kCreateNew)}, of),
-            (Outcome{S_OK, 0, kUnchanged, "null"}));
+        EXPECT_EQ(Show({Sees(RowCount(0)), Presses(kCreateNew)}, of), (Outcome{S_OK, 0, kUnchanged, "null"}));
 }
 
 TEST_F(ProjectList, ShowsLongNamesAndThoseOfOtherScriptsWhole)

@@ -13,17 +13,16 @@ protected:
         Texts cells;
         Show({[&](DialogView& view) {
                   ASSERT_EQ(view.Rows(view.List()), 1);
-                  for (int column = 0; column < 6; ++column)
-                      cells.push_back(view.Cell(view.List(), 0, column));
+                  cells = view.Row(view.List(), 0);
               },
               Presses(IDCANCEL)});
         return cells;
     }
 
-    void LookAt(const DialogStep& look)
+    void LookAt(const Steps& look)
     {
         Finds({Script("a"), Script("b"), Script("c")});
-        Show({look, Presses(IDCANCEL)});
+        Show(look + Steps{Presses(IDCANCEL)});
     }
 };
 
@@ -71,17 +70,17 @@ TEST_F(ScriptPickerDialog, AnObjectFoundTwiceHasOneRow)
 {
     const auto script = Script("s");
     Finds({script, Script("t"), script});
-    Show({[](DialogView& view) { EXPECT_EQ(view.Rows(view.List()), 2); }, Presses(IDCANCEL)});
+    Show({Sees(RowCount(2)), Presses(IDCANCEL)});
 }
 
 TEST_F(ScriptPickerDialog, IsCalledScripts)
 {
-    LookAt([](DialogView& view) { EXPECT_EQ(view.Title(), L"Scripts"); });
+    LookAt({Sees(Titled(L"Scripts"))});
 }
 
 TEST_F(ScriptPickerDialog, EachOfFiveColumnsHasAFifthOfTheWidthAndTheSixthHasNone)
 {
-    LookAt([](DialogView& view) {
+    LookAt({[](DialogView& view) {
         const int fifth = static_cast<int>(Width(view.Rect(view.List())) * 0.2);
         EXPECT_GT(fifth, 0);
         EXPECT_EQ(view.Columns(view.List()), (std::vector<ShownColumn>{{L"Name", fifth},
@@ -90,7 +89,7 @@ TEST_F(ScriptPickerDialog, EachOfFiveColumnsHasAFifthOfTheWidthAndTheSixthHasNon
                                                                        {L"Creation Date", fifth},
                                                                        {L"Modification Date", fifth},
                                                                        {L"", 0}}));
-    });
+    }});
 }
 
 TEST_F(ScriptPickerDialog, AFifthIsCutToWholePixelsAndTheRestStaysUnused)
@@ -98,11 +97,11 @@ TEST_F(ScriptPickerDialog, AFifthIsCutToWholePixelsAndTheRestStaysUnused)
     for (const auto& [frame, fifth] : {std::pair(100, 20), std::pair(99, 19), std::pair(104, 20)})
     {
         const FrameWidth width(frame);
-        LookAt([frame = frame, fifth = fifth](DialogView& view) {
+        LookAt({[frame = frame, fifth = fifth](DialogView& view) {
             EXPECT_EQ(Width(view.Rect(view.List())), frame);
             for (int column = 0; column < 5; ++column)
                 EXPECT_EQ(view.Columns(view.List())[static_cast<std::size_t>(column)].width, fifth);
-        });
+        }});
     }
 }
 
@@ -132,73 +131,55 @@ TEST_F(ScriptPickerDialog, ANameThatIsNoTextIsShownAsConvertedOrNotAtAll)
 
 TEST_F(ScriptPickerDialog, TheListStandsWhereTheFrameWasAndHasItsIdentifier)
 {
-    LookAt([](DialogView& view) {
-        const HWND list = view.List();
-        EXPECT_EQ(GetDlgCtrlID(list), kFrame);
-        EXPECT_NE(view.Control(kFrame), list) << "the identifier stands for the frame";
-        EXPECT_FALSE(view.IsVisible(kFrame));
-        const RECT frame = view.Rect(kFrame);
-        const RECT place = view.Rect(list);
-        EXPECT_EQ(place.left, frame.left);
-        EXPECT_EQ(place.top, frame.top);
-        EXPECT_EQ(place.right, frame.right);
-        EXPECT_EQ(place.bottom, frame.bottom);
-        EXPECT_EQ(view.Style(list) & 0x50800000, 0x50800000u);
-    });
+    LookAt({Sees(ListInPlaceOf(kFrame)), [](DialogView& view) {
+                const HWND list = view.List();
+                EXPECT_EQ(GetDlgCtrlID(list), kFrame);
+                EXPECT_NE(view.Control(kFrame), list) << "the identifier stands for the frame";
+                EXPECT_EQ(view.Style(list) & 0x50800000, 0x50800000u);
+            }});
 }
 
 TEST_F(ScriptPickerDialog, TheListHasTheKeyboardFromTheStart)
 {
-    LookAt([](DialogView& view) { EXPECT_EQ(GetFocus(), view.List()); });
+    LookAt({[](DialogView& view) {
+        EXPECT_EQ(GetFocus(), view.List());
+    }});
 }
 
 TEST_F(ScriptPickerDialog, BelongsToTheActiveWindowWhichIsDisabledMeanwhile)
 {
     const OwnerWindow owner;
     SetActiveWindow(owner.get());
-    LookAt([&](DialogView& view) {
-        EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), owner.get());
-        EXPECT_FALSE(IsWindowEnabled(owner.get()));
-    });
+    LookAt({Sees(OwnedBy(owner.get())), Sees(OwnerDisabled())});
     EXPECT_TRUE(IsWindowEnabled(owner.get()));
 }
 
 TEST_F(ScriptPickerDialog, BelongsToNobodyIfNoWindowIsActive)
 {
     SetActiveWindow(nullptr);
-    LookAt([](DialogView& view) { EXPECT_EQ(GetWindow(view.Window(), GW_OWNER), nullptr); });
+    LookAt({Sees(OwnedBy(nullptr))});
 }
 
 TEST_F(ScriptPickerDialog, ARowIsChosenWithoutAMouse)
 {
-    const auto selected = [](int row) {
-        return [row](DialogView& view) {
-            EXPECT_EQ(view.SelectedRow(view.List()), row);
-        };
-    };
     resultFollowsAddresses = true;
     Finds({Script("a"), Script("b"), Script("c")});
-    EXPECT_EQ(Show({selected(0), Types(VK_DOWN), selected(1), Types(VK_END), selected(2), Types(VK_UP),
-                    selected(1), Types(VK_HOME), selected(0), Types(VK_RETURN)})
+    EXPECT_EQ(Show({Sees(RowSelected(0)), Types("Down", RowSelected(1)), Types("End", RowSelected(2)),
+                    Types("Up", RowSelected(1)), Types("Home", RowSelected(0)), Types("Return")})
                   .status,
               S_OK);
 }
 
 TEST_F(ScriptPickerDialog, TabGoesRoundTheVisibleControls)
 {
-    std::vector<int> order;
-    const DialogStep note = [&](DialogView& view) {
-        order.push_back(view.Focus());
-    };
     Finds({Script("a")});
-    Show({note, Types(VK_TAB), note, Types(VK_TAB), note, Types(VK_TAB), note, Presses(IDCANCEL)});
-    EXPECT_EQ(order, (std::vector<int>{kFrame, IDOK, IDCANCEL, kFrame}));
+    Show(GoesRound({kFrame, IDOK, IDCANCEL}) + Steps{Presses(IDCANCEL)});
 }
 
 TEST_F(ScriptPickerDialog, EnterOnCancelCancels)
 {
     Finds({Script("a")});
-    EXPECT_EQ(Show({Types(VK_TAB), Types(VK_TAB), Types(VK_RETURN)}), (Outcome{S_FALSE, "untouched"}));
+    EXPECT_EQ(Show({Types("Tab"), Types("Tab"), Types("Return")}), (Outcome{S_FALSE, "untouched"}));
 }
 
 TEST_F(ScriptPickerDialog, WaitsVisiblyWhileTheScriptsAreCollected)
@@ -211,7 +192,9 @@ TEST_F(ScriptPickerDialog, WaitsVisiblyWhileTheScriptsAreCollected)
         EXPECT_EQ(GetCursor(), waiting) << call;
         ++seen;
     };
-    LookAt([&](DialogView&) { EXPECT_NE(GetCursor(), waiting); });
+    LookAt({[&](DialogView&) {
+        EXPECT_NE(GetCursor(), waiting);
+    }});
     EXPECT_EQ(seen, 7 + 3 * 6);
 }
 } // namespace

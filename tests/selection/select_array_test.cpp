@@ -144,7 +144,7 @@ TEST_F(SelectDialog, ThousandsOfEntriesAreAllThere)
         objects.push_back(host.Object("object"));
         parameters.Entry(number, std::to_wstring(number), Of(objects.back()));
     }
-    Show({[](DialogView& view) { EXPECT_EQ(view.Rows(kList), kEntries); }, Presses(IDCANCEL)});
+    Show({Sees(RowCount(kEntries)), Presses(IDCANCEL)});
 }
 
 TEST_F(SelectDialog, LongPromptsAndThoseOfOtherScriptsAreShownWhole)
@@ -154,18 +154,13 @@ TEST_F(SelectDialog, LongPromptsAndThoseOfOtherScriptsAreShownWhole)
         .Entry(1, L"\u05d0\u05d1\u05d2", Of(b))
         .Entry(2, L"\u5de5\u5382", Of(c));
     EXPECT_EQ(Rows(), (Texts{longPrompt, L"\u05d0\u05d1\u05d2", L"\u5de5\u5382"}));
-    const auto select = [&](DialogView& view) {
-        const Texts rows = Column(view, 0);
-        view.SelectRow(kList,
-                       static_cast<int>(std::find(rows.begin(), rows.end(), longPrompt) - rows.begin()));
-    };
-    EXPECT_EQ(Show({select, Presses(IDOK)}), "a");
+    EXPECT_EQ(Show({Selects(longPrompt), Presses(IDOK)}), "a");
 }
 
 TEST_F(SelectDialog, ALongCaptionIsTheWholeTitle)
 {
     const std::wstring caption(10'000, L'x');
     parameters.Text(L"Caption", caption).Entry(0, L"A", Of(a));
-    Show({[&](DialogView& view) { EXPECT_EQ(view.Title(), caption); }, Presses(IDCANCEL)});
+    Show({Sees(Titled(caption)), Presses(IDCANCEL)});
 }
 } // namespace

@@ -26,6 +26,90 @@ InterfaceRow Carried(const std::wstring& name, const std::string& id)
 {
     return {name, id, "IUnknown", kAfterUnknown, {}};
 }
+
+void ExpectLibraryItself(ITypeLib* library)
+{
+    const Documented text = DocumentationOf(library);
+    EXPECT_EQ("QPTOOLSLib", text.name);
+    EXPECT_EQ("qptools 1.0 Type Library", text.help);
+    TLIBATTR* attributes = nullptr;
+    ASSERT_EQ(S_OK, library->GetLibAttr(&attributes));
+    EXPECT_EQ("{B59FF2AB-0C7E-46F3-8FF1-2D951BC82743}", TextOf(attributes->guid));
+    EXPECT_EQ(1, attributes->wMajorVerNum);
+    EXPECT_EQ(0, attributes->wMinorVerNum);
+    EXPECT_EQ(SYS_WIN64, attributes->syskind);
+    EXPECT_EQ(0u, attributes->lcid);
+    library->ReleaseTLibAttr(attributes);
+}
+
+void ExpectInterface(ITypeLib* library, const InterfaceRow& row)
+{
+    SCOPED_TRACE(Narrow(row.name));
+    const ComPtr<ITypeInfo> type = FindType(library, row.name);
+    ASSERT_TRUE(type);
+    const CTypeAttributes attributes(type.get());
+    EXPECT_EQ(TKIND_INTERFACE, attributes->typekind);
+    EXPECT_EQ(row.id, TextOf(attributes->guid));
+    EXPECT_EQ(0, attributes->wTypeFlags);
+    EXPECT_EQ(Narrow(row.name) + " Interface", DocumentationOf(type.get()).help);
+    EXPECT_EQ(row.base, BaseOf(type.get()));
+    EXPECT_EQ(row.methods, MethodsOf(type.get()));
+    std::vector<int> slots;
+    for (size_t i = 0; i < row.methods.size(); ++i)
+        slots.push_back(row.firstSlot + static_cast<int>(i));
+    EXPECT_EQ(slots, SlotsOf(type.get()));
+}
+
+void ExpectClass(ITypeLib* library, const ClassRow& row)
+{
+    SCOPED_TRACE(Narrow(row.name));
+    const ComPtr<ITypeInfo> type = FindType(library, row.name);
+    ASSERT_TRUE(type);
+    const CTypeAttributes attributes(type.get());
+    EXPECT_EQ(TKIND_COCLASS, attributes->typekind);
+    EXPECT_EQ(row.id, TextOf(attributes->guid));
+    EXPECT_EQ(TYPEFLAG_FCANCREATE, attributes->wTypeFlags);
+    EXPECT_EQ(Narrow(row.name) + " Class", DocumentationOf(type.get()).help);
+    EXPECT_EQ(1, attributes->cImplTypes);
+    EXPECT_EQ(row.interfaceName, BaseOf(type.get()));
+    INT flags = 0;
+    EXPECT_EQ(S_OK, type->GetImplTypeFlags(0, &flags));
+    EXPECT_EQ(IMPLTYPEFLAG_FDEFAULT, flags);
+}
+
+void ExpectRecord(ITypeLib* library, const RecordRow& row)
+{
+    SCOPED_TRACE(Narrow(row.name));
+    const ComPtr<ITypeInfo> type = FindType(library, row.name);
+    ASSERT_TRUE(type);
+    EXPECT_EQ(row.kind, CTypeAttributes(type.get())->typekind);
+    EXPECT_EQ(row.fields, FieldsOf(type.get()));
+}
+
+/// Interfaces and classes are all in the tables; of other kinds the library also holds what these refer to.
+void ExpectNothingElse(ITypeLib* library)
+{
+    std::set<std::string> expected;
+    for (const auto* rows : {&kComponentInterfaces, &kHostInterfaces, &kCarriedInterfaces})
+    {
+        for (const InterfaceRow& row : *rows)
+            expected.insert(Narrow(row.name));
+    }
+    for (const ClassRow& row : kClasses)
+        expected.insert(Narrow(row.name));
+    std::set<std::string> found;
+    for (UINT i = 0; i < library->GetTypeInfoCount(); ++i)
+    {
+        TYPEKIND kind = TKIND_MAX;
+        ComPtr<ITypeInfo> type;
+        ASSERT_EQ(S_OK, library->GetTypeInfoType(i, &kind));
+        ASSERT_EQ(S_OK, library->GetTypeInfo(i, type.put()));
+        EXPECT_NE(TKIND_DISPATCH, kind);
+        if (kind == TKIND_INTERFACE || kind == TKIND_COCLASS)
+            found.insert(DocumentationOf(type.get()).name);
+    }
+    EXPECT_EQ(expected, found);
+}
 } // namespace
 
 const std::vector<InterfaceRow> kComponentInterfaces = {
@@ -206,93 +290,6 @@ const std::vector<RecordRow> kRecords = {
       "QPRT_create = 16", "QPRT_erase = 32", "QPRT_take_ownership = 64", "QPRT_change_rights = 128",
       "QPRT_add_child = 256", "QPRT_remove_child = 512"}},
     {L"tagSEARCHMODE", TKIND_ENUM, {"SM_Normal = 0", "SM_CompareSubQueries = 1"}}};
-
-namespace
-{
-void ExpectLibraryItself(ITypeLib* library)
-{
-    const Documented text = DocumentationOf(library);
-    EXPECT_EQ("QPTOOLSLib", text.name);
-    EXPECT_EQ("qptools 1.0 Type Library", text.help);
-    TLIBATTR* attributes = nullptr;
-    ASSERT_EQ(S_OK, library->GetLibAttr(&attributes));
-    EXPECT_EQ("{B59FF2AB-0C7E-46F3-8FF1-2D951BC82743}", TextOf(attributes->guid));
-    EXPECT_EQ(1, attributes->wMajorVerNum);
-    EXPECT_EQ(0, attributes->wMinorVerNum);
-    EXPECT_EQ(SYS_WIN64, attributes->syskind);
-    EXPECT_EQ(0u, attributes->lcid);
-    library->ReleaseTLibAttr(attributes);
-}
-
-void ExpectInterface(ITypeLib* library, const InterfaceRow& row)
-{
-    SCOPED_TRACE(Narrow(row.name));
-    const ComPtr<ITypeInfo> type = FindType(library, row.name);
-    ASSERT_TRUE(type);
-    const CTypeAttributes attributes(type.get());
-    EXPECT_EQ(TKIND_INTERFACE, attributes->typekind);
-    EXPECT_EQ(row.id, TextOf(attributes->guid));
-    EXPECT_EQ(0, attributes->wTypeFlags);
-    EXPECT_EQ(Narrow(row.name) + " Interface", DocumentationOf(type.get()).help);
-    EXPECT_EQ(row.base, BaseOf(type.get()));
-    EXPECT_EQ(row.methods, MethodsOf(type.get()));
-    std::vector<int> slots;
-    for (size_t i = 0; i < row.methods.size(); ++i)
-        slots.push_back(row.firstSlot + static_cast<int>(i));
-    EXPECT_EQ(slots, SlotsOf(type.get()));
-}
-
-void ExpectClass(ITypeLib* library, const ClassRow& row)
-{
-    SCOPED_TRACE(Narrow(row.name));
-    const ComPtr<ITypeInfo> type = FindType(library, row.name);
-    ASSERT_TRUE(type);
-    const CTypeAttributes attributes(type.get());
-    EXPECT_EQ(TKIND_COCLASS, attributes->typekind);
-    EXPECT_EQ(row.id, TextOf(attributes->guid));
-    EXPECT_EQ(TYPEFLAG_FCANCREATE, attributes->wTypeFlags);
-    EXPECT_EQ(Narrow(row.name) + " Class", DocumentationOf(type.get()).help);
-    EXPECT_EQ(1, attributes->cImplTypes);
-    EXPECT_EQ(row.interfaceName, BaseOf(type.get()));
-    INT flags = 0;
-    EXPECT_EQ(S_OK, type->GetImplTypeFlags(0, &flags));
-    EXPECT_EQ(IMPLTYPEFLAG_FDEFAULT, flags);
-}
-
-void ExpectRecord(ITypeLib* library, const RecordRow& row)
-{
-    SCOPED_TRACE(Narrow(row.name));
-    const ComPtr<ITypeInfo> type = FindType(library, row.name);
-    ASSERT_TRUE(type);
-    EXPECT_EQ(row.kind, CTypeAttributes(type.get())->typekind);
-    EXPECT_EQ(row.fields, FieldsOf(type.get()));
-}
-
-/// Interfaces and classes are all in the tables; of other kinds the library also holds what these refer to.
-void ExpectNothingElse(ITypeLib* library)
-{
-    std::set<std::string> expected;
-    for (const auto* rows : {&kComponentInterfaces, &kHostInterfaces, &kCarriedInterfaces})
-    {
-        for (const InterfaceRow& row : *rows)
-            expected.insert(Narrow(row.name));
-    }
-    for (const ClassRow& row : kClasses)
-        expected.insert(Narrow(row.name));
-    std::set<std::string> found;
-    for (UINT i = 0; i < library->GetTypeInfoCount(); ++i)
-    {
-        TYPEKIND kind = TKIND_MAX;
-        ComPtr<ITypeInfo> type;
-        ASSERT_EQ(S_OK, library->GetTypeInfoType(i, &kind));
-        ASSERT_EQ(S_OK, library->GetTypeInfo(i, type.put()));
-        EXPECT_NE(TKIND_DISPATCH, kind);
-        if (kind == TKIND_INTERFACE || kind == TKIND_COCLASS)
-            found.insert(DocumentationOf(type.get()).name);
-    }
-    EXPECT_EQ(expected, found);
-}
-} // namespace
 
 void ExpectWholeLibrary(ITypeLib* library)
 {

@@ -34,14 +34,7 @@ HRESULT Registration(Registrar& registrar, bool add)
 }
 
 void NothingToInit(bool) {}
-} // namespace
 
-ObjectMapEntry qptools::g_classTable[8] = {
-    {&kClass, &Registration, nullptr, nullptr, nullptr, 0, nullptr, nullptr, &NothingToInit},
-};
-
-namespace
-{
 using BaseCalls = std::vector<BaseCall>;
 
 class Exports : public testing::Test
@@ -70,6 +63,10 @@ protected:
     LogFolder logs;
 };
 } // namespace
+
+ObjectMapEntry qptools::g_classTable[8] = {
+    {&kClass, &Registration, nullptr, nullptr, nullptr, 0, nullptr, nullptr, &NothingToInit},
+};
 
 TEST_F(Exports, InitInstanceStartsTheModuleObjectThenTheBaseOnceAndReturnsItsAnswer)
 {

@@ -27,7 +27,6 @@ protected:
     }
 };
 INSTANTIATE_TEST_SUITE_P(Classes, Memory, testing::ValuesIn(kSevenClasses), ClassTestName);
-} // namespace
 
 TEST_P(Memory, ThatRunsOutWhileAnObjectIsMadeIsItsStatusAndLeavesNothing)
 {
@@ -84,8 +83,6 @@ TEST_P(Memory, IsNotTouchedByARefusalToBeAggregated)
     EXPECT_EQ(allocations, 0);
 }
 
-namespace
-{
 class LogWithoutMemory : public InsideModule
 {
 protected:
@@ -117,7 +114,6 @@ protected:
     ComPtr<IQPUserActionLog> log;
     wchar_t text[5] = L"text";
 };
-} // namespace
 
 TEST_F(LogWithoutMemory, LeavesTheMethodAsAnExceptionWithItsStatusAndTheUiStateIsLeft)
 {
@@ -160,3 +156,4 @@ TEST_F(LogWithoutMemory, AnythingElseThatLeavesWouldEndTheTest)
         EXPECT_EQ(CUiState::Depth(), 0);
     }
 }
+} // namespace

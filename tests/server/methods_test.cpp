@@ -118,9 +118,7 @@ TEST_F(SelectDlgMethods, ShowDialogIsTheOnlyOne)
 {
     IUnknown* selected = one;
     DialogDriver dialogs;
-    dialogs.OnDialog({[](DialogView& view) {
-        view.Click(IDCANCEL);
-    }});
+    dialogs.OnDialog({Presses(IDCANCEL)});
     EXPECT_EQ(Call(3, ULONG{0}, static_cast<tagINITVALUE*>(nullptr), &selected), S_OK);
     EXPECT_EQ(selected, one);
 }

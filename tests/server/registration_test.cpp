@@ -37,7 +37,6 @@ protected:
         }
     }
 };
-} // namespace
 
 TEST_F(Registration, WritesExactlyTheKeysAndValuesOfTheSevenClasses)
 {
@@ -172,14 +171,11 @@ TEST_F(Registration, IsTakenOutInTheOrderOfTheClasses)
     }
 }
 
-namespace
-{
 /// For every class: its key is the one that cannot be written.
 class FailedRegistration : public Registration, public testing::WithParamInterface<ClassFacts>
 {
 };
 INSTANTIATE_TEST_SUITE_P(Classes, FailedRegistration, testing::ValuesIn(kSevenClasses), ClassTestName);
-} // namespace
 
 TEST_P(FailedRegistration, EndsAtTheFirstClassInOrderThatCannotBeWritten)
 {
@@ -223,3 +219,4 @@ TEST_P(FailedRegistration, OfAProgIdPutsEverythingBackToo)
     registry.Allow(GetParam().ProgId());
     EXPECT_EQ(registry.Dump(), before);
 }
+} // namespace

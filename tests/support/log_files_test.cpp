@@ -28,7 +28,6 @@ protected:
 };
 
 using Names = std::vector<std::string>;
-} // namespace
 
 TEST_F(LogFiles, MakesTheLogDirectoryWithItsParents)
 {
@@ -144,8 +143,6 @@ TEST_F(LogFiles, AppendsAfterAWhileWhenAnotherNeverGivesTheLockBack)
     EXPECT_EQ(Log("UserActions"), "one\ntwo\n");
 }
 
-namespace
-{
 constexpr std::string_view kWriters = "abcd";
 
 // Counts the lines of each writer and checks that each is whole and that each writer's come in order.
@@ -183,7 +180,6 @@ bool WaitFor(const std::filesystem::path& file)
     }
     return false;
 }
-} // namespace
 
 TEST_F(LogFiles, LosesAndTearsNoLineWhenSeveralProcessesAppendAtOnce)
 {
@@ -201,3 +197,4 @@ TEST_F(LogFiles, LosesAndTearsNoLineWhenSeveralProcessesAppendAtOnce)
                    [](const std::string& line) { return line; });
     ExpectAllLines(ReadLines(m_folder.Path() / "logbook.log"), count, AfterLastTab);
 }
+} // namespace

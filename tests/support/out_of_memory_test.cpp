@@ -59,7 +59,6 @@ VARIANT Number(LONG value)
     variant.lVal = value;
     return variant;
 }
-} // namespace
 
 TEST(QPComBstrWithoutMemory, ThrowsAndStaysAsItWas)
 {
@@ -253,8 +252,6 @@ TEST(ErrorLibraryWithoutMemory, DisturbsNobodyAndWritesALineWholeOrNotAtAll)
         EXPECT_TRUE(line.ends_with("xxx\\n") || line.ends_with("No log has the name: ..")) << line;
 }
 
-namespace
-{
 class TranslationWithoutMemory : public testing::Test
 {
 protected:
@@ -271,7 +268,6 @@ protected:
     const wchar_t* m_text = L"A pump that moves water";
     const wchar_t* m_german = L"Eine Pumpe, die Wasser bewegt";
 };
-} // namespace
 
 TEST_F(TranslationWithoutMemory, GivesTheTextItselfUntilTheCatalogueCouldBeRead)
 {
@@ -296,3 +292,4 @@ TEST_F(TranslationWithoutMemory, ThrowsWhereATextOfItsOwnIsWanted)
     ExpectOutOfMemory([&] { CoTranslateText2(L""); });
     EXPECT_STREQ(CoTranslateText2(m_text), m_german);
 }
+} // namespace

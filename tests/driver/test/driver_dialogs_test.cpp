@@ -50,9 +50,7 @@ TEST(DialogDriver, ServesOneDialogAfterAnother)
 {
     DialogDriver driver;
     driver.OnDialog({ClickOk});
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(IDCANCEL);
-    }});
+    driver.OnDialog({Presses(IDCANCEL)});
     EXPECT_EQ(RunSmallDialog(), IDOK);
     EXPECT_EQ(RunSmallDialog(), IDCANCEL);
 }
@@ -113,8 +111,7 @@ TEST(DialogDriver, ServesADialogThatAKeyOpens)
 {
     DialogDriver driver;
     std::vector<int> trace;
-    driver.OnDialog({[&](DialogView& view) { view.GiveFocus(kAgain); },
-                     [&](DialogView& view) { view.Press(VK_RETURN); },
+    driver.OnDialog({[&](DialogView& view) { view.GiveFocus(kAgain); }, Types("Return"),
                      [&](DialogView& view) {
                          trace.push_back(2);
                          view.Click(IDOK);
@@ -185,8 +182,7 @@ TEST(DialogDriver, WaitsForABoxThatAKeyOpens)
     BoxAnswers boxes;
     std::vector<std::string> trace;
     boxes.Expect(L"Title", L"Text", IDOK, [&] { trace.emplace_back("box"); });
-    driver.OnDialog({[](DialogView& view) { view.GiveFocus(kAgain); },
-                     [](DialogView& view) { view.Press(VK_RETURN); },
+    driver.OnDialog({[](DialogView& view) { view.GiveFocus(kAgain); }, Types("Return"),
                      [&](DialogView& view) {
                          trace.emplace_back("dialog");
                          view.Click(IDOK);

@@ -79,9 +79,7 @@ TEST(DialogDriver, FailsATestWhoseDialogStaysOpen)
     INT_PTR code = 0;
     const Failures failures = CaughtFailures([&] {
         DialogDriver driver;
-        driver.OnDialog({[](DialogView& view) {
-            view.SetText(kEdit, L"caf\u00e9");
-        }});
+        driver.OnDialog({Enters(kEdit, L"caf\u00e9")});
         code = RunSmallDialog(std::ref(end));
     });
     EXPECT_TRUE(IsOne(failures, {"after its last step there still is the dialog", "101 Edit style ", "focus",
@@ -126,8 +124,7 @@ TEST(DialogDriver, FailsATestWhoseDialogGoesBeforeItsSteps)
 {
     const Failures failures = CaughtFailures([] {
         DialogDriver driver;
-        driver.OnDialog({[](DialogView& view) { view.Click(IDOK); },
-                         [](DialogView&) {
+        driver.OnDialog({Presses(IDOK), [](DialogView&) {
                          }});
         EXPECT_EQ(RunSmallDialog(), IDOK);
     });
@@ -183,10 +180,7 @@ TEST(DialogDriver, GoesOnAfterAStepWhoseExpectationFails)
 {
     const Failures failures = CaughtFailures([] {
         DialogDriver driver;
-        driver.OnDialog({[](DialogView&) { EXPECT_EQ(1, 2) << "as expected"; },
-                         [](DialogView& view) {
-                             view.Click(IDOK);
-                         }});
+        driver.OnDialog({[](DialogView&) { EXPECT_EQ(1, 2) << "as expected"; }, Presses(IDOK)});
         EXPECT_EQ(RunSmallDialog(), IDOK);
     });
     EXPECT_TRUE(IsOne(failures, {"as expected", "step 1 in"}));
@@ -196,10 +190,7 @@ TEST(DialogDriver, GoesOnWithTheOuterDialogWhenTheInnerOneFailed)
 {
     const Failures failures = CaughtFailures([] {
         DialogDriver driver;
-        driver.OnDialog({[](DialogView&) { EXPECT_EQ(RunSmallDialog(), IDCANCEL); },
-                         [](DialogView& view) {
-                             view.Click(IDOK);
-                         }});
+        driver.OnDialog({[](DialogView&) { EXPECT_EQ(RunSmallDialog(), IDCANCEL); }, Presses(IDOK)});
         EXPECT_EQ(RunSmallDialog(), IDOK);
     });
     EXPECT_TRUE(IsOne(failures, {"nobody expected the dialog"}));
@@ -245,9 +236,7 @@ TEST(DialogDriver, ClosesADialogWhoseStepNeverReturns)
     };
     const Failures failures = CaughtFailures([&] {
         DialogDriver driver(100);
-        driver.OnDialog({wait, [](DialogView& view) {
-                             view.Click(IDOK);
-                         }});
+        driver.OnDialog({wait, Presses(IDOK)});
         EXPECT_EQ(RunSmallDialog(waits), IDCANCEL);
     });
     ASSERT_EQ(failures.size(), 1u);

@@ -1,5 +1,6 @@
 // Combo boxes and lists as a step sees and handles them.
 #include "DialogDriver.h"
+#include "ListDialog.h"
 #include "SmallDialog.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +14,6 @@
 namespace
 {
 using Events = std::vector<int>;
-constexpr int kList = 206;
 
 void AddItem(HWND dialog, int combo, const wchar_t* item)
 {
@@ -38,75 +38,15 @@ struct Boxes
     }
 };
 
-// A dialog with a list that is made at run time, whose placeholder has the same identifier.
-struct Lists
-{
-    Events events;
-
-    INT_PTR operator()(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
-    {
-        if (message == WM_INITDIALOG)
-            Fill(dialog);
-        if (message == WM_NOTIFY && wParam == kList)
-            events.push_back(static_cast<int>(reinterpret_cast<NMHDR*>(lParam)->code));
-        return FALSE;
-    }
-
-    static void Fill(HWND dialog)
-    {
-        const HWND list = CreateWindowExW(0, WC_LISTVIEWW, L"",
-                                          WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | LVS_REPORT |
-                                              LVS_SINGLESEL | LVS_SHOWSELALWAYS,
-                                          100, 10, 150, 100, dialog, reinterpret_cast<HMENU>(INT_PTR{kList}),
-                                          GetModuleHandleW(nullptr), nullptr);
-        for (int index = 0; index < 2; ++index)
-        {
-            std::wstring caption = index == 0 ? L"Name" : L"";
-            LVCOLUMNW column{};
-            column.mask = LVCF_TEXT | LVCF_WIDTH;
-            column.cx = index == 0 ? 120 : 0;
-            column.pszText = caption.data();
-            SendMessageW(list, LVM_INSERTCOLUMNW, index, reinterpret_cast<LPARAM>(&column));
-        }
-        for (int row = 0; row < 20; ++row)
-            AddRow(list, row);
-    }
-
-    static void AddRow(HWND list, int row)
-    {
-        std::wstring text = row == 3 ? std::wstring(300, L'x') : L"row " + std::to_wstring(row);
-        LVITEMW item{};
-        item.mask = LVIF_TEXT;
-        item.iItem = row;
-        item.pszText = text.data();
-        SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
-    }
-};
-
 bool Has(const Events& events, UINT code)
 {
     return std::find(events.begin(), events.end(), static_cast<int>(code)) != events.end();
 }
 
-INT_PTR RunWithList(Lists& lists, std::vector<DialogStep> steps)
-{
-    const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_LISTVIEW_CLASSES};
-    InitCommonControlsEx(&classes);
-    DialogTemplate description(L"Lists", kDialogStyle, 0, 0, 200, 120);
-    description.Add(L"Button", IDOK, L"OK", BS_DEFPUSHBUTTON | WS_TABSTOP, 5, 10, 40, 14)
-        .AddHidden(L"SysListView32", kList, L"", LVS_REPORT | WS_TABSTOP, 60, 10, 100, 60);
-    DialogDriver driver;
-    steps.push_back([](DialogView& view) { view.Click(IDOK); });
-    driver.OnDialog(std::move(steps));
-    return ModalDialog(description, std::ref(lists)).Run();
-}
-
 void RunWithBoxes(Boxes& boxes, const DialogStep& step)
 {
     DialogDriver driver;
-    driver.OnDialog({step, [](DialogView& view) {
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({step, Presses(IDOK)});
     EXPECT_EQ(RunSmallDialog(std::ref(boxes)), IDOK);
 }
 } // namespace
@@ -170,7 +110,7 @@ TEST(DialogView, TypesIntoTheEditFieldOfABox)
 
 TEST(DialogView, ShowsTheListThatIsShown)
 {
-    Lists lists;
+    ListDialog lists;
     RunWithList(lists, {[](DialogView& view) {
                     EXPECT_NE(view.List(), GetDlgItem(view.Window(), kList)) << "the placeholder comes first";
                     EXPECT_EQ(view.Rows(kList), 0);
@@ -188,17 +128,15 @@ TEST(DialogView, ShowsTheListThatIsShown)
 
 TEST(DialogView, SelectsRowsByTheMouse)
 {
-    Lists lists;
-    RunWithList(lists, {[](DialogView& view) { view.SelectRow(view.List(), 1); },
+    ListDialog lists;
+    RunWithList(lists, {Selects(1),
                         [](DialogView& view) {
                             EXPECT_EQ(view.SelectedRow(view.List()), 1);
                             EXPECT_EQ(view.Focus(), kList);
                             EXPECT_NE(view.Dump().find("row* \"row 1\" \"\""), std::string::npos);
                             view.SelectRow(view.List(), 19);
                         },
-                        [](DialogView& view) {
-                            EXPECT_EQ(view.SelectedRow(view.List()), 19);
-                        }});
+                        Sees(RowSelected(19))});
     EXPECT_TRUE(Has(lists.events, NM_CLICK));
     EXPECT_TRUE(Has(lists.events, LVN_ITEMCHANGED));
     EXPECT_FALSE(Has(lists.events, NM_DBLCLK));
@@ -206,11 +144,8 @@ TEST(DialogView, SelectsRowsByTheMouse)
 
 TEST(DialogView, DoubleClicksRows)
 {
-    Lists lists;
-    RunWithList(lists, {[](DialogView& view) { view.DoubleClick(view.List(), 2); },
-                        [](DialogView& view) {
-                            EXPECT_EQ(view.SelectedRow(view.List()), 2);
-                        }});
+    ListDialog lists;
+    RunWithList(lists, {DoubleClicks(2), Sees(RowSelected(2))});
     EXPECT_TRUE(Has(lists.events, NM_CLICK));
     EXPECT_TRUE(Has(lists.events, NM_DBLCLK));
 }

@@ -28,10 +28,10 @@ struct Record
     }
 };
 
-INT_PTR Drive(std::vector<DialogStep> steps, ModalDialog::Handler handler = {})
+INT_PTR Drive(Steps steps, ModalDialog::Handler handler = {})
 {
     DialogDriver driver;
-    steps.push_back([](DialogView& view) { view.Click(IDOK); });
+    steps.push_back(Presses(IDOK));
     driver.OnDialog(std::move(steps));
     return RunSmallDialog(std::move(handler));
 }
@@ -72,13 +72,8 @@ TEST(DialogView, MeasuresInPixelsOfTheDialog)
 TEST(DialogView, ClicksButtons)
 {
     Record record;
-    Drive({[](DialogView& view) {
-              view.Click(kCheck);
-              EXPECT_TRUE(view.IsChecked(kCheck));
-              EXPECT_EQ(view.Focus(), kCheck);
-              view.Click(kCheck);
-              EXPECT_FALSE(view.IsChecked(kCheck));
-          }},
+    Drive({Presses(kCheck), Sees(Checked(kCheck)), Sees(FocusOn(kCheck)), Presses(kCheck),
+           Sees(Unchecked(kCheck))},
           std::ref(record));
     EXPECT_EQ(record.events, (Events{"102:0", "102:0", "1:0"}));
 }
@@ -86,13 +81,13 @@ TEST(DialogView, ClicksButtons)
 TEST(DialogView, RefusesWhatNoUserCanDo)
 {
     const std::vector<std::pair<DialogStep, std::string>> cases = {
-        {[](DialogView& view) { view.Click(kHidden); }, "no user can use the control 103"},
-        {[](DialogView& view) { view.Click(kDisabled); }, "no user can use the control 104"},
-        {[](DialogView& view) { view.Click(999); }, "there is no control 999"},
-        {[](DialogView& view) { view.Type(kHidden, L"x"); }, "no user can use the control 103"},
-        {[](DialogView& view) { EXPECT_EQ(view.Text(999), L""); }, "there is no control 999"},
-        {[](DialogView& view) { view.Choose(kDropDown, 5); }, "the box 105 has no item 5"},
-        {[](DialogView& view) { view.Choose(kDropDown, L"none"); }, "the box 105 has no item \"none\""},
+        {Presses(kHidden), "no user can use the control 103"},
+        {Presses(kDisabled), "no user can use the control 104"},
+        {Presses(999), "there is no control 999"},
+        {Types(kHidden, L"x"), "no user can use the control 103"},
+        {Sees(Shows(999, L"")), "there is no control 999"},
+        {Chooses(kDropDown, 5), "the box 105 has no item 5"},
+        {Chooses(kDropDown, L"none"), "the box 105 has no item \"none\""},
         {[](DialogView& view) { EXPECT_EQ(view.List(), nullptr); }, "lists are shown in"}};
     for (const auto& [step, text] : cases)
     {
@@ -106,15 +101,8 @@ TEST(DialogView, RefusesWhatNoUserCanDo)
 TEST(DialogView, TypesIntoEditFields)
 {
     Record record;
-    Drive({[](DialogView& view) {
-              view.Type(kEdit, L"gr\u00fc");
-              EXPECT_EQ(view.Focus(), kEdit);
-              EXPECT_EQ(view.Text(kEdit), L"gr\u00fc");
-              view.SetText(kEdit, L"x");
-              EXPECT_EQ(view.Text(kEdit), L"x");
-              view.SetText(kEdit, L"");
-              EXPECT_EQ(view.Text(kEdit), L"");
-          }},
+    Drive({Types(kEdit, L"gr\u00fc"), Sees(FocusOn(kEdit)), Sees(Shows(kEdit, L"gr\u00fc")),
+           Enters(kEdit, L"x"), Sees(Shows(kEdit, L"x")), Enters(kEdit, L""), Sees(Shows(kEdit, L""))},
           std::ref(record));
     EXPECT_EQ(std::count(record.events.begin(), record.events.end(), "101:768"), 5);
 }
@@ -122,11 +110,7 @@ TEST(DialogView, TypesIntoEditFields)
 TEST(DialogView, PressesKeysWhereTheFocusIs)
 {
     int focus = 0;
-    Drive({[](DialogView& view) { view.Press(VK_TAB); },
-           [](DialogView& view) {
-               EXPECT_EQ(view.Focus(), IDCANCEL);
-               view.Press(VK_TAB, DialogView::kShift);
-           },
+    Drive({Types("Tab"), Sees(FocusOn(IDCANCEL)), Types("shift+Tab"),
            [](DialogView& view) {
                EXPECT_EQ(view.Focus(), IDOK);
                EXPECT_GE(GetKeyState(VK_SHIFT), 0) << "Shift is not held any longer";
@@ -153,9 +137,7 @@ TEST(DialogView, LeavesByEnterAndEscape)
 TEST(DialogView, LeavesByTheCloseBox)
 {
     DialogDriver driver;
-    driver.OnDialog({[](DialogView& view) {
-        view.Close();
-    }});
+    driver.OnDialog({Closes()});
     EXPECT_EQ(RunSmallDialog(), IDCANCEL);
 }
 
@@ -165,10 +147,7 @@ TEST(DialogView, HasNoCloseBoxWithoutSystemMenu)
     description.Add(L"Button", IDOK, L"OK", BS_DEFPUSHBUTTON | WS_TABSTOP, 10, 10, 50, 14);
     const std::vector<std::string> failures = CaughtFailures([&] {
         DialogDriver driver;
-        driver.OnDialog({[](DialogView& view) { view.Close(); },
-                         [](DialogView& view) {
-                             view.Click(IDOK);
-                         }});
+        driver.OnDialog({Closes(), Presses(IDOK)});
         EXPECT_EQ(ModalDialog(description).Run(), IDOK);
     });
     ASSERT_EQ(failures.size(), 1u) << failures.back();
