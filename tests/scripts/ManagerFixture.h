@@ -131,7 +131,7 @@ protected:
     HRESULT GetCommands(const wchar_t* typeName = L"machine", int userInterface = 1)
     {
         host.calls.clear();
-        const BstrArgument type(typeName);
+        const Bstr type(typeName);
         return manager->GetScriptCommands(&query, set.get(), type.get(), nullptr, userInterface, nullptr,
                                           &result);
     }
@@ -139,7 +139,7 @@ protected:
     HRESULT GetActions(const wchar_t* typeName = L"machine")
     {
         host.calls.clear();
-        const BstrArgument type(typeName);
+        const Bstr type(typeName);
         return manager->GetScriptsForAction(&query, set.get(), type.get(), nullptr, 7, 1, &result);
     }
 

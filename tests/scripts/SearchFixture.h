@@ -6,6 +6,8 @@
 #include "Untouched.h"
 #include "XQPComBSTR.h"
 
+#include "Bstr.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -92,19 +94,4 @@ protected:
     const Calls inSet = {Equal("orvoplantypeset", "UNKNOWN set"), Cat(1)};
     const Calls inSetOrMaster = {Cat(4), Equal("orvoplantypeset", "UNKNOWN set"), Cat(2),
                                  Equal("orvoplantypeset", "UNKNOWN reference to masterset"), Cat(9)};
-};
-
-/// A BSTR argument: the text, or a null BSTR for null.
-class BstrArgument
-{
-public:
-    explicit BstrArgument(const wchar_t* text) : m_text(text ? SysAllocString(text) : nullptr) {}
-    ~BstrArgument() { SysFreeString(m_text); }
-    BstrArgument(const BstrArgument&) = delete;
-    BstrArgument& operator=(const BstrArgument&) = delete;
-
-    BSTR get() const noexcept { return m_text; }
-
-private:
-    BSTR m_text;
 };

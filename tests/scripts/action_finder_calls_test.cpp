@@ -20,7 +20,7 @@ protected:
     HRESULT Find(const wchar_t* typeName, const ComPtr<MemoryObject>& ofPlanType, int actionType = 7,
                  int beforeAfter = 1)
     {
-        const BstrArgument type(typeName);
+        const Bstr type(typeName);
         host.calls.clear();
         return finder.FindScriptActions(&query, set.get(), type.get(), ofPlanType.get(), actionType,
                                         beforeAfter, found.put());

@@ -19,7 +19,7 @@ protected:
     HRESULT Find(IQP_Query* asked, IQP_BaseDataObject* ofSet, const wchar_t* typeName,
                  IQP_BaseDataObject* ofPlanType)
     {
-        const BstrArgument type(typeName);
+        const Bstr type(typeName);
         host.calls.clear();
         const HRESULT status = finder.FindScriptActions(asked, ofSet, type.get(), ofPlanType, 7, 1, &found);
         EXPECT_EQ(CUiState::Depth(), 0);
@@ -97,7 +97,7 @@ TEST_F(ActionFinderResult, TheEnumeratorIsHandedOutWithItsOwnReference)
 
 TEST_F(ActionFinderResult, ANullOutArgumentLeavesTheStatusAndReleasesTheEnumerator)
 {
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(finder.FindScriptActions(&query, set.get(), type.get(), nullptr, 7, 1, nullptr), S_OK);
     EXPECT_CALLS(wholeSearch);
     query.result->AddRef();
@@ -242,7 +242,7 @@ TEST_F(ActionFinderResult, TheQueryIsHeldUntilTheFinderEnds)
 {
     {
         XScriptActionFinder own;
-        const BstrArgument type(L"machine");
+        const Bstr type(L"machine");
         EXPECT_EQ(own.FindScriptActions(&query, set.get(), type.get(), nullptr, 7, 1, nullptr), S_OK);
         EXPECT_EQ(query.References(), 1u);
         EXPECT_EQ(own.FindScriptActions(&query, set.get(), type.get(), nullptr, 7, 1, nullptr), S_OK);

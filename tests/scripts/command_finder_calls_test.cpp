@@ -20,8 +20,8 @@ protected:
     HRESULT Find(const wchar_t* typeName, const ComPtr<MemoryObject>& ofPlanType, int userInterface = 1,
                  const wchar_t* browser = L"browser")
     {
-        const BstrArgument type(typeName);
-        const BstrArgument browserId(browser);
+        const Bstr type(typeName);
+        const Bstr browserId(browser);
         host.calls.clear();
         return finder.FindScriptCommands(&query, set.get(), type.get(), ofPlanType.get(), userInterface,
                                          browserId.get(), found.put());
@@ -167,7 +167,7 @@ TEST_F(CommandFinderCalls, TheBrowserIsNeverRead)
     EXPECT_CALLS(withOne);
 
     // Not even looked at: this one cannot be.
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     host.calls.clear();
     EXPECT_EQ(finder.FindScriptCommands(&query, set.get(), type.get(), planType.get(), 1,
                                         reinterpret_cast<BSTR>(0x10), found.put()),

@@ -19,7 +19,7 @@ protected:
     HRESULT Find(IQP_Query* asked, IQP_BaseDataObject* ofSet, const wchar_t* typeName,
                  IQP_BaseDataObject* ofPlanType)
     {
-        const BstrArgument type(typeName);
+        const Bstr type(typeName);
         host.calls.clear();
         const HRESULT status =
             finder.FindScriptCommands(asked, ofSet, type.get(), ofPlanType, 1, nullptr, &found);
@@ -97,7 +97,7 @@ TEST_F(CommandFinderResult, TheEnumeratorIsHandedOutWithItsOwnReference)
 
 TEST_F(CommandFinderResult, ANullOutArgumentLeavesTheStatusAndReleasesTheEnumerator)
 {
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(finder.FindScriptCommands(&query, set.get(), type.get(), nullptr, 1, nullptr, nullptr), S_OK);
     query.result->AddRef();
     EXPECT_EQ(query.result->Release(), 1u);
@@ -188,7 +188,7 @@ TEST_F(CommandFinderResult, TheQueryIsHeldUntilTheFinderEndsOrSearchesAnother)
 {
     {
         XScriptCommandFinder own;
-        const BstrArgument type(L"machine");
+        const Bstr type(L"machine");
         EXPECT_EQ(own.FindScriptCommands(&query, set.get(), type.get(), nullptr, 1, nullptr, nullptr), S_OK);
         EXPECT_EQ(query.References(), 1u);
         EXPECT_EQ(own.FindScriptCommands(nullptr, set.get(), type.get(), nullptr, 1, nullptr, nullptr),

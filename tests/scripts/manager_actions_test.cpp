@@ -47,7 +47,7 @@ TEST_F(ScriptsForAction, TheArgumentsReachTheSearchUnchanged)
 {
     GiveSetMaster();
     GivePlanTypeMaster();
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptsForAction(&query, set.get(), type.get(), planType.get(), 12, 0, &result),
               S_OK);
     EXPECT_CALLS(
@@ -151,7 +151,7 @@ TEST_F(ScriptsForAction, AFailedSearchDeliversWhatTheListHeldAndTheStatusOfItsCe
 
 TEST_F(ScriptsForAction, BadArgumentsGiveTheSearchsStatusAndAnArrayWithoutRows)
 {
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptsForAction(nullptr, set.get(), type.get(), nullptr, 7, 1, &result),
               E_POINTER);
     EXPECT_EQ(Rows(), TextRows{});
@@ -298,7 +298,7 @@ TEST_F(ScriptsForAction, TheOldValueOfTheVariantIsCleared)
     }
     EXPECT_EQ(host.LiveObjects(), before + 1);
     Finds({});
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptsForAction(&query, set.get(), type.get(), nullptr, 7, 1, &result.Value()),
               S_OK);
     EXPECT_EQ(Rows(), TextRows{});
@@ -309,7 +309,7 @@ TEST_F(ScriptsForAction, TheOldValueOfTheVariantIsCleared)
 TEST_F(ScriptsForAction, WithoutAVariantTheSearchAndTheWalkRunAllTheSame)
 {
     Finds({Action("a1", Script("weld"))});
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptsForAction(&query, set.get(), type.get(), nullptr, 7, 1, nullptr), S_OK);
     EXPECT_EQ(Walked(), (Calls{"RemNext(1)", "a1.GetAttribute(script)", "RemNext(1)"}));
     EXPECT_EQ(GetActions(), S_OK);

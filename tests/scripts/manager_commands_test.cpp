@@ -58,8 +58,8 @@ TEST_F(ScriptCommands, TheArgumentsReachTheSearchUnchanged)
 {
     GiveSetMaster();
     GivePlanTypeMaster();
-    const BstrArgument type(L"machine");
-    const BstrArgument browser(L"navigator");
+    const Bstr type(L"machine");
+    const Bstr browser(L"navigator");
     EXPECT_EQ(
         manager->GetScriptCommands(&query, set.get(), type.get(), planType.get(), 2, browser.get(), &result),
         S_OK);
@@ -130,7 +130,7 @@ TEST_F(ScriptCommands, APromptOfAnotherTypeIsConverted)
 {
     const auto number = ScriptCommand("c1", nullptr, Script("s1"));
     number->Set(L"m_strPrompt", 42);
-    const BstrArgument behind(L"behind");
+    const Bstr behind(L"behind");
     BSTR text = behind.get();
     VARIANT reference;
     reference.vt = VT_BYREF | VT_BSTR;
@@ -277,7 +277,7 @@ TEST_F(ScriptCommands, AMacroWithoutAPromptIsCalledByItsName)
 
 TEST_F(ScriptCommands, AMacroNameBehindAReferenceIsFollowed)
 {
-    const BstrArgument behind(L"Behind");
+    const Bstr behind(L"Behind");
     BSTR text = behind.get();
     VARIANT reference;
     reference.vt = VT_BYREF | VT_BSTR;

@@ -56,7 +56,7 @@ TEST_F(CommandStatus, AFailedSearchIsItsStatusWithNoRows)
 
 TEST_F(CommandStatus, BadArgumentsAreTheSearchsStatusWithNoRows)
 {
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptCommands(nullptr, set.get(), type.get(), nullptr, 1, nullptr, &result),
               E_POINTER);
     EXPECT_EQ(Rows(), TextRows{});
@@ -234,7 +234,7 @@ TEST_F(CommandStatus, TheOldValueOfTheVariantIsCleared)
         old->AddRef();
     }
     Finds({});
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptCommands(&query, set.get(), type.get(), nullptr, 1, nullptr, &result.Value()),
               S_OK);
     query.result.reset();
@@ -248,7 +248,7 @@ TEST_F(CommandStatus, AnOldArrayIsDestroyedWithWhatItHolds)
     Finds({Good()});
     EXPECT_EQ(GetCommands(), S_OK);
     Finds({});
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptCommands(&query, set.get(), type.get(), nullptr, 1, nullptr, &result.Value()),
               S_OK);
     query.result.reset();
@@ -263,7 +263,7 @@ TEST_F(CommandStatus, AnOldArrayThatIsLockedIsLeftToWhoeverLockedIt)
     SAFEARRAY* const old = result.Value().parray;
     ASSERT_EQ(SafeArrayLock(old), S_OK);
     Finds({});
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptCommands(&query, set.get(), type.get(), nullptr, 1, nullptr, &result.Value()),
               S_OK);
     EXPECT_NE(result.Value().parray, old);
@@ -282,7 +282,7 @@ TEST_F(CommandStatus, WithoutAVariantTheSearchAndTheWalkRunInFull)
 {
     const int before = host.LiveObjects();
     Finds({Good()});
-    const BstrArgument type(L"machine");
+    const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptCommands(&query, set.get(), type.get(), nullptr, 1, nullptr, nullptr), S_OK);
     EXPECT_EQ(Walked(), (Calls{"RemNext(1)", "good.HasRight(4)", "good.GetAttribute(m_strPrompt)",
                                "good.GetAttribute(m_nameShort)", "good.GetAttribute(script)",

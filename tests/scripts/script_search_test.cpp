@@ -41,7 +41,7 @@ TEST_F(ScriptSearch, TheComparisonIsPassedOn)
 TEST_F(ScriptSearch, TheHostGetsItsOwnCopyOfTheValueWithReferencesResolved)
 {
     XScriptSearch search(&query);
-    const BstrArgument text(L"behind");
+    const Bstr text(L"behind");
     BSTR shared = text.get();
     VARIANT reference;
     reference.vt = VT_BYREF | VT_BSTR;

@@ -25,7 +25,7 @@ protected:
         {
             for (const ComPtr<MemoryObject>& ofPlanType : {ComPtr<MemoryObject>(), planType})
             {
-                const BstrArgument type(typeName);
+                const Bstr type(typeName);
                 qptools::XScriptActionFinder actions;
                 ComPtr<IEnumBaseDataObject> found;
                 actions.FindScriptActions(asked, ofSet, type.get(), ofPlanType.get(), 7, 1, found.put());

@@ -1,5 +1,6 @@
 // The choosers and the look-ups on the sample plant.
 #include "ChooserPlant.h"
+#include "Parameters.h"
 #include "Story.h"
 
 #include <sstream>
@@ -219,21 +220,15 @@ TEST_F(PlantChoosers, TheGenericDialogTakesObjectsOfThePlant)
     ComPtr<IQPSelectDlg> dialog;
     ASSERT_EQ(module.Create(CLSID_QPSelectDlg, dialog), S_OK);
     const auto roof = Find(L"orvoitem", L"Roof");
-    tagINITVALUE values[3] = {
-        {SysAllocString(L"Caption"), {}}, {SysAllocString(L"Prompt0"), {}}, {SysAllocString(L"Object0"), {}}};
-    const XQPComVariant caption(L"Which item?");
-    const XQPComVariant prompt(L"The roof");
-    values[0].varValue = caption;
-    values[1].varValue = prompt;
-    values[2].varValue.vt = VT_UNKNOWN;
-    values[2].varValue.punkVal = roof.get();
+    Parameters parameters;
+    parameters.Text(L"Caption", L"Which item?").Entry(0, L"The roof", roof.get());
     dialogs.OnDialog(
         {Sees(Titled(L"Which item?")), Sees(RowCount(1)), Sees(InRow(0, {L"The roof", L""})), Presses(IDOK)});
     ComPtr<IUnknown> selected;
-    EXPECT_EQ(Recorded([&] { return dialog->ShowDialog(3, values, selected.put()); }), S_OK);
+    EXPECT_EQ(
+        Recorded([&] { return dialog->ShowDialog(parameters.Count(), parameters.Values(), selected.put()); }),
+        S_OK);
     EXPECT_EQ(NameInPlant(selected.get()), "Roof");
     EXPECT_EQ(record, Lines{});
-    for (const tagINITVALUE& value : values)
-        SysFreeString(value.bstrParamName);
 }
 } // namespace

@@ -1,6 +1,8 @@
 // Which entries a parameter array makes.
 #include "SelectDialogFixture.h"
 
+#include "Bstr.h"
+
 namespace
 {
 TEST_F(SelectDialog, NoneOrOneElementIsNoEntry)
@@ -107,14 +109,13 @@ TEST_F(SelectDialog, ValuesMayComeByAddress)
     XQPComBSTR prompt(L"A");
     BSTR text = prompt;
     IUnknown* object = Of(a);
-    tagINITVALUE values[2] = {{SysAllocString(L"Prompt0"), {}}, {SysAllocString(L"Object0"), {}}};
+    const Bstr names[] = {Bstr(L"Prompt0"), Bstr(L"Object0")};
+    tagINITVALUE values[2] = {{names[0].get(), {}}, {names[1].get(), {}}};
     values[0].varValue.vt = VT_BYREF | VT_BSTR;
     values[0].varValue.pbstrVal = &text;
     values[1].varValue.vt = VT_BYREF | VT_UNKNOWN;
     values[1].varValue.ppunkVal = &object;
     EXPECT_EQ(Rows(2, values), Texts{L"A"});
-    for (tagINITVALUE& value : values)
-        SysFreeString(value.bstrParamName);
 }
 
 TEST_F(SelectDialog, AnObjectGivenTwiceHasOneRowWithItsFirstPrompt)

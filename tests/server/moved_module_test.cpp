@@ -3,6 +3,7 @@
 #include "BuiltFiles.h"
 #include "LogFolder.h"
 
+#include "Bstr.h"
 #include "ComPtr.h"
 
 #include "qptools.h"
@@ -78,9 +79,7 @@ protected:
         EXPECT_EQ(get(CLSID_QPUserActionLog, __uuidof(IClassFactory), factory.putVoid()), S_OK);
         ComPtr<IQPUserActionLog> log;
         EXPECT_EQ(factory->CreateInstance(nullptr, __uuidof(IQPUserActionLog), log.putVoid()), S_OK);
-        const BSTR name = SysAllocString(L"Robot");
-        EXPECT_EQ(log->WriteUserActionInfo(nullptr, nullptr, nullptr, name, nullptr), S_OK);
-        SysFreeString(name);
+        EXPECT_EQ(log->WriteUserActionInfo(nullptr, nullptr, nullptr, Bstr(L"Robot").get(), nullptr), S_OK);
         const std::string text = logs.Bytes();
         const std::size_t end = text.find("Robot\n");
         const std::size_t start = text.rfind('\n', end) + 1;
