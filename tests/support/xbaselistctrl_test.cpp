@@ -84,7 +84,11 @@ TEST_F(BaseList, TakesThePlaceOfAControlAndHidesIt)
     ASSERT_TRUE(dialog.SubclassWindow(m_window));
     XBaseListCtrl other;
     ASSERT_TRUE(other.CreateInPlaceOf(dialog, 206, WS_CHILD | WS_VISIBLE, 203));
-    EXPECT_EQ(dialog.ScreenToClient(other.GetWindowRect()), place);
+    const CRect shown = dialog.ScreenToClient(other.GetWindowRect());
+    EXPECT_EQ(shown.left, place.left);
+    EXPECT_EQ(shown.top, place.top);
+    EXPECT_EQ(shown.right, place.right);
+    EXPECT_EQ(shown.bottom, place.bottom);
     EXPECT_EQ(GetDlgCtrlID(other.m_hWnd), 203);
     EXPECT_FALSE(IsWindowVisible(frame));
     EXPECT_EQ(other.GetStyle() & LVS_TYPEMASK, LVS_REPORT);
