@@ -33,9 +33,7 @@ bool Granted() noexcept
 }
 
 #ifdef _WIN32
-void Hook(bool (*)() noexcept)
-{
-}
+void Hook(bool (*)() noexcept) {}
 #else
 void Hook(bool (*granted)() noexcept)
 {

@@ -5,7 +5,8 @@
 
 #include <string>
 
-/// An empty folder that QPTOOLS_LOG_DIR names: logs are written there while the object lives. Deleted with it.
+/// An empty folder that QPTOOLS_LOG_DIR names: logs are written there while the object lives. Deleted with
+/// it.
 class LogFolder
 {
 public:
