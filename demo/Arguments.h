@@ -1,4 +1,4 @@
-// What the demonstration was asked to do.
+// The command line of the demonstration.
 #pragma once
 
 #include <filesystem>
@@ -7,17 +7,17 @@
 struct Arguments
 {
     std::filesystem::path database; ///< empty: a plant in memory
-    std::filesystem::path sample;   ///< the sample data; the folder "sample" beside the program unless named
-    bool sampleNamed = false;       ///< the sample data were named
-    bool registerModule = false;    ///< register the module for this process before it is used
-    std::filesystem::path pictures; ///< where pictures are asked for; empty: nowhere
-    std::wstring dialogs; ///< show the dialogs alone, in this language; empty: everything, in English
+    std::filesystem::path sample;   ///< the sample data; by default the folder "sample" beside the program
+    bool sampleNamed = false;       ///< the sample data were given on the command line
+    bool registerModule = false;    ///< register the module for this process first
+    std::filesystem::path pictures; ///< the folder for requests of pictures; empty: none
+    std::wstring dialogs;           ///< only the dialogs, in this language; empty: everything, in English
     bool help = false;
-    std::wstring error; ///< what is wrong with the arguments, if anything is
+    std::wstring error; ///< what is wrong with the arguments; empty: nothing
 };
 
 /// Reads the command line of the process.
 Arguments ReadArguments();
 
-/// How the program is called.
+/// The usage text.
 std::wstring UsageText();

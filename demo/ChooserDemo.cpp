@@ -18,7 +18,7 @@ namespace
 {
 constexpr int kCreateNewButton = 3;
 
-// Prompts of hosts in other countries. Written by their numbers: the second one runs from right to left.
+// Prompts in other scripts. Written as character codes because the second one runs from right to left.
 constexpr wchar_t kAssemblyInJapanese[] = L"\u7d44\u7acb";
 constexpr wchar_t kPaintingInArabic[] = L"\u0637\u0644\u0627\u0621";
 
@@ -78,7 +78,7 @@ void CChooserDemo::ChooseProject()
 void CChooserDemo::PassOverAProject()
 {
     PrintLine(L"\nProjects of which the first has no name to be read");
-    constexpr int kReadOfTheFirstName = 4; // behind two lists of the projects and a step to the first one
+    constexpr int kReadOfTheFirstName = 4; // after two child lists of projects and one RemNext
     const auto choice = NewProjectChoice(m_texts.noneOfThese);
     const ComPtr<IQP_BaseDataObject> root = Find(L"root", L"root");
     if (!choice || !root)
@@ -247,7 +247,7 @@ void CChooserDemo::LookUpContexts()
         ComPtr<IQP_BaseDataObject> planType;
         if (!object)
             continue;
-        // A plan type is an item's alone; to ask others for one is an error of the caller's.
+        // Only items have a plan type; asking another object for one is an error of the caller.
         const bool isItem = std::wstring(kind) == L"orvoitem";
         const HRESULT status =
             isItem ? lookup->GetProjectAndPlanType(object.get(), project.put(), planType.put())

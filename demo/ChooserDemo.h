@@ -15,11 +15,11 @@
 
 class BoxAnswers;
 
-/// Opens each chooser on the sample plant, does in it what a user would do, and prints what came back.
+/// Opens each chooser on the sample plant, uses it as a user would, and prints the result.
 class CChooserDemo
 {
 public:
-    /// `language` is the user's. `expect` is told what held and what did not.
+    /// `language` is the user's. `expect` is called with each check and its outcome.
     CChooserDemo(refhost::Plant& plant, CPictures& pictures, const std::wstring& language,
                  std::function<void(bool held, const std::wstring& what)> expect);
 
@@ -37,7 +37,7 @@ private:
 
     void Picture(const char* name) const;
 
-    /// The next message box is printed, and OK is pressed.
+    /// Prints the next message box and presses its OK button.
     void ReadMessage(BoxAnswers& boxes, const char* picture) const;
 
     ComPtr<IQP_BaseDataObject> Find(const wchar_t* table, const wchar_t* name);

@@ -1,4 +1,4 @@
-// Components of the module, made as any host makes them, and texts for their arguments.
+// Components of the module, created as any host creates them.
 #pragma once
 
 #include "ComPtr.h"

@@ -22,7 +22,7 @@ std::wstring Shown(const wchar_t* text)
     return text ? std::wstring(L"\"") + text + L"\"" : L"none";
 }
 
-/// The arguments that both kinds of searches have in common.
+/// The arguments common to both kinds of searches.
 struct Question
 {
     IScriptActionAndCommandManager* manager;
@@ -55,7 +55,7 @@ std::wstring ModeText(const std::wstring& mode)
     return mode == L"1" ? L"each object" : L"no mode but \"" + mode + L"\"";
 }
 
-/// The user's order of names, in which commands come.
+/// Compares names in the user's sort order, as commands are sorted.
 bool ComesBefore(const std::vector<std::wstring>& first, const std::vector<std::wstring>& second)
 {
     const CText firstName(first.front().c_str());
@@ -72,7 +72,7 @@ std::wstring InOneLine(const std::vector<std::wstring>& row)
     return line;
 }
 
-/// A line of the log with "<time stamp>" where it has one.
+/// A line of the log with its time stamp replaced by "<time stamp>".
 std::wstring WithoutTime(const std::wstring& line)
 {
     const std::wstring shape = L"Date/Time 0000-00-00 @ 00:00:00";
@@ -121,7 +121,7 @@ bool CDemo::RunDialogs()
 void CDemo::ShowChoosers()
 {
     PrintLine(Underlined(L"Choosers"));
-    // Two of the lists follow the objects' addresses.
+    // The order of two lists is that of the objects' addresses.
     const refhost::ObjectsInOrder inOrder;
     CChooserDemo(*m_plant, m_pictures, m_language, [this](bool held, const std::wstring& what) {
         Expect(held, what);
@@ -190,7 +190,7 @@ void CDemo::ShowCommands(const CommandCase& search)
 template <class Method>
 long CDemo::Ask(const SearchContext& context, long columns, CVariantHolder& result, Method&& method)
 {
-    // One object a call: its result is one search's alone.
+    // A new object for each call: its result is valid for one search.
     const ComPtr<IScriptActionAndCommandManager> manager = NewManager();
     const ComPtr<IQP_BaseDataObject> planTypeSet = Find(L"plantypeset", context.planTypeSet);
     const ComPtr<IQP_BaseDataObject> planType =

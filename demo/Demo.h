@@ -19,13 +19,13 @@
 class CDemo
 {
 public:
-    /// Takes the plant that the host side answers from. `language` is that of the dialogs.
+    /// `plant` answers the host calls. `language` is that of the dialogs.
     CDemo(std::unique_ptr<refhost::Plant> plant, CPictures pictures, std::wstring language);
 
-    /// Runs all steps. Returns true if everything held; what did not has been printed.
+    /// Runs all steps. Returns true if every check held; failed ones are printed.
     bool Run();
 
-    /// Runs those steps alone that open dialogs.
+    /// Runs only the steps that open dialogs.
     bool RunDialogs();
 
 private:

@@ -12,8 +12,8 @@ constexpr int kChange = 2;
 constexpr wchar_t kOnce[] = L"all objects at once";
 constexpr wchar_t kEach[] = L"each object";
 
-// What is found beyond the rows: "Weld archive" runs a script that the user may not run, "Weld secret" may
-// not be run itself, "Weld service" has no rights to ask for and "Weld notify" a script without; "Robot macro
+// Found but not shown: "Weld archive" runs a script that the user may not execute, "Weld secret" may not be
+// executed itself, "Weld service" has no rights service, nor has the script of "Weld notify"; "Robot macro
 // unnamed" has neither script nor macro.
 
 constexpr char kAfterWeldCalls[] = R"(

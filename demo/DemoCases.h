@@ -1,10 +1,10 @@
-// What the demonstration asks for, and what the sample plant holds for it.
+// The searches of the demonstration and their results on the sample plant.
 #pragma once
 
 #include <string>
 #include <vector>
 
-/// Rows of texts, as they are shown.
+/// Rows of texts as they are printed.
 using ShownRows = std::vector<std::vector<std::wstring>>;
 
 /// The context of a call.
@@ -23,8 +23,8 @@ struct ActionCase
     int actionType;
     int beforeAfter;   ///< 0 after, 1 before
     ShownRows rows;    ///< action, sequence, script; in ascending sequence
-    int hostCalls;     ///< how many calls the host serves
-    const char* calls; ///< the same calls, each in its place; see InWords
+    int hostCalls;     ///< the number of host calls
+    const char* calls; ///< the same calls in order; see InWords
 };
 
 /// A search for commands.
@@ -32,7 +32,7 @@ struct CommandCase
 {
     SearchContext context;
     int userInterfaceType; ///< 1 context menu, 2 properties sheet
-    ShownRows rows;        ///< display name, what it runs, for which objects; in any order
+    ShownRows rows;        ///< display name, script or macro, execution mode; in any order
     int hostCalls;
     const char* calls;
 };

@@ -1,15 +1,15 @@
-// The user action log, as the file that it is.
+// The file of the user action log.
 #pragma once
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
-/// The log file of the user actions: in QPTOOLS_LOG_DIR, or else in the user's own folder.
+/// The path of the user action log: in QPTOOLS_LOG_DIR or, by default, in the user's folder.
 std::filesystem::path UserActionLogFile();
 
-/// Its size in bytes, 0 if there is none.
+/// Its size in bytes; 0 if it does not exist.
 std::uintmax_t SizeOf(const std::filesystem::path& file);
 
-/// The lines that were appended behind `offset`.
+/// The lines after byte `offset`.
 std::vector<std::wstring> LinesBehind(const std::filesystem::path& file, std::uintmax_t offset);

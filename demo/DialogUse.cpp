@@ -4,7 +4,7 @@
 
 #include <commctrl.h>
 
-/// The row that the user means, by what its first column shows; -1 for none.
+/// The index of the row whose first column shows that text; -1 if there is none.
 static int RowOf(const DialogView& view, const std::wstring& name)
 {
     int row = view.Rows(view.List()) - 1;
@@ -39,7 +39,7 @@ void SelectNothing(const DialogView& view)
     RECT area{};
     GetClientRect(list, &area);
     const LPARAM corner = MAKELPARAM(area.right - 3, area.bottom - 3);
-    // The list looks for the button to come up while it handles the press.
+    // While it handles the press, the list waits for the button to be released.
     PostMessageW(list, WM_LBUTTONUP, 0, corner);
     SendMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, corner);
 }

@@ -1,4 +1,4 @@
-// What the demonstration's user sees and does in a dialog.
+// What the demonstration's user reads and does in a dialog.
 #pragma once
 
 #include "DialogView.h"
@@ -11,7 +11,7 @@ void PrintRows(const DialogView& view);
 /// Selects the row whose first column shows `name`, and presses OK.
 void PickRow(const DialogView& view, const std::wstring& name);
 
-/// Takes the selection away by a click into the corner behind the last row.
+/// Clears the selection with a click below the last row.
 void SelectNothing(const DialogView& view);
 
 void PressOk(const DialogView& view);
@@ -19,5 +19,5 @@ void PressOk(const DialogView& view);
 /// Tells of it, too.
 void PressButton(const DialogView& view, int button);
 
-/// A text of several lines with the further ones indented, as messages are printed.
+/// Indents all lines but the first, as messages are printed.
 std::wstring Indented(std::wstring text);

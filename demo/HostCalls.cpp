@@ -5,7 +5,7 @@
 
 namespace
 {
-/// A recorded call: "Interface<object>::Method(arguments)", where most have no object.
+/// A recorded call: "Interface<object>::Method(arguments)". Most have no object.
 struct Call
 {
     std::string object;
@@ -35,7 +35,7 @@ std::string WithoutQuotes(const std::string& text)
                                                                         : text;
 }
 
-/// `"type", 1, "tool", 0` as `type = "tool"`; empty for another comparison or joining than that.
+/// `"type", 1, "tool", 0` as `type = "tool"`; empty for any other comparison or catenation.
 std::string Criterion(const std::string& arguments)
 {
     const std::string equals = ", 1, ";

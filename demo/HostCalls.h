@@ -1,4 +1,4 @@
-// The calls that the host had to serve, in a short form that reads as a sentence.
+// Recorded host calls in a short, readable form.
 #pragma once
 
 #include <string>
@@ -12,5 +12,5 @@
 ///     <plantypeset Machining> master ResetSearch(0) SetSearchTable("scriptaction") type = "tool" AND ...
 std::string InWords(const std::vector<std::string>& calls);
 
-/// The same text with every run of blanks and line feeds as one blank, and none at its ends.
+/// Replaces each run of blanks and line feeds with one blank, and trims the text.
 std::string OnOneLine(const std::string& text);

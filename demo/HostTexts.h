@@ -1,4 +1,4 @@
-// What the demonstration says as a host: the texts that a host gives the dialogs, in the user's language.
+// The texts that the demonstration, as a host, passes to the dialogs, in the user's language.
 #pragma once
 
 #include <string>
@@ -14,5 +14,5 @@ struct HostTexts
     const wchar_t* turning;
 };
 
-/// English for every language that the demonstration does not speak.
+/// English for every language without texts of its own.
 const HostTexts& HostTextsIn(const std::wstring& language);

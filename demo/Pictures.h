@@ -1,11 +1,11 @@
-// Pictures of what is on the screen, taken by whoever looks at it.
+// Requests for pictures of the screen, which another program takes.
 #pragma once
 
 #include <filesystem>
 #include <string>
 
-/// Asks for pictures by files in a folder: "NAME.request" appears and is there until the picture is taken.
-/// Without a folder nobody is asked.
+/// A request is a file "NAME.request" in a folder; it is deleted when the picture has been taken. Without a
+/// folder nothing is requested.
 class CPictures
 {
 public:
@@ -13,8 +13,8 @@ public:
 
     bool Wanted() const { return !m_folder.empty(); }
 
-    /// Asks for a picture of the active window and lets windows draw themselves until it is there. False if
-    /// nobody took it in time, and from then on, without asking; true without a folder.
+    /// Requests a picture of the active window and dispatches messages until it has been taken. Returns false
+    /// if that takes too long and, without a request, ever after; true without a folder.
     bool Take(const std::string& name);
 
 private:

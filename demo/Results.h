@@ -1,4 +1,4 @@
-// What the script service answered, read out of its arrays.
+// Reads the result arrays of the script service.
 #pragma once
 
 #include "ComPtr.h"
@@ -32,11 +32,11 @@ private:
 /// array.
 long RowsOf(const VARIANT& array, long columns);
 
-/// A text cell, empty for any other.
+/// The text of a cell; empty if it is not a VT_BSTR.
 std::wstring TextCell(const VARIANT& array, long row, long column);
 
-/// The data object of an object cell, null for any other.
+/// The data object of a cell; null if the cell is not an object.
 ComPtr<IQP_BaseDataObject> ObjectCell(const VARIANT& array, long row, long column);
 
-/// An attribute of a data object as text, empty without one.
+/// An attribute of a data object as text; empty if it has no value.
 std::wstring AttributeText(IQP_BaseDataObject* object, const wchar_t* name);

@@ -1,4 +1,4 @@
-// Prompts and objects as the generic selection wants them.
+// The parameters of the generic selection dialog.
 #pragma once
 
 #include "Created.h"
@@ -9,14 +9,14 @@
 #include <string>
 #include <vector>
 
-/// Named values in the order in which they were added. It owns the texts; the objects are the caller's.
+/// Named values in the order in which they were added. Owns the texts; borrows the objects.
 class CSelectParameters
 {
 public:
     void Add(const std::wstring& name, const wchar_t* text);
     void Add(const std::wstring& name, IUnknown* object);
 
-    /// An object of the list and what the user sees of it.
+    /// Adds an object to the list, with the text that the user sees.
     void AddEntry(const wchar_t* prompt, IUnknown* object);
 
     ULONG Count() const { return static_cast<ULONG>(m_records.size()); }

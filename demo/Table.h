@@ -9,12 +9,12 @@ class CTable
 public:
     explicit CTable(std::vector<std::wstring> headings);
 
-    /// Adds a row; it has as many cells as there are headings.
+    /// Adds a row with one cell per heading.
     void AddRow(std::vector<std::wstring> cells);
 
     size_t RowCount() const { return m_rows.size() - 1; }
 
-    /// Prints the table as UTF-8, indented by two blanks; without rows it says so.
+    /// Prints the table as UTF-8, indented by two blanks; a table without rows prints a line that says so.
     void Print() const;
 
 private:
@@ -24,5 +24,5 @@ private:
 /// Prints a line as UTF-8.
 void PrintLine(const std::wstring& text);
 
-/// Prints a line that is UTF-8 already.
+/// Prints a line of UTF-8.
 void PrintUtf8(const std::string& line);

@@ -1,4 +1,4 @@
-// qpdemo: qptools.dll at work in a host's process, on the sample plant.
+// qpdemo: runs qptools.dll in a host process on the sample plant.
 
 #include "Arguments.h"
 #include "Demo.h"
@@ -22,8 +22,8 @@ bool HoldsSomething(const std::filesystem::path& file)
     return !error && size > 0;
 }
 
-/// A new plant with the sample data. Where these cannot be loaded there is no file afterwards that would pass
-/// for a plant the next time.
+/// A new plant with the sample data. If loading fails the file is deleted, so that the next run does not take
+/// it for a plant.
 std::unique_ptr<refhost::Plant> MakePlant(const Arguments& arguments)
 {
     auto plant =
@@ -52,7 +52,7 @@ std::unique_ptr<refhost::Plant> OpenPlant(const Arguments& arguments)
     return refhost::Plant::Open(arguments.database);
 }
 
-/// Registers the module for this process, which wants no registry of the machine's where that is in memory.
+/// Registers the module for this process. The native registry is in memory and needs no installation.
 HRESULT RegisterModule()
 {
     const HMODULE module = LoadLibraryW(L"qptools.dll");
@@ -64,8 +64,8 @@ HRESULT RegisterModule()
     return entry ? entry() : E_FAIL;
 }
 
-/// The sample data and the texts to compare with are in English, whatever the user's language is; in the
-/// dialogs alone no text is compared.
+/// The sample data and the expected texts are English, whatever the user's language. A run of the dialogs
+/// alone compares no texts.
 std::wstring LanguageOf(const Arguments& arguments)
 {
     return arguments.dialogs.empty() ? L"en" : arguments.dialogs;

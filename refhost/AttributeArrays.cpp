@@ -44,7 +44,7 @@ void PutCell(SAFEARRAY* array, LONG row, LONG column, const VARIANT& cell)
     Check(SafeArrayPutElement(array, index.data(), const_cast<VARIANT*>(&cell)));
 }
 
-/// An array that is destroyed unless it is released.
+/// The owner of one SAFEARRAY.
 class OwnedArray
 {
 public:

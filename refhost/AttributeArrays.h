@@ -13,7 +13,7 @@
 
 namespace refhost
 {
-/// A string that is freed.
+/// The owner of one BSTR.
 class OwnedBstr
 {
 public:
@@ -38,9 +38,9 @@ struct Pair
 std::vector<std::wstring> ReadNames(SAFEARRAY* names);
 
 /// The rows of a two-dimensional array of variants with the columns name and value. Throws
-/// StatusError(E_INVALIDARG) for any other array, and for a name that is no text.
+/// StatusError(E_INVALIDARG) for any other array and for a name that is not a VT_BSTR.
 std::vector<Pair> ReadPairs(SAFEARRAY* pairs);
 
-/// A new array of that shape, both lower bounds 0, for the caller to destroy.
+/// A new array of that shape with lower bounds 0, owned by the caller.
 SAFEARRAY* MakePairArray(const std::vector<Pair>& rows);
 } // namespace refhost

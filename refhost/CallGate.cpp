@@ -39,7 +39,7 @@ void CallGate::Delay(std::chrono::microseconds delay)
     m_delay = delay;
 }
 
-/// Sleeps only when the delay is long: the clock that wakes a sleeper is too coarse for a round trip.
+/// Sleeps through long delays only: the resolution of a sleep is too coarse for a round trip.
 void CallGate::Wait() const
 {
     const auto end = std::chrono::steady_clock::now() + m_delay;

@@ -1,5 +1,4 @@
-// The one gate that every host call passes: it can record the calls, count them, delay them and fail the n-th
-// one.
+// The gate that every host call passes. It can record, count and delay the calls, and fail the n-th one.
 #pragma once
 
 #include <windows.h>
@@ -12,32 +11,32 @@
 
 namespace refhost
 {
-/// What becomes of the call that is to fail. A kind that does not fit the call's outputs gives S_OK and
-/// outputs of nothing (null, zero, empty).
+/// How a call fails. A kind that does not fit the call's outputs gives S_OK and empty outputs (null, zero,
+/// VT_EMPTY).
 enum class Fault
 {
     None,
-    Status,      ///< the chosen status, outputs of nothing
-    NullObject,  ///< S_OK with a null object, enumerator or, for a value, a reference to no object
-    EmptyVariant ///< S_OK with an empty value
+    Status,      ///< the chosen status and empty outputs
+    NullObject,  ///< S_OK with a null object or enumerator; for a value, a VT_UNKNOWN that is null
+    EmptyVariant ///< S_OK with VT_EMPTY
 };
 
-/// QueryInterface, AddRef and Release are no host calls.
+/// QueryInterface, AddRef and Release do not count as host calls.
 class CallGate
 {
 public:
-    /// Switches the recording of calls as text on or off; off at first.
+    /// Turns the recording of calls as text on or off. It is off at first.
     void Record(bool on);
 
     /// The recorded calls in order, such as `IQP_Query::SetSearchAttribute("type", 1, "orvo", 0)` or
     /// `IQPObjectRights<script Report>::HasRight(4)`.
     const std::vector<std::string>& Calls() const { return m_calls; }
 
-    /// Forgets recorded calls and counts. A planned fault stays planned, and misuses are not forgotten.
+    /// Clears recorded calls and counts. A planned fault and the misuses remain.
     void Clear();
 
-    /// The calls so far that handed a variant in for an output with something in it, or never initialised:
-    /// "IQP_BaseDataObject::GetAttribute". What it held is lost. The call itself goes on as any other.
+    /// The calls so far whose VARIANT output was not VT_EMPTY or not initialised, such as
+    /// "IQP_BaseDataObject::GetAttribute". The old value is overwritten, and the call continues normally.
     const std::vector<std::string>& Misuses() const { return m_misuses; }
 
     /// Calls since the last Clear.
@@ -47,17 +46,17 @@ public:
     /// "GetSearchResult".
     long long Count(std::string_view method) const;
 
-    /// Plans that the n-th call since the last Clear fails, n from 1; it does so once. Replaces an earlier
-    /// plan; Fault::None takes it away. `status` is for Fault::Status and may be a success such as S_FALSE.
+    /// Makes the n-th call since the last Clear fail, once; n counts from 1. Replaces an earlier plan;
+    /// Fault::None cancels it. `status` is for Fault::Status and may be a success such as S_FALSE.
     void FailCall(long long n, Fault fault, HRESULT status = E_FAIL);
 
-    /// True if the fault planned last has happened.
+    /// Whether the fault planned last has happened.
     bool Struck() const { return m_struck; }
 
-    /// Makes every call take that much longer.
+    /// Adds `delay` to the duration of every call.
     void Delay(std::chrono::microseconds delay);
 
-    // The host's side.
+    // For the methods of the host's objects.
 
     struct Verdict
     {
@@ -65,8 +64,8 @@ public:
         HRESULT status = S_OK;
     };
 
-    /// Counts the call, delays it and tells whether it is to fail. `method` is a literal such as
-    /// "IQP_Query::ResetSearch"; `describe` gives the whole line and is called only while recording.
+    /// Counts and delays the call and returns how it is to fail. `method` is a literal such as
+    /// "IQP_Query::ResetSearch"; `describe` returns the line to record and is called only while recording.
     template <class Describe>
     Verdict Enter(const char* method, Describe&& describe)
     {

@@ -42,7 +42,7 @@ std::string ReferenceText(IUnknown* object)
     return own ? own->Label() : "<object>";
 }
 
-/// The texts of a value that holds its data itself.
+/// The text of a value without VT_BYREF.
 std::string PlainText(const VARIANT& value)
 {
     switch (value.vt)

@@ -13,7 +13,7 @@ namespace refhost
 std::string ArgumentText(BSTR text);
 std::string ArgumentText(const VARIANT& value);
 std::string ArgumentText(const GUID& id);
-/// A name list or an array of name/value pairs by its content.
+/// The elements of a name list or of an array of name/value pairs.
 std::string ArgumentText(SAFEARRAY** array);
 inline std::string ArgumentText(int number)
 {
@@ -39,8 +39,7 @@ inline std::string ArgumentText(unsigned short number)
 /// "(a, b)".
 std::string ArgumentList(const std::vector<std::string>& arguments);
 
-/// "Interface::Method" with "<kind key>" (which may be empty) behind the interface and the arguments in
-/// brackets.
+/// "Interface<kind key>::Method(arguments)". `object` is the part in angle brackets; it may be empty.
 template <class... Arguments>
 std::string CallText(std::string_view method, std::string_view object, const Arguments&... arguments)
 {

@@ -8,7 +8,7 @@ namespace refhost
 {
 namespace
 {
-/// SQLite calls this when a statement begins to run.
+/// SQLite calls this when it starts a statement.
 int CountStatement(unsigned /*event*/, void* count, void* /*statement*/, void* /*text*/)
 {
     ++*static_cast<long long*>(count);
@@ -78,7 +78,7 @@ void Database::GiveBack(sqlite3_stmt* statement, const std::string& sql) noexcep
     }
     catch (...)
     {
-        // No memory to keep it: it is prepared again next time.
+        // Out of memory: the statement is not cached, and prepared again next time.
     }
     sqlite3_finalize(statement);
 }
@@ -153,7 +153,7 @@ Transaction::~Transaction()
     }
     catch (...)
     {
-        // SQLite has already rolled back by itself, as it does after some errors.
+        // After some errors SQLite has rolled back already.
     }
 }
 

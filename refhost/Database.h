@@ -12,25 +12,25 @@ struct sqlite3_stmt;
 
 namespace refhost
 {
-/// A value as the database holds it: none, a number or UTF-8 text.
+/// A value of the database: NULL, a number or UTF-8 text.
 using SqlValue = std::variant<std::monostate, long long, std::string>;
 
-/// One connection. Every failure is a PlantError with SQLite's own message.
+/// One connection. Every failure throws a PlantError with SQLite's message.
 class Database
 {
 public:
-    /// Opens or creates the file of that UTF-8 name; ":memory:" is a database of its own in memory.
+    /// Opens or creates the file; `name` is UTF-8. ":memory:" creates a private database in memory.
     explicit Database(const std::string& name);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    /// Runs statements that give no rows.
+    /// Runs statements that return no rows.
     void Execute(const std::string& sql);
 
     long long LastInsertedId() const;
 
-    /// How many statements SQLite has begun to run on this connection.
+    /// The number of statements that SQLite has started on this connection.
     long long Statements() const { return m_statements; }
 
 private:
@@ -44,8 +44,7 @@ private:
     std::unordered_map<std::string, sqlite3_stmt*> m_idle;
 };
 
-/// One run of a statement. Prepared statements are kept by their text, so that a repeated one is not parsed
-/// again.
+/// One run of a statement. Prepared statements are cached by their text.
 class Statement
 {
 public:
@@ -54,16 +53,16 @@ public:
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;
 
-    /// Parameters count from 1.
+    /// The first parameter is 1.
     Statement& Bind(int parameter, const SqlValue& value);
 
-    /// Goes to the next row; false behind the last one.
+    /// Moves to the next row. Returns false after the last one.
     bool Step();
 
-    /// Makes it ready for another run.
+    /// Resets the statement for another run.
     void Again();
 
-    /// Columns count from 0.
+    /// The first column is 0.
     bool IsNull(int column) const;
     long long Integer(int column) const;
     std::string Text(int column) const;
@@ -74,7 +73,7 @@ private:
     sqlite3_stmt* m_statement;
 };
 
-/// Undoes what was done since its construction unless Commit was called.
+/// Rolls back on destruction unless Commit was called.
 class Transaction
 {
 public:

@@ -12,7 +12,7 @@
 
 namespace refhost
 {
-/// An output that the method owns from the start.
+/// An output that need not be initialised by the caller.
 template <class T>
 struct Out
 {
@@ -30,7 +30,7 @@ struct Out<VARIANT>
 {
     VARIANT* target;
     bool Given() const { return target != nullptr; }
-    /// A caller initialises every variant before the call and clears it afterwards.
+    /// The caller initialises each VARIANT before the call and clears it afterwards.
     bool Fresh() const { return target->vt == VT_EMPTY; }
     void Empty() const { VariantInit(target); }
     void GiveNull() const
@@ -40,7 +40,7 @@ struct Out<VARIANT>
     }
 };
 
-/// A variant that the caller initialised and that may hold a value.
+/// A VARIANT that the caller has initialised and that may hold a value.
 struct InOut
 {
     VARIANT* target;
@@ -50,7 +50,7 @@ struct InOut
     void GiveNull() const {}
 };
 
-/// The two outputs of RemNext. Its fault of a null object delivers all elements, each null.
+/// The two outputs of RemNext. Fault::NullObject delivers all elements, each null.
 template <class T>
 struct Batch
 {
@@ -71,10 +71,10 @@ Batch(ULONG, T**, ULONG*) -> Batch<T>;
 
 /// Runs `body`, which returns the call's status, as one host call.
 ///
-/// `describe` gives the line to record. `outputs` is a tuple of the call's outputs: one that is null gives
-/// E_POINTER, all are emptied before anything else; one that the caller should have left empty is noted.
-/// Returns the status of the body or of the injected fault; E_OUTOFMEMORY when memory runs out; E_FAIL for a
-/// failure of the database, whose message PlantCore::lastError keeps.
+/// `describe` returns the line to record. `outputs` is a tuple of the call's outputs: all are emptied first,
+/// and one that the caller should have passed empty is noted as a misuse.
+/// Returns E_POINTER if an output is null; else the status of the body or of the injected fault;
+/// E_OUTOFMEMORY if out of memory; E_FAIL if the database fails, with its message in PlantCore::lastError.
 template <class Describe, class Outputs, class Body>
 HRESULT HostCall(PlantCore& core, const char* method, Describe&& describe, const Outputs& outputs,
                  Body&& body) noexcept

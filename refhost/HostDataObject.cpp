@@ -21,7 +21,7 @@ constexpr HRESULT kSomeUnknown = static_cast<HRESULT>(0x8004035E);
 /// GetAttributes: it has them all, and some are hidden from the user.
 constexpr HRESULT kSomeHidden = static_cast<HRESULT>(0x80040344);
 
-/// All objects of one plant live at one client.
+/// All objects of a plant belong to one client.
 constexpr LONG kClientId = 1;
 } // namespace
 

@@ -1,4 +1,4 @@
-// One object of a plant as its callers see it.
+// One data object of a plant.
 #pragma once
 
 #include "HostObject.h"
@@ -21,7 +21,7 @@ class HostDataObject final : public HostObject<HostDataObject, IQP_BaseDataObjec
 public:
     static ComPtr<IQP_BaseDataObject> Make(const Core& core, const Kind& kind, long long id);
 
-    /// The refhost object behind `object`; null for a foreign or null one.
+    /// `object` as an object of the reference host; null if it is null or of another host.
     static ComPtr<HostDataObject> From(IUnknown* object);
 
     long long Id() const { return m_row.id; }

@@ -1,5 +1,5 @@
-// Reference counting and QueryInterface for the host's objects, how many of them are alive, and what they are
-// asked for.
+// Reference counting and QueryInterface of the host's objects, the number of live ones, and the record of
+// their QueryInterface calls.
 #pragma once
 
 #include <unknwn.h>
@@ -10,7 +10,7 @@
 
 namespace refhost
 {
-/// Counts the objects alive in the process.
+/// Counts the live objects of the process.
 class LiveObject
 {
 public:
@@ -26,16 +26,15 @@ private:
     static inline std::atomic<long> s_alive{0};
 };
 
-/// By this identifier a data object tells another object of the reference host who it is.
+/// QueryInterface for this identifier returns the HostDataObject itself, to objects of the reference host.
 inline constexpr IID kOwnIdentity = {
     0x5f2e7a3c, 0x91b4, 0x4d0e, {0x8c, 0x57, 0x2b, 0xe6, 0x90, 0x14, 0xfd, 0x3a}};
 
-/// The interfaces that the objects in the process are asked for, by whoever and also in vain, while they are
-/// noted.
+/// Records the QueryInterface calls on all host objects of the process, failed ones included.
 class AskedInterfaces
 {
 public:
-    /// Begins with an empty list, or ends.
+    /// Starts with an empty list, or stops.
     static void Note(bool on)
     {
         s_noting = on;
@@ -54,8 +53,8 @@ private:
     static inline std::vector<IID> s_list;
 };
 
-/// Base of the final class `Derived`, which implements the interfaces `First` and `Rest`. An object starts
-/// with no reference; whoever makes it takes the first one, by a ComPtr.
+/// Base of the final class `Derived`, which implements the interfaces `First` and `Rest`. An object is
+/// created with a reference count of 0; its creator puts it into a ComPtr.
 template <class Derived, class First, class... Rest>
 class HostObject : public First, public Rest..., private LiveObject
 {
@@ -85,8 +84,8 @@ public:
 protected:
     ~HostObject() = default;
 
-    /// The interface of that identifier, null if there is none. A class with more to offer hides it by its
-    /// own.
+    /// The interface of that identifier; null if there is none. A derived class with further interfaces
+    /// hides this function with one of its own.
     void* Interface(REFIID iid) noexcept
     {
         if (iid == IID_IUnknown || iid == __uuidof(First))

@@ -10,18 +10,17 @@
 
 namespace refhost
 {
-/// Each service is made when it is first asked for and then stays the same object as long as the manager
-/// lives.
+/// Each service is created on first use and remains the same object for the manager's lifetime.
 class HostObjectManager final : public HostObject<HostObjectManager, IQPFObjectManager>
 {
 public:
     static ComPtr<IQPFObjectManager> Make(const Core& core);
 
-    /// Not there yet: E_NOTIMPL.
+    /// Not implemented: E_NOTIMPL.
     HRESULT STDMETHODCALLTYPE GetRunningObjects(CLSID clsid, IEnumQPFObject** objects) override;
 
     /// The key store and the gateway to server-side objects; CLASS_E_CLASSNOTAVAILABLE for any other class,
-    /// S_FALSE and null if the service is not there yet and is not to be made.
+    /// S_FALSE and null if the service does not exist yet and `autoCreate` is 0.
     HRESULT STDMETHODCALLTYPE GetObject(CLSID clsid, LONG autoCreate, IQPFObject** object) override;
 
 private:

@@ -14,7 +14,7 @@ namespace refhost
 {
 namespace
 {
-/// The only comparison there is.
+/// The only supported comparison.
 constexpr LONG kEquals = 1;
 
 /// The number in an identifier such as "$12)".
@@ -101,7 +101,7 @@ HRESULT HostQuery::SetSearchAttribute(BSTR column, LONG operation, VARIANT value
         column, operation, value, catenation);
 }
 
-/// A null string is the empty text, not the missing value.
+/// A null BSTR is the empty text, not a missing value.
 void HostQuery::AddCriterion(const Attribute& column, const VARIANT& value, Catenation before)
 {
     const HostVariant direct(value);

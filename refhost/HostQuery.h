@@ -16,7 +16,7 @@ class HostQuery final : public HostObject<HostQuery, IQP_Query>
 public:
     static ComPtr<IQP_Query> Make(const Core& core);
 
-    /// E_INVALIDARG for a table that a plant does not have.
+    /// E_INVALIDARG for an unknown table.
     HRESULT STDMETHODCALLTYPE SetSearchTable(BSTR table) override;
 
     /// 1 AND, 2 OR, 4 an opening and 8 a closing bracket, 9 a closing bracket and AND; E_INVALIDARG for
@@ -24,22 +24,22 @@ public:
     HRESULT STDMETHODCALLTYPE SetSearchCatenation(LONG catenation) override;
 
     /// Adds "column equals value". `operation` is 1; `catenation` is the operator before the criterion: 0
-    /// none, 1 AND, 2 OR. An empty value or a null reference asks for rows without a value, an object of
-    /// elsewhere for none at all. E_INVALIDARG before a table is set, and for a column, operation, operator
-    /// or type of value that does not fit.
+    /// none, 1 AND, 2 OR. An empty value or a null reference matches rows without a value; an object of
+    /// another host matches nothing. E_INVALIDARG if no table is set, and for a column, operation, operator
+    /// or value type that is not valid.
     HRESULT STDMETHODCALLTYPE SetSearchAttribute(BSTR column, LONG operation, VARIANT value,
                                                  LONG catenation) override;
 
-    /// E_FAIL for a search that the database refuses; Plant::LastSql and LastError tell why.
+    /// E_FAIL for a search that the database rejects; see Plant::LastSql and LastError.
     HRESULT STDMETHODCALLTYPE GetSearchResult(IEnumBaseDataObject** result) override;
 
-    /// 0 forgets everything, any other number the criteria alone.
+    /// 0 clears everything, any other number the criteria only.
     HRESULT STDMETHODCALLTYPE ResetSearch(LONG onlyWhereClause) override;
 
-    /// E_INVALIDARG before a table is set and for a column that the table does not have.
+    /// E_INVALIDARG if no table is set or the table has no such column.
     HRESULT STDMETHODCALLTYPE SetOrderAttribute(BSTR column, LONG ascending) override;
 
-    /// An identifier is "$" and the object's number; what follows a first ")" or ";" does not count. S_FALSE
+    /// An identifier is "$" and the object's number; text from the first ")" or ";" on is ignored. S_FALSE
     /// and null if there is no such object, E_INVALIDARG for any other text.
     HRESULT STDMETHODCALLTYPE GetObjectById(BSTR id, IUnknown** object) override;
 

@@ -16,10 +16,10 @@ std::string ToUtf8(std::wstring_view text);
 /// UTF-8 as wide text. Bytes that are not UTF-8 become U+FFFD.
 std::wstring FromUtf8(std::string_view text);
 
-/// A path's text. Natively a path is bytes already, and its way through wide text would depend on the locale.
+/// The path as UTF-8. A native path consists of bytes; converting it to wide text would depend on the locale.
 std::string PathText(const std::filesystem::path& path);
 
-/// True if every byte of `text` belongs to a well-formed UTF-8 character.
+/// Whether `text` is well-formed UTF-8.
 bool IsUtf8(std::string_view text);
 
 /// The text of `string`; null is the empty text.

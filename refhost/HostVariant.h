@@ -6,7 +6,7 @@
 
 namespace refhost
 {
-/// A variant that frees what it holds.
+/// The owner of one VARIANT.
 class HostVariant
 {
 public:
@@ -15,7 +15,7 @@ public:
     HostVariant(const HostVariant&) = delete;
     HostVariant& operator=(const HostVariant&) = delete;
 
-    /// Copies `source` with its indirections resolved. Throws StatusError with the status of a failed copy.
+    /// Copies `source` with VT_BYREF resolved. Throws StatusError with the status of a failed copy.
     explicit HostVariant(const VARIANT& source);
 
     VARIANT* operator->() noexcept { return &m_value; }
@@ -30,9 +30,9 @@ private:
     VARIANT m_value;
 };
 
-/// True if the variant stands for "no value": empty, null, or a reference to no object.
+/// Whether `value` means "no value": VT_EMPTY, VT_NULL or a null object reference.
 bool IsNothing(const VARIANT& value);
 
-/// True if it is a reference to an object, which may be null.
+/// Whether `value` is an object reference, which may be null.
 bool IsReference(const VARIANT& value);
 } // namespace refhost

@@ -1,9 +1,10 @@
-// Tells the host's own work from that of its callers, for tests that take memory away from one of the two.
+// Tells the host's own work from that of its callers, for tests that make the allocations of one of them
+// fail.
 #pragma once
 
 namespace refhost
 {
-/// Stands for a time in which the reference host is at work on this thread. It nests.
+/// While an instance exists, the reference host is working on this thread. Instances nest.
 class HostWork
 {
 public:

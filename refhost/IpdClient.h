@@ -25,14 +25,14 @@ public:
     static ComPtr<IQPIPDClient> Make(const Core& core);
 
     /// A new query object for kQueryClass, CLASS_E_CLASSNOTAVAILABLE for any other class, E_INVALIDARG for a
-    /// client that GetClientIdByName did not name.
+    /// client identifier that GetClientIdByName did not return.
     HRESULT STDMETHODCALLTYPE GetServerCOMObject(LONG clientId, REFCLSID clsid, REFIID iid,
                                                  void** object) override;
 
     /// Not part of the reference host: E_NOTIMPL.
     HRESULT STDMETHODCALLTYPE Reserved1() override;
 
-    /// The number of that client, from 1; the same name has the same number. E_INVALIDARG for an empty name.
+    /// The client's identifier, from 1; equal names have equal identifiers. E_INVALIDARG for an empty name.
     HRESULT STDMETHODCALLTYPE GetClientIdByName(BSTR name, LONG* clientId) override;
 
 private:

@@ -6,7 +6,7 @@ namespace refhost
 {
 namespace
 {
-/// Slashes at either end do not count.
+/// Leading and trailing slashes are ignored.
 std::string PathOf(const std::string& key)
 {
     const std::size_t first = key.find_first_not_of('/');
@@ -15,7 +15,7 @@ std::string PathOf(const std::string& key)
     return key.substr(first, key.find_last_not_of('/') - first + 1);
 }
 
-/// The store in which a scope is read besides its own.
+/// The second store that a scope reads.
 long AlsoReadIn(long scope)
 {
     return scope == kScopeUserRead ? kScopeUserWrite : scope;
@@ -29,7 +29,7 @@ void BindPlace(Statement& statement, long scope, const std::string& path)
         .Bind(3, path);
 }
 
-/// Keys below the path ?3, which may be empty. No LIKE: a key may hold its wildcards.
+/// Keys below the path ?3, which may be empty. LIKE is not used because a key may contain its wildcards.
 constexpr const char* kBelow = R"((?3 = '' OR substr("path", 1, length(?3) + 1) = ?3 || '/' COLLATE NOCASE))";
 } // namespace
 

@@ -1,5 +1,4 @@
-// The plant's key store in its database: values by scope, key and name. Keys and names compare without regard
-// to case.
+// The plant's key store in its database: values by scope, key and name. Keys and names are case-insensitive.
 #pragma once
 
 #include "Database.h"
@@ -10,15 +9,15 @@
 
 namespace refhost
 {
-/// What the scopes of the key store are for. Each is a store of its own, but the user's settings are read
-/// where they are written.
+/// The scopes of the key store. Each is a separate store, except that reading the user's settings (0) also
+/// finds what was written to them (4).
 inline constexpr long kScopeUserRead = 0;
 inline constexpr long kScopeSettings = 1;
 inline constexpr long kScopeBookmarks = 2;
 inline constexpr long kScopeDefaults = 3;
 inline constexpr long kScopeUserWrite = 4;
 
-/// A stored value: text or a number under the variant type it was written with.
+/// A stored value: text or a number, with the variant type it was written as.
 struct StoredValue
 {
     long long type = 0;
@@ -31,8 +30,8 @@ struct StoredText
     std::string value;
 };
 
-/// Keys are paths with forward slashes; slashes at either end do not count. Values keep the order in which
-/// they were first written. Failures are PlantErrors.
+/// Keys are paths with forward slashes; leading and trailing slashes are ignored. Values keep the order in
+/// which they were first written. Failures throw PlantError.
 class KeyStore
 {
 public:
@@ -41,7 +40,7 @@ public:
     std::optional<StoredValue> Get(long scope, const std::string& key, const std::string& name);
     void Set(long scope, const std::string& key, const std::string& name, const StoredValue& value);
 
-    /// True if the key exists: it was written, or it has sub keys.
+    /// Whether the key exists: it was written, or it has sub keys.
     bool Has(long scope, const std::string& key);
 
     /// The names, not paths, of the keys directly below.
@@ -50,11 +49,11 @@ public:
     /// All values of one key as text.
     std::vector<StoredText> List(long scope, const std::string& key);
 
-    /// Replaces all values of one key; `type` is that of the values. The key exists then, with an empty list
-    /// too.
+    /// Replaces all values of one key with values of that type. The key then exists, even if the list is
+    /// empty.
     void WriteList(long scope, const std::string& key, const std::vector<StoredText>& values, long long type);
 
-    /// Deletes the key with its values and sub keys; false if there was none.
+    /// Deletes the key with its values and sub keys. Returns false if there is no such key.
     bool Delete(long scope, const std::string& key);
 
 private:

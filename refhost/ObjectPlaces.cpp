@@ -11,14 +11,14 @@ namespace
 {
 constexpr std::size_t kRoom = 1 << 20;
 
-/// They stay for good: an object may outlive everything else.
+/// Never freed: an object may outlive everything else.
 std::vector<std::byte*>& Rooms()
 {
     static auto& rooms = *new std::vector<std::byte*>;
     return rooms;
 }
 
-/// Where the next object goes, and how much is left there; null when objects stand anywhere.
+/// Where the next object is placed and the bytes left there; null while the heap is used.
 std::byte* g_next = nullptr;
 std::size_t g_left = 0;
 

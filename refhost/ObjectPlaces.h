@@ -1,4 +1,4 @@
-// Where data objects stand in memory.
+// Where host objects are allocated.
 #pragma once
 
 #include <cstddef>

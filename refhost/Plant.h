@@ -1,4 +1,4 @@
-// The reference host: a manufacturing plant in a SQLite database, answering through the host's interfaces.
+// The reference host: a manufacturing plant in a SQLite database behind the host's interfaces.
 #pragma once
 
 #include "CallGate.h"
@@ -20,37 +20,38 @@ namespace refhost
 {
 struct PlantCore;
 
-/// One plant. Its objects may outlive it. Everything happens on the caller's thread. Failures are
-/// PlantErrors.
+/// One plant. Its objects may outlive it. Everything runs on the caller's thread. Failures throw PlantError.
 class Plant
 {
 public:
     /// An empty plant in memory.
     static std::unique_ptr<Plant> OpenMemory();
 
-    /// The plant in that file, which is made if it is not there. Another kind of file is refused.
+    /// The plant in that file, which is created if it does not exist. Throws if the file is not a plant.
     static std::unique_ptr<Plant> Open(const std::filesystem::path& file);
 
     ~Plant();
     Plant(const Plant&) = delete;
     Plant& operator=(const Plant&) = delete;
 
-    /// Adds the objects of a folder of sample data (see SampleLoader.h), all or, on an error, none of them.
+    /// Adds the objects of a folder of sample data (see SampleLoader.h); none of them if there is an error.
     void Load(const std::filesystem::path& folder);
 
-    /// A search of its own over this plant.
+    /// A new query object.
     ComPtr<IQP_Query> NewQuery();
 
-    /// The object that the data name so; null if there is none. An unknown table is an error.
+    /// The object of that key; null if there is none. Throws for an unknown table.
     ComPtr<IQP_BaseDataObject> Find(std::wstring_view table, std::wstring_view name);
 
-    /// Makes an object of that name (and attribute "name") with all rights. A name that is taken is an error.
+    /// Creates an object with that key, which is also its attribute "name", and with all rights. Throws if
+    /// the key exists.
     ComPtr<IQP_BaseDataObject> Add(std::wstring_view table, std::wstring_view name);
 
-    /// The rights of the user on an object, as a mask of QPRightType; none at all: it has no rights service.
+    /// Sets the user's rights on an object, as a mask of QPRightType; std::nullopt removes its rights
+    /// service.
     void SetRights(std::wstring_view table, std::wstring_view name, std::optional<long> rights);
 
-    /// What the user may not do with an attribute, named by its column, of an object.
+    /// Sets what the user may not do with an attribute of an object. `column` is the attribute's column name.
     void SetLimit(std::wstring_view table, std::wstring_view name, std::wstring_view column, Limit limit);
 
     ComPtr<IQPFObjectManager> ObjectManager();
@@ -58,27 +59,26 @@ public:
     /// The configured types with their pages, groups and attributes.
     ComPtr<IQPConfigFactory> ConfigFactory();
 
-    /// The gate of all calls on this plant's objects.
+    /// The gate that all calls on this plant's objects pass.
     CallGate& Calls();
 
-    /// The SQL of the last search, also of one that the database refused, and the message of the last
-    /// failure.
+    /// The SQL of the last search, even if the database rejected it, and the message of the last failure.
     const std::string& LastSql() const;
     const std::string& LastError() const;
 
-    /// How many SQL statements have begun to run since the plant was opened.
+    /// The number of SQL statements started since the plant was opened.
     long long Statements() const;
 
-    /// All COM objects of all plants that are alive in the process.
+    /// The number of live COM objects of all plants of the process.
     static long LiveObjects();
 
-    /// Begins, with an empty list, or ends noting which interfaces the objects of all plants are asked for.
+    /// Starts, with an empty list, or stops recording the QueryInterface calls on the objects of all plants.
     static void NoteInterfaces(bool on);
 
-    /// What has been noted: every QueryInterface in order, answered or not.
+    /// The recorded calls in order, failed ones included.
     static const std::vector<IID>& AskedInterfaces();
 
-    /// What its objects share; for the reference host itself.
+    /// What its objects share. For the reference host itself.
     const std::shared_ptr<PlantCore>& Shared() const { return m_core; }
 
 private:

@@ -22,7 +22,7 @@ void PlantCore::NoteError(const char* text) noexcept
     }
     catch (...)
     {
-        // No memory for a text that is only for people.
+        // Out of memory for a text that only serves diagnosis.
         lastError.clear();
     }
 }

@@ -13,20 +13,20 @@
 
 namespace refhost
 {
-/// Held by the plant and by each of its objects, so that an object may outlive the plant.
+/// Shared by the plant and its objects, so that an object may outlive the plant.
 struct PlantCore
 {
     explicit PlantCore(const std::string& name);
 
-    /// The key of an object, by which data and recorded calls name it; "#<number>" if the object is gone.
+    /// The key of an object, as used by sample data and recorded calls; "#<number>" if the object is gone.
     std::string KeyOf(long long id);
 
-    /// Keeps the text of a failure for whoever looks into it.
+    /// Stores the text of a failure for Plant::LastError.
     void NoteError(const char* text) noexcept;
 
     Database database;
     CallGate gate;
-    /// The objects of configured types that somebody holds, by their numbers. Not owned: each removes itself.
+    /// The live objects of configured types by number. Borrowed: each removes itself when it is destroyed.
     std::map<long long, IQPType*> liveTypes;
     std::string lastSql;
     std::string lastError;
@@ -34,6 +34,6 @@ struct PlantCore
 
 using Core = std::shared_ptr<PlantCore>;
 
-/// Text in SQL's double quotes. Names come from the schema and hold no quote.
+/// A name in SQL's double quotes. Names come from the schema and contain no quotes.
 std::string Quoted(const char* name);
 } // namespace refhost

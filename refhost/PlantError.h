@@ -1,11 +1,11 @@
-// What the reference host throws inside; it never crosses a COM method.
+// The exception of the reference host. It never leaves a COM method.
 #pragma once
 
 #include <stdexcept>
 
 namespace refhost
 {
-/// A plant that cannot be opened, loaded or asked, with a text for people. Errors in sample data read
+/// A plant cannot be opened, loaded or read; what() is the reason. For an error in sample data it is
 /// "file:line: reason".
 class PlantError : public std::runtime_error
 {

@@ -40,7 +40,7 @@ constexpr std::array<RightWord, 11> kRightWords = {{{"none", 0},
                                                     {"add_child", 256},
                                                     {"remove_child", 512}}};
 
-/// A kind's table, its rows and the numbers of the objects they became.
+/// The table of a kind, and the numbers of the objects created from its rows.
 struct LoadedTable
 {
     const Kind* kind;
@@ -85,7 +85,7 @@ std::optional<bool> FlagIn(const std::string& text)
     return text == "yes";
 }
 
-/// None: no rights service.
+/// std::nullopt: no rights service.
 std::optional<long> RightsOf(const SampleTable& table, int line, const std::string& text)
 {
     if (text == "norights")
@@ -130,7 +130,7 @@ std::vector<std::filesystem::path> TablesIn(const std::filesystem::path& folder)
 Loader::Loader(Database& database, const std::filesystem::path& folder) : m_database(database)
 {
     std::vector<std::filesystem::path> files = TablesIn(folder);
-    // By the order of kinds, so that the numbers of objects do not depend on the file system.
+    // In the order of the kinds, so that the numbers of objects do not depend on the file system.
     for (const Kind& kind : Kinds())
     {
         const auto found = std::find_if(files.begin(), files.end(),

@@ -22,7 +22,7 @@ std::string_view Trimmed(std::string_view text)
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-/// The cell's value: trimmed first, so that an escape cannot be cut.
+/// Trims before it resolves escapes, so that an escaped character is never trimmed.
 std::optional<std::string> CellOf(std::string_view raw)
 {
     const std::string_view text = Trimmed(raw);

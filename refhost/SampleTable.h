@@ -1,4 +1,4 @@
-// One text table of sample data: a header that names columns, then a row per object.
+// One text table of sample data: a header with the names of the columns, then one row per object.
 #pragma once
 
 #include <filesystem>
@@ -10,7 +10,7 @@
 namespace refhost
 {
 /// Cells are separated by "|" and trimmed; "\|" is a bar and "\\" a backslash. An empty cell is no value, ""
-/// the empty text. Lines that start with "#" and blank lines do not count. The text is UTF-8.
+/// the empty text. Lines that start with "#" and blank lines are ignored. The text is UTF-8.
 class SampleTable
 {
 public:
@@ -21,7 +21,7 @@ public:
     };
 
     /// Reads the file. Throws PlantError "file:line: reason" for a file that cannot be read or is not UTF-8,
-    /// a column that is named twice or not at all, and a row with another number of cells than the header.
+    /// for duplicate or missing column names, and for a row whose number of cells differs from the header's.
     explicit SampleTable(const std::filesystem::path& file);
 
     const std::string& File() const { return m_file; }
@@ -29,7 +29,7 @@ public:
     const std::vector<std::string>& Columns() const { return m_columns; }
     const std::vector<Row>& Rows() const { return m_rows; }
 
-    /// The place of a column in each row; none if the table does not have it.
+    /// The index of a column; std::nullopt if there is no such column.
     std::optional<std::size_t> Find(std::string_view column) const;
 
     /// Throws PlantError "file:line: reason".

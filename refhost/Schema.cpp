@@ -13,7 +13,7 @@ namespace
 {
 using enum ColumnType;
 
-/// Marks a SQLite file as a plant, and which form its tables have.
+/// Identify a SQLite file as a plant, and the version of its tables.
 constexpr long long kApplicationId = 0x51504C54;
 constexpr long long kSchemaVersion = 3;
 
@@ -142,7 +142,7 @@ Kind ItemKind()
             {}};
 }
 
-/// A component of a work system is an item that belongs to no project.
+/// A component of a work system is an item without a project.
 Kind WorkSystemComponentKind()
 {
     return {"orvowsc",

@@ -1,4 +1,4 @@
-// The kinds of objects a plant holds: their tables, attributes and child lists, each written down once.
+// The kinds of objects in a plant: their tables, attributes and child lists.
 #pragma once
 
 #include <string_view>
@@ -16,13 +16,13 @@ enum class ColumnType
     Object
 };
 
-/// One attribute. Object paths accept both of its names, searches the column's alone.
+/// One attribute. Objects accept both of its names, searches only the column name.
 struct Attribute
 {
     const char* key;    ///< name on objects, such as "m_strPrompt"
     const char* column; ///< name in searches, such as "prompt"
     ColumnType type = ColumnType::Text;
-    const char* target = nullptr; ///< for Object: the table of the object referred to
+    const char* target = nullptr; ///< for Object: the table of the referenced object
 };
 
 /// A named list of children: the rows of `table` for which `condition` holds, with ?1 the parent's number.
@@ -45,13 +45,13 @@ struct Kind
     const char* table;
     const char* typeName;
     const char* className;
-    bool hasRights; ///< its objects offer the rights service unless the data say otherwise
+    bool hasRights; ///< its objects have the rights service unless the data say otherwise
     std::vector<Attribute> attributes;
     std::vector<ChildList> children;
-    std::vector<const char*> moreClasses = {}; ///< which its objects derive from besides `className`
-    std::vector<Member> members = {};          ///< of a kind of the configuration
+    std::vector<const char*> moreClasses = {}; ///< further base classes of its objects
+    std::vector<Member> members = {};          ///< of a configuration object
 
-    /// The attribute of either name, case counting; null if there is none.
+    /// The attribute of either name, case-sensitive; null if there is none.
     const Attribute* FindAttribute(std::string_view name) const;
 
     /// The attribute of that column; null if there is none.
@@ -62,20 +62,20 @@ struct Kind
 
     const ChildList* FindChildren(std::string_view list) const;
 
-    /// Whether its objects derive from that class, case counting.
+    /// Whether its objects derive from that class; case-sensitive.
     bool IsOf(std::string_view name) const;
 };
 
-/// All kinds, a kind before those that refer to it.
+/// All kinds; each stands before those that refer to it.
 const std::vector<Kind>& Kinds();
 
 /// The kind of that table; null if there is none.
 const Kind* FindKind(std::string_view table);
 
-/// The class all objects derive from.
+/// The base class of all objects.
 inline constexpr const char* kBaseClass = "XDOBaseObject";
 
-/// Makes the tables in an empty database, or checks that the database is a plant of this version. Throws
-/// PlantError.
+/// Creates the tables in an empty database. Throws PlantError if the database is not empty and not a plant of
+/// this version.
 void PrepareSchema(Database& database);
 } // namespace refhost

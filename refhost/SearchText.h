@@ -1,4 +1,4 @@
-// One search as SQL, put together in the order of the calls and repaired nowhere.
+// One search as SQL text, assembled in the order of the calls and never corrected.
 #pragma once
 
 #include "Database.h"
@@ -9,7 +9,7 @@
 
 namespace refhost
 {
-/// What joins a criterion or stands alone between criteria. The numbers are those of the search interface.
+/// What stands before a criterion or between criteria. The values are those of the search interface.
 enum class Catenation
 {
     None = 0,
@@ -20,27 +20,26 @@ enum class Catenation
     CloseAnd = 9
 };
 
-/// A misplaced bracket or operator stays where it was put, so that the database refuses the search.
+/// A misplaced bracket or operator stays where it was put, so that the database rejects the search.
 class SearchText
 {
 public:
     const Kind* Table() const { return m_table; }
     void SetTable(const Kind* table) { m_table = table; }
 
-    /// Forgets criteria and brackets; with `all` also table and order.
+    /// Clears criteria and brackets; with `all` also table and order.
     void Reset(bool all);
 
     void Add(Catenation catenation);
 
-    /// "column = value"; a value of none asks for rows without a value. `before` (None, And or Or) joins the
-    /// criterion to what stands before it; nothing stands before the first. None between two criteria that
-    /// stand side by side means And.
+    /// "column = value", or "column IS NULL" for no value. `before` (None, And or Or) joins the criterion to
+    /// what precedes it; the first criterion has none. None between two adjacent criteria means And.
     void AddCriterion(const Attribute& column, const SqlValue& value, Catenation before);
 
-    /// A criterion that no row meets.
+    /// A criterion that matches no row.
     void AddImpossible(const Attribute& column, Catenation before);
 
-    /// Sorts by that column; rows with equal values keep the order in which they were made.
+    /// Sorts by that column; rows with equal values keep the order of their numbers.
     void SetOrder(const Attribute& column, bool ascending);
 
     std::string Sql() const;

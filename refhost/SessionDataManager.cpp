@@ -8,8 +8,8 @@
 
 namespace refhost
 {
-/// A list that was handed out. It remembers its strings itself: the list's own pointers belong to the caller
-/// to change.
+/// A list that was returned. The strings are owned here and not by the list, whose pointers the caller may
+/// change.
 class SessionDataManager::StringList
 {
 public:

@@ -1,4 +1,4 @@
-// The key store and settings service as its callers see it.
+// The key store and settings service.
 #pragma once
 
 #include "HostObject.h"
@@ -16,12 +16,12 @@
 
 namespace refhost
 {
-/// The class both routes ask for: the object manager and the creation by class identifier.
+/// The class identifier for both routes: the object manager, and creation by class identifier.
 inline constexpr CLSID kSessionDataManagerClass = {
     0xEDB6CC40, 0x0DC9, 0x11D3, {0x89, 0xFF, 0x00, 0x40, 0x05, 0xA1, 0xD9, 0x1C}};
 
-/// The lists that it hands out are its own and live as long as it does. Their string pointers may be
-/// exchanged in place; what is put in stays the caller's.
+/// Owns the lists that it returns; they live as long as it does. A caller may exchange the string pointers in
+/// them; strings put in remain owned by the caller.
 class SessionDataManager final : public HostObject<SessionDataManager, IQPSessionDataManager, IQPFObject>
 {
 public:
@@ -34,12 +34,12 @@ public:
     HRESULT STDMETHODCALLTYPE Reserved4() override;
     HRESULT STDMETHODCALLTYPE Reserved5() override;
 
-    /// The names of the keys directly below. S_FALSE, 0 and null if there is no such key.
+    /// The names of the direct sub keys. S_FALSE, 0 and null if there is no such key.
     HRESULT STDMETHODCALLTYPE GetSubKeys(BSTR key, LONG number, ULONG* count, BSTR** keys,
                                          LONG scope) override;
 
-    /// S_OK with the value in the type asked for (VT_EMPTY: as it was written); S_FALSE and an empty value if
-    /// there is none; the status of a failed conversion.
+    /// S_OK with the value converted to the wanted type (VT_EMPTY: as it was written); S_FALSE and VT_EMPTY
+    /// if there is no such value; else the status of the failed conversion.
     HRESULT STDMETHODCALLTYPE GetValue(BSTR key, BSTR valueName, unsigned short vt, VARIANT* value,
                                        LONG scope) override;
 
@@ -57,7 +57,7 @@ public:
     /// S_FALSE if there is no such key.
     HRESULT STDMETHODCALLTYPE DeleteKey(BSTR key, LONG scope) override;
 
-    /// Nothing needs preparing: S_OK.
+    /// Does nothing and returns S_OK.
     HRESULT STDMETHODCALLTYPE PrepareScope(LONG scope) override;
 
 private:

@@ -16,7 +16,7 @@ namespace refhost
 {
 namespace
 {
-/// Gives every caller the plant's one settings service.
+/// Returns the plant's one settings service to every caller.
 class SettingsFactory final : public HostObject<SettingsFactory, IClassFactory>
 {
 public:

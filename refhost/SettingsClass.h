@@ -1,4 +1,4 @@
-// Offers a plant's settings service for creation by class identifier.
+// Registers a plant's settings service for CoCreateInstance.
 #pragma once
 
 #include <windows.h>
@@ -7,8 +7,8 @@ namespace refhost
 {
 class Plant;
 
-/// As long as it lives, CoCreateInstance of the settings service gives that of the plant. COM must be
-/// initialised in this thread from before until after. Throws PlantError if the class cannot be registered.
+/// During its lifetime CoCreateInstance of the settings service returns that of the plant. COM must be
+/// initialised on this thread for all of it. Throws PlantError if the class cannot be registered.
 class SettingsClass
 {
 public:

@@ -8,12 +8,12 @@
 
 namespace refhost
 {
-/// What `value` is in that column: none, a number, text, the number of an object. Indirections are resolved.
-/// Throws StatusError: E_INVALIDARG for an object that is not of this plant and of the column's kind, the
-/// status of a failed conversion otherwise.
+/// `value` as that column stores it: NULL, a number, text or the number of an object; VT_BYREF is resolved.
+/// Throws StatusError: E_INVALIDARG for an object of another plant or of another kind than the column's, else
+/// the status of the failed conversion.
 SqlValue ToColumn(const PlantCore& core, const Attribute& attribute, const VARIANT& value);
 
-/// Writes column 0 of the row that `row` stands on into `value`, which is empty: S_OK with VT_BSTR, VT_I4,
-/// VT_BOOL or VT_UNKNOWN, S_FALSE and nothing written when the column holds no value.
+/// Writes column 0 of the current row to `value`, which must be empty: S_OK with VT_BSTR, VT_I4, VT_BOOL or
+/// VT_UNKNOWN. Returns S_FALSE and writes nothing if the column is NULL.
 HRESULT ReadColumn(const Core& core, const Attribute& attribute, const Statement& row, VARIANT& value);
 } // namespace refhost

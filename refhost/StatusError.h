@@ -1,4 +1,4 @@
-// A COM status on its way from inside a host call to the method's boundary.
+// Carries a COM status from inside a host call to the method's exception boundary.
 #pragma once
 
 #include <windows.h>
@@ -17,7 +17,7 @@ inline void Require(bool condition, HRESULT status = E_INVALIDARG)
         throw StatusError{status};
 }
 
-/// Throws a failed status.
+/// Throws if `status` is a failure.
 inline void Check(HRESULT status)
 {
     Require(status >= 0, status);
