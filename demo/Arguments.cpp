@@ -1,6 +1,8 @@
 #include "Arguments.h"
 
-#include "Utf8.h"
+#include "Paths.h"
+
+#include "Resources.h"
 
 #include <windows.h>
 
@@ -23,9 +25,7 @@ std::vector<std::wstring> CommandLineWords()
 
 std::filesystem::path ProgramFolder()
 {
-    wchar_t path[MAX_PATH] = L"";
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return ToPath(path).parent_path();
+    return ToPath(ModulePath(nullptr)).parent_path();
 }
 } // namespace
 

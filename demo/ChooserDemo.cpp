@@ -9,6 +9,8 @@
 #include "BoxAnswers.h"
 #include "DialogDriver.h"
 
+#include "Bstr.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -70,7 +72,7 @@ void CChooserDemo::ChooseProject()
     LONG canceled = 1;
     ComPtr<IQP_BaseDataObject> project;
     const HRESULT status =
-        choice->ShowDialog(root.get(), CText(m_texts.chooseProject).get(), &canceled, project.put(), 0);
+        choice->ShowDialog(root.get(), Bstr(m_texts.chooseProject).get(), &canceled, project.put(), 0);
     PrintLine(L"  chosen: " + NameOf(project.get()));
     m_expect(status == S_OK && canceled == 0 && project, L"a project is chosen");
 }
@@ -95,7 +97,7 @@ void CChooserDemo::PassOverAProject()
     LONG canceled = 1;
     ComPtr<IQP_BaseDataObject> project;
     const HRESULT status =
-        choice->ShowDialog(root.get(), CText(m_texts.chooseProject).get(), &canceled, project.put(), 0);
+        choice->ShowDialog(root.get(), Bstr(m_texts.chooseProject).get(), &canceled, project.put(), 0);
     PrintLine(L"  chosen: " + NameOf(project.get()));
     m_expect(m_plant.Calls().Struck(), L"a project cannot be read");
     m_plant.Calls().FailCall(0, refhost::Fault::None);
@@ -124,7 +126,7 @@ void CChooserDemo::AskForSomethingNew()
     LONG canceled = 1;
     LONG create = 0;
     ComPtr<IQP_BaseDataObject> project;
-    const HRESULT status = choice->ShowDialogEx(root.get(), CText(m_texts.chooseTemplate).get(), TRUE,
+    const HRESULT status = choice->ShowDialogEx(root.get(), Bstr(m_texts.chooseTemplate).get(), TRUE,
                                                 &canceled, &create, project.put(), 0);
     PrintLine(std::wstring(L"  to be made without a template: ") + (create ? L"yes" : L"no"));
     m_expect(status == S_OK && canceled == 0 && create == 1 && !project, L"something new is asked for");
@@ -155,7 +157,7 @@ void CChooserDemo::ChooseScript()
                        PickRow(view, wanted);
                    }});
     ComPtr<IQP_BaseDataObject> script;
-    const HRESULT status = choice->ShowDialog(panel.get(), CText(L"script").get(), script.put());
+    const HRESULT status = choice->ShowDialog(panel.get(), Bstr(L"script").get(), script.put());
     PrintLine(L"  chosen: " + NameOf(script.get()));
     m_expect(status == S_OK && NameOf(script.get()) == wanted, L"the script that was picked comes back");
 }
@@ -171,7 +173,7 @@ void CChooserDemo::FindNoScripts()
     BoxAnswers boxes;
     ReadMessage(boxes, "script-picker-no-scripts");
     ComPtr<IQP_BaseDataObject> script;
-    const HRESULT status = choice->ShowDialog(project.get(), CText(L"script").get(), script.put());
+    const HRESULT status = choice->ShowDialog(project.get(), Bstr(L"script").get(), script.put());
     m_expect(status == S_FALSE && !script, L"no dialog opens where there are no scripts");
 }
 
@@ -185,7 +187,7 @@ void CChooserDemo::AskForOtherItems()
     BoxAnswers boxes;
     ReadMessage(boxes, "script-picker-other-items");
     ComPtr<IQP_BaseDataObject> item;
-    const HRESULT status = choice->ShowDialog(panel.get(), CText(L"orvoitem").get(), item.put());
+    const HRESULT status = choice->ShowDialog(panel.get(), Bstr(L"orvoitem").get(), item.put());
     m_expect(status == S_FALSE && !item, L"no dialog opens for items that are no scripts");
 }
 
@@ -284,7 +286,7 @@ ComPtr<IQPProjectChoice> CChooserDemo::NewProjectChoice(const wchar_t* buttonTex
     auto choice = CreateByProgId<IQPProjectChoice>(L"Qptools.QPProjectChoice");
     m_expect(static_cast<bool>(choice), L"the project choice is created by ProgID");
     if (choice)
-        choice->Initialize(CText(buttonText).get());
+        choice->Initialize(Bstr(buttonText).get());
     return choice;
 }
 

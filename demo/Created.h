@@ -4,21 +4,6 @@
 #include "ComPtr.h"
 
 #include <objbase.h>
-#include <oleauto.h>
-
-/// An owning BSTR for an argument.
-class CText
-{
-public:
-    explicit CText(const wchar_t* text) : m_text(SysAllocString(text)) {}
-    ~CText() { SysFreeString(m_text); }
-    CText(const CText&) = delete;
-    CText& operator=(const CText&) = delete;
-    BSTR get() const { return m_text; }
-
-private:
-    BSTR m_text;
-};
 
 /// Null if the class is not registered or does not have the interface.
 template <class Interface>

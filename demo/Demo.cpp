@@ -4,9 +4,11 @@
 #include "Created.h"
 #include "DemoLog.h"
 #include "HostCalls.h"
-#include "Utf8.h"
 
 #include "ObjectPlaces.h"
+
+#include "Bstr.h"
+#include "Utf8.h"
 
 #include <algorithm>
 
@@ -58,8 +60,8 @@ std::wstring ModeText(const std::wstring& mode)
 /// Compares names in the user's sort order, as commands are sorted.
 bool ComesBefore(const std::vector<std::wstring>& first, const std::vector<std::wstring>& second)
 {
-    const CText firstName(first.front().c_str());
-    const CText secondName(second.front().c_str());
+    const Bstr firstName(first.front());
+    const Bstr secondName(second.front());
     return VarBstrCmp(firstName.get(), secondName.get(), LOCALE_USER_DEFAULT, 0) ==
            static_cast<HRESULT>(VARCMP_LT);
 }
@@ -141,7 +143,7 @@ void CDemo::ShowScripts(const ActionCase& search)
 {
     PrintContext(search.context, L", action type " + std::to_wstring(search.actionType) +
                                      (search.beforeAfter == kBefore ? L", before" : L", after"));
-    CVariantHolder result;
+    Variant result;
     const long count = Ask(search.context, 2, result, [&](const Question& ask) {
         return ask.manager->GetScriptsForAction(ask.query, ask.planTypeSet, ask.typeName, ask.planType,
                                                 search.actionType, search.beforeAfter, ask.result);
@@ -152,8 +154,8 @@ void CDemo::ShowScripts(const ActionCase& search)
     ShownRows rows;
     for (long row = 0; row < count; ++row)
     {
-        const ComPtr<IQP_BaseDataObject> action = ObjectCell(result.value(), row, 0);
-        const ComPtr<IQP_BaseDataObject> script = ObjectCell(result.value(), row, 1);
+        const ComPtr<IQP_BaseDataObject> action = ObjectCell(result.get(), row, 0);
+        const ComPtr<IQP_BaseDataObject> script = ObjectCell(result.get(), row, 1);
         rows.push_back({AttributeText(action.get(), L"name"), AttributeText(action.get(), L"m_iSequence"),
                         AttributeText(script.get(), L"name")});
     }
@@ -164,7 +166,7 @@ void CDemo::ShowScripts(const ActionCase& search)
 void CDemo::ShowCommands(const CommandCase& search)
 {
     PrintContext(search.context, L"");
-    CVariantHolder result;
+    Variant result;
     const long count = Ask(search.context, 3, result, [&](const Question& ask) {
         return ask.manager->GetScriptCommands(ask.query, ask.planTypeSet, ask.typeName, ask.planType,
                                               search.userInterfaceType, nullptr, ask.result);
@@ -175,11 +177,11 @@ void CDemo::ShowCommands(const CommandCase& search)
     ShownRows rows;
     for (long row = 0; row < count; ++row)
     {
-        const ComPtr<IQP_BaseDataObject> script = ObjectCell(result.value(), row, 1);
-        rows.push_back({TextCell(result.value(), row, 0),
+        const ComPtr<IQP_BaseDataObject> script = ObjectCell(result.get(), row, 1);
+        rows.push_back({TextCell(result.get(), row, 0),
                         script ? L"script " + AttributeText(script.get(), L"name")
-                               : L"macro " + TextCell(result.value(), row, 1),
-                        ModeText(TextCell(result.value(), row, 2))});
+                               : L"macro " + TextCell(result.get(), row, 1),
+                        ModeText(TextCell(result.get(), row, 2))});
     }
     ShownRows expected = search.rows;
     std::sort(expected.begin(), expected.end(), ComesBefore);
@@ -188,7 +190,7 @@ void CDemo::ShowCommands(const CommandCase& search)
 }
 
 template <class Method>
-long CDemo::Ask(const SearchContext& context, long columns, CVariantHolder& result, Method&& method)
+long CDemo::Ask(const SearchContext& context, long columns, Variant& result, Method&& method)
 {
     // A new object for each call: its result is valid for one search.
     const ComPtr<IScriptActionAndCommandManager> manager = NewManager();
@@ -201,12 +203,12 @@ long CDemo::Ask(const SearchContext& context, long columns, CVariantHolder& resu
 
     m_plant->Calls().Clear();
     m_plant->Calls().Record(true);
-    const CText typeName(context.typeName);
+    const Bstr typeName(context.typeName);
     const HRESULT status = method(Question{manager.get(), query.get(), planTypeSet.get(), typeName.get(),
-                                           planType.get(), result.get()});
+                                           planType.get(), result.put()});
     m_plant->Calls().Record(false);
     Expect(status == S_OK, std::wstring(context.title) + L": the status is 0");
-    const long rows = RowsOf(result.value(), columns);
+    const long rows = RowsOf(result.get(), columns);
     Expect(rows >= 0, std::wstring(context.title) + L": the result is a table");
     m_hostCalls.AddRow({context.title, std::to_wstring(rows), std::to_wstring(m_plant->Calls().Count())});
     return rows;
@@ -217,13 +219,15 @@ void CDemo::CheckHostCalls(const SearchContext& context, int count, const char* 
     const refhost::CallGate& gate = m_plant->Calls();
     Expect(gate.Count() == count,
            std::wstring(context.title) + L": " + std::to_wstring(count) + L" host calls");
-    const std::string made = InWords(gate.Calls());
-    const std::string expected = OnOneLine(calls);
+    std::wstring made;
+    std::wstring expected;
+    WideFromUtf8(InWords(gate.Calls()), made);
+    WideFromUtf8(OnOneLine(calls), expected);
     if (made == expected)
         return;
     const auto [first, unused] = std::mismatch(made.begin(), made.end(), expected.begin(), expected.end());
     Expect(false, std::wstring(context.title) + L": the host calls and their order, from here on: " +
-                      FromUtf8(made.substr(static_cast<std::size_t>(first - made.begin()), 80)));
+                      made.substr(static_cast<std::size_t>(first - made.begin()), 80));
 }
 
 void CDemo::CheckRows(const SearchContext& context, const ShownRows& rows, const ShownRows& expected)
@@ -245,12 +249,12 @@ void CDemo::ShowLog()
     Expect(static_cast<bool>(log), L"the log is created by ProgID");
     if (!log)
         return;
-    Expect(log->WriteTimeStampWithInfo(CText(L"qpdemo started").get()) == S_OK, L"a time stamp is written");
-    Expect(log->WriteUserActionInfo(CText(L"Release").get(), CText(L"4711").get(),
-                                    CText(L"{0B1E8C6A-52D3-4B0E-9E37-6C1D4A9F7E21}").get(),
-                                    CText(L"Weld left door").get(), CText(L"Operation").get()) == S_OK,
+    Expect(log->WriteTimeStampWithInfo(Bstr(L"qpdemo started").get()) == S_OK, L"a time stamp is written");
+    Expect(log->WriteUserActionInfo(Bstr(L"Release").get(), Bstr(L"4711").get(),
+                                    Bstr(L"{0B1E8C6A-52D3-4B0E-9E37-6C1D4A9F7E21}").get(),
+                                    Bstr(L"Weld left door").get(), Bstr(L"Operation").get()) == S_OK,
            L"an action is written");
-    Expect(log->WriteLine(CText(L"done\n").get()) == S_OK, L"a line is written");
+    Expect(log->WriteLine(Bstr(L"done\n").get()) == S_OK, L"a line is written");
 
     const std::vector<std::wstring> expected = {L"qpdemo started at  <time stamp>",
                                                 L"<time stamp>",

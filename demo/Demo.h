@@ -9,6 +9,7 @@
 #include "Plant.h"
 
 #include "ComPtr.h"
+#include "Variant.h"
 
 #include "qptools.h"
 
@@ -40,7 +41,7 @@ private:
     /// for the result, and looks at its status and at what it cost the host. Returns the number of rows, -1
     /// without a result.
     template <class Method>
-    long Ask(const SearchContext& context, long columns, CVariantHolder& result, Method&& method);
+    long Ask(const SearchContext& context, long columns, Variant& result, Method&& method);
     void CheckHostCalls(const SearchContext& context, int count, const char* calls);
     void CheckRows(const SearchContext& context, const ShownRows& rows, const ShownRows& expected);
 

@@ -1,5 +1,7 @@
 #include "DemoLog.h"
 
+#include "Paths.h"
+
 #include "Utf8.h"
 
 #include <windows.h>
@@ -35,6 +37,6 @@ std::vector<std::wstring> LinesBehind(const std::filesystem::path& file, std::ui
     input.seekg(static_cast<std::streamoff>(offset));
     std::vector<std::wstring> lines;
     for (std::string line; std::getline(input, line);)
-        lines.push_back(FromUtf8(line));
+        WideFromUtf8(line, lines.emplace_back());
     return lines;
 }

@@ -1,5 +1,8 @@
 #include "Results.h"
 
+#include "Bstr.h"
+#include "Variant.h"
+
 long RowsOf(const VARIANT& array, long columns)
 {
     if (array.vt != (VT_ARRAY | VT_VARIANT) || SafeArrayGetDim(array.parray) != 2)
@@ -16,28 +19,25 @@ long RowsOf(const VARIANT& array, long columns)
     return asPromised ? upper[0] + 1 : -1;
 }
 
-static void ReadCell(const VARIANT& array, long row, long column, CVariantHolder& cell)
+static Variant Cell(const VARIANT& array, long row, long column)
 {
     LONG index[2] = {static_cast<LONG>(row), static_cast<LONG>(column)};
-    SafeArrayGetElement(array.parray, index, cell.get());
+    Variant cell;
+    SafeArrayGetElement(array.parray, index, cell.put());
+    return cell;
 }
 
 std::wstring TextCell(const VARIANT& array, long row, long column)
 {
-    CVariantHolder cell;
-    ReadCell(array, row, column, cell);
-    if (cell.value().vt != VT_BSTR || !cell.value().bstrVal)
-        return {};
-    return {cell.value().bstrVal, SysStringLen(cell.value().bstrVal)};
+    return std::wstring(Cell(array, row, column).View());
 }
 
 ComPtr<IQP_BaseDataObject> ObjectCell(const VARIANT& array, long row, long column)
 {
-    CVariantHolder cell;
-    ReadCell(array, row, column, cell);
+    const Variant cell = Cell(array, row, column);
     ComPtr<IQP_BaseDataObject> object;
-    if (cell.value().vt == VT_UNKNOWN)
-        object.queryFrom(cell.value().punkVal);
+    if (cell.Type() == VT_UNKNOWN)
+        object.queryFrom(cell->punkVal);
     return object;
 }
 
@@ -45,12 +45,7 @@ std::wstring AttributeText(IQP_BaseDataObject* object, const wchar_t* name)
 {
     if (!object)
         return {};
-    CVariantHolder value;
-    const BSTR attribute = SysAllocString(name);
-    const HRESULT status = object->GetAttribute(attribute, value.get());
-    SysFreeString(attribute);
-    if (status != S_OK || VariantChangeType(value.get(), value.get(), 0, VT_BSTR) != S_OK ||
-        !value.value().bstrVal)
-        return {};
-    return value.value().bstrVal;
+    Variant value;
+    const HRESULT status = object->GetAttribute(Bstr(name).get(), value.put());
+    return status == S_OK && ConvertToText(value) ? std::wstring(value.View()) : std::wstring();
 }

@@ -7,26 +7,8 @@
 
 #include <windows.h>
 
-#include <oleauto.h>
-
 #include <string>
 #include <vector>
-
-/// An owning variant for an out argument.
-class CVariantHolder
-{
-public:
-    CVariantHolder() { VariantInit(&m_value); }
-    ~CVariantHolder() { VariantClear(&m_value); }
-    CVariantHolder(const CVariantHolder&) = delete;
-    CVariantHolder& operator=(const CVariantHolder&) = delete;
-
-    VARIANT* get() { return &m_value; }
-    const VARIANT& value() const { return m_value; }
-
-private:
-    VARIANT m_value;
-};
 
 /// The number of rows of a two-dimensional array of variants with `columns` columns, or -1 if it is no such
 /// array.

@@ -25,5 +25,5 @@ void CSelectParameters::AddEntry(const wchar_t* prompt, IUnknown* object)
 
 BSTR CSelectParameters::Keep(const wchar_t* text)
 {
-    return m_texts.emplace_back(std::make_unique<CText>(text))->get();
+    return m_texts.emplace_back(text).get();
 }

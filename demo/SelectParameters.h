@@ -1,11 +1,10 @@
 // The parameters of the generic selection dialog.
 #pragma once
 
-#include "Created.h"
+#include "Bstr.h"
 
 #include "qptools.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,7 +24,7 @@ public:
 private:
     BSTR Keep(const wchar_t* text);
 
-    std::vector<std::unique_ptr<CText>> m_texts;
+    std::vector<Bstr> m_texts;
     std::vector<tagINITVALUE> m_records;
     int m_entries = 0;
 };

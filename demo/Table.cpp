@@ -62,7 +62,7 @@ void CTable::Print() const
 
 void PrintLine(const std::wstring& text)
 {
-    PrintUtf8(ToUtf8(text));
+    PrintUtf8(Utf8FromWide(text));
 }
 
 void PrintUtf8(const std::string& line)

@@ -1,6 +1,9 @@
 #include "AttributeArrays.h"
 
+#include "HostText.h"
 #include "StatusError.h"
+
+#include "Bstr.h"
 
 #include <array>
 #include <new>
@@ -32,10 +35,10 @@ void RequireShape(SAFEARRAY* array, UINT dimensions, VARTYPE wanted)
     Require(type == wanted);
 }
 
-void ReadCell(SAFEARRAY* array, LONG row, LONG column, VARIANT& cell)
+void ReadCell(SAFEARRAY* array, LONG row, LONG column, Variant& cell)
 {
     std::array<LONG, 2> index = {row, column};
-    Check(SafeArrayGetElement(array, index.data(), &cell));
+    Check(SafeArrayGetElement(array, index.data(), cell.put()));
 }
 
 void PutCell(SAFEARRAY* array, LONG row, LONG column, const VARIANT& cell)
@@ -75,10 +78,9 @@ std::vector<std::wstring> ReadNames(SAFEARRAY* names)
     std::vector<std::wstring> result;
     for (LONG row = rows.low; row <= rows.high; ++row)
     {
-        HostVariant name;
-        Check(SafeArrayGetElement(names, &row, &name->bstrVal));
-        name->vt = VT_BSTR;
-        result.emplace_back(TextOf(name->bstrVal));
+        Bstr name;
+        Check(SafeArrayGetElement(names, &row, name.put()));
+        result.emplace_back(TextOf(name.get()));
     }
     return result;
 }
@@ -92,12 +94,12 @@ std::vector<Pair> ReadPairs(SAFEARRAY* pairs)
     std::vector<Pair> result;
     for (LONG row = rows.low; row <= rows.high; ++row)
     {
-        HostVariant name;
-        ReadCell(pairs, row, columns.low, name.get());
-        Require(name->vt == VT_BSTR);
+        Variant name;
+        ReadCell(pairs, row, columns.low, name);
+        Require(name.Type() == VT_BSTR);
         Pair& pair = result.emplace_back();
         pair.name = TextOf(name->bstrVal);
-        ReadCell(pairs, row, columns.high, pair.value->get());
+        ReadCell(pairs, row, columns.high, pair.value);
     }
     return result;
 }
@@ -111,11 +113,8 @@ SAFEARRAY* MakePairArray(const std::vector<Pair>& rows)
     for (LONG row = 0; row < static_cast<LONG>(rows.size()); ++row)
     {
         const Pair& pair = rows[static_cast<std::size_t>(row)];
-        HostVariant name;
-        name->bstrVal = MakeBstr(pair.name);
-        name->vt = VT_BSTR;
-        PutCell(array.get(), row, 0, name.get());
-        PutCell(array.get(), row, 1, pair.value->get());
+        PutCell(array.get(), row, 0, Variant::OfText(pair.name).get());
+        PutCell(array.get(), row, 1, pair.value.get());
     }
     return array.release();
 }

@@ -4,6 +4,8 @@
 #include "HostText.h"
 #include "HostVariant.h"
 
+#include "Bstr.h"
+
 #include <array>
 #include <cstdio>
 
@@ -80,14 +82,12 @@ std::string CellText(SAFEARRAY* array, LONG row, LONG column, UINT dimensions)
     std::array<LONG, 2> index = {row, column};
     if (dimensions == 1)
     {
-        BSTR name = nullptr;
-        SafeArrayGetElement(array, index.data(), &name);
-        std::string text = ArgumentText(name);
-        SysFreeString(name);
-        return text;
+        Bstr name;
+        SafeArrayGetElement(array, index.data(), name.put());
+        return ArgumentText(name.get());
     }
-    HostVariant cell;
-    SafeArrayGetElement(array, index.data(), &cell.get());
+    Variant cell;
+    SafeArrayGetElement(array, index.data(), cell.put());
     return ArgumentText(cell.get());
 }
 } // namespace
@@ -102,15 +102,14 @@ std::string ArgumentList(const std::vector<std::string>& arguments)
 
 std::string ArgumentText(BSTR text)
 {
-    return text ? InQuotes(ToUtf8(TextOf(text))) : "null";
+    return text ? InQuotes(Utf8FromWide(TextOf(text))) : "null";
 }
 
 std::string ArgumentText(const VARIANT& value)
 {
     if (!(value.vt & VT_BYREF))
         return PlainText(value);
-    const HostVariant direct(value);
-    return PlainText(direct.get());
+    return PlainText(Resolved(value).get());
 }
 
 std::string ArgumentText(const GUID& id)

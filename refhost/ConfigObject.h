@@ -27,7 +27,7 @@ public:
     {
         return Call(
             "IQPConfigObject::Get", std::tuple(Out{value}),
-            [&] { return Read(m_row.kind.FindAttribute(ToUtf8(TextOf(key))), *value); }, key);
+            [&] { return Read(m_row.kind.FindAttribute(Utf8FromWide(TextOf(key))), *value); }, key);
     }
 
     /// S_FALSE and VT_EMPTY for a member without a value, E_INVALIDARG for an unknown one.

@@ -7,6 +7,8 @@
 #include "PlantError.h"
 #include "StatusError.h"
 
+#include "ComException.h"
+
 #include <new>
 #include <tuple>
 
@@ -69,33 +71,21 @@ struct Batch
 template <class T>
 Batch(ULONG, T**, ULONG*) -> Batch<T>;
 
-/// Runs `body`, which returns the call's status, as one host call.
-///
-/// `describe` returns the line to record. `outputs` is a tuple of the call's outputs: all are emptied first,
-/// and one that the caller should have passed empty is noted as a misuse.
-/// Returns E_POINTER if an output is null; else the status of the body or of the injected fault;
-/// E_OUTOFMEMORY if out of memory; E_FAIL if the database fails, with its message in PlantCore::lastError.
-template <class Describe, class Outputs, class Body>
-HRESULT HostCall(PlantCore& core, const char* method, Describe&& describe, const Outputs& outputs,
-                 Body&& body) noexcept
+/// The exception boundary: runs `body` and returns its status. Returns E_OUTOFMEMORY if out of memory; E_FAIL
+/// if the database fails, with its message in PlantCore::lastError.
+template <class Body>
+HRESULT WithBoundary(PlantCore& core, Body&& body) noexcept
 try
 {
-    const HostWork atWork;
-    const CallGate::Verdict verdict = core.gate.Enter(method, describe);
-    if (!std::apply([](const auto&... out) { return (out.Given() && ...); }, outputs))
-        return E_POINTER;
-    if (!std::apply([](const auto&... out) { return (out.Fresh() && ...); }, outputs))
-        core.gate.NoteMisuse(method);
-    std::apply([](const auto&... out) { (out.Empty(), ...); }, outputs);
-    if (verdict.fault == Fault::None)
-        return body();
-    if (verdict.fault == Fault::NullObject)
-        std::apply([](const auto&... out) { (out.GiveNull(), ...); }, outputs);
-    return verdict.fault == Fault::Status ? verdict.status : S_OK;
+    return body();
 }
 catch (const StatusError& error)
 {
     return error.status;
+}
+catch (const ComException& error)
+{
+    return error.Status();
 }
 catch (const std::bad_alloc&)
 {
@@ -109,5 +99,31 @@ catch (const PlantError& error)
 catch (...)
 {
     return E_FAIL;
+}
+
+/// Runs `body`, which returns the call's status, as one host call.
+///
+/// `describe` returns the line to record. `outputs` is a tuple of the call's outputs: all are emptied first,
+/// and one that the caller should have passed empty is noted as a misuse.
+/// Returns E_POINTER if an output is null; else the status of the body, as WithBoundary gives it, or of the
+/// injected fault.
+template <class Describe, class Outputs, class Body>
+HRESULT HostCall(PlantCore& core, const char* method, Describe&& describe, const Outputs& outputs,
+                 Body&& body) noexcept
+{
+    return WithBoundary(core, [&]() -> HRESULT {
+        const HostWork atWork;
+        const CallGate::Verdict verdict = core.gate.Enter(method, describe);
+        if (!std::apply([](const auto&... out) { return (out.Given() && ...); }, outputs))
+            return E_POINTER;
+        if (!std::apply([](const auto&... out) { return (out.Fresh() && ...); }, outputs))
+            core.gate.NoteMisuse(method);
+        std::apply([](const auto&... out) { (out.Empty(), ...); }, outputs);
+        if (verdict.fault == Fault::None)
+            return body();
+        if (verdict.fault == Fault::NullObject)
+            std::apply([](const auto&... out) { (out.GiveNull(), ...); }, outputs);
+        return verdict.fault == Fault::Status ? verdict.status : S_OK;
+    });
 }
 } // namespace refhost

@@ -27,7 +27,7 @@ HRESULT HostConfigFactory::GetTypeEnum(BSTR configName, IQPTypeEnum** types)
         [&] {
             Statement rows(m_core->database,
                            R"(SELECT "id" FROM "configtype" WHERE ?1 IN ('', "name") ORDER BY "id")");
-            rows.Bind(1, ToUtf8(TextOf(configName)));
+            rows.Bind(1, Utf8FromWide(TextOf(configName)));
             *types = Types::Make(m_core, *FindKind("configtype"), rows).detach();
             return S_OK;
         },

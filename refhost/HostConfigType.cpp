@@ -31,7 +31,7 @@ ComPtr<IQPType> HostConfigType::Find(const Core& core, std::wstring_view typeNam
                                      std::wstring_view configName)
 {
     Statement row(core->database, R"(SELECT "id" FROM "configtype" WHERE "name" = ?1 ORDER BY "id")");
-    row.Bind(1, ToUtf8(configName.empty() ? typeName : configName));
+    row.Bind(1, Utf8FromWide(configName.empty() ? typeName : configName));
     Require(row.Step());
     return Make(core, *FindKind("configtype"), row.Integer(0));
 }
@@ -83,7 +83,7 @@ HRESULT HostConfigType::GetAttribute(BSTR name, IQPAttribute** attribute)
                           R"(SELECT "id" FROM "configattribute")"
                           R"( WHERE "configtype" = ?1 AND ?2 IN ("attributename", "name"))"
                           R"( ORDER BY "id")");
-            row.Bind(1, m_row.id).Bind(2, ToUtf8(TextOf(name)));
+            row.Bind(1, m_row.id).Bind(2, Utf8FromWide(TextOf(name)));
             Require(row.Step());
             *attribute =
                 HostConfigAttribute::Make(m_row.core, *FindKind("configattribute"), row.Integer(0)).detach();

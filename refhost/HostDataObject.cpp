@@ -8,6 +8,8 @@
 #include "HostVariant.h"
 #include "HostWork.h"
 
+#include "Bstr.h"
+
 #include <new>
 #include <vector>
 
@@ -78,7 +80,7 @@ HRESULT HostDataObject::Call(const char* method, const Outputs& outputs, Body&& 
 HRESULT HostDataObject::GetTableName(BSTR* tableName)
 {
     return Call("IQP_BaseDataObject::GetTableName", std::tuple(Out{tableName}), [&] {
-        *tableName = MakeBstr(FromUtf8(m_row.kind.table));
+        *tableName = Bstr(FromUtf8(m_row.kind.table)).detach();
         return S_OK;
     });
 }
@@ -86,7 +88,7 @@ HRESULT HostDataObject::GetTableName(BSTR* tableName)
 HRESULT HostDataObject::GetTypeName(BSTR* typeName)
 {
     return Call("IQP_BaseDataObject::GetTypeName", std::tuple(Out{typeName}), [&] {
-        *typeName = MakeBstr(FromUtf8(m_row.kind.typeName));
+        *typeName = Bstr(FromUtf8(m_row.kind.typeName)).detach();
         return S_OK;
     });
 }
@@ -150,7 +152,7 @@ HRESULT HostDataObject::GetChildren(BSTR list, IEnumBaseDataObject** children)
     return Call(
         "IQP_BaseDataObject::GetChildren", std::tuple(Out{children}),
         [&] {
-            const ChildList* known = m_row.kind.FindChildren(ToUtf8(TextOf(list)));
+            const ChildList* known = m_row.kind.FindChildren(Utf8FromWide(TextOf(list)));
             Require(known != nullptr);
             const std::string table = Quoted(known->table);
             const std::string id = Quoted("id");
@@ -186,7 +188,7 @@ HRESULT HostDataObject::IsDerivedFromClass(BSTR className)
 {
     return Call(
         "IQP_BaseDataObject::IsDerivedFromClass", std::tuple(),
-        [&] { return m_row.kind.IsOf(ToUtf8(TextOf(className))) ? S_OK : S_FALSE; }, className);
+        [&] { return m_row.kind.IsOf(Utf8FromWide(TextOf(className))) ? S_OK : S_FALSE; }, className);
 }
 
 HRESULT HostDataObject::HasRight(enum QPRightType right)
@@ -204,33 +206,17 @@ HRESULT HostDataObject::HasRight(enum QPRightType right)
 
 const Attribute& HostDataObject::Known(BSTR name) const
 {
-    const Attribute* attribute = m_row.kind.FindAttribute(ToUtf8(TextOf(name)));
+    const Attribute* attribute = m_row.kind.FindAttribute(Utf8FromWide(TextOf(name)));
     Require(attribute != nullptr);
     return *attribute;
 }
 
 HRESULT HostDataObject::WriteNamed(BSTR name, const VARIANT& value) const noexcept
-try
 {
-    m_row.Write(Known(name), value);
-    return S_OK;
-}
-catch (const StatusError& error)
-{
-    return error.status;
-}
-catch (const PlantError& error)
-{
-    m_row.core->NoteError(error.what());
-    return E_FAIL;
-}
-catch (const std::bad_alloc&)
-{
-    return E_OUTOFMEMORY;
-}
-catch (...)
-{
-    return E_FAIL;
+    return WithBoundary(*m_row.core, [&] {
+        m_row.Write(Known(name), value);
+        return S_OK;
+    });
 }
 
 HRESULT HostDataObject::ReadAll(SAFEARRAY* names, SAFEARRAY** values) const
@@ -240,12 +226,12 @@ HRESULT HostDataObject::ReadAll(SAFEARRAY* names, SAFEARRAY** values) const
     bool unknown = false;
     for (const std::wstring& name : ReadNames(names))
     {
-        const Attribute* attribute = m_row.kind.FindAttribute(ToUtf8(name));
+        const Attribute* attribute = m_row.kind.FindAttribute(Utf8FromWide(name));
         unknown = unknown || !attribute;
         if (!attribute)
             continue;
         Pair pair{name};
-        if (m_row.Read(*attribute, pair.value->get()) == E_ACCESSDENIED)
+        if (m_row.Read(*attribute, *pair.value.put()) == E_ACCESSDENIED)
             hidden = true;
         else
             pairs.push_back(std::move(pair));
@@ -259,11 +245,7 @@ HRESULT HostDataObject::WriteAll(SAFEARRAY* pairs, SAFEARRAY** results) const
     std::vector<Pair> rows = ReadPairs(pairs);
     for (Pair& row : rows)
     {
-        const OwnedBstr name(row.name);
-        const HRESULT status = WriteNamed(name.get(), row.value->get());
-        row.value = std::make_unique<HostVariant>();
-        row.value->get().vt = VT_I4;
-        row.value->get().lVal = status;
+        row.value = OfNumber(WriteNamed(Bstr(row.name).get(), row.value.get()));
     }
     *results = MakePairArray(rows);
     return S_OK;

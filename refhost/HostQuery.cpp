@@ -57,7 +57,7 @@ HRESULT HostQuery::Call(const char* method, const Outputs& outputs, Body&& body,
 const Attribute& HostQuery::Column(BSTR name) const
 {
     Require(m_search.Table() != nullptr);
-    const Attribute* column = m_search.Table()->FindColumn(ToUtf8(TextOf(name)));
+    const Attribute* column = m_search.Table()->FindColumn(Utf8FromWide(TextOf(name)));
     Require(column != nullptr);
     return *column;
 }
@@ -67,7 +67,7 @@ HRESULT HostQuery::SetSearchTable(BSTR table)
     return Call(
         "IQP_Query::SetSearchTable", std::tuple(),
         [&] {
-            const Kind* kind = FindKind(ToUtf8(TextOf(table)));
+            const Kind* kind = FindKind(Utf8FromWide(TextOf(table)));
             Require(kind != nullptr);
             m_search.SetTable(kind);
             return S_OK;
@@ -104,7 +104,7 @@ HRESULT HostQuery::SetSearchAttribute(BSTR column, LONG operation, VARIANT value
 /// A null BSTR is the empty text, not a missing value.
 void HostQuery::AddCriterion(const Attribute& column, const VARIANT& value, Catenation before)
 {
-    const HostVariant direct(value);
+    const Variant direct = Resolved(value);
     const bool wantsObject = column.type == ColumnType::Object;
     Require(IsNothing(direct.get()) || IsReference(direct.get()) == wantsObject);
     if (IsForeign(*m_core, direct.get()))
@@ -161,7 +161,7 @@ HRESULT HostQuery::GetObjectById(BSTR id, IUnknown** object)
     return Call(
         "IQP_Query::GetObjectById", std::tuple(Out{object}),
         [&] {
-            const std::optional<long long> number = NumberOfId(ToUtf8(TextOf(id)));
+            const std::optional<long long> number = NumberOfId(Utf8FromWide(TextOf(id)));
             Require(number.has_value());
             Statement statement(m_core->database, R"(SELECT "kind" FROM "object" WHERE "id" = ?1)");
             if (!statement.Bind(1, *number).Step())

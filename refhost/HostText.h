@@ -1,8 +1,11 @@
 // Text between the database (UTF-8) and COM (wide).
 #pragma once
 
-#include <oleauto.h>
+#include "Utf8.h"
+
 #include <windows.h>
+
+#include <oleauto.h>
 
 #include <filesystem>
 #include <string>
@@ -10,10 +13,7 @@
 
 namespace refhost
 {
-/// Wide text as UTF-8. A lone surrogate becomes U+FFFD.
-std::string ToUtf8(std::wstring_view text);
-
-/// UTF-8 as wide text. Bytes that are not UTF-8 become U+FFFD.
+/// UTF-8 as wide text. Throws PlantError if `text` is not well-formed UTF-8.
 std::wstring FromUtf8(std::string_view text);
 
 /// The path as UTF-8. A native path consists of bytes; converting it to wide text would depend on the locale.
@@ -27,7 +27,4 @@ inline std::wstring_view TextOf(BSTR string)
 {
     return string ? std::wstring_view(string) : std::wstring_view();
 }
-
-/// A new string for the caller to free. Throws std::bad_alloc when there is no memory.
-BSTR MakeBstr(std::wstring_view text);
 } // namespace refhost

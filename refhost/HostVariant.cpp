@@ -2,22 +2,42 @@
 
 #include "StatusError.h"
 
+#include <utility>
+
 namespace refhost
 {
-HostVariant::HostVariant(const VARIANT& source) : HostVariant()
+Variant Resolved(const VARIANT& source)
 {
-    const HRESULT status = VariantCopyInd(&m_value, const_cast<VARIANT*>(&source));
-    if (status < 0)
-        throw StatusError{status};
+    Variant copy;
+    Check(CopyResolved(source, copy));
+    return copy;
 }
 
-void HostVariant::Become(VARTYPE type)
+void Become(Variant& value, VARTYPE type)
 {
-    if (m_value.vt == type)
+    if (value.Type() == type)
         return;
-    const HRESULT status = VariantChangeType(&m_value, &m_value, 0, type);
-    if (status < 0)
-        throw StatusError{status};
+    Variant converted;
+    Check(VariantChangeType(converted.put(), const_cast<VARIANT*>(&value.get()), 0, type));
+    value = std::move(converted);
+}
+
+Variant OfNumber(LONG number)
+{
+    Variant made;
+    VARIANT* const value = made.put();
+    value->vt = VT_I4;
+    value->lVal = number;
+    return made;
+}
+
+Variant OfFlag(bool flag)
+{
+    Variant made;
+    VARIANT* const value = made.put();
+    value->vt = VT_BOOL;
+    value->boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
+    return made;
 }
 
 bool IsNothing(const VARIANT& value)

@@ -1,34 +1,20 @@
-// Variants of the host's callers: ownership and reading.
+// Reading and making the values of host calls.
 #pragma once
 
-#include <oleauto.h>
+#include "Variant.h"
+
 #include <windows.h>
 
 namespace refhost
 {
-/// The owner of one VARIANT.
-class HostVariant
-{
-public:
-    HostVariant() noexcept { VariantInit(&m_value); }
-    ~HostVariant() { VariantClear(&m_value); }
-    HostVariant(const HostVariant&) = delete;
-    HostVariant& operator=(const HostVariant&) = delete;
+/// A copy of `source` with VT_BYREF resolved. Throws StatusError with the status of a failed copy.
+Variant Resolved(const VARIANT& source);
 
-    /// Copies `source` with VT_BYREF resolved. Throws StatusError with the status of a failed copy.
-    explicit HostVariant(const VARIANT& source);
+/// Converts in place. Throws StatusError with the status of a failed conversion.
+void Become(Variant& value, VARTYPE type);
 
-    VARIANT* operator->() noexcept { return &m_value; }
-    const VARIANT* operator->() const noexcept { return &m_value; }
-    VARIANT& get() noexcept { return m_value; }
-    const VARIANT& get() const noexcept { return m_value; }
-
-    /// Converts in place. Throws StatusError with the status of a failed conversion.
-    void Become(VARTYPE type);
-
-private:
-    VARIANT m_value;
-};
+Variant OfNumber(LONG number);
+Variant OfFlag(bool flag);
 
 /// Whether `value` means "no value": VT_EMPTY, VT_NULL or a null object reference.
 bool IsNothing(const VARIANT& value);

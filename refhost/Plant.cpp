@@ -15,9 +15,9 @@ namespace
 {
 const Kind& KindOf(std::wstring_view table)
 {
-    const Kind* kind = FindKind(ToUtf8(table));
+    const Kind* kind = FindKind(Utf8FromWide(table));
     if (!kind)
-        throw PlantError("a plant has no table " + ToUtf8(table));
+        throw PlantError("a plant has no table " + Utf8FromWide(table));
     return *kind;
 }
 
@@ -74,7 +74,7 @@ ComPtr<IQP_Query> Plant::NewQuery()
 ComPtr<IQP_BaseDataObject> Plant::Find(std::wstring_view table, std::wstring_view name)
 {
     const Kind& kind = KindOf(table);
-    const long long id = NumberOf(*m_core, kind, ToUtf8(name));
+    const long long id = NumberOf(*m_core, kind, Utf8FromWide(name));
     return id ? HostDataObject::Make(m_core, kind, id) : ComPtr<IQP_BaseDataObject>();
 }
 
@@ -82,11 +82,11 @@ ComPtr<IQP_BaseDataObject> Plant::Add(std::wstring_view table, std::wstring_view
 {
     const Kind& kind = KindOf(table);
     Transaction transaction(m_core->database);
-    const long long id = InsertObject(m_core->database, kind, ToUtf8(name));
+    const long long id = InsertObject(m_core->database, kind, Utf8FromWide(name));
     {
         Statement statement(m_core->database,
                             "UPDATE " + Quoted(kind.table) + R"( SET "name" = ?1 WHERE "id" = ?2)");
-        statement.Bind(1, ToUtf8(name)).Bind(2, id).Step();
+        statement.Bind(1, Utf8FromWide(name)).Bind(2, id).Step();
     }
     if (kind.hasRights)
         StoreRights(m_core->database, id, kAllRights);
@@ -96,16 +96,16 @@ ComPtr<IQP_BaseDataObject> Plant::Add(std::wstring_view table, std::wstring_view
 
 void Plant::SetRights(std::wstring_view table, std::wstring_view name, std::optional<long> rights)
 {
-    StoreRights(m_core->database, KnownNumber(*m_core, KindOf(table), ToUtf8(name)), rights);
+    StoreRights(m_core->database, KnownNumber(*m_core, KindOf(table), Utf8FromWide(name)), rights);
 }
 
 void Plant::SetLimit(std::wstring_view table, std::wstring_view name, std::wstring_view column, Limit limit)
 {
     const Kind& kind = KindOf(table);
-    const Attribute* attribute = kind.FindColumn(ToUtf8(column));
+    const Attribute* attribute = kind.FindColumn(Utf8FromWide(column));
     if (!attribute)
-        throw PlantError(std::string(kind.table) + " has no column " + ToUtf8(column));
-    StoreLimit(m_core->database, KnownNumber(*m_core, kind, ToUtf8(name)), *attribute, limit);
+        throw PlantError(std::string(kind.table) + " has no column " + Utf8FromWide(column));
+    StoreLimit(m_core->database, KnownNumber(*m_core, kind, Utf8FromWide(name)), *attribute, limit);
 }
 
 ComPtr<IQPConfigFactory> Plant::ConfigFactory()

@@ -3,6 +3,8 @@
 #include "HostCall.h"
 #include "HostVariant.h"
 
+#include "Bstr.h"
+
 #include <algorithm>
 #include <new>
 
@@ -20,12 +22,7 @@ public:
             throw std::bad_alloc();
         std::fill_n(m_memory, count + 1, nullptr);
     }
-    ~StringList()
-    {
-        for (const BSTR string : m_strings)
-            SysFreeString(string);
-        CoTaskMemFree(m_memory);
-    }
+    ~StringList() { CoTaskMemFree(m_memory); }
     StringList(const StringList&) = delete;
     StringList& operator=(const StringList&) = delete;
 
@@ -33,41 +30,34 @@ public:
     {
         m_strings.reserve(texts.size());
         for (const std::string& text : texts)
-            m_strings.push_back(MakeBstr(FromUtf8(text)));
-        std::copy(m_strings.begin(), m_strings.end(), m_memory);
+            m_strings.emplace_back(FromUtf8(text));
+        std::transform(m_strings.begin(), m_strings.end(), m_memory,
+                       [](const Bstr& text) { return text.get(); });
     }
     BSTR* Memory() const { return m_memory; }
 
 private:
     BSTR* m_memory;
-    std::vector<BSTR> m_strings;
+    std::vector<Bstr> m_strings;
 };
 
 namespace
 {
 std::string Text(BSTR string)
 {
-    return ToUtf8(TextOf(string));
+    return Utf8FromWide(TextOf(string));
 }
 
-void FromStored(const StoredValue& stored, HostVariant& value)
+Variant FromStored(const StoredValue& stored)
 {
     if (const auto* number = std::get_if<long long>(&stored.value))
-    {
-        value->vt = stored.type == VT_BOOL ? VT_BOOL : VT_I4;
-        if (stored.type == VT_BOOL)
-            value->boolVal = *number ? VARIANT_TRUE : VARIANT_FALSE;
-        else
-            value->lVal = static_cast<LONG>(*number);
-        return;
-    }
-    value->bstrVal = MakeBstr(FromUtf8(std::get<std::string>(stored.value)));
-    value->vt = VT_BSTR;
+        return stored.type == VT_BOOL ? OfFlag(*number != 0) : OfNumber(static_cast<LONG>(*number));
+    return Variant::OfText(FromUtf8(std::get<std::string>(stored.value)));
 }
 
 StoredValue ToStored(const VARIANT& value)
 {
-    HostVariant direct(value);
+    Variant direct = Resolved(value);
     switch (direct->vt)
     {
     case VT_BOOL:
@@ -75,10 +65,10 @@ StoredValue ToStored(const VARIANT& value)
     case VT_I2:
     case VT_I4:
     case VT_INT:
-        direct.Become(VT_I4);
+        Become(direct, VT_I4);
         return {VT_I4, static_cast<long long>(direct->lVal)};
     default:
-        direct.Become(VT_BSTR);
+        Become(direct, VT_BSTR);
         return {VT_BSTR, Text(direct->bstrVal)};
     }
 }
@@ -160,11 +150,10 @@ HRESULT SessionDataManager::ReadValue(const std::string& key, const std::string&
     const std::optional<StoredValue> stored = m_store.Get(scope, key, name);
     if (!stored)
         return S_FALSE;
-    HostVariant found;
-    FromStored(*stored, found);
+    Variant found = FromStored(*stored);
     if (type != VT_EMPTY)
-        found.Become(type);
-    std::swap(value, found.get());
+        Become(found, type);
+    value = found.detach();
     return S_OK;
 }
 

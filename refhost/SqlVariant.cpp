@@ -5,6 +5,8 @@
 #include "HostVariant.h"
 #include "StatusError.h"
 
+#include "Bstr.h"
+
 #include <string_view>
 
 namespace refhost
@@ -22,7 +24,7 @@ long long ObjectNumber(const PlantCore& core, const Attribute& attribute, const 
 
 SqlValue ToColumn(const PlantCore& core, const Attribute& attribute, const VARIANT& value)
 {
-    HostVariant direct(value);
+    Variant direct = Resolved(value);
     if (IsNothing(direct.get()))
         return {};
     switch (attribute.type)
@@ -30,16 +32,16 @@ SqlValue ToColumn(const PlantCore& core, const Attribute& attribute, const VARIA
     case ColumnType::Object:
         return ObjectNumber(core, attribute, direct.get());
     case ColumnType::Number:
-        direct.Become(VT_I4);
+        Become(direct, VT_I4);
         return static_cast<long long>(direct->lVal);
     case ColumnType::Flag:
-        direct.Become(VT_BOOL);
+        Become(direct, VT_BOOL);
         return static_cast<long long>(direct->boolVal ? 1 : 0);
     case ColumnType::Text:
         break;
     }
-    direct.Become(VT_BSTR);
-    return ToUtf8(TextOf(direct->bstrVal));
+    Become(direct, VT_BSTR);
+    return Utf8FromWide(TextOf(direct->bstrVal));
 }
 
 HRESULT ReadColumn(const Core& core, const Attribute& attribute, const Statement& row, VARIANT& value)
@@ -61,7 +63,7 @@ HRESULT ReadColumn(const Core& core, const Attribute& attribute, const Statement
         value.vt = VT_BOOL;
         break;
     case ColumnType::Text:
-        value.bstrVal = MakeBstr(FromUtf8(row.Text(0)));
+        value.bstrVal = Bstr(FromUtf8(row.Text(0))).detach();
         value.vt = VT_BSTR;
         break;
     }

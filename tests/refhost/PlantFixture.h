@@ -5,7 +5,9 @@
 #include "Plant.h"
 #include "SampleFolder.h"
 
+#include "Bstr.h"
 #include "ComPtr.h"
+#include "Variant.h"
 
 #include "qpobjects.h"
 #include "qpservices.h"
@@ -21,19 +23,16 @@ class Text
 {
 public:
     // NOLINTNEXTLINE(google-explicit-constructor): a text is the argument
-    Text(const wchar_t* text) : m_text(text ? SysAllocString(text) : nullptr) {}
-    ~Text() { SysFreeString(m_text); }
-    Text(const Text&) = delete;
-    Text& operator=(const Text&) = delete;
+    Text(const wchar_t* text) : m_text(text) {}
     // NOLINTNEXTLINE(google-explicit-constructor)
-    operator BSTR() const { return m_text; }
+    operator BSTR() const { return m_text.get(); }
 
 private:
-    BSTR m_text;
+    const Bstr m_text;
 };
 
-/// A value argument; it frees what it holds.
-class Value : public refhost::HostVariant
+/// A value argument or output, open to changes.
+class Value
 {
 public:
     Value() = default;
@@ -65,6 +64,17 @@ public:
     }
     // NOLINTNEXTLINE(google-explicit-constructor)
     operator VARIANT() const { return get(); }
+
+    VARIANT& get() { return const_cast<VARIANT&>(m_value.get()); }
+    const VARIANT& get() const { return m_value.get(); }
+    VARIANT* operator->() { return &get(); }
+    const VARIANT* operator->() const { return &get(); }
+
+    /// Converts in place.
+    void Become(VARTYPE type) { refhost::Become(m_value, type); }
+
+private:
+    Variant m_value;
 };
 
 /// The object's attribute as a value; returns what the call returned.
