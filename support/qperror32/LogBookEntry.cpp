@@ -49,7 +49,6 @@ void AppendField(std::wstring& line, const wchar_t* field)
     AppendEscaped(line, field && *field ? field : L"-");
     line += L'\t';
 }
-
 } // namespace
 
 std::wstring LogBookLine(const LogBookEntry& entry)
