@@ -2,12 +2,7 @@
 
 namespace refhost
 {
-namespace
-{
-constexpr auto Number = ColumnType::Number;
-constexpr auto Flag = ColumnType::Flag;
-constexpr auto Object = ColumnType::Object;
-} // namespace
+using enum ColumnType;
 
 Kind ConfigTypeKind()
 {
