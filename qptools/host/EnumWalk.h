@@ -1,8 +1,11 @@
-// How the host's enumerators are walked: one object at a time, or in batches.
+// How the host's enumerators are walked, and what ends a walk.
 //
-// The host's enumerators do not agree on how they say that they are at their end, so a walk names the ends
-// that hold for its site. All of them leave the enumerator where the walk ended; who walks twice calls Reset
-// first.
+//     EnumWalk     one object at a time, by RemNext(1) or GetSingleNext
+//     WalkBatches  25 objects at a time, by RemNext(25)
+//
+// The host's enumerators do not agree on how they signal their end, so each caller of EnumWalk names the end
+// condition that its contract states (WalkEnd). Batches have one rule everywhere, that of WalkBatches. A walk
+// leaves the enumerator where it ended; to walk again, call Reset first.
 #pragma once
 
 #include "ComPtr.h"
@@ -22,41 +25,49 @@ Element EnumeratedBy(HRESULT (STDMETHODCALLTYPE Interface::*)(ULONG, Element**, 
 template <class Enumerator>
 using EnumElement = decltype(EnumeratedBy(&Enumerator::RemNext));
 
+/// The method that fetches the next object.
+enum class WalkBy
+{
+    RemNext,      ///< RemNext(1)
+    GetSingleNext ///< has no fetched count: an object counts as one, null as none
+};
+
 /// What ends a walk besides a status other than S_OK, which always does.
 enum class WalkEnd
 {
-    AtNull,           ///< a null object, whatever count came with it
-    AtNothingFetched, ///< a fetched count of zero; a null object that was counted is passed over
-    AtStatusOnly      ///< nothing else; null objects are passed over
+    AtNull,           ///< a null object, whatever the fetched count
+    AtNothingFetched, ///< a fetched count of zero; a null object that was counted is skipped
+    AtStatusOnly      ///< nothing else; null objects are skipped
 };
 
-/// A walk that passes over null objects gives up after this many in a row: a host that answers S_OK and null
-/// at its end would be asked for ever.
+/// A walk that skips null objects gives up after this many in a row: otherwise a host that answers S_OK and
+/// null at its end would be asked for ever.
 constexpr int kMaxNullsInRow = 1000;
 
-/// Walks by RemNext(1). The fetched count is looked at only with WalkEnd::AtNothingFetched.
+/// Walks an enumerator one object at a time.
 ///
-///     RemNextWalk walk(enumerator, WalkEnd::AtNull);
+///     EnumWalk walk(enumerator, WalkBy::RemNext, WalkEnd::AtNull);
 ///     while (walk.Next())
 ///         walk.Object()->GetAttribute(...);
 template <class Enumerator>
-class RemNextWalk
+class EnumWalk
 {
 public:
     using Element = EnumElement<Enumerator>;
 
-    /// `enumerator` must not be null and must outlive the walk, which takes no reference of its own to it.
-    RemNextWalk(Enumerator* enumerator, WalkEnd end) noexcept : m_ptrEnumerator(enumerator), m_end(end) {}
+    /// `enumerator` must not be null. It is borrowed: the caller keeps it alive until the walk is destroyed.
+    EnumWalk(Enumerator* enumerator, WalkBy by, WalkEnd end) noexcept
+        : m_enumerator(enumerator), m_by(by), m_end(end)
+    {
+    }
 
-    /// Goes on to the next object and releases the one before. Returns false at the end.
+    /// Releases the current object and fetches the next. Returns false at the end.
     bool Next()
     {
         for (int nulls = 0; nulls < kMaxNullsInRow; ++nulls)
         {
-            ULONG fetched = 0;
-            m_status = m_ptrEnumerator->RemNext(1, m_ptrObject.put(), &fetched);
-            const bool atEnd = m_status != S_OK || (m_end == WalkEnd::AtNothingFetched && fetched == 0);
-            if (atEnd || (m_end == WalkEnd::AtNull && !m_ptrObject))
+            const ULONG fetched = Fetch();
+            if (m_status != S_OK || IsEnd(fetched))
                 break;
             if (m_ptrObject)
                 return true;
@@ -65,74 +76,54 @@ public:
         return false;
     }
 
-    /// The object that Next found; the walk owns it until the next Next.
+    /// The current object, owned by the walk until the next Next; null before the first and after the end.
     Element* Object() const noexcept { return m_ptrObject.get(); }
 
-    /// Gives the object that Next found to the caller; the walk has none until the next Next.
+    /// Moves the current object to the caller.
     ComPtr<Element> Take() noexcept { return std::move(m_ptrObject); }
 
-    /// What the last RemNext returned, S_OK before the first.
+    /// The status of the last fetch, S_OK before the first.
     HRESULT Status() const noexcept { return m_status; }
 
 private:
-    Enumerator* m_ptrEnumerator;
-    ComPtr<Element> m_ptrObject;
-    HRESULT m_status = S_OK;
-    WalkEnd m_end;
-};
-
-/// Walks by GetSingleNext. There is no count, so WalkEnd::AtNothingFetched means the same as WalkEnd::AtNull.
-template <class Enumerator>
-class SingleNextWalk
-{
-public:
-    using Element = EnumElement<Enumerator>;
-
-    /// `enumerator` must not be null and must outlive the walk, which takes no reference of its own to it.
-    SingleNextWalk(Enumerator* enumerator, WalkEnd end) noexcept : m_ptrEnumerator(enumerator), m_end(end) {}
-
-    /// Goes on to the next object and releases the one before. Returns false at the end.
-    bool Next()
+    /// Returns the fetched count.
+    ULONG Fetch()
     {
-        for (int nulls = 0; nulls < kMaxNullsInRow; ++nulls)
+        ULONG fetched = 0;
+        if (m_by == WalkBy::RemNext)
         {
-            m_status = m_ptrEnumerator->GetSingleNext(m_ptrObject.put());
-            if (m_status != S_OK || (!m_ptrObject && m_end != WalkEnd::AtStatusOnly))
-                break;
-            if (m_ptrObject)
-                return true;
+            m_status = m_enumerator->RemNext(1, m_ptrObject.put(), &fetched);
+            return fetched;
         }
-        m_ptrObject.reset();
-        return false;
+        m_status = m_enumerator->GetSingleNext(m_ptrObject.put());
+        return m_ptrObject ? 1 : 0;
+    }
+    bool IsEnd(ULONG fetched) const noexcept
+    {
+        return (m_end == WalkEnd::AtNull && !m_ptrObject) ||
+               (m_end == WalkEnd::AtNothingFetched && fetched == 0);
     }
 
-    /// The object that Next found; the walk owns it until the next Next.
-    Element* Object() const noexcept { return m_ptrObject.get(); }
-
-    /// What the last GetSingleNext returned, S_OK before the first.
-    HRESULT Status() const noexcept { return m_status; }
-
-private:
-    Enumerator* m_ptrEnumerator;
+    Enumerator* m_enumerator;
     ComPtr<Element> m_ptrObject;
     HRESULT m_status = S_OK;
+    WalkBy m_by;
     WalkEnd m_end;
 };
 
 /// Objects asked for by one call of a batch walk.
 constexpr ULONG kBatchSize = 25;
 
-/// How a batch walk goes on after an object.
+/// How a batch walk continues after an object.
 enum class BatchStep
 {
     NextObject, ///< with the next object
     NextBatch,  ///< with the next batch; the rest of this one is dropped
-    Stop        ///< not at all
+    Stop        ///< the walk ends
 };
 
-/// One batch: a zeroed buffer of the task allocator and a reference to every object fetched into it. Its end
-/// releases what the enumerator counted and nothing behind that, whatever stands there: the count alone says
-/// which pointers are references.
+/// One batch: a zeroed buffer in task memory that owns the objects fetched into it. Only as many pointers as
+/// the enumerator counted are references: the destructor releases those and ignores anything behind them.
 template <class Enumerator>
 class EnumBatch
 {
@@ -156,7 +147,7 @@ public:
     EnumBatch(const EnumBatch&) = delete;
     EnumBatch& operator=(const EnumBatch&) = delete;
 
-    /// False if there was no memory for the buffer.
+    /// Returns false if the buffer could not be allocated.
     bool IsAllocated() const noexcept { return m_objects != nullptr; }
 
     /// Calls RemNext once and returns its status.
@@ -175,12 +166,13 @@ private:
     ULONG m_fetched = 0;
 };
 
-/// Walks in batches of 25. `visit(Element*) -> BatchStep` gets every fetched object in order, none of them
-/// null, and owns none of them. A null object calls `onNull()` and drops the rest of its batch.
+/// Walks in batches of 25. `visit(Element*) -> BatchStep` is called for every fetched object in order; the
+/// object is borrowed and never null. At a null object `onNull()` is called and the rest of the batch
+/// dropped.
 ///
-/// The walk ends when a batch came with S_FALSE (its objects are visited) or with a failure (they are not,
-/// but are released), when a call that did not fail fetched nothing, or when `visit` says so. Returns the
-/// last status of RemNext, or E_OUTOFMEMORY if there was no memory for a batch.
+/// The walk ends after a batch with S_FALSE, whose objects are visited; at a failure, whose objects are
+/// released unvisited; at a call that succeeds and fetches nothing; or when `visit` returns Stop. Any other
+/// success continues. Returns the last status of RemNext, or E_OUTOFMEMORY if a batch could not be allocated.
 template <class Enumerator, class Visit, class OnNull>
 HRESULT WalkBatches(Enumerator* enumerator, Visit&& visit, OnNull&& onNull)
 {

@@ -2,6 +2,8 @@
 // case included.
 #pragma once
 
+#include "FixedText.h"
+
 #include <windows.h>
 
 #include <objbase.h>
@@ -34,10 +36,10 @@ inline constexpr LONG kSubKeysArgument = 1;
 
 // Tables of IQP_Query.
 
-inline constexpr wchar_t kTableScript[] = L"script";
-inline constexpr wchar_t kTableScriptAction[] = L"scriptaction";
-inline constexpr wchar_t kTableScriptCommand[] = L"scriptcommand";
-inline constexpr wchar_t kTableVbaProject[] = L"vbaproject";
+inline constexpr FixedText kTableScript = L"script";
+inline constexpr FixedText kTableScriptAction = L"scriptaction";
+inline constexpr FixedText kTableScriptCommand = L"scriptcommand";
+inline constexpr FixedText kTableVbaProject = L"vbaproject";
 
 // Vocabulary of a search. The catenations stand between criteria, as calls of their own
 // (SetSearchCatenation); given with a criterion (SetSearchAttribute), AND and OR join it to what came before.
@@ -56,34 +58,34 @@ inline constexpr LONG kAutoCreate = 1;     ///< bAutoCreate: start the object if
 
 // Attributes and child lists of data objects that more than one subsystem reads.
 
-inline constexpr wchar_t kAttributeName[] = L"name";
-inline constexpr wchar_t kAttributeConfigTypeName[] = L"configtypename";
-inline constexpr wchar_t kAttributePlanType[] =
+inline constexpr FixedText kAttributeName = L"name";
+inline constexpr FixedText kAttributeConfigTypeName = L"configtypename";
+inline constexpr FixedText kAttributePlanType =
     L"orvoplantype"; ///< also a project's child list of plan types
-inline constexpr wchar_t kAttributeCompBase[] = L"orvocompbase";
-inline constexpr wchar_t kAttributeScript[] = L"script";
-inline constexpr wchar_t kAttributeActionType[] = L"actiontype";
-inline constexpr wchar_t kAttributeBeforeAfter[] = L"beforeafter";
-inline constexpr wchar_t kAttributeDefaultImpl[] = L"dodefaultimpl";
-inline constexpr wchar_t kChildrenProjects[] = L"orvoproject";
+inline constexpr FixedText kAttributeCompBase = L"orvocompbase";
+inline constexpr FixedText kAttributeScript = L"script";
+inline constexpr FixedText kAttributeActionType = L"actiontype";
+inline constexpr FixedText kAttributeBeforeAfter = L"beforeafter";
+inline constexpr FixedText kAttributeDefaultImpl = L"dodefaultimpl";
+inline constexpr FixedText kChildrenProjects = L"orvoproject";
 
 // Type names and class names.
 
-inline constexpr wchar_t kTypeScriptAction[] = L"scriptaction";
-inline constexpr wchar_t kTypeScriptCommand[] = L"scriptcommand";
-inline constexpr wchar_t kTypeCompBase[] = L"orvocompbase";
-inline constexpr wchar_t kTypeDefaultImpl[] = L"dodefaultimpl";
-inline constexpr wchar_t kClassRelationship[] = L"XDORelationship"; ///< for IsDerivedFromClass
-inline constexpr wchar_t kClassScriptAction[] = L"XDOScriptAction"; ///< class name and type name
+inline constexpr FixedText kTypeScriptAction = L"scriptaction";
+inline constexpr FixedText kTypeScriptCommand = L"scriptcommand";
+inline constexpr FixedText kTypeCompBase = L"orvocompbase";
+inline constexpr FixedText kTypeDefaultImpl = L"dodefaultimpl";
+inline constexpr FixedText kClassRelationship = L"XDORelationship"; ///< for IsDerivedFromClass
+inline constexpr FixedText kClassScriptAction = L"XDOScriptAction"; ///< class name and type name
 
 // Keys of IQPConfigObject::Get.
 
-inline constexpr wchar_t kKeyCaptionSingular[] = L"captionsingular";
-inline constexpr wchar_t kKeyIsPlanType[] = L"isplantype";
-inline constexpr wchar_t kKeyTypeName[] = L"typename";
-inline constexpr wchar_t kKeyAttributeName[] = L"attributename";
-inline constexpr wchar_t kKeyName[] = L"name";   ///< of an attribute type
-inline constexpr wchar_t kKeyValue[] = L"value"; ///< of an attribute type
+inline constexpr FixedText kKeyCaptionSingular = L"captionsingular";
+inline constexpr FixedText kKeyIsPlanType = L"isplantype";
+inline constexpr FixedText kKeyTypeName = L"typename";
+inline constexpr FixedText kKeyAttributeName = L"attributename";
+inline constexpr FixedText kKeyName = L"name";   ///< of an attribute type
+inline constexpr FixedText kKeyValue = L"value"; ///< of an attribute type
 
 // Members of IQPConfigObject::GetProperty. The same number means different things on different objects.
 

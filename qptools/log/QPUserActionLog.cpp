@@ -15,9 +15,9 @@ namespace qptools
 {
 namespace
 {
-/// The text up to its first null character: a log takes none, and what follows the argument in a block must
-/// not be lost with the rest of it.
-std::wstring_view TextOf(BSTR text) noexcept
+/// The text up to its first null character; empty for null. A null character in a block would end the log's
+/// text there, and what follows the argument would be lost.
+std::wstring_view TextBeforeNull(BSTR text) noexcept
 {
     return text ? std::wstring_view(text) : std::wstring_view();
 }
@@ -31,7 +31,7 @@ std::wstring TimeStamp()
 void AppendLine(std::wstring& block, std::wstring_view label, BSTR value)
 {
     block += label;
-    block += TextOf(value);
+    block += TextBeforeNull(value);
     block += L'\n';
 }
 } // namespace
@@ -69,7 +69,7 @@ HRESULT QPUserActionLog::WriteTimeStampWithInfo(BSTR bstrInfo)
 {
     return Write([&] {
         const std::wstring timeStamp = TimeStamp();
-        std::wstring text(TextOf(bstrInfo));
+        std::wstring text(TextBeforeNull(bstrInfo));
         if (!text.empty())
             text += L" at  ";
         text += timeStamp;
@@ -80,7 +80,7 @@ HRESULT QPUserActionLog::WriteTimeStampWithInfo(BSTR bstrInfo)
 
 HRESULT QPUserActionLog::WriteLine(BSTR bstrInfoLine)
 {
-    return Write([&] { return std::wstring(TextOf(bstrInfoLine)); });
+    return Write([&] { return std::wstring(TextBeforeNull(bstrInfoLine)); });
 }
 
 HRESULT QPUserActionLog::WriteUserActionInfo(BSTR bstrAction, BSTR bstrObjectId, BSTR bstrObjectGUID,

@@ -4,8 +4,6 @@
 
 #include "HostConstants.h"
 
-#include "XQPComBSTR.h"
-
 #include "UiState.h"
 
 namespace qptools
@@ -15,17 +13,17 @@ namespace
 constexpr LONG kEnabled = 1;
 
 /// Actions attached to this type apply to every type whose name begins with kGeneralPrefix.
-constexpr wchar_t kGeneralType[] = L"orvoplantypewsc";
+constexpr FixedText kGeneralType = L"orvoplantypewsc";
 constexpr std::wstring_view kGeneralPrefix = L"orvoplantype_";
 
 bool IsSearchedByTypeAlone(std::wstring_view typeName, IQP_BaseDataObject* planType)
 {
-    return !planType || typeName == kTypeScriptAction || typeName == kTypeScriptCommand;
+    return !planType || typeName == kTypeScriptAction.View() || typeName == kTypeScriptCommand.View();
 }
 
 void NarrowByTypeOrGeneralType(XScriptSearch& search, BSTR typeName)
 {
-    if (!TextOf(typeName).starts_with(kGeneralPrefix))
+    if (!WholeText(typeName).starts_with(kGeneralPrefix))
     {
         search.NarrowByType(typeName);
         return;
@@ -33,7 +31,7 @@ void NarrowByTypeOrGeneralType(XScriptSearch& search, BSTR typeName)
     search.SetCatenation(kCatenationOpen);
     search.EqualsText(kAttributeType, kGeneralType);
     search.SetCatenation(kCatenationOr);
-    search.EqualsBstr(kAttributeType, typeName);
+    search.EqualsText(kAttributeType, typeName);
     search.SetCatenation(kCatenationClose);
     search.SetCatenation(kCatenationAnd);
 }
@@ -61,7 +59,7 @@ HRESULT XScriptActionFinder::FindScriptActions(IQP_Query* pQuery, IQP_BaseDataOb
         return E_POINTER;
     if (!pPTS)
         return E_INVALIDARG;
-    const std::wstring_view typeName = TextOf(bstrTypename);
+    const std::wstring_view typeName = WholeText(bstrTypename);
     const bool byTypeAlone = IsSearchedByTypeAlone(typeName, pPlanType);
     if (byTypeAlone && typeName.empty())
         return E_INVALIDARG;
@@ -78,7 +76,7 @@ HRESULT XScriptActionFinder::FindScriptActions(IQP_Query* pQuery, IQP_BaseDataOb
     search.NarrowByPlanTypeSet(pPTS, masters);
     NarrowByAction(search, iActionType, iActionBeforeAfter);
     // A host that cannot sort still answers.
-    m_ptrQuery->SetOrderAttribute(XQPComBSTR(L"sequence"), kOrderAscending);
+    m_ptrQuery->SetOrderAttribute(FixedText(L"sequence"), kOrderAscending);
     return search.Finish(ppEnum);
 }
 } // namespace qptools

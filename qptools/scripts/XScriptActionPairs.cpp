@@ -6,8 +6,6 @@
 #include "EnumWalk.h"
 #include "HostConstants.h"
 
-#include "XQPComBSTR.h"
-
 #include <utility>
 
 namespace qptools
@@ -16,12 +14,11 @@ HRESULT XScriptActionPairs::AppendFrom(IEnumBaseDataObject* actions, HRESULT sta
 {
     if (!actions)
         return status;
-    const XQPComBSTR attribute(kAttributeScript);
-    RemNextWalk walk(actions, WalkEnd::AtNull);
+    EnumWalk walk(actions, WalkBy::RemNext, WalkEnd::AtNull);
     while (walk.Next())
     {
         XHostValue value;
-        status = walk.Object()->GetAttribute(attribute, value.put());
+        status = walk.Object()->GetAttribute(kAttributeScript, value.put());
         if (status < 0)
             return status;
         value.Resolve();

@@ -10,7 +10,7 @@ namespace qptools
 {
 namespace
 {
-constexpr wchar_t kAttributeUserInterfaceType[] = L"userinterfacetype";
+constexpr FixedText kAttributeUserInterfaceType = L"userinterfacetype";
 constexpr LONG kBothUserInterfaces = 3;
 
 void NarrowByOffer(XScriptSearch& search, int userInterfaceType)
@@ -36,7 +36,7 @@ HRESULT XScriptCommandFinder::FindScriptCommands(IQP_Query* pQuery, IQP_BaseData
         return E_POINTER;
     if (!pPTS)
         return E_INVALIDARG;
-    if (!pPlanType && TextOf(bstrTypename).empty())
+    if (!pPlanType && WholeText(bstrTypename).empty())
         return E_INVALIDARG;
 
     const XScriptMasters masters(pPTS, pPlanType);

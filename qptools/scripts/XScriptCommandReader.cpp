@@ -4,10 +4,9 @@
 
 #include "EnumWalk.h"
 #include "HostConstants.h"
+#include "ObjectRights.h"
 
 #include "Translation.h"
-
-#include "qpservices.h"
 
 #include <utility>
 
@@ -17,7 +16,7 @@ namespace
 {
 /// Reads an attribute as text and puts the host's answer into `status`. Anything without a text reads as
 /// nothing.
-XHostValue ReadText(IQP_BaseDataObject* object, const XQPComBSTR& attribute, HRESULT& status)
+XHostValue ReadText(IQP_BaseDataObject* object, const FixedText& attribute, HRESULT& status)
 {
     XHostValue value;
     status = object->GetAttribute(attribute, value.put());
@@ -28,9 +27,7 @@ XHostValue ReadText(IQP_BaseDataObject* object, const XQPComBSTR& attribute, HRE
 } // namespace
 
 XScriptCommandReader::XScriptCommandReader(XScriptCommandTable& table, HRESULT status)
-    : m_table(table), m_status(status), m_promptAttribute(L"m_strPrompt"),
-      m_shortNameAttribute(L"m_nameShort"), m_scriptAttribute(kAttributeScript),
-      m_nameAttribute(kAttributeName), m_macroAttribute(L"m_strVBAMacroName")
+    : m_table(table), m_status(status)
 {
 }
 
@@ -38,7 +35,7 @@ HRESULT XScriptCommandReader::ReadAll(IEnumBaseDataObject* commands)
 {
     if (!commands)
         return m_status;
-    RemNextWalk walk(commands, WalkEnd::AtNull);
+    EnumWalk walk(commands, WalkBy::RemNext, WalkEnd::AtNull);
     while (walk.Next())
     {
         if (Read(walk.Object()) == Step::Stop)
@@ -53,11 +50,11 @@ XScriptCommandReader::Step XScriptCommandReader::Read(IQP_BaseDataObject* comman
         return Step::NextCommand;
     ScriptCommand row;
     HRESULT unused = S_OK;
-    row.name = ReadText(command, m_promptAttribute, unused);
-    const XHostValue shortName = ReadText(command, m_shortNameAttribute, unused);
+    row.name = ReadText(command, L"m_strPrompt", unused);
+    const XHostValue shortName = ReadText(command, L"m_nameShort", unused);
 
     XHostValue value;
-    m_status = command->GetAttribute(m_scriptAttribute, value.put());
+    m_status = command->GetAttribute(kAttributeScript, value.put());
     if (m_status < 0)
         return Step::Stop;
     value.Resolve();
@@ -82,7 +79,7 @@ void XScriptCommandReader::ReadScriptCommand(ScriptCommand&& row, ComPtr<IQP_Bas
     if (!MayExecute(script.get()))
         return;
     if (row.name.View().empty())
-        row.name = ReadText(script.get(), m_nameAttribute, m_status);
+        row.name = ReadText(script.get(), kAttributeName, m_status);
     row.mode = IsOnceForAll(shortName) ? ScriptMode::OnceForAll : ScriptMode::EachObject;
     row.target = XHostValue::OfObject(std::move(script));
     m_table.Add(std::move(row));
@@ -90,7 +87,7 @@ void XScriptCommandReader::ReadScriptCommand(ScriptCommand&& row, ComPtr<IQP_Bas
 
 void XScriptCommandReader::ReadMacroCommand(ScriptCommand&& row, IQP_BaseDataObject* command)
 {
-    m_status = command->GetAttribute(m_macroAttribute, row.target.put());
+    m_status = command->GetAttribute(FixedText(L"m_strVBAMacroName"), row.target.put());
     row.target.Resolve();
     if (m_status != S_OK || !row.target.IsText())
         return;
@@ -104,9 +101,7 @@ void XScriptCommandReader::ReadMacroCommand(ScriptCommand&& row, IQP_BaseDataObj
 
 bool XScriptCommandReader::MayExecute(IQP_BaseDataObject* object)
 {
-    ComPtr<IQPObjectRights> rights;
-    rights.queryFrom(object);
-    m_status = rights ? rights->HasRight(QPRT_execute) : E_NOINTERFACE;
+    m_status = HasRight(object, QPRT_execute).value_or(E_NOINTERFACE);
     return m_status == S_OK;
 }
 

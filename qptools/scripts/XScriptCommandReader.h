@@ -3,8 +3,6 @@
 
 #include "ScriptCommand.h"
 
-#include "XQPComBSTR.h"
-
 #include "ComPtr.h"
 
 #include "qpobjects.h"
@@ -47,10 +45,5 @@ private:
     XScriptCommandTable& m_table;
     HRESULT m_status;
     std::wstring_view m_onceForAll;
-    const XQPComBSTR m_promptAttribute;
-    const XQPComBSTR m_shortNameAttribute;
-    const XQPComBSTR m_scriptAttribute;
-    const XQPComBSTR m_nameAttribute;
-    const XQPComBSTR m_macroAttribute;
 };
 } // namespace qptools

@@ -1,6 +1,6 @@
 #include "XScriptMasters.h"
 
-#include "XQPComBSTR.h"
+#include "FixedText.h"
 
 #include "ComException.h"
 
@@ -21,7 +21,7 @@ bool IsDataObject(const XHostValue& master)
 
 bool ReadMaster(IQP_BaseDataObject* object, XHostValue& master)
 {
-    return object->GetAttribute(XQPComBSTR(L"master"), master.put()) == S_OK && IsDataObject(master);
+    return object->GetAttribute(FixedText(L"master"), master.put()) == S_OK && IsDataObject(master);
 }
 } // namespace
 

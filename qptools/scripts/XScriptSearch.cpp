@@ -1,8 +1,7 @@
 #include "XScriptSearch.h"
 
 #include "HostConstants.h"
-
-#include "XQPComBSTR.h"
+#include "ObjectValue.h"
 
 #include "ComPtr.h"
 
@@ -10,7 +9,7 @@ namespace qptools
 {
 namespace
 {
-constexpr wchar_t kAttributePlanTypeSet[] = L"orvoplantypeset";
+constexpr FixedText kAttributePlanTypeSet = L"orvoplantypeset";
 
 /// A variant that borrows what it refers to: never cleared.
 VARIANT Borrowed(VARTYPE type)
@@ -36,76 +35,65 @@ HRESULT XScriptSearch::SetCatenation(LONG catenation)
     return m_ptrQuery ? m_ptrQuery->SetSearchCatenation(catenation) : E_POINTER;
 }
 
-HRESULT XScriptSearch::SetCriterion(const wchar_t* attribute, LONG comparison, const VARIANT& value)
+HRESULT XScriptSearch::SetCriterion(const FixedText& attribute, LONG comparison, const VARIANT& value)
 {
     if (!m_ptrQuery)
         return E_POINTER;
-    // The host gets copies of its own of both. The name, because a BSTR has to be made of the literal in any
-    // case. The value, because a reference is to arrive resolved, and because it may be an answer of the host
-    // that is passed back more than once: whatever the host does with its copy, the answer stays as it was.
-    // No memory for the name ends the search like any other want of memory; a value that cannot be copied is
-    // the status of this one criterion.
-    const XQPComBSTR name(attribute);
+    // A copy, because a reference has to arrive resolved, and because the value may be an answer of the host
+    // that is passed back more than once: whatever the host does with the copy, the answer stays unchanged.
     XHostValue copy;
     const HRESULT status = CopyResolved(value, copy);
     if (status < 0)
         return status;
-    return m_ptrQuery->SetSearchAttribute(name, comparison, copy.Value(), kCatenationNone);
+    return m_ptrQuery->SetSearchAttribute(attribute, comparison, copy.Value(), kCatenationNone);
 }
 
-void XScriptSearch::Equals(const wchar_t* attribute, const VARIANT& value)
+void XScriptSearch::Equals(const FixedText& attribute, const VARIANT& value)
 {
     SetCriterion(attribute, kSearchEquals, value);
 }
 
-void XScriptSearch::EqualsText(const wchar_t* attribute, std::wstring_view text)
-{
-    EqualsBstr(attribute, XQPComBSTR(text.data(), static_cast<int>(text.size())));
-}
-
-void XScriptSearch::EqualsBstr(const wchar_t* attribute, BSTR text)
+void XScriptSearch::EqualsText(const FixedText& attribute, BSTR text)
 {
     VARIANT value = Borrowed(VT_BSTR);
     value.bstrVal = text;
     Equals(attribute, value);
 }
 
-void XScriptSearch::EqualsObject(const wchar_t* attribute, IUnknown* object)
+void XScriptSearch::EqualsObject(const FixedText& attribute, IUnknown* object)
 {
-    VARIANT value = Borrowed(VT_UNKNOWN);
-    value.punkVal = object;
-    Equals(attribute, value);
+    Equals(attribute, BorrowedObject(object));
 }
 
-void XScriptSearch::EqualsNumber(const wchar_t* attribute, LONG number)
+void XScriptSearch::EqualsNumber(const FixedText& attribute, LONG number)
 {
     VARIANT value = Borrowed(VT_I4);
     value.lVal = number;
     Equals(attribute, value);
 }
 
-void XScriptSearch::EqualsTrue(const wchar_t* attribute)
+void XScriptSearch::EqualsTrue(const FixedText& attribute)
 {
     VARIANT value = Borrowed(VT_BOOL);
     value.boolVal = VARIANT_TRUE;
     Equals(attribute, value);
 }
 
-HRESULT XScriptSearch::Begin(const wchar_t* table)
+HRESULT XScriptSearch::Begin(const FixedText& table)
 {
     const HRESULT status = m_ptrQuery->ResetSearch(kResetAll);
-    return status < 0 ? status : m_ptrQuery->SetSearchTable(XQPComBSTR(table));
+    return status < 0 ? status : m_ptrQuery->SetSearchTable(table);
 }
 
 void XScriptSearch::NarrowByType(BSTR typeName)
 {
-    EqualsBstr(kAttributeType, typeName);
+    EqualsText(kAttributeType, typeName);
     SetCatenation(kCatenationAnd);
 }
 
 void XScriptSearch::NarrowByPlanType(IQP_BaseDataObject* planType, BSTR typeName,
                                      const XScriptMasters& masters,
-                                     std::initializer_list<std::wstring_view> typesWithMaster)
+                                     std::initializer_list<FixedText> typesWithMaster)
 {
     SetCatenation(kCatenationOpen);
     if (!masters.HasPlanType())
@@ -115,7 +103,7 @@ void XScriptSearch::NarrowByPlanType(IQP_BaseDataObject* planType, BSTR typeName
     else
     {
         SetCatenation(kCatenationOpen);
-        for (const std::wstring_view type : typesWithMaster)
+        for (const FixedText& type : typesWithMaster)
         {
             EqualsText(kAttributeType, type);
             SetCatenation(kCatenationOr);
@@ -126,7 +114,7 @@ void XScriptSearch::NarrowByPlanType(IQP_BaseDataObject* planType, BSTR typeName
         SetCatenation(kCatenationClose);
     }
     SetCatenation(kCatenationOr);
-    EqualsBstr(kAttributeType, typeName);
+    EqualsText(kAttributeType, typeName);
     SetCatenation(kCatenationCloseAnd);
 }
 

@@ -17,8 +17,7 @@ HWND WindowOf(LONG number)
 bool CanListChildren(IQP_BaseDataObject* root, LONG showTemplates)
 {
     ComPtr<IEnumBaseDataObject> unused;
-    return root &&
-           root->GetChildren(XQPComBSTR(XProjectChoiceDlg::ChildrenOf(showTemplates)), unused.put()) >= 0;
+    return root && root->GetChildren(XProjectChoiceDlg::ChildrenOf(showTemplates), unused.put()) >= 0;
 }
 
 /// The results are pointers that the caller may leave out.

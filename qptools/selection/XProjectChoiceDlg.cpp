@@ -49,9 +49,10 @@ XProjectChoiceDlg::XProjectChoiceDlg(IQP_BaseDataObject* root, const wchar_t* ti
 {
 }
 
-const wchar_t* XProjectChoiceDlg::ChildrenOf(LONG showTemplates) noexcept
+const FixedText& XProjectChoiceDlg::ChildrenOf(LONG showTemplates) noexcept
 {
-    return showTemplates ? L"template" : kChildrenProjects;
+    static constexpr FixedText kTemplates = L"template";
+    return showTemplates ? kTemplates : kChildrenProjects;
 }
 
 const CMessageMap& XProjectChoiceDlg::GetMessageMap() const
@@ -93,15 +94,14 @@ XProjectChoiceDlg::Children XProjectChoiceDlg::ReadChildren() const
 {
     Children children;
     ComPtr<IEnumBaseDataObject> found;
-    if (m_ptrRoot->GetChildren(XQPComBSTR(ChildrenOf(m_showTemplates)), found.put()) != S_OK || !found)
+    if (m_ptrRoot->GetChildren(ChildrenOf(m_showTemplates), found.put()) != S_OK || !found)
         return children;
-    const XQPComBSTR attribute(kAttributeName);
     int counter = 0;
-    RemNextWalk walk(found.get(), WalkEnd::AtNull);
+    EnumWalk walk(found.get(), WalkBy::RemNext, WalkEnd::AtNull);
     while (walk.Next())
     {
         XQPComVariant name;
-        if (walk.Object()->GetAttribute(attribute, &name) >= 0 && name.Type() == VT_BSTR)
+        if (walk.Object()->GetAttribute(kAttributeName, &name) >= 0 && name.Type() == VT_BSTR)
             children.emplace(std::pair(std::wstring(TextOf(name)), ++counter), walk.Take());
         else
             ShowUnreadable();

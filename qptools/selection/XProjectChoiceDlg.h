@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Dialog.h"
+#include "FixedText.h"
 #include "XBaseListCtrl.h"
 #include "XQPComBSTR.h"
 
@@ -29,7 +30,7 @@ public:
                       LONG showTemplates, bool showCancel);
 
     /// The list of children that the dialog shows, "template" or "orvoproject".
-    static const wchar_t* ChildrenOf(LONG showTemplates) noexcept;
+    static const FixedText& ChildrenOf(LONG showTemplates) noexcept;
 
     /// What was chosen with OK, null after any other end.
     const ComPtr<IQP_BaseDataObject>& Selected() const noexcept { return m_ptrSelected; }

@@ -130,8 +130,6 @@ private:
     /// E_NOINTERFACE if its object is no data object, else S_OK.
     HRESULT GetSelectionFromList(IQP_BaseDataObject** out);
 
-    HRESULT SearchScripts(IQP_BaseDataObject* project, ComPtr<IEnumBaseDataObject>& found) const;
-
     /// Records a failed host call. Returns `status`.
     static HRESULT Report(HRESULT status, const wchar_t* message, ULONG line) noexcept;
 

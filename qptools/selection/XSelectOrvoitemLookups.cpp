@@ -5,8 +5,6 @@
 #include "HostConstants.h"
 #include "ObjectValue.h"
 
-#include "FixedText.h"
-
 #include "WaitCursor.h"
 
 #include <algorithm>
@@ -16,7 +14,7 @@ namespace qptools
 {
 namespace
 {
-constexpr FixedText kAttributeProject(L"orvoproject");
+constexpr FixedText kAttributeProject = L"orvoproject";
 
 /// Any answer but S_OK, failures too, is a no.
 bool IsOf(IQP_BaseDataObject* object, const FixedText& className)
@@ -99,7 +97,7 @@ HRESULT XSelectOrvoitemDlg::GetPlantypeFromDO(IQP_BaseDataObject* pDO, IQP_BaseD
         return E_INVALIDARG;
     const CWaitCursor wait;
     XQPComVariant value;
-    const HRESULT status = pDO->GetAttribute(FixedText(kAttributePlanType), &value);
+    const HRESULT status = pDO->GetAttribute(kAttributePlanType, &value);
     if (status < 0)
         return Report(status, L"XSelectOrvoitemDlg::GetPlantypeFromDO    pDO->GetAttribute(orvoplantype)",
                       645);
@@ -140,7 +138,7 @@ HRESULT XSelectOrvoitemDlg::GetOrvoCompBase(IQP_BaseDataObject* pDO, const wchar
         return S_OK;
     }
     XQPComVariant value;
-    const HRESULT status = pDO->GetAttribute(FixedText(kAttributeCompBase), &value);
+    const HRESULT status = pDO->GetAttribute(kAttributeCompBase, &value);
     IUnknown* const target = status == S_OK ? ObjectOf(value.Value()) : nullptr;
     if (!target)
         return Report(status, L"XSelectOrvoitemDlg::GetOrvoCompBase    pDO->GetAttribute(orvocompbase)", 701);

@@ -3,14 +3,13 @@
 
 #include "EnumWalk.h"
 #include "HostConstants.h"
+#include "ObjectRights.h"
 #include "ObjectValue.h"
-
-#include "FixedText.h"
+#include "ProjectSearch.h"
 
 #include "WaitCursor.h"
 
-#include "qpservices.h"
-
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -71,48 +70,21 @@ HRESULT XSelectOrvoitemDlg::CollectScripts(ScriptMap& out) const
     if (status < 0)
         return status;
     ComPtr<IEnumBaseDataObject> found;
-    status = SearchScripts(project.get(), found);
+    status = SearchProject(m_ptrQuery.get(), kTableScript, project.get(), found);
     if (status != S_OK || !found)
         return status;
     WalkBatches(
         found.get(),
         [&](IQP_BaseDataObject* script) {
-            ComPtr<IQPObjectRights> rights;
-            rights.queryFrom(script);
-            if (!rights)
-                return BatchStep::NextObject;
             // Before anything is read: a script that the user may not run costs no more than this.
-            const bool mayRun = rights->HasRight(QPRT_execute) == S_OK;
-            status = mayRun ? AddScriptVectorToMap(script, out) : S_OK;
+            const std::optional<HRESULT> right = HasRight(script, QPRT_execute);
+            if (!right)
+                return BatchStep::NextObject;
+            status = *right == S_OK ? AddScriptVectorToMap(script, out) : S_OK;
             return status == S_OK ? BatchStep::NextObject : BatchStep::Stop;
         },
         [&] { status = E_POINTER; });
     return status;
-}
-
-/// Returns the status of the first step that is not S_OK; a criterion that is refused is no failure, but
-/// nothing is found then.
-HRESULT XSelectOrvoitemDlg::SearchScripts(IQP_BaseDataObject* project,
-                                          ComPtr<IEnumBaseDataObject>& found) const
-{
-    if (!m_ptrQuery)
-        return E_POINTER;
-    HRESULT status = m_ptrQuery->ResetSearch(kResetAll);
-    if (status == S_OK)
-        status = m_ptrQuery->SetSearchTable(FixedText(kTableScript));
-    if (status != S_OK)
-        return status;
-    // The scripts of the project together with those of none.
-    constexpr FixedText column(kAttributeDefaultImpl);
-    const XQPComVariant none;
-    HRESULT ofProject = S_OK;
-    if (project)
-        ofProject =
-            m_ptrQuery->SetSearchAttribute(column, kSearchEquals, BorrowedObject(project), kCatenationAnd);
-    const HRESULT ofNone = m_ptrQuery->SetSearchAttribute(column, kSearchEquals, none, kCatenationOr);
-    if (ofProject != S_OK || ofNone != S_OK)
-        return S_OK;
-    return m_ptrQuery->GetSearchResult(found.put());
 }
 
 HRESULT XSelectOrvoitemDlg::AddScriptVectorToMap(IQP_BaseDataObject* script, ScriptMap& out) const
@@ -141,7 +113,7 @@ HRESULT XSelectOrvoitemDlg::ScriptQuery(ScriptActionMap& out) const
     HRESULT status = project->GetChildren(FixedText(L"scriptactions"), actions.put());
     if (status != S_OK || !actions)
         return Report(status, L"m_ptrDataObject->GetChildren(scriptactions)", 394);
-    RemNextWalk walk(actions.get(), WalkEnd::AtStatusOnly);
+    EnumWalk walk(actions.get(), WalkBy::RemNext, WalkEnd::AtStatusOnly);
     while (walk.Next())
     {
         status = AddScriptActionVectorToMap(walk.Object(), out);

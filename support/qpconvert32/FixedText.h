@@ -6,6 +6,7 @@
 #include <oleauto.h>
 
 #include <cstddef>
+#include <string_view>
 
 /// A short constant text with its length prefix, as in any BSTR, so that passing it allocates nothing. Only
 /// for input arguments: it must be neither freed nor modified.
@@ -23,6 +24,8 @@ public:
             m_text[length] = length < kMaxLength ? text[length] : throw "too long";
         m_bytes = static_cast<ULONG>(length * sizeof(wchar_t));
     }
+
+    constexpr std::wstring_view View() const noexcept { return {m_text, m_bytes / sizeof(wchar_t)}; }
 
     operator BSTR() const noexcept // NOLINT(google-explicit-constructor): passed as it is
     {

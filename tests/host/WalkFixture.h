@@ -41,7 +41,7 @@ protected:
     std::vector<IQPFObject*> SeenByRemNext(Enum& objects, WalkEnd end)
     {
         std::vector<IQPFObject*> seen;
-        RemNextWalk walk(static_cast<IEnumQPFObject*>(&objects), end);
+        EnumWalk walk(static_cast<IEnumQPFObject*>(&objects), WalkBy::RemNext, end);
         while (walk.Next())
             seen.push_back(walk.Object());
         EXPECT_EQ(nullptr, walk.Object());
@@ -53,7 +53,7 @@ protected:
     std::vector<IQPFObject*> SeenBySingleNext(Enum& objects, WalkEnd end)
     {
         std::vector<IQPFObject*> seen;
-        SingleNextWalk walk(static_cast<IEnumQPFObject*>(&objects), end);
+        EnumWalk walk(static_cast<IEnumQPFObject*>(&objects), WalkBy::GetSingleNext, end);
         while (walk.Next())
             seen.push_back(walk.Object());
         EXPECT_EQ(nullptr, walk.Object());

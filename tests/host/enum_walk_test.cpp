@@ -87,7 +87,7 @@ TEST_F(Walks, RemNextCountsNullsAnewAfterEveryObject)
 TEST_F(Walks, RemNextReleasesTheObjectBeforeItFetchesTheNext)
 {
     Enum objects({{S_OK, {At(0)}}, {S_OK, {At(1)}}, {S_FALSE, {}}});
-    RemNextWalk walk(static_cast<IEnumQPFObject*>(&objects), WalkEnd::AtNull);
+    EnumWalk walk(static_cast<IEnumQPFObject*>(&objects), WalkBy::RemNext, WalkEnd::AtNull);
     EXPECT_EQ(nullptr, walk.Object());
     EXPECT_EQ(S_OK, walk.Status());
     ASSERT_TRUE(walk.Next());
@@ -101,9 +101,9 @@ TEST_F(Walks, AWalkThatIsLeftEarlyReleasesItsObject)
 {
     Enum objects({{S_OK, {At(0)}}});
     {
-        RemNextWalk walk(static_cast<IEnumQPFObject*>(&objects), WalkEnd::AtNull);
+        EnumWalk walk(static_cast<IEnumQPFObject*>(&objects), WalkBy::RemNext, WalkEnd::AtNull);
         ASSERT_TRUE(walk.Next());
-        SingleNextWalk single(static_cast<IEnumQPFObject*>(&objects), WalkEnd::AtNull);
+        EnumWalk single(static_cast<IEnumQPFObject*>(&objects), WalkBy::GetSingleNext, WalkEnd::AtNull);
         ASSERT_TRUE(single.Next());
         EXPECT_EQ(3u, m_objects[0].m_references);
     }
