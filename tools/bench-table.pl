@@ -58,7 +58,7 @@ sub fields {
 
 sub tables {
     my @tables = (machine(), beside_floor('GetScriptsForAction', 1.15, 0), beside_floor('GetScriptCommands', 1.3, 10_000),
-        one_prompt(2), beside_floor('Script picker', 1.3, 10_000), beside_floor('QPSelectDlg', 1.3, 10_000), lookup(1.2),
+        one_prompt(2.5), beside_floor('Script picker', 1.3, 10_000), beside_floor('QPSelectDlg', 1.3, 10_000), lookup(1.2),
         lines(), first());
     flat('GetScriptsForAction', 10_000, 100_000, 0.2);
     return join "\n", @tables, limits();
@@ -140,6 +140,7 @@ sub flat {
         $service / $floor, 1 - $part, 1 + $part);
 }
 
+# Repeats of one name cost a second look-up in the map of names, and their names begin alike.
 sub one_prompt {
     my ($most) = @_;
     my $subject = 'GetScriptCommands';

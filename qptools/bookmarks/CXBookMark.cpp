@@ -1,12 +1,11 @@
 #include "CXBookMark.h"
 
-#include "UiState.h"
+#include "InModule.h"
 
 namespace qptools
 {
 HRESULT STDMETHODCALLTYPE CXBookMark::ShowDialog(IQPFObjectManager*)
 {
-    const CUiState state;
-    return E_NOTIMPL;
+    return InModule(*this, [] { return E_NOTIMPL; });
 }
 } // namespace qptools

@@ -7,7 +7,7 @@
 
 namespace qptools
 {
-/// The dialog is not there yet: ShowDialog returns E_NOTIMPL. The class cannot be part of another object.
+/// Not implemented: ShowDialog returns E_NOTIMPL. The class cannot be aggregated.
 class CXBookMark final : public ComObject<CXBookMark, IXBookMark>
 {
 public:

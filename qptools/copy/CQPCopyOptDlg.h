@@ -7,7 +7,7 @@
 
 namespace qptools
 {
-/// The dialog is not there yet: every method nulls its result and returns E_NOTIMPL.
+/// Not implemented: every method nulls its result and returns E_NOTIMPL.
 class CQPCopyOptDlg final : public ComObject<CQPCopyOptDlg, IQPCopyOptDlg>
 {
 public:

@@ -1,5 +1,4 @@
-// Names and numbers of the host's contract that more than one place needs. All names are looked up exactly,
-// case included.
+// Names and numbers of the host's contract that several places use. Names are case-sensitive.
 #pragma once
 
 #include "FixedText.h"
@@ -10,7 +9,7 @@
 
 namespace qptools
 {
-// Classes that the host's object manager, its gateway or the system hands out.
+// Classes created by the host's object manager, its gateway or the system.
 
 /// IQPIPDClient, the gateway to server-side objects.
 inline constexpr CLSID kClassIpdClient{
@@ -18,12 +17,12 @@ inline constexpr CLSID kClassIpdClient{
 /// IQPSessionDataManager, the key store; IQPHostSettings is the same class.
 inline constexpr CLSID kClassSessionDataManager{
     0xEDB6CC40, 0x0DC9, 0x11D3, {0x89, 0xFF, 0x00, 0x40, 0x05, 0xA1, 0xD9, 0x1C}};
-/// Server class of the query object, asked for as IQP_Query.
+/// Server class of the query object, requested as IQP_Query.
 inline constexpr CLSID kClassQuery{
     0xABF23E6F, 0x1714, 0x4A08, {0x85, 0xA3, 0x8E, 0x8A, 0x8D, 0xB5, 0x16, 0x6F}};
 
-// Scopes of the key store. What they mean is the host's; a value written for the user is read back by
-// kScopeUserRead.
+// Scopes of the key store. Their meaning is up to the host; a value written with kScopeUserWrite is read back
+// with kScopeUserRead.
 
 inline constexpr LONG kScopeUserRead = 0;
 inline constexpr LONG kScopeSettings = 1;
@@ -31,7 +30,7 @@ inline constexpr LONG kScopeBookmarks = 2;
 inline constexpr LONG kScopeDefaults = 3;
 inline constexpr LONG kScopeUserWrite = 4;
 
-/// The number that GetSubKeys takes after the key, always this one.
+/// The number argument of GetSubKeys, always this one.
 inline constexpr LONG kSubKeysArgument = 1;
 
 // Tables of IQP_Query.
@@ -41,8 +40,8 @@ inline constexpr FixedText kTableScriptAction = L"scriptaction";
 inline constexpr FixedText kTableScriptCommand = L"scriptcommand";
 inline constexpr FixedText kTableVbaProject = L"vbaproject";
 
-// Vocabulary of a search. The catenations stand between criteria, as calls of their own
-// (SetSearchCatenation); given with a criterion (SetSearchAttribute), AND and OR join it to what came before.
+// Vocabulary of a search. SetSearchCatenation puts a catenation between two criteria; the last argument of
+// SetSearchAttribute joins its criterion to the one before.
 
 inline constexpr LONG kCatenationNone = 0;
 inline constexpr LONG kCatenationAnd = 1;
@@ -52,7 +51,7 @@ inline constexpr LONG kCatenationClose = 8;
 inline constexpr LONG kCatenationCloseAnd = 9;
 
 inline constexpr LONG kSearchEquals = 1;   ///< enumSearchOp
-inline constexpr LONG kResetAll = 0;       ///< bOnlyWhereClause: forget everything, the table too
+inline constexpr LONG kResetAll = 0;       ///< bOnlyWhereClause: reset everything, the table included
 inline constexpr LONG kOrderAscending = 1; ///< bAscending
 inline constexpr LONG kAutoCreate = 1;     ///< bAutoCreate: start the object if it is not running
 

@@ -5,7 +5,7 @@ namespace qptools
 IUnknown* ObjectOf(const VARIANT& value) noexcept
 {
     const VARIANT* inner = &value;
-    // One reference to a variant is what the platform allows.
+    // The system allows one reference to a variant, not a chain.
     if (inner->vt == (VT_BYREF | VT_VARIANT))
         inner = inner->pvarVal;
     if (!inner)

@@ -1,4 +1,4 @@
-// References to objects as values: what the host delivers, and what it is given.
+// References to objects as VARIANTs, from and to the host.
 #pragma once
 
 #include <windows.h>
@@ -7,11 +7,10 @@
 
 namespace qptools
 {
-/// The object that a value refers to (VT_UNKNOWN, VT_DISPATCH, and both behind VT_BYREF), borrowed from the
-/// value. Null for a reference to no object and for every other value.
+/// The object that a VT_UNKNOWN or VT_DISPATCH refers to, also with VT_BYREF; borrowed from the value. Null
+/// for a null reference and for any other type.
 IUnknown* ObjectOf(const VARIANT& value) noexcept;
 
-/// A reference to `object`, which may be null, as a value that only borrows it: to be passed on or copied,
-/// never cleared.
+/// A VT_UNKNOWN that borrows `object`, which may be null: pass it on or copy it, never clear it.
 VARIANT BorrowedObject(IUnknown* object) noexcept;
 } // namespace qptools

@@ -6,8 +6,8 @@ namespace qptools
 {
 namespace
 {
-/// References to variants that are followed. The platform allows one; a longer chain, or a ring, counts as
-/// not set.
+/// The number of references to variants that are followed. The system allows one; a longer chain, or a ring,
+/// counts as not set.
 constexpr int kMaxReferences = 4;
 
 template <class T>
@@ -29,7 +29,7 @@ LONGLONG ReadDecimal(const void* data) noexcept
     return number.Hi32 != 0 || number.Lo64 != 0 ? 1 : 0;
 }
 
-/// The word of the value of type `type` that lies at `data`.
+/// The word of the value of type `type` at `data`.
 LONGLONG WordAt(VARTYPE type, const void* data) noexcept
 {
     if (type & VT_ARRAY)
@@ -82,7 +82,7 @@ LONGLONG ValueWord(const VARIANT& value) noexcept
         return 0;
     if (inner->vt & VT_BYREF)
         return inner->byref ? WordAt(static_cast<VARTYPE>(inner->vt & ~VT_BYREF), inner->byref) : 0;
-    // A decimal is laid over the whole variant, everything else starts at the union.
+    // A decimal overlays the whole variant; everything else starts at the union.
     return inner->vt == VT_DECIMAL ? ReadDecimal(&inner->decVal) : WordAt(inner->vt, &inner->byref);
 }
 } // namespace qptools

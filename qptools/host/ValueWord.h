@@ -1,4 +1,4 @@
-// Whether a value that the host delivered counts as set.
+// Whether a value of the host counts as set.
 #pragma once
 
 #include <windows.h>
@@ -7,13 +7,12 @@
 
 namespace qptools
 {
-/// The value of `value` as one number, of which callers test whether it is zero. References (VT_BYREF) are
-/// followed.
+/// `value` as one number, which callers compare with zero. VT_BYREF is resolved.
 ///
-/// - nothing, null: 0
+/// - VT_EMPTY, VT_NULL: 0
 /// - booleans, integers, error codes: their value
-/// - strings, objects, arrays: 1 if the pointer is not null, so an empty but present text counts as set
+/// - strings, objects, arrays: 1 if the pointer is not null, so an empty but non-null text counts as set
 /// - floating point numbers, dates, currency, decimals: 1 if any bit is set, so -0.0 counts as set
-/// - anything else: 0
+/// - anything else, a null address included: 0
 LONGLONG ValueWord(const VARIANT& value) noexcept;
 } // namespace qptools

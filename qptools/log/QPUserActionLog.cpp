@@ -22,7 +22,7 @@ std::wstring_view TextBeforeNull(BSTR text) noexcept
     return text ? std::wstring_view(text) : std::wstring_view();
 }
 
-/// The local time in a form that is not translated.
+/// The local time in a fixed form, which is never translated.
 std::wstring TimeStamp()
 {
     return LocalTime(L"Date/Time %04u-%02u-%02u @ %02u:%02u:%02u");
@@ -36,7 +36,9 @@ void AppendLine(std::wstring& block, std::wstring_view label, BSTR value)
 }
 } // namespace
 
-/// Runs `compose`, which returns the text, inside the module's UI state and writes what it returns.
+/// Runs `compose`, which returns the text, in the module's UI state and writes the text. No InModule: an
+/// exception for out of memory leaves these methods, on purpose. There is no host call during which the
+/// component would have to hold itself.
 template <class Compose>
 HRESULT QPUserActionLog::Write(Compose&& compose)
 {
@@ -52,7 +54,7 @@ HRESULT QPUserActionLog::Write(Compose&& compose)
     }
     catch (const std::length_error&)
     {
-        // A text longer than any memory.
+        // A text longer than memory could hold.
         ThrowOutOfMemory();
     }
     catch (const ComException&)

@@ -1,4 +1,4 @@
-// The component through which the host keeps a readable trace of what the user did.
+// The component through which the host logs what the user did.
 #pragma once
 
 #include "ComObject.h"
@@ -9,13 +9,13 @@
 
 namespace qptools
 {
-/// Composes texts and writes each, whole, by one call to a log. All methods return S_OK once they have
-/// written, and no failure of the log is seen. Arguments may be null, which is the same as empty; of a text
-/// with a null character inside, what stands before it counts.
+/// Composes a text and writes it to a log in one call. All methods return S_OK after the write; a failure of
+/// the log is not reported. Arguments may be null, which is the same as empty; a text ends at its first null
+/// character.
 ///
-/// If memory runs out while a text is composed, a ComException with the status E_OUTOFMEMORY leaves the
-/// method, after the module's UI state has been left. No other exception does: the method returns E_FAIL and
-/// has written nothing.
+/// If out of memory while a text is composed, the method throws ComException(E_OUTOFMEMORY), after it has
+/// left the module's UI state. It throws nothing else: for any other exception it returns E_FAIL and writes
+/// nothing.
 class QPUserActionLog final : public ComObject<QPUserActionLog, IQPUserActionLog>
 {
 public:
@@ -23,16 +23,16 @@ public:
     /// line feed.
     HRESULT STDMETHODCALLTYPE WriteTimeStampWithInfo(BSTR bstrInfo) override;
 
-    /// Writes the text as given, up to its first null character; no line feed is added.
+    /// Writes the text; no line feed is added.
     HRESULT STDMETHODCALLTYPE WriteLine(BSTR bstrInfoLine) override;
 
     /// Writes a block of seven lines, each with its line feed: time stamp, action, identifier, GUID,
     /// configured name and type of the object, end mark. The labels of the configured name and of the type
-    /// are in the user's language, the others are fixed, for tools that read the log.
+    /// are in the user's language. The others are never translated, so that tools can read the log.
     HRESULT STDMETHODCALLTYPE WriteUserActionInfo(BSTR bstrAction, BSTR bstrObjectId, BSTR bstrObjectGUID,
                                                   BSTR bstrObjectConfName, BSTR bstrPlanTypeName) override;
 
-    /// Writes the time stamp alone; unlike WriteTimeStampWithInfo, no line feed is added.
+    /// Writes the time stamp alone. No line feed is added, unlike WriteTimeStampWithInfo, on purpose.
     HRESULT STDMETHODCALLTYPE WriteTimeStamp() override;
 
 private:

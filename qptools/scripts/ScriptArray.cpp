@@ -1,5 +1,7 @@
 #include "ScriptArray.h"
 
+#include "FixedText.h"
+
 #include <utility>
 
 namespace qptools
@@ -23,9 +25,10 @@ ScriptArray::~ScriptArray()
 
 HRESULT ScriptArray::PutText(LONG row, LONG column, BSTR text) noexcept
 {
+    static constexpr FixedText kEmpty = L"";
     VARIANT cell;
     cell.vt = VT_BSTR;
-    cell.bstrVal = text;
+    cell.bstrVal = text ? text : static_cast<BSTR>(kEmpty);
     return Put(row, column, cell);
 }
 

@@ -1,4 +1,4 @@
-// The two-dimensional array of variants that the script service answers with.
+// The two-dimensional array of variants that the script service returns.
 #pragma once
 
 #include <windows.h>
@@ -7,27 +7,28 @@
 
 namespace qptools
 {
-/// Rows by columns, both from 0. Owns the array until it is handed over.
+/// Rows by columns, both from 0. Owns the array until MoveTo.
 class ScriptArray
 {
 public:
-    /// Creates the array, empty in every cell. Look at IsCreated afterwards.
+    /// Creates the array with empty cells. Check IsCreated afterwards.
     ScriptArray(ULONG rows, ULONG columns) noexcept;
     ~ScriptArray();
     ScriptArray(const ScriptArray&) = delete;
     ScriptArray& operator=(const ScriptArray&) = delete;
 
-    /// False if there was no memory for the array.
+    /// Returns false if the array could not be created.
     bool IsCreated() const noexcept { return m_array != nullptr; }
 
-    // Put a copy of a text or a reference to an object into a cell. Return the status of SafeArrayPutElement.
+    // Put a copy of a text, of which null is empty, or a reference to an object into a cell. Return the
+    // status of SafeArrayPutElement.
 
     HRESULT PutText(LONG row, LONG column, BSTR text) noexcept;
     HRESULT PutObject(LONG row, LONG column, IUnknown* object) noexcept;
 
-    /// Clears the variant at `target`, which must be a valid one, and gives it the array. A null `target`
-    /// leaves the array to be destroyed. An old value that cannot be cleared, for it is an array that
-    /// somebody has locked, remains theirs to destroy; the variant gets the new one all the same.
+    /// Clears the variant at `target`, which must be valid, and moves the array into it. With a null `target`
+    /// the array is destroyed with this object. An old value that cannot be cleared, because it is a locked
+    /// array, is left to whoever locked it.
     void MoveTo(VARIANT* target) noexcept;
 
 private:

@@ -1,12 +1,10 @@
 #include "XScriptActionAndCommandManager.h"
 
+#include "ScriptCommandRows.h"
 #include "XScriptActionFinder.h"
 #include "XScriptCommandFinder.h"
-#include "XScriptCommandReader.h"
-#include "XScriptCommandTable.h"
 
-#include "ComBoundary.h"
-#include "UiState.h"
+#include "InModule.h"
 
 namespace qptools
 {
@@ -15,27 +13,26 @@ HRESULT XScriptActionAndCommandManager::ShowScriptActionOrCommandDlg(
     IQP_BaseDataObject* /*pProject*/, IQP_BaseDataObject* /*pPTS*/, IQP_BaseDataObject* /*pScriptAction*/,
     BSTR /*bstrTypename*/)
 {
-    return ComBoundary([] {
-        const CUiState uiState;
-        return E_NOTIMPL;
-    });
+    return InModule(*this, [] { return E_NOTIMPL; });
 }
+
+// The two methods that search enter the UI state inside the search alone: the rest runs in the host's, on
+// purpose. Hence no InModule.
 
 HRESULT XScriptActionAndCommandManager::GetScriptCommands(IQP_Query* pQuery, IQP_BaseDataObject* pPTS,
                                                           BSTR bstrTypename, IQP_BaseDataObject* pPlanType,
                                                           int iUserInterfaceType, BSTR bstrBrowserId,
                                                           VARIANT* pvCommandArray)
 {
-    // The UI state is the search's alone: what follows it runs in the host's.
+    const ComPtr self(this);
     return ComBoundary([&] {
         XScriptCommandFinder finder;
         ComPtr<IEnumBaseDataObject> commands;
         const HRESULT found = finder.FindScriptCommands(pQuery, pPTS, bstrTypename, pPlanType,
                                                         iUserInterfaceType, bstrBrowserId, commands.put());
-        XScriptCommandTable table;
-        XScriptCommandReader reader(table, found);
-        const HRESULT status = reader.ReadAll(commands.get());
-        return table.Deliver(pvCommandArray, status);
+        ScriptCommandRows rows;
+        const HRESULT status = rows.AppendFrom(commands.get(), found);
+        return rows.Deliver(pvCommandArray, status);
     });
 }
 
@@ -44,7 +41,7 @@ HRESULT XScriptActionAndCommandManager::GetScriptsForAction(IQP_Query* pQuery, I
                                                             int iActionType, int iActionBeforeAfter,
                                                             VARIANT* pvScriptAndActionArray)
 {
-    // The UI state is the search's alone: what follows it runs in the host's.
+    const ComPtr self(this);
     return ComBoundary([&] {
         XScriptActionFinder finder;
         ComPtr<IEnumBaseDataObject> actions;

@@ -12,7 +12,7 @@ namespace
 {
 constexpr LONG kEnabled = 1;
 
-/// Actions attached to this type apply to every type whose name begins with kGeneralPrefix.
+/// Actions attached to this type apply to every type whose name starts with kGeneralPrefix.
 constexpr FixedText kGeneralType = L"orvoplantypewsc";
 constexpr std::wstring_view kGeneralPrefix = L"orvoplantype_";
 
@@ -75,7 +75,7 @@ HRESULT XScriptActionFinder::FindScriptActions(IQP_Query* pQuery, IQP_BaseDataOb
         search.NarrowByPlanType(pPlanType, bstrTypename, masters);
     search.NarrowByPlanTypeSet(pPTS, masters);
     NarrowByAction(search, iActionType, iActionBeforeAfter);
-    // A host that cannot sort still answers.
+    // The status is ignored on purpose: a host that cannot sort still finds.
     m_ptrQuery->SetOrderAttribute(FixedText(L"sequence"), kOrderAscending);
     return search.Finish(ppEnum);
 }

@@ -1,10 +1,11 @@
 #include "XScriptActionPairs.h"
 
 #include "ScriptArray.h"
-#include "XHostValue.h"
 
 #include "EnumWalk.h"
 #include "HostConstants.h"
+
+#include "Variant.h"
 
 #include <utility>
 
@@ -17,14 +18,15 @@ HRESULT XScriptActionPairs::AppendFrom(IEnumBaseDataObject* actions, HRESULT sta
     EnumWalk walk(actions, WalkBy::RemNext, WalkEnd::AtNull);
     while (walk.Next())
     {
-        XHostValue value;
+        Variant value;
         status = walk.Object()->GetAttribute(kAttributeScript, value.put());
         if (status < 0)
             return status;
-        value.Resolve();
-        if (status != S_OK || !value.IsObject())
+        ResolveReference(value);
+        if (status != S_OK || value.Type() != VT_UNKNOWN)
             continue;
-        ComPtr<IQP_BaseDataObject> script = value.DataObject();
+        ComPtr<IQP_BaseDataObject> script;
+        script.queryFrom(value->punkVal);
         if (!script)
             return E_NOINTERFACE;
         m_pairs.push_back({walk.Take(), std::move(script)});
@@ -34,18 +36,19 @@ HRESULT XScriptActionPairs::AppendFrom(IEnumBaseDataObject* actions, HRESULT sta
 
 HRESULT XScriptActionPairs::Deliver(VARIANT* target, HRESULT status) const
 {
-    ScriptArray result(static_cast<ULONG>(m_pairs.size()), 2);
+    const std::size_t rows = m_pairs.size();
+    ScriptArray result(static_cast<ULONG>(rows), 2);
     if (!result.IsCreated())
         return status;
-    LONG row = 0;
-    for (const Pair& pair : m_pairs)
+    // By index and up to the count that the array has: putting a cell takes a reference, and a host that
+    // calls the service from inside AddRef appends more pairs meanwhile. They stay out of this array.
+    for (std::size_t row = 0; row < rows; ++row)
     {
-        status = result.PutObject(row, 0, pair.action.get());
+        status = result.PutObject(static_cast<LONG>(row), 0, m_pairs[row].action.get());
         if (status >= 0)
-            status = result.PutObject(row, 1, pair.script.get());
+            status = result.PutObject(static_cast<LONG>(row), 1, m_pairs[row].script.get());
         if (status < 0)
             break;
-        ++row;
     }
     result.MoveTo(target);
     return status;

@@ -14,20 +14,19 @@ class XScriptActionPairs
 {
 public:
     /// Walks `actions`, which may be null, and appends each action together with the data object of its
-    /// attribute "script". An action without one is left out. The walk stops where that attribute cannot be
-    /// read, and with E_NOINTERFACE where it refers to something that is no data object (a null reference
-    /// included).
+    /// attribute "script". An action without one is skipped. The walk ends if that attribute cannot be read,
+    /// and with E_NOINTERFACE if it refers to anything but a data object, null included.
     ///
-    /// Returns the status of the last read of that attribute or `status` if there was none. Throws
+    /// Returns the status of the last read of that attribute, or `status` if there was none. Throws
     /// ComException(E_OUTOFMEMORY) and std::bad_alloc; what was appended stays.
     HRESULT AppendFrom(IEnumBaseDataObject* actions, HRESULT status);
 
-    /// Makes an array with one row per pair, the action in column 0 and its script in column 1, and moves it
-    /// into
-    /// `*target`, whose old value is cleared; a null `target` discards it.
+    /// Creates an array with one row per pair, the action in column 0 and its script in column 1, and moves
+    /// it into `*target`, whose old value is cleared; a null `target` discards it.
     ///
-    /// Returns the status of the last cell put, or `status` if there was none. A cell that cannot be put ends
-    /// the filling, and the array is delivered as it is. If no array can be made, `*target` is left as it is.
+    /// Returns the status of the last cell put, or `status` if there was none. The first cell that cannot be
+    /// put ends the filling, and the array is delivered as it is. If no array can be created, `*target` is
+    /// untouched.
     HRESULT Deliver(VARIANT* target, HRESULT status) const;
 
 private:

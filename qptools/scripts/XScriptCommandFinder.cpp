@@ -44,7 +44,7 @@ HRESULT XScriptCommandFinder::FindScriptCommands(IQP_Query* pQuery, IQP_BaseData
     const HRESULT begun = search.Begin(kTableScriptCommand);
     if (begun < 0)
         return begun;
-    // The two fixed types belong to plan types with a master alone.
+    // The two fixed types are searched for plan types with a master only, on purpose.
     if (pPlanType)
         search.NarrowByPlanType(pPlanType, bstrTypename, masters, {kTypeDefaultImpl, kTypeCompBase});
     else

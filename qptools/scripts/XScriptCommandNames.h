@@ -1,85 +1,48 @@
-// Gives every script command of a result a display name that is unique in it.
+// Script commands under unique display names, in the user's order of names.
 #pragma once
 
-#include "ScriptCommand.h"
+#include "Bstr.h"
+#include "Variant.h"
 
-#include "XQPComBSTR.h"
-
-#include <windows.h>
-
-#include <oleauto.h>
-
-#include <cstddef>
-#include <deque>
 #include <map>
-#include <string_view>
-#include <unordered_map>
-#include <vector>
 
 namespace qptools
 {
-/// A command under the name that it is shown by. The name is owned by a command of the list or by
-/// XScriptCommandNames.
-struct NamedCommand
+/// How a command runs on several objects.
+enum class ScriptMode : unsigned char
 {
-    BSTR name = nullptr;
-    const ScriptCommand* command = nullptr;
+    OnceForAll,
+    EachObject
 };
 
-/// Names the commands of a list in the list's order, as if each went into a map that is sorted by display
-/// name. The user's language says which name comes first and which are the same name.
-///
-/// - A script whose name is in use gets the first of "Name(2)", "Name(3)" ... that is not.
-/// - A macro takes the place of whatever is under its name.
-///
-/// The names are put in order once, and every text remembers which suffix it tries next, for a name once used
-/// stays used: thousands of commands of one name take little longer than as many of different names.
+struct ScriptCommandRow
+{
+    Variant target; ///< the script object (VT_UNKNOWN) or the name of the macro (VT_BSTR)
+    ScriptMode mode = ScriptMode::EachObject;
+    int nextSuffix = 2; ///< the first that was not yet tried for a repeat of this name
+};
+
+/// A map by display name. The user's language decides the order and which names are equal.
 class XScriptCommandNames
 {
 public:
-    /// `commands` must outlive this object. Throws std::bad_alloc and ComException(E_OUTOFMEMORY).
-    explicit XScriptCommandNames(const std::vector<ScriptCommand>& commands);
-
-    /// The commands under their names, in the order of names.
-    const std::vector<NamedCommand>& InOrder() const noexcept { return m_places; }
-
-private:
-    /// The user's order of names.
     struct Before
     {
-        bool operator()(BSTR first, BSTR second) const noexcept;
-        bool operator()(const NamedCommand& first, const NamedCommand& second) const noexcept
-        {
-            return (*this)(first.name, second.name);
-        }
+        bool operator()(const Bstr& first, const Bstr& second) const noexcept;
     };
-    using MadeNames = std::map<XQPComBSTR, const ScriptCommand*, Before>;
+    using Rows = std::map<Bstr, ScriptCommandRow, Before>;
 
-    /// How far the suffixes of one text have come.
-    struct Repeats
-    {
-        int nextSuffix;
-        MadeNames::iterator afterLast; ///< where the next made name most likely belongs
-    };
+    /// Adds a command that runs a script. A name in use gets the first of the suffixes "(2)", "(3)" ... that
+    /// makes it unique. Throws std::bad_alloc and ComException(E_OUTOFMEMORY).
+    void AddScript(Bstr name, Variant script, ScriptMode mode);
 
-    bool OrderNames(const std::vector<ScriptCommand>& commands);
-    void MergeEqualNames(const std::vector<ScriptCommand>& commands);
-    void Place(const ScriptCommand& command, std::size_t place);
-    void PlaceUnderMadeName(const ScriptCommand& command, std::size_t ownPlace);
-    bool TryPlace(const ScriptCommand& command, XQPComBSTR&& candidate, std::size_t ownPlace,
-                  Repeats& repeats);
-    NamedCommand* FindPlace(BSTR name, std::size_t likelyBefore);
-    void MergeMadeNames();
+    /// Adds a command that runs a macro, for each object. It replaces the row of its name, on purpose: only
+    /// scripts get unique names. Throws std::bad_alloc.
+    void AddMacro(Bstr name, Variant macro);
 
-    /// One place for each different name that a command came with, in the order of names; the command is null
-    /// while the place is free. At the end the places of the made names as well.
-    std::vector<NamedCommand> m_places;
-    /// The place of each command's own name, by the command's index in the list.
-    std::vector<std::size_t> m_placeOfCommand;
-    /// Names with a suffix that no command came with.
-    MadeNames m_madeNames;
-    /// Names with a suffix that took a free place.
-    std::deque<XQPComBSTR> m_placedNames;
-    std::unordered_map<std::wstring_view, Repeats> m_repeats;
+    const Rows& InOrder() const noexcept { return m_rows; }
+
+private:
+    Rows m_rows;
 };
 } // namespace qptools

@@ -3,23 +3,25 @@
 #include "FixedText.h"
 
 #include "ComException.h"
+#include "ComPtr.h"
 
 namespace qptools
 {
 namespace
 {
-/// `master` stays as it stands; what it stands for is looked at in a copy.
-bool IsDataObject(const XHostValue& master)
+/// `master` itself is not resolved, because the host gets it back unchanged.
+bool IsDataObject(const Variant& master)
 {
-    if (!(master.Type() & VT_BYREF))
-        return static_cast<bool>(master.DataObject());
-    XHostValue resolved;
-    if (VariantCopyInd(resolved.put(), const_cast<VARIANT*>(&master.Value())) == E_OUTOFMEMORY)
+    Variant resolved;
+    if (CopyResolved(master.get(), resolved) == E_OUTOFMEMORY)
         ThrowOutOfMemory();
-    return static_cast<bool>(resolved.DataObject());
+    ComPtr<IQP_BaseDataObject> object;
+    if (resolved.Type() == VT_UNKNOWN)
+        object.queryFrom(resolved->punkVal);
+    return static_cast<bool>(object);
 }
 
-bool ReadMaster(IQP_BaseDataObject* object, XHostValue& master)
+bool ReadMaster(IQP_BaseDataObject* object, Variant& master)
 {
     return object->GetAttribute(FixedText(L"master"), master.put()) == S_OK && IsDataObject(master);
 }

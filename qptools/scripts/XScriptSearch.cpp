@@ -11,7 +11,7 @@ namespace
 {
 constexpr FixedText kAttributePlanTypeSet = L"orvoplantypeset";
 
-/// A variant that borrows what it refers to: never cleared.
+/// A value that borrows its content: never cleared.
 VARIANT Borrowed(VARTYPE type)
 {
     VARIANT value;
@@ -20,11 +20,11 @@ VARIANT Borrowed(VARTYPE type)
     return value;
 }
 
-/// A null text stays a null one, which the platform's copy does not promise.
-HRESULT CopyResolved(const VARIANT& value, XHostValue& copy)
+/// A null text stays a null one, which the system's copy does not promise.
+HRESULT CopyOf(const VARIANT& value, Variant& copy)
 {
     if (value.vt != VT_BSTR || value.bstrVal)
-        return VariantCopyInd(copy.put(), const_cast<VARIANT*>(&value));
+        return CopyResolved(value, copy);
     *copy.put() = value;
     return S_OK;
 }
@@ -32,20 +32,20 @@ HRESULT CopyResolved(const VARIANT& value, XHostValue& copy)
 
 HRESULT XScriptSearch::SetCatenation(LONG catenation)
 {
-    return m_ptrQuery ? m_ptrQuery->SetSearchCatenation(catenation) : E_POINTER;
+    return m_query ? m_query->SetSearchCatenation(catenation) : E_POINTER;
 }
 
 HRESULT XScriptSearch::SetCriterion(const FixedText& attribute, LONG comparison, const VARIANT& value)
 {
-    if (!m_ptrQuery)
+    if (!m_query)
         return E_POINTER;
     // A copy, because a reference has to arrive resolved, and because the value may be an answer of the host
     // that is passed back more than once: whatever the host does with the copy, the answer stays unchanged.
-    XHostValue copy;
-    const HRESULT status = CopyResolved(value, copy);
+    Variant copy;
+    const HRESULT status = CopyOf(value, copy);
     if (status < 0)
         return status;
-    return m_ptrQuery->SetSearchAttribute(attribute, comparison, copy.Value(), kCatenationNone);
+    return m_query->SetSearchAttribute(attribute, comparison, copy.get(), kCatenationNone);
 }
 
 void XScriptSearch::Equals(const FixedText& attribute, const VARIANT& value)
@@ -81,8 +81,8 @@ void XScriptSearch::EqualsTrue(const FixedText& attribute)
 
 HRESULT XScriptSearch::Begin(const FixedText& table)
 {
-    const HRESULT status = m_ptrQuery->ResetSearch(kResetAll);
-    return status < 0 ? status : m_ptrQuery->SetSearchTable(table);
+    const HRESULT status = m_query->ResetSearch(kResetAll);
+    return status < 0 ? status : m_query->SetSearchTable(table);
 }
 
 void XScriptSearch::NarrowByType(BSTR typeName)
@@ -136,7 +136,7 @@ void XScriptSearch::NarrowByPlanTypeSet(IQP_BaseDataObject* planTypeSet, const X
 HRESULT XScriptSearch::Finish(IEnumBaseDataObject** found)
 {
     ComPtr<IEnumBaseDataObject> result;
-    const HRESULT status = m_ptrQuery->GetSearchResult(result.put());
+    const HRESULT status = m_query->GetSearchResult(result.put());
     if (status == S_OK && result && found)
         *found = result.detach();
     return status;

@@ -22,7 +22,7 @@ inline constexpr FixedText kAttributeType = L"type";
 class XScriptSearch
 {
 public:
-    explicit XScriptSearch(IQP_Query* query) noexcept : m_ptrQuery(query) {}
+    explicit XScriptSearch(IQP_Query* query) noexcept : m_query(query) {}
 
     /// Passes `catenation` to the host. Returns E_POINTER without a query, else the host's status.
     HRESULT SetCatenation(LONG catenation);
@@ -60,7 +60,7 @@ public:
     HRESULT Finish(IEnumBaseDataObject** found);
 
 private:
-    IQP_Query* m_ptrQuery;
+    IQP_Query* m_query;
 };
 
 /// The whole text of a BSTR, null characters included; empty for null.

@@ -2,13 +2,13 @@
 
 #include "XProjectChoiceDlg.h"
 
-#include "UiState.h"
+#include "InModule.h"
 
 namespace qptools
 {
 namespace
 {
-/// The window of a handle that came as a number. Handles are numbers of 32 bits with a sign.
+/// The window of a handle passed as a number. Window handles are 32-bit numbers, sign-extended.
 HWND WindowOf(LONG number)
 {
     return reinterpret_cast<HWND>(static_cast<LONG_PTR>(number));
@@ -20,18 +20,18 @@ bool CanListChildren(IQP_BaseDataObject* root, LONG showTemplates)
     return root && root->GetChildren(XProjectChoiceDlg::ChildrenOf(showTemplates), unused.put()) >= 0;
 }
 
-/// The results are pointers that the caller may leave out.
+/// Writes a result whose pointer the caller may leave null.
 void Write(LONG* result, LONG value)
 {
     if (result)
         *result = value;
 }
 
-/// What runs out of memory reads as cancelled for a caller who looks at the results alone.
+/// Runs a method of `component`. If out of memory, a caller that looks at the results alone sees a cancel.
 template <class Body>
-HRESULT CancelledOnFailure(LONG* canceled, Body&& body) noexcept
+HRESULT CancelledOnFailure(CQPProjectChoice& component, LONG* canceled, Body&& body) noexcept
 {
-    const HRESULT status = ComBoundary(body);
+    const HRESULT status = InModule(component, body);
     if (status < 0)
         Write(canceled, 1);
     return status;
@@ -43,8 +43,7 @@ HRESULT STDMETHODCALLTYPE CQPProjectChoice::ShowDialog(IQP_BaseDataObject* piPro
                                                        IQP_BaseDataObject** ppiSelectedProject,
                                                        LONG lnghWndParent)
 {
-    const CUiState state;
-    return CancelledOnFailure(pbCanceled, [&] {
+    return CancelledOnFailure(*this, pbCanceled, [&] {
         if (!CanListChildren(piProjectRoot, 0))
         {
             Write(pbCanceled, 1);
@@ -63,8 +62,7 @@ HRESULT STDMETHODCALLTYPE CQPProjectChoice::ShowDialogEx(IQP_BaseDataObject* piP
                                                          IQP_BaseDataObject** ppiSelectedProject,
                                                          LONG lnghWndParent)
 {
-    const CUiState state;
-    return CancelledOnFailure(pbCanceled, [&] {
+    return CancelledOnFailure(*this, pbCanceled, [&] {
         const bool canList = CanListChildren(piProjectRoot, bShowTemplates);
         Write(pbCanceled, 0);
         if (!canList)
@@ -75,8 +73,7 @@ HRESULT STDMETHODCALLTYPE CQPProjectChoice::ShowDialogEx(IQP_BaseDataObject* piP
         XProjectChoiceDlg dialog(piProjectRoot, bstrTitle, m_buttonText, WindowOf(lnghWndParent),
                                  bShowTemplates, true);
         const INT_PTR end = dialog.DoModal();
-        // Any other end means something new: button 3, and a dialog that could not
-        // be shown as well.
+        // Any other end code means a new one: that of button 3, and that of a dialog that could not be shown.
         if (end == IDCANCEL)
             Write(pbCanceled, 1);
         else
@@ -88,8 +85,7 @@ HRESULT STDMETHODCALLTYPE CQPProjectChoice::ShowDialogEx(IQP_BaseDataObject* piP
 
 HRESULT STDMETHODCALLTYPE CQPProjectChoice::Initialize(BSTR bstrCancelButtonText)
 {
-    const CUiState state;
-    return ComBoundary([&] {
+    return InModule(*this, [&] {
         m_buttonText = bstrCancelButtonText;
         return S_OK;
     });

@@ -4,7 +4,7 @@
 
 #include "XInitValueWrapper.h"
 
-#include "UiState.h"
+#include "InModule.h"
 
 #include <charconv>
 #include <iterator>
@@ -16,7 +16,7 @@ namespace qptools
 {
 namespace
 {
-/// The parameter converted to `type`; empty if it is not there or has no such form.
+/// The parameter converted to `type`; empty if there is none or it cannot be converted.
 XQPComVariant Parameter(const XInitValueWrapper& parameters, const wchar_t* name, VARTYPE type)
 {
     XQPComVariant value;
@@ -43,7 +43,7 @@ ComPtr<IUnknown> ObjectParameter(const XInitValueWrapper& parameters, const wcha
     return object;
 }
 
-/// "Prompt0", "Prompt1" and so on, one after the other in one place.
+/// Composes "Prompt0", "Prompt1" and so on, each in place of the one before.
 class NumberedName
 {
 public:
@@ -63,8 +63,8 @@ private:
     std::size_t m_stem;
 };
 
-/// Of `count` parameters every two are an entry, the caption among them: n entries and a caption make the
-/// same number as n entries alone. 0 and 1 are no entries.
+/// Each entry takes two parameters and the caption one, so count / 2 is the number of entries with or without
+/// a caption. 0 and 1 parameters are no entries.
 XSelectDlg::Entries EntriesOf(const XInitValueWrapper& parameters, ULONG count)
 {
     XSelectDlg::Entries entries;
@@ -73,7 +73,7 @@ XSelectDlg::Entries EntriesOf(const XInitValueWrapper& parameters, ULONG count)
     for (ULONG number = 0; number < count / 2; ++number)
     {
         const ComPtr<IUnknown> object = ObjectParameter(parameters, objectName.Of(number));
-        // The first entry of an object stays.
+        // Of two entries with the same object the first is kept.
         if (object && entries.count(object.get()) == 0)
             entries.emplace(object.get(),
                             XSelectDlg::Entry{object, TextParameter(parameters, promptName.Of(number))});
@@ -85,8 +85,7 @@ XSelectDlg::Entries EntriesOf(const XInitValueWrapper& parameters, ULONG count)
 HRESULT STDMETHODCALLTYPE QPSelectDlg::ShowDialog(ULONG ulCount, tagINITVALUE* pValueArray,
                                                   IUnknown** pSelObject)
 {
-    const CUiState state;
-    return ComBoundary([&] {
+    return InModule(*this, [&] {
         const ULONG count = pValueArray ? ulCount : 0;
         const XInitValueWrapper parameters(count, pValueArray);
         XSelectDlg dialog(EntriesOf(parameters, count), TextParameter(parameters, L"Caption"));

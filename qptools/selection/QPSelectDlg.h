@@ -11,11 +11,11 @@ class QPSelectDlg final : public ComObject<QPSelectDlg, IQPSelectDlg>
 {
 public:
     /// Shows the entries of a parameter array: "Caption" is the title, "Prompt0" and "Object0" the first
-    /// entry, and so on, `ulCount` / 2 of them. An entry without an object is left out, one without a text
-    /// has an empty one, and of two with the same object the first counts. `pValueArray` may be null.
+    /// entry, and so on, `ulCount` / 2 of them. An entry without an object is skipped, one without a prompt
+    /// has an empty text, and of two with the same object the first is kept. `pValueArray` may be null.
     ///
-    /// Returns S_OK always (E_OUTOFMEMORY alone besides). After OK `*pSelObject` is the chosen object with a
-    /// reference for the caller; otherwise it is left as it was. `pSelObject` may be null.
+    /// Returns S_OK, after a cancel as well, or E_OUTOFMEMORY. After OK `*pSelObject` is the chosen object,
+    /// with a reference for the caller; otherwise it is untouched. `pSelObject` may be null.
     HRESULT STDMETHODCALLTYPE ShowDialog(ULONG ulCount, tagINITVALUE* pValueArray,
                                          IUnknown** pSelObject) override;
 };

@@ -8,6 +8,8 @@
 #include "Translation.h"
 #include "WindowTranslation.h"
 
+#include "Variant.h"
+
 #include <cmath>
 #include <string_view>
 #include <vector>
@@ -22,22 +24,17 @@ constexpr UINT kPlaceholder = 206;
 constexpr UINT kList = 202;
 constexpr DWORD kListStyle = 0x50800000;
 
-/// The column of no width that carries the child.
+/// The column of width 0 that carries the child.
 constexpr int kObjectColumn = 1;
 
-/// The text with `inserted` in place of the first "%s". Neither of the two is ever read as a format.
+/// The text with `inserted` in place of the first "%s". Neither text is used as a format, because both come
+/// from outside.
 std::wstring Inserted(std::wstring text, const XQPComBSTR& inserted)
 {
     const std::size_t place = text.find(L"%s");
     if (place != std::wstring::npos)
         text.replace(place, 2, inserted.View());
     return text;
-}
-
-std::wstring_view TextOf(const XQPComVariant& name)
-{
-    const BSTR text = name.Value().bstrVal;
-    return {text ? text : L"", SysStringLen(text)};
 }
 } // namespace
 
@@ -72,7 +69,7 @@ bool XProjectChoiceDlg::OnInitDialog()
     if (!CreateList())
         return false;
     FillList(ReadChildren());
-    // After the translation: these texts are the host's and stay as it gave them.
+    // After the translation, because these texts are the host's and are shown unchanged.
     SetWindowText(m_title);
     SetItemText(kCreateNewButton, m_buttonText);
     return true;
@@ -100,16 +97,20 @@ XProjectChoiceDlg::Children XProjectChoiceDlg::ReadChildren() const
     EnumWalk walk(found.get(), WalkBy::RemNext, WalkEnd::AtNull);
     while (walk.Next())
     {
-        XQPComVariant name;
-        if (walk.Object()->GetAttribute(kAttributeName, &name) >= 0 && name.Type() == VT_BSTR)
-            children.emplace(std::pair(std::wstring(TextOf(name)), ++counter), walk.Take());
+        Variant name;
+        if (walk.Object()->GetAttribute(kAttributeName, name.put()) >= 0)
+            ResolveReference(name);
+        else
+            name.Clear();
+        if (name.Type() == VT_BSTR)
+            children.emplace(std::pair(std::wstring(name.View()), ++counter), walk.Take());
         else
             ShowUnreadable();
     }
     return children;
 }
 
-/// The texts stay as they stand; the title alone is translated.
+/// Only the title is translated, on purpose.
 void XProjectChoiceDlg::ShowUnreadable() const
 {
     CoErrorBox(nullptr, CoTranslateText(L"Error"),
@@ -139,7 +140,9 @@ void XProjectChoiceDlg::OnOK()
         ShowNothingSelected();
         return;
     }
-    m_ptrSelected.queryFrom(ObjectOf(child.Value()));
+    ComPtr<IQP_BaseDataObject> selected;
+    selected.queryFrom(ObjectOf(child.Value()));
+    m_ptrSelected = std::move(selected);
     if (m_ptrSelected)
         EndDialog(IDOK);
 }
@@ -157,7 +160,7 @@ void XProjectChoiceDlg::ShowNothingSelected() const
 void XProjectChoiceDlg::OnCreateNew()
 {
     m_ptrSelected.reset();
-    // Without Cancel the plain end: the host reads "not cancelled, no project".
+    // Without Cancel the dialog ends as by OK: the host reads "not cancelled, no project".
     if (m_showCancel)
         EndDialog(kCreateNew);
     else

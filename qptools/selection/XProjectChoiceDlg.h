@@ -1,4 +1,4 @@
-// The dialog in which a user chooses one of the projects, or of the templates, under a root object.
+// The dialog in which a user chooses one of the projects or templates under a root object.
 #pragma once
 
 #include "Dialog.h"
@@ -16,34 +16,34 @@
 
 namespace qptools
 {
-/// Lists the names of the children, sorted. Besides OK (end code 1) and Cancel (2) it has button 3, which
-/// stands for the wish to make a new one.
+/// Lists the names of the children, sorted. Besides OK (end code 1) and Cancel (2) it has button 3, by which
+/// the user asks for a new one.
 class XProjectChoiceDlg final : public CDialog
 {
 public:
-    /// The end code of button 3, if the dialog shows Cancel; without Cancel the button ends it with 1.
+    /// The end code of button 3 if the dialog shows Cancel; without Cancel it is 1.
     static constexpr INT_PTR kCreateNew = 10;
 
-    /// `root` must not be null; `title` and `buttonText` (of button 3) may be. `parent` may be null. With
-    /// `showTemplates` templates are listed, else projects.
+    /// `root` must not be null; `title`, `buttonText` (of button 3) and `parent` may be. Lists templates if
+    /// `showTemplates` is not 0, else projects.
     XProjectChoiceDlg(IQP_BaseDataObject* root, const wchar_t* title, const wchar_t* buttonText, HWND parent,
                       LONG showTemplates, bool showCancel);
 
-    /// The list of children that the dialog shows, "template" or "orvoproject".
+    /// The name of the child list that the dialog shows: "template" or "orvoproject".
     static const FixedText& ChildrenOf(LONG showTemplates) noexcept;
 
-    /// What was chosen with OK, null after any other end.
+    /// The object chosen with OK; null after any other end.
     const ComPtr<IQP_BaseDataObject>& Selected() const noexcept { return m_ptrSelected; }
 
 protected:
     const CMessageMap& GetMessageMap() const override;
     bool OnInitDialog() override;
 
-    /// Ends the dialog if a row is selected; else shows a message and stays.
+    /// Ends the dialog if a row is selected; otherwise shows a message.
     void OnOK() override;
 
 private:
-    /// By name, character by character, and where names repeat in the order in which they came.
+    /// By name, compared character by character; equal names in the order of the enumeration.
     using Children = std::map<std::pair<std::wstring, int>, ComPtr<IQP_BaseDataObject>>;
 
     void OnCreateNew();

@@ -4,7 +4,7 @@
 
 #include "ObjectValue.h"
 
-#include "UiState.h"
+#include "InModule.h"
 #include "WaitCursor.h"
 
 #include <utility>
@@ -15,7 +15,7 @@ namespace
 {
 using Object = IQP_BaseDataObject;
 
-// One look-up each: runs it into a local result and writes that, null included, if the look-up says S_OK.
+// Each runs one look-up into a local result and writes that, null included, if the look-up returns S_OK.
 
 HRESULT AskProject(const XSelectOrvoitemDlg& lookups, Object* object, Object** result)
 {
@@ -54,12 +54,11 @@ HRESULT AskCompBase(const XSelectOrvoitemDlg& lookups, Object* object, BSTR type
 }
 } // namespace
 
-/// Enters the module's UI state and runs `body` on a dialog that is never shown.
+/// Runs `body` on a dialog that is never shown.
 template <class Body>
-HRESULT XQPSelectOrvoItem::Ask(IQP_BaseDataObject* object, Body&& body) const noexcept
+HRESULT XQPSelectOrvoItem::Ask(IQP_BaseDataObject* object, Body&& body) noexcept
 {
-    const CUiState state;
-    return ComBoundary([&] {
+    return InModule(*this, [&] {
         const XSelectOrvoitemDlg lookups(nullptr, nullptr, object, m_ptrQuery.get());
         return body(lookups);
     });
@@ -67,22 +66,22 @@ HRESULT XQPSelectOrvoItem::Ask(IQP_BaseDataObject* object, Body&& body) const no
 
 HRESULT STDMETHODCALLTYPE XQPSelectOrvoItem::Initialize(VARIANT* pInitValues)
 {
-    const CUiState state;
-    IUnknown* const given = pInitValues ? ObjectOf(*pInitValues) : nullptr;
-    if (given && given != m_ptrQuery.get())
-    {
-        ComPtr<IQP_Query> query;
-        query.queryFrom(given);
-        m_ptrQuery = std::move(query);
-    }
-    return S_OK;
+    return InModule(*this, [&] {
+        IUnknown* const given = pInitValues ? ObjectOf(*pInitValues) : nullptr;
+        if (given && given != m_ptrQuery.get())
+        {
+            ComPtr<IQP_Query> query;
+            query.queryFrom(given);
+            m_ptrQuery = std::move(query);
+        }
+        return S_OK;
+    });
 }
 
 HRESULT STDMETHODCALLTYPE XQPSelectOrvoItem::ShowDialog(IQP_BaseDataObject* pProject, BSTR bstrItemTypeName,
                                                         IQP_BaseDataObject** ppSelectedItem)
 {
-    const CUiState state;
-    return ComBoundary([&] {
+    return InModule(*this, [&] {
         XSelectOrvoitemDlg dialog(nullptr, bstrItemTypeName, pProject, m_ptrQuery.get());
         if (dialog.DoModal() != IDOK)
             return S_FALSE;

@@ -1,4 +1,4 @@
-// The component that lets a user choose an item and that looks up the context of any data object.
+// The component that lets a user choose an item and looks up the context of any data object.
 #pragma once
 
 #include "ComObject.h"
@@ -8,20 +8,20 @@
 
 namespace qptools
 {
-/// A look-up writes its results, objects with a reference and texts for the caller to free, only where it
-/// returns S_OK: null then means that there is none. Result addresses may be null. See XSelectOrvoitemDlg for
-/// what each finds and returns; every method may return E_OUTOFMEMORY besides.
+/// A look-up writes its results only if it returns S_OK; null then means that nothing was found. Objects come
+/// with a reference, and the caller frees texts. Result pointers may be null. XSelectOrvoitemDlg says what
+/// each look-up finds and returns; every method may also return E_OUTOFMEMORY.
 class XQPSelectOrvoItem final : public ComObject<XQPSelectOrvoItem, IQPSelectOrvoItem>
 {
 public:
-    /// Takes the query with which scripts are searched: a reference (VT_UNKNOWN, VT_DISPATCH, also by
-    /// address) to it. Anything else and a null pointer leave the query as it is; an object that is no query
-    /// takes it away. Returns S_OK.
+    /// Sets the query with which scripts are searched, from a VT_UNKNOWN or VT_DISPATCH, also with VT_BYREF.
+    /// Any other value, a null reference and a null pointer leave the query unchanged; an object that is no
+    /// query leaves none. Returns S_OK.
     HRESULT STDMETHODCALLTYPE Initialize(VARIANT* pInitValues) override;
 
-    /// Shows the scripts of the project of `pProject` if `bstrItemTypeName` is "script", for any other name a
-    /// message. Returns S_OK with the choice; S_FALSE, with nothing written, if there was none; E_POINTER for
-    /// a choice with nowhere to write it.
+    /// Shows the scripts of the project of `pProject` if `bstrItemTypeName` is "script"; for any other name
+    /// shows a message only. Returns S_OK with the choice; S_FALSE, with nothing written, if there was none;
+    /// E_POINTER if `ppSelectedItem` is null and there was a choice.
     HRESULT STDMETHODCALLTYPE ShowDialog(IQP_BaseDataObject* pProject, BSTR bstrItemTypeName,
                                          IQP_BaseDataObject** ppSelectedItem) override;
 
@@ -45,7 +45,7 @@ public:
 
 private:
     template <class Body>
-    HRESULT Ask(IQP_BaseDataObject* object, Body&& body) const noexcept;
+    HRESULT Ask(IQP_BaseDataObject* object, Body&& body) noexcept;
 
     ComPtr<IQP_Query> m_ptrQuery;
 };

@@ -18,10 +18,10 @@ constexpr UINT kPlaceholder = 206;
 constexpr UINT kList = 6666;
 constexpr DWORD kListStyle = 0x50800008;
 
-/// The column of no width that carries the object.
+/// The column of width 0 that carries the object.
 constexpr int kObjectColumn = 1;
 
-/// What the frame of the list takes from the first column.
+/// The width that the list's frame takes from the first column.
 constexpr int kFrame = 5;
 } // namespace
 
@@ -33,7 +33,7 @@ XSelectDlg::XSelectDlg(Entries entries, const wchar_t* title)
 const CMessageMap& XSelectDlg::GetMessageMap() const
 {
     static const CMessageMapEntry entries[] = {
-        // Meant as it is: this is the hidden placeholder, not the list, so that OK alone ends the choice.
+        // On purpose the hidden placeholder and not the list: only the OK button ends the choice.
         OnNotify<&XSelectDlg::OnDoubleClick>(NM_DBLCLK, kPlaceholder),
     };
     static const CMessageMap map{&CDialog::ClassMessageMap(), entries};
@@ -72,7 +72,7 @@ void XSelectDlg::FillList()
         columns.emplace_back(BorrowedObject(pointer));
         m_list.AddEntry(std::move(columns), row++, -1);
     }
-    // With the focus, so that the arrow keys go on from there.
+    // With the focus, so that the arrow keys start from there.
     if (m_list.GetItemCount() > 0)
         m_list.SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
 }

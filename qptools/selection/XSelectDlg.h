@@ -11,8 +11,8 @@
 
 namespace qptools
 {
-/// Shows one row for each object. Nothing in it knows what the objects are, but for the wording of one
-/// message, which speaks of what the dialog was made for first.
+/// Shows one row for each object and knows nothing about the objects. Only the wording of one message names
+/// the use that the dialog was first made for.
 class XSelectDlg final : public CDialog
 {
 public:
@@ -22,21 +22,20 @@ public:
         XQPComBSTR prompt;
     };
 
-    /// Keyed by the object's pointer, so that an object has one row and rows follow no order that a caller
-    /// could set.
+    /// Keyed by the object's pointer: an object has one row, and callers cannot set the order of rows.
     using Entries = std::map<IUnknown*, Entry>;
 
     /// `title` may be null. The thread's active window becomes the owner.
     XSelectDlg(Entries entries, const wchar_t* title);
 
-    /// What was chosen with OK; null before that.
+    /// The object chosen with OK; null before that.
     const ComPtr<IUnknown>& Selected() const noexcept { return m_ptrSelected; }
 
 protected:
     const CMessageMap& GetMessageMap() const override;
     bool OnInitDialog() override;
 
-    /// Ends the dialog if a row is selected; else shows a message and stays.
+    /// Ends the dialog if a row is selected; otherwise shows a message.
     void OnOK() override;
 
 private:

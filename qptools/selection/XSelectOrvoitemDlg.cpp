@@ -7,6 +7,8 @@
 #include "WindowTranslation.h"
 #include "XQPError.h"
 
+#include <utility>
+
 namespace qptools
 {
 namespace
@@ -15,8 +17,8 @@ constexpr UINT kTemplate = 204;
 constexpr UINT kPlaceholder = 206;
 constexpr DWORD kListStyle = 0x50800000;
 
-/// The list has the placeholder's identifier, too. So it is only ever reached through its object; a look-up
-/// by the identifier finds the placeholder, which stands before it.
+/// The list has the placeholder's identifier, on purpose. It is reached only through its object: GetDlgItem
+/// finds the placeholder, which comes first.
 constexpr UINT kList = kPlaceholder;
 
 /// No control has this identifier.
@@ -42,7 +44,7 @@ HRESULT XSelectOrvoitemDlg::Report(HRESULT status, const wchar_t* message, ULONG
 const CMessageMap& XSelectOrvoitemDlg::GetMessageMap() const
 {
     static const CMessageMapEntry entries[] = {
-        // Meant as it is: the list has another identifier, so that OK alone ends the choice.
+        // On purpose not the list's identifier: only the OK button ends the choice.
         OnNotify<&XSelectOrvoitemDlg::OnDoubleClick>(NM_DBLCLK, kDoubleClicked),
     };
     static const CMessageMap map{&CDialog::ClassMessageMap(), entries};
@@ -77,7 +79,7 @@ bool XSelectOrvoitemDlg::OnInitDialog()
         OnCancel();
         return false;
     }
-    // With the focus, so that the arrow keys go on from there.
+    // With the focus, so that the arrow keys start from there.
     m_list.SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     SetWindowText(caption);
     CoTranslateWindow(m_hWnd);
@@ -103,13 +105,16 @@ bool XSelectOrvoitemDlg::CreateList()
 void XSelectOrvoitemDlg::OnOK()
 {
     m_ptrSelected.reset();
-    if (GetSelectionFromList(m_ptrSelected.put()) != S_OK)
+    ComPtr<IQP_BaseDataObject> selected;
+    if (GetSelectionFromList(selected.put()) != S_OK)
     {
         CoInfoBox(nullptr, CoTranslateText(L"Execute script"), CoTranslateText(L"Please select a script."),
                   0);
         return;
     }
-    // GetSelectionFromList has ended the dialog already; once more does no harm and is kept.
+    m_ptrSelected = std::move(selected);
+    // GetSelectionFromList has already ended the dialog. The second call has no effect and is kept on
+    // purpose.
     CDialog::OnOK();
 }
 

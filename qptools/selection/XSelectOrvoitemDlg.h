@@ -23,13 +23,13 @@ enum ScriptColumn : int
     kScriptLanguage,
     kScriptCreationDate,
     kScriptModificationDate,
-    kScriptObject ///< of no width: the script itself, VT_UNKNOWN
+    kScriptObject ///< of width 0: the script itself, VT_UNKNOWN
 };
 
-/// A row of that list, with a value a column.
+/// A row of that list: one value per column.
 using ScriptRecord = std::vector<XQPComVariant>;
 
-/// What there is to know of a script action, and the action.
+/// A script action and its attributes.
 struct ScriptActionRecord
 {
     ComPtr<IQP_BaseDataObject> action;
@@ -43,46 +43,48 @@ struct ScriptActionRecord
     XQPComVariant modificationDate;
 };
 
-/// Keyed by the object's pointer: an object has one record, its first, and the order is the pointers'.
+/// Keyed by the object's pointer: an object has one record, the first, and the order is that of the pointers.
 using ScriptMap = std::map<IQP_BaseDataObject*, ScriptRecord>;
 using ScriptActionMap = std::map<IQP_BaseDataObject*, ScriptActionRecord>;
 
-/// Lists the items of a kind. The only kind that it can list is "script": the scripts that the user may run
-/// of the project of a given object, and those of no project. Any other kind gives a message and no dialog.
+/// Lists the items of a kind. The only kind that it can list is "script": of the scripts of a given object's
+/// project and of those of no project, the ones that the user may run. Any other kind shows a message and no
+/// dialog.
 ///
-/// The look-ups need no window: whoever wants them alone makes the object and does not show it. Each takes an
-/// object and writes its result, with a reference for the caller, only where it found one; result addresses
-/// may be null. Everything here may throw ComException(E_OUTOFMEMORY) and std::bad_alloc.
+/// The look-ups need no window: a caller that wants them alone creates the object and does not show it. Each
+/// takes an object and writes its result, with a reference for the caller, only if it finds one; result
+/// pointers may be null. Everything here may throw ComException(E_OUTOFMEMORY) and std::bad_alloc.
 class XSelectOrvoitemDlg final : public CDialog
 {
 public:
-    /// `itemType` and all pointers may be null. `dataObject` need not be a project.
+    /// All pointers may be null. `dataObject` need not be a project.
     XSelectOrvoitemDlg(HWND parent, const wchar_t* itemType, IQP_BaseDataObject* dataObject,
                        IQP_Query* query);
 
-    /// Writes the choice with a reference for the caller, null before OK. Returns E_POINTER if `out` is null,
-    /// else S_OK.
+    /// Writes the chosen object with a reference for the caller; null before OK. Returns E_POINTER if `out`
+    /// is null, else S_OK.
     HRESULT GetSelectedObject(IQP_BaseDataObject** out) const;
 
     // The look-ups, in XSelectOrvoitemLookups.cpp.
 
-    /// The project of any data object, found by its class: the object itself, its project, or the project of
-    /// what a relationship or script action refers to. Returns E_INVALIDARG for a null object; S_FALSE for a
-    /// component of a work system, which has no project; the status of an attribute that cannot be read;
-    /// E_NOINTERFACE for a reference to something that is no data object; else S_OK, also without a project.
+    /// Finds the project of any data object by the object's class: the object itself, its project, or the
+    /// project of what a relationship or script action refers to. Returns E_INVALIDARG for a null object;
+    /// S_FALSE for a work system component, which has no project; the status of an attribute that cannot be
+    /// read; E_NOINTERFACE for a reference to anything but a data object; else S_OK, also without a project.
     HRESULT GetProjectFromDO(IQP_BaseDataObject* pDO, IQP_BaseDataObject** ppProject) const;
 
-    /// The plan type of an object. Returns E_INVALIDARG for a null object; the status of the read if that is
-    /// not S_OK (a failure is reported); else S_OK, also without a plan type.
+    /// Finds the plan type of an object. Returns E_INVALIDARG for a null object; the status of the read if it
+    /// is not S_OK (a failure is reported); else S_OK, also without a plan type.
     HRESULT GetPlantypeFromDO(IQP_BaseDataObject* pDO, IQP_BaseDataObject** ppPlanType) const;
 
-    /// The name of an object's table, which its callers take for a type name; the caller frees it. Returns
+    /// Finds the name of an object's table, on purpose not that of its type; the caller frees it. Returns
     /// E_INVALIDARG for a null object, a reported failure, or S_OK.
     HRESULT GetTypeNameFromDO(IQP_BaseDataObject* pDO, BSTR* pbstrTypeName) const;
 
-    /// The component base of a sub-component item, which `typeName` ("subcompitem", "subcompitempro") tells;
-    /// any other object is its own. Returns S_OK with nothing for a null object, unlike GetProjectFromDO; the
-    /// reported status of a read that gave no object, S_OK included; else S_OK.
+    /// Finds the component base of a sub-component item, recognised by `typeName` ("subcompitem" or
+    /// "subcompitempro"); any other object is its own. Returns S_OK with nothing found for a null object, on
+    /// purpose unlike GetProjectFromDO; the reported status of a read that gave no object, S_OK included;
+    /// else S_OK.
     HRESULT GetOrvoCompBase(IQP_BaseDataObject* pDO, const wchar_t* typeName,
                             IQP_BaseDataObject** ppBase) const;
 
@@ -92,20 +94,21 @@ public:
     /// status.
     HRESULT GetScriptsFromProject(XBaseListCtrl* list) const;
 
-    /// Searches the scripts. Returns a failure to find the project; E_POINTER without a query; any status of
-    /// the search but S_OK; S_OK with nothing if a criterion is refused; E_POINTER if the host delivered null
-    /// for a script and no other behind it; else S_OK.
+    /// Collects the scripts that SearchProject (host/) finds and the user may run. Returns a failure to find
+    /// the project; the status of SearchProject if it is not S_OK; E_POINTER if the host delivered a null
+    /// script and none after it; else S_OK.
     HRESULT CollectScripts(ScriptMap& out) const;
 
-    /// Reads one script. What cannot be read is an empty value. Returns E_POINTER for null, else S_OK.
+    /// Reads one script; an attribute that cannot be read is an empty value. Returns E_POINTER for null, else
+    /// S_OK.
     HRESULT AddScriptVectorToMap(IQP_BaseDataObject* script, ScriptMap& out) const;
 
-    // Nothing calls the three that follow. They are meant to be here all the same: what a list of script
-    // actions would be made of.
+    // Nothing calls the next three. They are here on purpose: a list of script actions would be built from
+    // them.
 
-    /// The script actions of the project, whatever the name says. Returns E_POINTER without a project, or the
-    /// status of what could not be listed, both reported; the first status of AddScriptActionVectorToMap that
-    /// is not S_OK; else S_OK.
+    /// Collects the script actions, not the scripts, of the project. Returns E_POINTER without a project, or
+    /// the status of a list that cannot be read, both reported; the first status of
+    /// AddScriptActionVectorToMap that is not S_OK; else S_OK.
     HRESULT ScriptQuery(ScriptActionMap& out) const;
 
     /// Does nothing and returns S_FALSE.
@@ -119,7 +122,7 @@ protected:
     const CMessageMap& GetMessageMap() const override;
     bool OnInitDialog() override;
 
-    /// Ends the dialog if a row with a script is selected; else shows a message and stays.
+    /// Ends the dialog if a row with a script is selected; otherwise shows a message.
     void OnOK() override;
 
 private:

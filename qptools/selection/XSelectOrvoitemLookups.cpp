@@ -16,13 +16,13 @@ namespace
 {
 constexpr FixedText kAttributeProject = L"orvoproject";
 
-/// Any answer but S_OK, failures too, is a no.
+/// Any status but S_OK, failures included, means no.
 bool IsOf(IQP_BaseDataObject* object, const FixedText& className)
 {
     return object->IsDerivedFromClass(className) == S_OK;
 }
 
-/// The objects that have a project of their own.
+/// The classes of objects that refer to their project.
 bool IsItemOrKin(IQP_BaseDataObject* object)
 {
     static constexpr FixedText kClasses[] = {L"XDOOrvoItem", L"XDOOrvoCompBase", L"XDOSubCompItem",
@@ -31,8 +31,8 @@ bool IsItemOrKin(IQP_BaseDataObject* object)
                        [object](const FixedText& name) { return IsOf(object, name); });
 }
 
-/// The data object that an attribute refers to. Returns the status of the read; E_NOINTERFACE for a
-/// reference to something else; S_OK with null for a reference to nothing.
+/// Finds the data object that an attribute refers to. Returns the status of the read; E_NOINTERFACE for a
+/// reference to anything else; S_OK with null for a null reference.
 HRESULT ReadReference(IQP_BaseDataObject* object, const FixedText& attribute,
                       ComPtr<IQP_BaseDataObject>& referred)
 {
@@ -45,7 +45,7 @@ HRESULT ReadReference(IQP_BaseDataObject* object, const FixedText& attribute,
     return referred ? S_OK : E_NOINTERFACE;
 }
 
-/// The project of the object that an attribute refers to.
+/// Finds the project of the object that an attribute refers to.
 HRESULT ReadProjectBehind(IQP_BaseDataObject* object, const FixedText& attribute,
                           ComPtr<IQP_BaseDataObject>& project)
 {
@@ -115,7 +115,7 @@ HRESULT XSelectOrvoitemDlg::GetTypeNameFromDO(IQP_BaseDataObject* pDO, BSTR* pbs
         return E_INVALIDARG;
     const CWaitCursor wait;
     XQPComBSTR name;
-    // The table's name and not the type's: GetOrvoCompBase and the callers of this one go by it.
+    // On purpose the table's name and not the type's: GetOrvoCompBase and all callers rely on it.
     const HRESULT status = pDO->GetTableName(name.put());
     if (status < 0)
         return Report(status, L"XSelectOrvoitemDlg::GetTypeNameFromDO    pDO->GetTableName", 668);
@@ -128,7 +128,7 @@ HRESULT XSelectOrvoitemDlg::GetOrvoCompBase(IQP_BaseDataObject* pDO, const wchar
                                             IQP_BaseDataObject** ppBase) const
 {
     const CWaitCursor wait;
-    // S_OK is meant, unlike in the other look-ups.
+    // S_OK on purpose, unlike the other look-ups.
     if (!pDO)
         return S_OK;
     const XQPComBSTR type(typeName);

@@ -7,6 +7,7 @@
 #include "ObjectValue.h"
 #include "ProjectSearch.h"
 
+#include "Variant.h"
 #include "WaitCursor.h"
 
 #include <optional>
@@ -17,36 +18,45 @@ namespace qptools
 {
 namespace
 {
-/// Meant as it is: the label of the one routine that reports nothing ends in a tab, not in two blanks.
+/// On purpose: the label of the one routine that reports nothing ends in a tab and not in two blanks.
 [[maybe_unused]] constexpr wchar_t kActionLabel[] = L"XSelectOrvoitemDlg::AddScriptActionVectorToMap\t";
 
-/// The status of each read is of no account: what cannot be read is an empty value.
-XQPComVariant Read(IQP_BaseDataObject* object, const FixedText& attribute)
+/// The status of the read is ignored: what cannot be read is an empty value. A VT_BYREF is resolved at once,
+/// because what it refers to is the host's and may change or be freed at its next call.
+Variant Read(IQP_BaseDataObject* object, const FixedText& attribute)
 {
-    XQPComVariant value;
-    object->GetAttribute(attribute, &value);
+    Variant value;
+    object->GetAttribute(attribute, value.put());
+    ResolveReference(value);
     return value;
+}
+
+XQPComVariant ReadCell(IQP_BaseDataObject* object, const FixedText& attribute)
+{
+    XQPComVariant cell;
+    cell.Value() = Read(object, attribute).detach();
+    return cell;
 }
 
 ComPtr<IQP_BaseDataObject> ReadObject(IQP_BaseDataObject* object, const FixedText& attribute)
 {
-    const XQPComVariant value = Read(object, attribute);
+    const Variant value = Read(object, attribute);
     ComPtr<IQP_BaseDataObject> referred;
-    referred.queryFrom(ObjectOf(value.Value()));
+    referred.queryFrom(ObjectOf(value.get()));
     return referred;
 }
 
-/// The 32 bits of the value as they are; 0 without a value.
+/// The 32 bits of the value without a conversion; 0 without a value.
 LONG ReadNumber(IQP_BaseDataObject* object, const FixedText& attribute)
 {
-    const XQPComVariant value = Read(object, attribute);
-    return value.Type() == VT_EMPTY ? 0 : value.Value().lVal;
+    const Variant value = Read(object, attribute);
+    return value.Type() == VT_EMPTY ? 0 : value->lVal;
 }
 
-/// These two are shown as they stand, in no other language.
-const wchar_t* LocationOf(const XQPComVariant& project)
+/// These two texts are never translated, on purpose.
+const wchar_t* LocationOf(const Variant& project)
 {
-    return project.Type() == VT_UNKNOWN && project.Value().punkVal ? L"Project Lib" : L"Library";
+    return project.Type() == VT_UNKNOWN && project->punkVal ? L"Project Lib" : L"Library";
 }
 } // namespace
 
@@ -76,7 +86,7 @@ HRESULT XSelectOrvoitemDlg::CollectScripts(ScriptMap& out) const
     WalkBatches(
         found.get(),
         [&](IQP_BaseDataObject* script) {
-            // Before anything is read: a script that the user may not run costs no more than this.
+            // Before any read: a script that the user may not run costs one call.
             const std::optional<HRESULT> right = HasRight(script, QPRT_execute);
             if (!right)
                 return BatchStep::NextObject;
@@ -93,12 +103,12 @@ HRESULT XSelectOrvoitemDlg::AddScriptVectorToMap(IQP_BaseDataObject* script, Scr
         return E_POINTER;
     ScriptRecord record;
     record.reserve(kScriptObject + 1);
-    record.push_back(Read(script, kAttributeName));
-    // The key of the relation that the search knows by the name of its column.
+    record.push_back(ReadCell(script, kAttributeName));
+    // The key of the relation of which the search uses the column name.
     record.emplace_back(LocationOf(Read(script, L"m_pDODefaultImpl")));
-    record.push_back(Read(script, L"languagetype"));
-    record.push_back(Read(script, L"creationdate"));
-    record.push_back(Read(script, L"modificationdate"));
+    record.push_back(ReadCell(script, L"languagetype"));
+    record.push_back(ReadCell(script, L"creationdate"));
+    record.push_back(ReadCell(script, L"modificationdate"));
     record.emplace_back(BorrowedObject(script));
     out.try_emplace(script, std::move(record));
     return S_OK;
@@ -134,14 +144,14 @@ HRESULT XSelectOrvoitemDlg::AddScriptActionVectorToMap(IQP_BaseDataObject* actio
         return E_POINTER;
     ScriptActionRecord record;
     record.action = ComPtr<IQP_BaseDataObject>(action);
-    record.name = Read(action, kAttributeName);
+    record.name = ReadCell(action, kAttributeName);
     record.project = ReadObject(action, L"project");
     record.script = ReadObject(action, kAttributeScript);
     record.planType = ReadObject(action, kAttributePlanType);
     record.actionType = ReadNumber(action, kAttributeActionType);
     record.beforeAfter = ReadNumber(action, kAttributeBeforeAfter);
-    record.creationDate = Read(action, L"creationdate");
-    record.modificationDate = Read(action, L"modificationdate");
+    record.creationDate = ReadCell(action, L"creationdate");
+    record.modificationDate = ReadCell(action, L"modificationdate");
     out.emplace(action, std::move(record));
     return S_OK;
 }
