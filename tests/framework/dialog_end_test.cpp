@@ -206,3 +206,35 @@ TEST_F(SystemEndDialog, IsToldFromTheEndOfTheWindow)
     EXPECT_EQ(dialog.DoModal(), -1);
     EXPECT_TRUE(IsWindowEnabled(owner.get()));
 }
+
+TEST_F(SystemEndDialog, IsToldFromTheEndOfTheOwner)
+{
+    const HWND other = CreateWindowExW(0, L"Static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr,
+                                       nullptr, nullptr);
+    TestDialog owned(300, other);
+    driver->OnDialog({[&](DialogView&) {
+        ::DestroyWindow(other);
+    }});
+    EXPECT_EQ(owned.DoModal(), -1);
+    EXPECT_EQ(owned.m_hWnd, nullptr);
+    EXPECT_EQ(CLiveWindow::Count(), 0);
+}
+
+TEST_F(SystemEndDialog, IsToldFromTheEndOfTheProgram)
+{
+    driver.reset(); // nobody is in front of the dialog
+    dialog.onInit = [] {
+        SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR timer, DWORD) {
+            KillTimer(nullptr, timer);
+            PostQuitMessage(4);
+        });
+        return true;
+    };
+    EXPECT_EQ(dialog.DoModal(), -1);
+    EXPECT_EQ(dialog.events, (Events{"init"}));
+    EXPECT_TRUE(IsWindowEnabled(owner.get()));
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0))
+        DispatchMessageW(&message); // what was posted before the end
+    EXPECT_EQ(message.wParam, 4u) << "the host's loop is told";
+}
