@@ -53,6 +53,20 @@ std::wstring KeptKeyWithValue(const RegistryScript& script)
     return {};
 }
 
+/// Whether the name of a key holds %MODULE%, which would make it a path: several keys, of which a backup
+/// covers the last alone.
+bool HasKeyNamedByModule(const std::vector<RegistryNode>& nodes)
+{
+    for (const RegistryNode& node : nodes)
+    {
+        if (node.kind != RegistryNode::Kind::Value && node.name.find(L"%MODULE%") != std::wstring::npos)
+            return true;
+        if (HasKeyNamedByModule(node.children))
+            return true;
+    }
+    return false;
+}
+
 std::wstring TypeLibraryKey(const GUID& libraryId)
 {
     wchar_t text[40];
@@ -108,6 +122,10 @@ HRESULT Registrar::UpdateScriptText(std::wstring_view text, const std::wstring& 
                             L"a key that is never removed cannot have a value: a failed registration would "
                             L"leave it changed",
                             HRESULT_FROM_WIN32(ERROR_INVALID_DATA));
+    for (const RegistryRoot& root : script->roots)
+        if (HasKeyNamedByModule(root.children))
+            return m_report.Add(source + L", " + root.name, L"%MODULE% cannot be part of a key's name",
+                                HRESULT_FROM_WIN32(ERROR_INVALID_DATA));
     for (RegistryBackup& backup : writer.BackUp(*script))
         m_backups.push_back(std::move(backup));
     return writer.Apply(*script);

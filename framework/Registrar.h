@@ -13,7 +13,7 @@
 /// One registration. Before it changes a key it copies what the key holds. Unless Commit is called, the
 /// destructor restores all copies, the last one first. A key marked NoRemove is not copied: it is created if
 /// it is missing, and stays. So that nothing else is left changed, a script that gives such a key or a root a
-/// value is refused.
+/// value is refused, and so is one with a key named by %MODULE%.
 class Registrar
 {
 public:

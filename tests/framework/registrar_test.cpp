@@ -140,6 +140,16 @@ TEST_F(Registration, RefusesValuesThatAFailureWouldNotPutBack)
     EXPECT_EQ(registry.Dump(), before) << "nothing was written before it was refused";
 }
 
+TEST_F(Registration, RefusesAKeyNamedByThePathOfTheModule)
+{
+    const auto before = registry.Dump();
+    for (const wchar_t* text : {L"HKCR { '%MODULE%' }", L"HKCR { A { ForceRemove 'x%MODULE%' } }"})
+        EXPECT_EQ(Add(text), HRESULT_FROM_WIN32(ERROR_INVALID_DATA)) << text;
+    EXPECT_EQ(report.failures.size(), 2u);
+    EXPECT_EQ(registry.Dump(), before);
+    EXPECT_EQ(Add(L"HKCR { A { val '%MODULE%' = s 'x' } }"), S_OK) << "a value's name may be a path";
+}
+
 TEST_F(Registration, TakesValuesOfKeysBeneathKeysMarkedNoRemove)
 {
     registry.Put(L"CLSID", {});
