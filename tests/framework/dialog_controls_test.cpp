@@ -8,7 +8,9 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <functional>
+#include <string>
+#include <vector>
 
 namespace
 {
@@ -32,7 +34,7 @@ template <class Base>
 class InPlace : public Base
 {
 public:
-    InPlace(EditorLog& log) : m_log(log) { ++m_log.alive; }
+    explicit InPlace(EditorLog& log) : m_log(log) { ++m_log.alive; }
     ~InPlace() override { --m_log.alive; }
 
 protected:
