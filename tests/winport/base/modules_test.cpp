@@ -56,6 +56,25 @@ std::wstring String(HMODULE module, UINT id)
     EXPECT_EQ(length, static_cast<int>(std::wcslen(text)));
     return text;
 }
+
+HANDLE ManifestContext(HMODULE module, WORD id)
+{
+    ACTCTXW parameters{};
+    parameters.cbSize = sizeof(parameters);
+    parameters.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    parameters.hModule = module;
+    parameters.lpResourceName = MAKEINTRESOURCEW(id);
+    return CreateActCtxW(&parameters);
+}
+
+HANDLE Current()
+{
+    HANDLE current = nullptr;
+    EXPECT_TRUE(GetCurrentActCtx(&current));
+    if (current)
+        ReleaseActCtx(current);
+    return current;
+}
 } // namespace
 
 TEST_F(Modules, AreAttachedOnceAndDetachedWithTheLastHandle)
@@ -251,28 +270,6 @@ TEST_F(Resources, OfStringsAreCutToTheBuffer)
     EXPECT_EQ(LoadStringW(module.Get(), 33, text, 7), 6);
     EXPECT_EQ(std::wstring(text), L"twelve");
 }
-
-namespace
-{
-HANDLE ManifestContext(HMODULE module, WORD id)
-{
-    ACTCTXW parameters{};
-    parameters.cbSize = sizeof(parameters);
-    parameters.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
-    parameters.hModule = module;
-    parameters.lpResourceName = MAKEINTRESOURCEW(id);
-    return CreateActCtxW(&parameters);
-}
-
-HANDLE Current()
-{
-    HANDLE current = nullptr;
-    EXPECT_TRUE(GetCurrentActCtx(&current));
-    if (current)
-        ReleaseActCtx(current);
-    return current;
-}
-} // namespace
 
 TEST_F(ActivationContexts, AreActivatedOneInsideTheOther)
 {
