@@ -100,7 +100,7 @@ void BoxAnswers::OnGoing(HWND window)
     Remove(m_unseen, window);
 }
 
-// The box is looked at from a message that its own loop delivers, when everything in it stands.
+// The box is read in a message that its own loop delivers, when all its controls exist.
 void BoxAnswers::OnCall()
 {
     while (!m_unseen.empty())

@@ -1,4 +1,4 @@
-// Answers the message boxes of the calling thread, as a user in front of it would.
+// Answers the message boxes of the calling thread.
 #pragma once
 
 #include "ModalWatch.h"
@@ -9,21 +9,21 @@
 #include <string>
 #include <vector>
 
-/// From its construction to its end, each message box of this thread is answered by the next expectation,
-/// within the box's own modal loop. A box that nobody expected, or with another title or text or without the
-/// wanted button, fails the test and is dismissed, so that no test ever waits; an expectation whose box never
-/// came fails it at the end. One object at a time for each thread.
+/// While it lives, each message box of this thread is answered by the next expectation, inside the box's own
+/// modal loop. A box that was not expected, or has another title or text or lacks the button, fails the test
+/// and is dismissed, so that no test hangs; the destructor fails it for each box that was never shown. One
+/// object at a time for each thread.
 class BoxAnswers : private ModalWatch
 {
 public:
     BoxAnswers();
     ~BoxAnswers() override;
 
-    /// The next box has this title and text and is answered with the button `answer` (IDOK, IDYES ...).
-    /// `meanwhile`, if there is one, runs while the box is up.
+    /// The next box has this title and text and is answered by the button `answer` (IDOK, IDYES ...).
+    /// `meanwhile`, if given, runs while the box is shown.
     void Expect(std::wstring title, std::wstring text, int answer, std::function<void()> meanwhile = {});
 
-    /// The next box, whatever it says, is answered so. For a user who reads another language.
+    /// The next box is answered whatever its texts are. For tests of another language.
     void ExpectAny(int answer, std::function<void()> meanwhile = {});
 
     /// True if no expectation is left.
@@ -42,7 +42,7 @@ private:
         std::wstring text;
         int answer;
         std::function<void()> meanwhile;
-        bool any = false; ///< title and text are of no matter
+        bool any = false; ///< title and text are not compared
     };
 
     void OnActivated(HWND dialog) override;
@@ -53,6 +53,6 @@ private:
 
     std::deque<Expectation> m_expected;
     std::vector<ShownBox> m_shown;
-    std::vector<HWND> m_up;    ///< dialogs that came up: each is activated again when its owner was
-    std::deque<HWND> m_unseen; ///< those of them that were not looked at yet
+    std::vector<HWND> m_up;    ///< open dialogs: each is activated again when its owner was
+    std::deque<HWND> m_unseen; ///< those not read yet
 };

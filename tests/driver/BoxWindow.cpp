@@ -23,7 +23,7 @@ bool BelongsToBox(HWND child)
     return kind == L"Static" || (kind == L"Button" && id >= IDOK && id <= IDHELP);
 }
 
-// The text has no number of its own.
+// The text has no identifier of its own.
 bool IsBoxText(HWND child)
 {
     return ClassOf(child) == L"Static" && LOWORD(GetDlgCtrlID(child)) == 0xFFFF;
@@ -80,7 +80,7 @@ std::vector<int> BoxButtons(HWND box)
         if (ClassOf(child) == L"Button")
             buttons.push_back(GetDlgCtrlID(child));
     std::sort(buttons.begin(), buttons.end());
-    // The single OK of a box may carry the number of Cancel, so that Esc presses it, too.
+    // The only button of a box, OK, may have the identifier of Cancel, so that Escape presses it.
     if (buttons == std::vector<int>{IDCANCEL})
         buttons = {IDOK};
     return buttons;

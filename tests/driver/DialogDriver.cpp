@@ -12,12 +12,12 @@
 
 namespace
 {
-// How long a dialog may take that was told to go, in milliseconds.
+// How long a dialog may take to close once asked to, in milliseconds.
 constexpr UINT kClosingBound = 2'000;
 
-// What the loop has to deliver before the dialog is at rest: posted messages, keys among them; but not the
-// end of the program and no timers, which come when nothing else is left, so not while this object has a
-// message of its own in the queue. The same holds for true input.
+// True if the loop has posted messages to deliver, keys included, before the dialog is at rest. WM_QUIT and
+// timers do not count: they are delivered last, so not while this object has a message in the queue. The same
+// holds for true input.
 bool IsAnythingWaiting()
 {
     MSG message;
@@ -31,7 +31,7 @@ bool IsEndPosted()
     return PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) && message.message == WM_QUIT;
 }
 
-// False if the step could not be run to its end.
+// Returns false if the step did not complete.
 bool RunGuarded(DialogView& view, const DialogStep& step)
 {
     bool completed = false;
@@ -61,7 +61,7 @@ DialogDriver::~DialogDriver()
     DialogView::LetGoOfKeys();
 }
 
-// What keys lead to is seen in a step of its own, when the dialog is at rest again.
+// The sight that keys wait for is a step of its own: the dialog is at rest again then.
 void DialogDriver::OnDialog(Steps steps)
 {
     Steps single;
@@ -82,7 +82,7 @@ DialogDriver::OpenDialog* DialogDriver::Find(HWND window)
     return found == m_open.end() ? nullptr : &*found;
 }
 
-// A dialog comes up once, but is activated again when one above it went.
+// A dialog opens once, but is activated again when one above it closes.
 void DialogDriver::OnActivated(HWND dialog)
 {
     if (Find(dialog))
@@ -114,7 +114,7 @@ UINT DialogDriver::Bound() const
     return m_open.back().closing == Closing::No ? m_bound : std::min(m_bound, kClosingBound);
 }
 
-// The bound holds for each stay at the top anew.
+// The bound starts again each time the dialog becomes the innermost.
 void DialogDriver::Continue()
 {
     m_waitingSince = GetTickCount64();
@@ -181,7 +181,7 @@ void DialogDriver::Serve(OpenDialog& dialog)
     }
 }
 
-// The dialog may be gone, and others may have come and gone, when the step returns.
+// When the step returns, the dialog may be destroyed, and others may have opened and closed.
 void DialogDriver::RunNextStep(OpenDialog& dialog)
 {
     const HWND window = dialog.window;
@@ -204,7 +204,7 @@ void DialogDriver::RunNextStep(OpenDialog& dialog)
         Continue();
 }
 
-// Destroying the window is what no loop survives.
+// No modal loop survives the destruction of its window.
 void DialogDriver::CloseHarder(OpenDialog& dialog)
 {
     const HWND window = dialog.window;

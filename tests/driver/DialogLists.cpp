@@ -1,4 +1,4 @@
-// What DialogView knows of combo boxes and lists.
+// DialogView: combo boxes and lists.
 #include "DialogView.h"
 
 #include "WindowTexts.h"
@@ -109,13 +109,13 @@ void PressThere(WORD key)
 {
     const HWND focus = GetFocus();
     SendMessageW(focus, WM_KEYDOWN, key, 1);
-    // The edit field of a box hears of Enter by its character.
+    // The edit field of a combo box handles Enter as WM_CHAR.
     if (key == VK_RETURN)
         SendMessageW(focus, WM_CHAR, key, 1);
     SendMessageW(focus, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
 }
 
-// An arrow key brings the selection from the neighbour to the item, so that the handlers hear of one step.
+// Selects the neighbour silently, then moves to the item by an arrow key: the dialog gets one notification.
 void StepTo(HWND combo, int index)
 {
     const bool upwards = index == 0 && Send(combo, CB_GETCOUNT) > 1;
@@ -173,7 +173,7 @@ void DialogView::Choose(DialogControl combo, const std::wstring& item) const
     const HWND window = Usable(combo);
     if (!window)
         return;
-    // Opening may be what fills the box.
+    // The dialog may fill the box when it opens.
     DropDown(window);
     const Texts items = ItemsOf(window);
     const auto found = std::find(items.begin(), items.end(), item);
@@ -258,7 +258,7 @@ void DialogView::ClickRow(HWND list, int row, UINT downMessage) const
     rect.left = LVIR_LABEL;
     Send(list, LVM_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&rect));
     const LPARAM point = MAKELPARAM(rect.left + 2, (rect.top + rect.bottom) / 2);
-    // The list looks for the button to come up while it handles the press.
+    // The list waits for WM_LBUTTONUP while it handles the press.
     PostMessageW(list, WM_LBUTTONUP, 0, point);
     SendMessageW(list, downMessage, MK_LBUTTON, point);
 }

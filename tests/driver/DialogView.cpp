@@ -146,7 +146,7 @@ void DialogView::Click(DialogControl control) const
     SendMessageW(window, WM_LBUTTONUP, 0, CentreOf(window));
 }
 
-// The window that takes the characters: the edit field within a combo box.
+// The window that gets the characters: the edit field of a combo box.
 HWND DialogView::Typing(DialogControl control) const
 {
     const HWND window = Usable(control);

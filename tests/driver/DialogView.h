@@ -1,4 +1,4 @@
-// A dialog as the user in front of it sees and handles it.
+// A dialog as its user sees and operates it.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@
 
 using Texts = std::vector<std::wstring>;
 
-/// A control of a dialog: by its identifier, or by its window where an identifier stands for two.
+/// A control of a dialog: by its identifier, or by its window where two share an identifier.
 class DialogControl
 {
 public:
@@ -62,24 +62,24 @@ public:
     /// In pixels of the dialog's client area.
     RECT Rect(DialogControl control) const;
 
-    /// The identifier of the control that has the keyboard: of the combo box for its edit field. 0 for none.
+    /// The identifier of the control that has the focus: of the combo box for its edit field. 0 for none.
     int Focus() const;
 
     // What a user does.
-    /// Presses a button, or clicks into the middle of another control. Returns when everything is done that
-    /// the click leads to, dialogs and message boxes included.
+    /// Presses a button, or clicks into the middle of another control. Returns when all that the click leads
+    /// to is done, dialogs and message boxes included.
     void Click(DialogControl control) const;
 
-    /// Gives the control the keyboard, as Tab and the mouse do.
+    /// Gives the control the focus, as Tab and the mouse do.
     void GiveFocus(DialogControl control) const;
 
     /// Types characters behind what is there, or over it where everything is selected.
     void Type(DialogControl control, const std::wstring& text) const;
 
-    /// Types characters over whatever is there; none delete it.
+    /// Replaces the text by typing over it; an empty text deletes it.
     void SetText(DialogControl control, const std::wstring& text) const;
 
-    /// Presses and lets go a key in the control that has the keyboard. The dialog gets it after this step:
+    /// Presses and releases a key in the control that has the focus. The dialog gets it after this step:
     /// pressing a key is the last act of a step.
     void Press(WORD key, unsigned held = 0) const;
 
@@ -121,7 +121,7 @@ public:
     /// All that the dialog shows, in UTF-8.
     std::string Dump() const;
 
-    /// Lets go of the keys that Press holds, if it holds any in this thread.
+    /// Releases the keys that Press holds in this thread.
     static void LetGoOfKeys();
 
 private:

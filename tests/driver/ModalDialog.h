@@ -1,4 +1,4 @@
-// A modal dialog with nothing of the product in it, for tests of the driver and of the window system.
+// A modal dialog for tests of the driver and of the window system; it uses nothing of the product.
 #pragma once
 
 #include "DialogTemplate.h"
@@ -8,14 +8,14 @@
 class ModalDialog
 {
 public:
-    /// Gets each message before the default handling. A result other than 0 says that it was handled.
+    /// Called for each message before the default handling. A result other than 0: the message is handled.
     using Handler = std::function<INT_PTR(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)>;
 
-    /// OK and Cancel, and the close box with it, end the run with their number if the handler lets them.
+    /// OK, Cancel and the close box end the run with the button's identifier unless the handler handles them.
     explicit ModalDialog(DialogTemplate& description, Handler handler = {});
 
-    /// Makes and shows the dialog and runs until End; the owner is disabled meanwhile. Returns the code of
-    /// End, or -1 if the dialog could not be made, was destroyed, or the program ends.
+    /// Creates and shows the dialog and runs until End; the owner is disabled meanwhile. Returns the code of
+    /// End, or -1 if the dialog could not be created, was destroyed, or WM_QUIT was received.
     INT_PTR Run(HWND owner = nullptr);
 
     void End(INT_PTR code);

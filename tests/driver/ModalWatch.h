@@ -1,11 +1,10 @@
-// Sees the modal windows of this thread come and go, and is called back inside their loops.
+// Observes the modal windows of this thread, and is called back inside their loops.
 #pragma once
 
 #include <windows.h>
 
-/// From its construction to its end, a hook on the thread's window events sees each dialog (and message box,
-/// which is a dialog, too) that comes up. Dialogs are known by their class, never by their title: other tests
-/// share the desktop.
+/// While it lives, a hook on the thread's window events sees each dialog that opens, message boxes included.
+/// Dialogs are found by their class, never by their title: other tests share the desktop.
 class ModalWatch
 {
 public:
@@ -14,18 +13,18 @@ public:
     ModalWatch(const ModalWatch&) = delete;
     ModalWatch& operator=(const ModalWatch&) = delete;
 
-    /// Has OnCall run from a message that the innermost modal loop delivers. One call waits at a time.
+    /// Posts a call of OnCall, which the innermost modal loop delivers. At most one call is pending.
     void CallLater();
 
-    /// Has OnTimeUp run after so many milliseconds, unless it is set anew before or stopped with 0.
+    /// Calls OnTimeUp after `milliseconds`, unless the bound is set again before; 0 stops it.
     void SetBound(UINT milliseconds);
 
 protected:
-    /// The dialog becomes active: for the first time, or again. Called within the hook: nothing may be done
-    /// with windows here.
+    /// A dialog is activated, for the first time or again. Called inside the hook: no window function may be
+    /// called here.
     virtual void OnActivated(HWND dialog) = 0;
 
-    /// A window is about to be destroyed. Called within the hook.
+    /// A window is about to be destroyed. Called inside the hook.
     virtual void OnGoing(HWND) {}
 
     virtual void OnCall() = 0;

@@ -1,5 +1,5 @@
-// Gives a test program a desktop of its own before it makes any window. On a shared one the windows of other
-// tests that run at the same time come to the front between two steps and take the keyboard away.
+// Gives a test program a desktop of its own before it creates a window. On a shared desktop, windows of other
+// tests that run at the same time take the focus between two steps.
 #include <windows.h>
 
 #include <gtest/gtest.h>

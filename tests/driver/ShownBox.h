@@ -1,4 +1,4 @@
-// What a message box showed.
+// The content of a message box.
 #pragma once
 
 #include <windows.h>
@@ -14,5 +14,5 @@ struct ShownBox
     UINT icon = 0;    ///< MB_ICONERROR ..., 0 without one
 };
 
-/// The box in words, in UTF-8, for a test's message.
+/// The box in words, in UTF-8, for the message of a failure.
 std::string Describe(const ShownBox& box);

@@ -1,5 +1,5 @@
-// The script service by the letter of its rules: slow, plain and written apart from the real one, to tell
-// what a run with an injected fault has to deliver.
+// A second, plain implementation of the script service, independent of the real one: it computes the expected
+// result of a run with an injected fault.
 #pragma once
 
 #include "ArrayText.h"

@@ -1,5 +1,4 @@
-// A call that is run again and again while memory runs out at another place each time, and what may come of
-// it.
+// Runs a call again and again with another allocation failing each time, and judges the outcomes.
 #pragma once
 
 #include "ArrayText.h"
@@ -13,11 +12,11 @@
 #include <string>
 #include <vector>
 
-/// What one run gave.
+/// The outcome of one run.
 struct MemoryRun
 {
     HRESULT status = S_OK;
-    bool untouched = false; ///< the variant for the result is as it was
+    bool untouched = false; ///< the result variant was not written
     TextRows rows;
     std::vector<std::string> calls; ///< the host's record
     bool struck = false;            ///< an allocation was made to fail

@@ -1,4 +1,4 @@
-// Keys that are typed on the screen's keyboard, by whoever stands at it.
+// Keys to be typed on the screen's keyboard, by tools/with-keys.
 #pragma once
 
 #include <windows.h>
@@ -6,15 +6,15 @@
 #include <filesystem>
 #include <string>
 
-/// Asks for keys by a file in the folder that QP_KEYS_FOLDER names. The file is there until they are typed.
+/// Asks for keys by a file in the folder that QP_KEYS_FOLDER names. The file exists until they are typed.
 class KeyRequest
 {
 public:
-    /// `keys`: names of keys, with blanks between them ("Tab", "shift+Tab", "alt+c"). They are typed once the
-    /// window has the keyboard.
+    /// `keys`: names of keys, separated by blanks ("Tab", "shift+Tab", "alt+c"). They are typed once the
+    /// window has the focus.
     KeyRequest(HWND window, const std::string& keys);
 
-    /// Takes back what was not answered.
+    /// Withdraws a request that was not answered.
     ~KeyRequest();
     KeyRequest(const KeyRequest&) = delete;
     KeyRequest& operator=(const KeyRequest&) = delete;

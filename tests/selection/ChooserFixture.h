@@ -1,5 +1,4 @@
-// What the tests of the dialogs share: the module as a host loads it, a user, and one trace of all that
-// happens.
+// What tests of the choosers share: the module as a host loads it, a user, and one trace of calls and boxes.
 #pragma once
 
 #include "BoxAnswers.h"
@@ -30,7 +29,7 @@ inline int Width(const RECT& rect)
     return static_cast<int>(rect.right - rect.left);
 }
 
-/// While it lives, no window of that class can be made on this thread.
+/// While it lives, no window of that class can be created on this thread.
 class NoneOf
 {
 public:
@@ -62,14 +61,14 @@ public:
     NoLists() : NoneOf(WC_LISTVIEWW) {}
 };
 
-/// No dialog, and no message box either.
+/// No dialog and no message box.
 class NoDialogs : public NoneOf
 {
 public:
     NoDialogs() : NoneOf(L"#32770") {}
 };
 
-/// While it lives, the frame in which a chooser places its list gets this width, in pixels, when it is made.
+/// While it lives, the frame whose place a chooser gives its list is created with this width, in pixels.
 class FrameWidth
 {
 public:
@@ -100,7 +99,7 @@ private:
         return CallNextHookEx(nullptr, code, window, details);
     }
 
-    /// The frame's own procedure is put back with the first message that finds it made.
+    /// Restores the frame's own procedure once the frame is created.
     static LRESULT CALLBACK Procedure(HWND frame, UINT message, WPARAM first, LPARAM second)
     {
         const WNDPROC previous = s_previous;
@@ -153,7 +152,7 @@ protected:
 #endif
     }
 
-    /// To be called with the result of each call of a chooser.
+    /// Call this with the result of each call of a chooser.
     template <class Result>
     void Ended(const Result& result)
     {
@@ -202,7 +201,7 @@ protected:
     DialogDriver dialogs;
     Story story;
 
-    /// Which object is chosen depends on where the objects lie in memory.
+    /// The order of the rows, and so the result, follows the objects' addresses.
     bool resultFollowsAddresses = false;
 
 private:

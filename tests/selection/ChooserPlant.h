@@ -1,4 +1,4 @@
-// The choosers on the sample plant, made by COM and used as a host and its user do.
+// The choosers on the sample plant, created by COM and used as a host and its user do.
 #pragma once
 
 #include "BoxAnswers.h"

@@ -1,4 +1,4 @@
-// What the tests of the look-ups share: a host in memory, the component, and what became of a result.
+// What tests of the look-ups share: a host in memory, the component, and the result of a look-up.
 #pragma once
 
 #include "Calls.h"

@@ -1,6 +1,6 @@
-// A chooser whose dialog runs out of memory while it is being opened: the dialog goes, the caller hears of
-// it, and nothing is kept. (The host throws in place of an allocation of the dialog's own; natively an
-// exception may cross the border between the two.)
+// A chooser that runs out of memory while its dialog is opened: the dialog is destroyed, the caller gets the
+// status, and no reference is kept. The host throws in place of an allocation of the dialog; natively an
+// exception may pass from one to the other.
 #include "ProjectChoiceFixture.h"
 #include "ScriptPickerFixture.h"
 

@@ -20,7 +20,7 @@ void ClickOk(DialogView& view)
     view.Click(IDOK);
 }
 
-// Opens another one when Again is pressed.
+// Opens another dialog when Again is pressed.
 INT_PTR OpenAnother(HWND dialog, UINT message, WPARAM wParam, LPARAM)
 {
     if (!IsClicked(message, wParam, kAgain))

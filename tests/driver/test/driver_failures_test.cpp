@@ -1,4 +1,4 @@
-// Dialogs that do not do what a test says fail it, and are closed.
+// Dialogs that do not behave as a test expects fail it and are closed.
 #include "BoxAnswers.h"
 #include "CaughtFailures.h"
 #include "DialogDriver.h"
@@ -13,7 +13,7 @@ namespace
 {
 using Failures = std::vector<std::string>;
 
-// One failure, with all of these texts in it.
+// Exactly one failure, which contains all of these texts.
 testing::AssertionResult IsOne(const Failures& failures, const std::vector<std::string>& parts)
 {
     std::string all;
@@ -28,7 +28,7 @@ testing::AssertionResult IsOne(const Failures& failures, const std::vector<std::
                                        << all;
 }
 
-// How a dialog that does not want to go came to its end.
+// Counts how a dialog that refuses to close is closed.
 struct Stubborn
 {
     bool refusesCancel = false;
@@ -255,7 +255,7 @@ TEST(DialogDriver, AsksForConfirmationNoLongerThanTheBoxIsAnswered)
     const Failures failures = CaughtFailures([&] {
         DialogDriver driver;
         driver.OnDialog({});
-        // The close box asks again, cancels then, which asks for a third time.
+        // The close box asks again and then cancels, which asks a third time.
         boxes.Expect(L"Title", L"Really?", IDYES);
         EXPECT_EQ(RunSmallDialog(ask), IDCANCEL);
     });

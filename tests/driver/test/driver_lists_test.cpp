@@ -20,7 +20,7 @@ void AddItem(HWND dialog, int combo, const wchar_t* item)
     SendDlgItemMessageW(dialog, combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item));
 }
 
-// A dialog whose boxes have three items; writes down what one of them tells.
+// A dialog whose combo boxes have three items; records the notifications of one of them.
 struct Boxes
 {
     int watched = kDropDown;

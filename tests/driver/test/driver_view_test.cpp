@@ -15,7 +15,7 @@ namespace
 {
 using Events = std::vector<std::string>;
 
-// Writes down what the controls tell their dialog.
+// Records the notifications of the controls.
 struct Record
 {
     Events events;
