@@ -121,7 +121,7 @@ TEST_F(ArrayFaults, PairsThatCouldNotBeDeliveredAreDeliveredTheNextTime)
     EXPECT_EQ(Rows(), scripts);
 }
 
-TEST_F(ArrayFaults, ACellOfGetScriptsForActionThatCannotBePutEndsTheFillingAndIsTheStatus)
+TEST_F(ArrayFaults, ACellOfAnActionThatCannotBePutIsTheStatus)
 {
     FindsTwo(E_ACCESSDENIED);
     for (int cell = 1; cell <= 4; ++cell)
@@ -140,7 +140,7 @@ TEST_F(ArrayFaults, ACellOfGetScriptsForActionThatCannotBePutEndsTheFillingAndIs
     EXPECT_EQ(Rows().size(), 4u) << "the pairs were kept";
 }
 
-TEST_F(ArrayFaults, ACellOfGetScriptCommandsThatCannotBePutEndsTheFillingAndIsTheStatus)
+TEST_F(ArrayFaults, ACellOfACommandThatCannotBePutIsTheStatus)
 {
     FindsTwo(E_ACCESSDENIED);
     for (int cell = 1; cell <= 6; ++cell)

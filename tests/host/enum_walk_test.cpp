@@ -18,7 +18,7 @@ TEST_F(Walks, RemNextGoesOnUntilAStatusOtherThanOk)
     }
 }
 
-TEST_F(Walks, RemNextNeverSeesAnObjectThatCameWithAnotherStatusButReleasesIt)
+TEST_F(Walks, RemNextReleasesAnObjectThatCameWithAnotherStatus)
 {
     for (const WalkEnd end : {WalkEnd::AtNull, WalkEnd::AtNothingFetched, WalkEnd::AtStatusOnly})
     {

@@ -184,8 +184,7 @@ TEST_F(PlantChoosers, TheTemplateIsListedByItself)
 }
 
 /// Forty scripts are in the sample; the search finds those of the project and of none.
-TEST_F(PlantChoosers,
-       TheScriptsOfAPlanItemsProjectAreListedWithOneRightsCheckEachAndFiveReadsForThoseThatMayBeRun)
+TEST_F(PlantChoosers, ScriptsAreListedWithOneRightsCheckAndFiveReadsEach)
 {
     const auto panel = Find(L"orvoitem", L"Side panel left");
     Cells shown;

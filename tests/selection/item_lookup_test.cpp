@@ -172,7 +172,7 @@ TEST_F(ItemLookup, ABaseThatIsNullIsReportedToo)
 
 // Around every look-up.
 
-TEST_F(ItemLookup, EachLookupShowsTheWaitCursorWhileTheHostWorksAndPutsTheOldOneBack)
+TEST_F(ItemLookup, ALookupShowsTheWaitCursorAndPutsTheOldOneBack)
 {
     const HCURSOR arrow = LoadCursorW(nullptr, IDC_ARROW);
     const HCURSOR waiting = LoadCursorW(nullptr, IDC_WAIT);

@@ -66,7 +66,7 @@ TEST_F(ProjectChoice, WithoutAWayToListTheCallerIsToldToMakeSomethingNew)
 
 // A dialog that cannot be shown.
 
-TEST_F(ProjectChoice, ADialogThatCannotBeShownReadsAsCancelledAndWithAWayOutAsAWishForSomethingNew)
+TEST_F(ProjectChoice, ADialogThatCannotBeShownIsCancelledOrAWishForSomethingNew)
 {
     const NoDialogs noDialogs;
     EXPECT_EQ(Show({}), (Outcome{S_OK, 1, kUnchanged, "null"}));
@@ -98,7 +98,7 @@ TEST_F(ProjectChoice, TheMessageNamesTheButtonLiterally)
               (Outcome{S_OK, 0, kUnchanged, "null"}));
 }
 
-TEST_F(ProjectChoice, AChosenObjectThatIsNoDataObjectAnyMoreKeepsTheDialogOpenWithoutAMessage)
+TEST_F(ProjectChoice, AChosenObjectThatIsNoDataObjectKeepsTheDialogOpen)
 {
     EXPECT_EQ(ShowEx({Selects(0), [&](DialogView&) { north->offersData = false; }, Presses(IDOK),
                       Sees(RowSelected(0)), Presses(IDCANCEL)}),

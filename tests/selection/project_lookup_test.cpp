@@ -49,7 +49,7 @@ TEST_F(ProjectLookup, AProjectThatIsAnItemAndARelationshipTooIsItsOwn)
     EXPECT_CALLS(ClassTests("object", {"XDOOrvoProject"}));
 }
 
-TEST_F(ProjectLookup, ItemsAndTheirKinHaveTheirOwnProjectAndTheFirstMatchEndsTheTests)
+TEST_F(ProjectLookup, ItemsHaveTheirOwnProjectAndTheFirstMatchEndsTheTests)
 {
     for (std::size_t match = 0; match < kItemClasses.size(); ++match)
     {
@@ -167,7 +167,7 @@ TEST_F(ProjectLookup, AnObjectOutsideTheChainHasNoneAndThatIsNoFailure)
     EXPECT_CALLS(wholeChain);
 }
 
-TEST_F(ProjectLookup, TheLookupItselfLeavesItsOutputAloneWhereTheComponentWritesNull)
+TEST_F(ProjectLookup, TheLookupLeavesItsOutputWhereTheComponentWritesNull)
 {
     const auto object = Of(L"XDOConfigType");
     const qptools::XSelectOrvoitemDlg lookups(nullptr, nullptr, object.get(), nullptr);

@@ -148,7 +148,7 @@ TEST_F(ScriptCollection, ARecordHoldsWhatTheHostGave)
     EXPECT_STREQ(record[kScriptModificationDate].GetString(), L"2021-03-04");
 }
 
-TEST_F(ScriptCollection, TheLocationIsTheProjectsForAReferenceThatIsThereAndTheLibraryForAnythingElse)
+TEST_F(ScriptCollection, TheLocationIsTheProjectsForAReferenceElseTheLibrary)
 {
     const auto locationOf = [this](const VARIANT& value) {
         auto script = host.Object("s");
@@ -297,7 +297,7 @@ TEST_F(ScriptCollection, AFailingStepOfTheWalkEndsItWithWhatWasFoundBefore)
     EXPECT_EQ(scripts.size(), 25u);
 }
 
-TEST_F(ScriptCollection, ANullAmongTheScriptsDropsTheRestOfItsBatchAndStaysTheStatusIfItIsTheLast)
+TEST_F(ScriptCollection, ANullScriptDropsTheRestOfItsBatch)
 {
     Finds({host.Object("s"), {}, host.Object("t")});
     EXPECT_EQ(Collect(), E_POINTER);

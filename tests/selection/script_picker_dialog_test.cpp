@@ -105,7 +105,7 @@ TEST_F(ScriptPickerDialog, AFifthIsCutToWholePixelsAndTheRestStaysUnused)
     }
 }
 
-TEST_F(ScriptPickerDialog, LongTextsAndThoseOfOtherScriptsAreShownWholeAndTheScriptIsChosenLikeAnyOther)
+TEST_F(ScriptPickerDialog, LongTextsAndThoseOfOtherScriptsAreShownWhole)
 {
     const std::wstring longText(10'000, L'x');
     for (const std::wstring& text :

@@ -60,7 +60,7 @@ TEST_F(ScriptPicker, AChoiceWithNowhereToWriteItIsABadPointer)
     EXPECT_EQ(item->ShowDialog(project.get(), XQPComBSTR(L"script"), nullptr), S_FALSE);
 }
 
-TEST_F(ScriptPicker, OpeningItMakesTheCallsOfTheSearchOneRightsCheckAScriptAndFiveReadsForEachThatMayBeRun)
+TEST_F(ScriptPicker, OpeningItReadsFiveAttributesOfEachScriptThatMayBeRun)
 {
     drill->right = S_FALSE;
     Show({Sees(RowCount(2)), Presses(IDCANCEL)});
@@ -102,7 +102,7 @@ TEST_F(ScriptPicker, APlanItemGetsTheScriptsOfItsProject)
 
 // What is not listed.
 
-TEST_F(ScriptPicker, ScriptsThatMayNotBeRunAndThoseWithoutARightsServiceAreLeftOut)
+TEST_F(ScriptPicker, ScriptsThatMayNotBeRunAreLeftOut)
 {
     drill->right = E_FAIL;
     paint->offersRights = false;

@@ -64,7 +64,7 @@ TEST_F(SelectDialog, NamesCountExactly)
     EXPECT_EQ(Rows(), Texts{});
 }
 
-TEST_F(SelectDialog, APromptWithoutAnObjectIsDroppedAndAnObjectWithoutAPromptHasAnEmptyText)
+TEST_F(SelectDialog, AnEntryNeedsAnObjectButNoPrompt)
 {
     parameters.Text(L"Prompt0", L"A")
         .Object(L"Object1", Of(b))

@@ -17,7 +17,7 @@ TEST_F(SelectDialog, TheObjectHasAReferenceForTheCaller)
     selected->Release();
 }
 
-TEST_F(SelectDialog, TheFirstRowIsSelectedFromTheStartAndIsTheObjectWithTheLowestPointer)
+TEST_F(SelectDialog, TheFirstRowIsTheLowestPointerAndIsSelected)
 {
     resultFollowsAddresses = true;
     parameters.Entry(0, L"A", Of(a)).Entry(1, L"B", Of(b)).Entry(2, L"C", Of(c));

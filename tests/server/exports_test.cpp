@@ -68,7 +68,7 @@ ObjectMapEntry qptools::g_classTable[8] = {
     {&kClass, &Registration, nullptr, nullptr, nullptr, 0, nullptr, nullptr, &NothingToInit},
 };
 
-TEST_F(Exports, InitInstanceStartsTheModuleObjectThenTheBaseOnceAndReturnsItsAnswer)
+TEST_F(Exports, InitInstanceStartsTheModuleObjectThenTheBase)
 {
     for (const BOOL answer : {TRUE, FALSE, 7})
     {
@@ -92,7 +92,7 @@ TEST_F(Exports, InitInstanceGoesOnToTheBaseWhenTheModuleObjectDoesNotStart)
     }
 }
 
-TEST_F(Exports, ExitInstanceEndsTheModuleObjectThenTheBaseOnceAndReturnsItsAnswer)
+TEST_F(Exports, ExitInstanceEndsTheModuleObjectThenTheBase)
 {
     for (const int answer : {0, 3, -1})
     {

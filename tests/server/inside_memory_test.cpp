@@ -43,7 +43,7 @@ TEST_P(Memory, ThatRunsOutWhileAnObjectIsMadeIsItsStatusAndLeavesNothing)
     EXPECT_EQ(ComModule::Get().LockCount(), 0);
 }
 
-TEST_P(Memory, ThatRunsOutWhileAFactoryIsMadeIsItsStatusAndTheNextRequestSucceeds)
+TEST_P(Memory, ThatRunsOutWhileAFactoryIsMadeIsItsStatus)
 {
     const CLSID classId = GetParam().Class();
     void* made = this;
@@ -115,7 +115,7 @@ protected:
     wchar_t text[5] = L"text";
 };
 
-TEST_F(LogWithoutMemory, LeavesTheMethodAsAnExceptionWithItsStatusAndTheUiStateIsLeft)
+TEST_F(LogWithoutMemory, LeavesTheMethodAsAnExceptionAndLeavesTheUiState)
 {
     const auto call = [this] {
         return log->WriteUserActionInfo(text, text, text, text, text);
