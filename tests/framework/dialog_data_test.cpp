@@ -16,14 +16,14 @@ using Events = std::vector<std::string>;
 class DialogData : public testing::Test
 {
 protected:
-    /// Runs the dialog, hands it to `step` while it is open, and closes it.
-    void Run(std::function<void(DialogView&)> step)
+    /// Runs the dialog with these steps and then cancels it.
+    void Run(Steps steps)
     {
-        driver.OnDialog({std::move(step), [](DialogView& view) {
-                             view.Click(IDCANCEL);
-                         }});
+        steps.push_back(Presses(IDCANCEL));
+        driver.OnDialog(std::move(steps));
         EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     }
+    void Run(DialogStep step) { Run(Steps{std::move(step)}); }
 
     const DialogModule module;
     const CUiState state;
@@ -103,10 +103,7 @@ TEST_F(DialogData, AControlMayTakeAKeyBeforeTheDialog)
     dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Control(pDX, kNameEdit, edit);
     };
-    driver.OnDialog({[](DialogView& view) { view.Press(VK_RETURN); },
-                     [](DialogView& view) {
-                         view.Click(IDCANCEL);
-                     }});
+    driver.OnDialog({Types("Return"), Presses(IDCANCEL)});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL) << "Enter did not press the default button";
     EXPECT_EQ(edit.taken, 1);
 }
@@ -123,13 +120,8 @@ TEST_F(DialogData, ValuesGoToTheControlsWhenTheDialogOpens)
         DDX_Check(pDX, kSwitch, on);
         DDX_Radio(pDX, kAfter, choice);
     };
-    Run([](DialogView& view) {
-        EXPECT_EQ(view.Text(kNameEdit), L"Welding");
-        EXPECT_EQ(view.Text(kNumberEdit), L"-12");
-        EXPECT_TRUE(view.IsChecked(kSwitch));
-        EXPECT_FALSE(view.IsChecked(kAfter));
-        EXPECT_TRUE(view.IsChecked(kBefore));
-    });
+    Run({Sees(Shows(kNameEdit, L"Welding")), Sees(Shows(kNumberEdit, L"-12")), Sees(Checked(kSwitch)),
+         Sees(Unchecked(kAfter)), Sees(Checked(kBefore))});
 }
 
 TEST_F(DialogData, ValuesComeBackWithTheDefaultButton)
@@ -144,13 +136,8 @@ TEST_F(DialogData, ValuesComeBackWithTheDefaultButton)
         DDX_Check(pDX, kSwitch, on);
         DDX_Radio(pDX, kAfter, choice);
     };
-    driver.OnDialog({[](DialogView& view) {
-        view.SetText(kNameEdit, L"Grinding");
-        view.SetText(kNumberEdit, L" 42");
-        view.Click(kSwitch);
-        view.Click(kAfter);
-        view.Click(IDOK);
-    }});
+    driver.OnDialog({Enters(kNameEdit, L"Grinding"), Enters(kNumberEdit, L" 42"), Presses(kSwitch),
+                     Presses(kAfter), Presses(IDOK)});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(name, L"Grinding");
     EXPECT_EQ(number, 42);
@@ -185,13 +172,7 @@ TEST_F(DialogData, TheDefaultButtonStaysWithoutAction_WhenTheExchangeFails)
     dialog.exchange = [&](CDataExchange* pDX) {
         DDX_Text(pDX, kNumberEdit, number);
     };
-    driver.OnDialog({[](DialogView& view) {
-                         view.SetText(kNumberEdit, L"");
-                         view.Click(IDOK);
-                     },
-                     [](DialogView& view) {
-                         view.Click(IDCANCEL);
-                     }});
+    driver.OnDialog({Enters(kNumberEdit, L""), Presses(IDOK), Presses(IDCANCEL)});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 

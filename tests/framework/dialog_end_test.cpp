@@ -80,9 +80,7 @@ TEST_F(SystemEndDialog, CancelsInsideANotification)
         EndByDialog();
         EXPECT_FALSE(IsWindowVisible(dialog.m_hWnd));
     };
-    driver->OnDialog({[](DialogView& view) {
-        view.Click(kApply);
-    }});
+    driver->OnDialog({Presses(kApply)});
     ExpectCancelled(dialog.DoModal(), {"init", "apply"});
 }
 
@@ -120,9 +118,7 @@ TEST_F(SystemEndDialog, TwiceCancelsOnce)
         EndByDialog(1);
         EndByDialog(3);
     };
-    driver->OnDialog({[](DialogView& view) {
-        view.Click(kApply);
-    }});
+    driver->OnDialog({Presses(kApply)});
     ExpectCancelled(dialog.DoModal(), {"init", "apply"});
 }
 
@@ -132,9 +128,7 @@ TEST_F(SystemEndDialog, AfterTheDialogsOwnEndChangesNothing)
         dialog.EndDialog(9);
         EndByDialog(3);
     };
-    driver->OnDialog({[](DialogView& view) {
-        view.Click(kApply);
-    }});
+    driver->OnDialog({Presses(kApply)});
     EXPECT_EQ(dialog.DoModal(), 9);
     owner.ExpectUsable();
 }
@@ -151,10 +145,7 @@ TEST_F(SystemEndDialog, CancelsTheInnerOfTwo)
         EXPECT_TRUE(IsWindowEnabled(dialog.m_hWnd));
         EXPECT_EQ(GetActiveWindow(), dialog.m_hWnd);
     };
-    driver->OnDialog({[](DialogView& view) { view.Click(kApply); },
-                      [](DialogView& view) {
-                          view.Click(IDOK);
-                      }});
+    driver->OnDialog({Presses(kApply), Presses(IDOK)});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(innerResult, IDCANCEL);
     owner.ExpectUsable();
@@ -170,9 +161,7 @@ TEST_F(SystemEndDialog, CancelsTheOuterOfTwoOnceTheInnerEnded)
         }});
         EXPECT_EQ(inner.DoModal(), IDOK);
     };
-    driver->OnDialog({[](DialogView& view) {
-        view.Click(kApply);
-    }});
+    driver->OnDialog({Presses(kApply)});
     ExpectCancelled(dialog.DoModal(), {"init", "apply"});
 }
 
@@ -182,19 +171,14 @@ TEST_F(SystemEndDialog, IsNoCancelAgainAtTheNextRun)
         EndByDialog();
     }});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-    driver->OnDialog({[](DialogView& view) {
-        view.Click(IDOK);
-    }});
+    driver->OnDialog({Presses(IDOK)});
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }
 
 TEST_F(SystemEndDialog, IsToldFromHidingTheDialogForAWhile)
 {
     driver->OnDialog({[&](DialogView&) { ::ShowWindow(dialog.m_hWnd, SW_HIDE); },
-                      [&](DialogView&) { ::ShowWindow(dialog.m_hWnd, SW_SHOW); },
-                      [](DialogView& view) {
-                          view.Click(IDOK);
-                      }});
+                      [&](DialogView&) { ::ShowWindow(dialog.m_hWnd, SW_SHOW); }, Presses(IDOK)});
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }
 

@@ -44,9 +44,7 @@ private:
 
 TEST_F(DialogModal, EndsWithOneByTheDefaultButton)
 {
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(IDOK);
-    }});
+    driver.OnDialog({Presses(IDOK)});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(dialog.events, (Events{"init", "ok"}));
     EXPECT_EQ(dialog.m_hWnd, nullptr);
@@ -54,34 +52,26 @@ TEST_F(DialogModal, EndsWithOneByTheDefaultButton)
 
 TEST_F(DialogModal, EndsWithTwoByCancel)
 {
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(IDCANCEL);
-    }});
+    driver.OnDialog({Presses(IDCANCEL)});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     EXPECT_EQ(dialog.events, (Events{"init", "cancel"}));
 }
 
 TEST_F(DialogModal, TakesEnterForTheDefaultButton)
 {
-    driver.OnDialog({[](DialogView& view) {
-        view.Press(VK_RETURN);
-    }});
+    driver.OnDialog({Types("Return")});
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }
 
 TEST_F(DialogModal, TakesEscapeForCancel)
 {
-    driver.OnDialog({[](DialogView& view) {
-        view.Press(VK_ESCAPE);
-    }});
+    driver.OnDialog({Types("Escape")});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
 TEST_F(DialogModal, TakesTheCloseBoxForCancel)
 {
-    driver.OnDialog({[](DialogView& view) {
-        view.Close();
-    }});
+    driver.OnDialog({Closes()});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
@@ -91,9 +81,7 @@ TEST_F(DialogModal, EndsWithTheCodeGivenLast)
         dialog.EndDialog(10);
         dialog.EndDialog(11);
     };
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(kApply);
-    }});
+    driver.OnDialog({Presses(kApply)});
     EXPECT_EQ(dialog.DoModal(), 11);
 }
 
@@ -119,12 +107,8 @@ TEST_F(DialogModal, IsNeverShownIfItEndsWhileItOpens)
 
 TEST_F(DialogModal, RunsAgainAfterItsEnd)
 {
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(IDOK);
-    }});
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(IDCANCEL);
-    }});
+    driver.OnDialog({Presses(IDOK)});
+    driver.OnDialog({Presses(IDCANCEL)});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
@@ -136,9 +120,7 @@ TEST_F(DialogModal, RefusesASecondRunInsideItsOwn)
         second = dialog.DoModal();
         dialog.EndDialog(5);
     };
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(kApply);
-    }});
+    driver.OnDialog({Presses(kApply)});
     EXPECT_EQ(dialog.DoModal(), 5);
     EXPECT_EQ(second, -1);
 }
@@ -179,9 +161,7 @@ TEST_F(DialogModal, LeavesAParentDisabledThatWasSoBefore)
     const HostWindow host;
     EnableWindow(host.get(), FALSE);
     TestDialog child(300, host.get());
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(IDOK);
-    }});
+    driver.OnDialog({Presses(IDOK)});
     child.DoModal();
     EXPECT_FALSE(IsWindowEnabled(host.get()));
 }
@@ -198,10 +178,7 @@ TEST_F(DialogModal, Nests)
         }});
         innerCode = inner.DoModal();
     };
-    driver.OnDialog({[](DialogView& view) { view.Click(kApply); },
-                     [](DialogView& view) {
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({Presses(kApply), Presses(IDOK)});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(innerCode, IDCANCEL);
     EXPECT_FALSE(outerEnabled);
@@ -212,9 +189,7 @@ TEST_F(DialogModal, PassesOnWhatAHandlerThrew)
     dialog.onApply = [] {
         throw std::bad_alloc();
     };
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(kApply);
-    }});
+    driver.OnDialog({Presses(kApply)});
     EXPECT_THROW(dialog.DoModal(), std::bad_alloc);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
     EXPECT_EQ(CLiveWindow::Count(), 0);
@@ -236,15 +211,10 @@ TEST_F(DialogModal, EndsOnlyTheInnerDialogWhoseHandlerThrew)
         inner.onApply = [] {
             throw std::bad_alloc();
         };
-        driver.OnDialog({[](DialogView& view) {
-            view.Click(kApply);
-        }});
+        driver.OnDialog({Presses(kApply)});
         EXPECT_THROW(inner.DoModal(), std::bad_alloc);
     };
-    driver.OnDialog({[](DialogView& view) { view.Click(kApply); },
-                     [](DialogView& view) {
-                         view.Click(IDOK);
-                     }});
+    driver.OnDialog({Presses(kApply), Presses(IDOK)});
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }
 
@@ -253,9 +223,7 @@ TEST_F(DialogModal, EndsWhenItsWindowIsDestroyed)
     dialog.onApply = [this] {
         dialog.DestroyWindow();
     };
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(kApply);
-    }});
+    driver.OnDialog({Presses(kApply)});
     EXPECT_EQ(dialog.DoModal(), -1);
 }
 
@@ -264,9 +232,7 @@ TEST_F(DialogModal, EndsWithTheProgramAndTellsItsLoop)
     dialog.onApply = [] {
         PostQuitMessage(3);
     };
-    driver.OnDialog({[](DialogView& view) {
-        view.Click(kApply);
-    }});
+    driver.OnDialog({Presses(kApply)});
     EXPECT_EQ(dialog.DoModal(), -1);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0))
@@ -315,8 +281,6 @@ TEST_F(DialogModal, LeavesTheFocusWhereTheOpeningPutIt)
 TEST_F(DialogModal, WithoutAControlIsLeftByTheCloseBox)
 {
     TestDialog empty(301);
-    driver.OnDialog({[](DialogView& view) {
-        view.Close();
-    }});
+    driver.OnDialog({Closes()});
     EXPECT_EQ(empty.DoModal(), IDCANCEL);
 }
