@@ -39,15 +39,16 @@ HRESULT PutTarget(ScriptArray& result, LONG row, const VARIANT& target)
                                 : result.PutObject(row, 1, target.punkVal);
 }
 
-HRESULT PutRow(ScriptArray& result, LONG row, const Bstr& name, const ScriptCommandRow& command)
+HRESULT PutRow(ScriptArray& result, LONG row, const XScriptCommandNames::Named& named)
 {
     static constexpr FixedText kOnceForAll = L"0";
     static constexpr FixedText kEachObject = L"1";
-    HRESULT status = result.PutText(row, 0, name.get());
+    HRESULT status = result.PutText(row, 0, named.name);
     if (status >= 0)
-        status = PutTarget(result, row, command.target.get());
+        status = PutTarget(result, row, named.row->target.get());
     if (status >= 0)
-        status = result.PutText(row, 2, command.mode == ScriptMode::OnceForAll ? kOnceForAll : kEachObject);
+        status =
+            result.PutText(row, 2, named.row->mode == ScriptMode::OnceForAll ? kOnceForAll : kEachObject);
     return status;
 }
 } // namespace
@@ -101,7 +102,7 @@ void ScriptCommandRows::AppendScript(ComPtr<IQP_BaseDataObject> script, Variant 
     if (prompt.View().empty())
         prompt = ReadText(script.get(), kAttributeName, m_status);
     const ScriptMode mode = IsOnceForAll(shortName) ? ScriptMode::OnceForAll : ScriptMode::EachObject;
-    m_names.AddScript(TakeText(std::move(prompt)), Variant::OfObject(std::move(script)), mode);
+    m_names.Add({TakeText(std::move(prompt)), Variant::OfObject(std::move(script)), mode});
 }
 
 /// A macro runs for each object, whatever short name its command has: that name is for scripts.
@@ -115,7 +116,7 @@ void ScriptCommandRows::AppendMacro(IQP_BaseDataObject* command, Variant prompt)
     if (macro.Type() != VT_BSTR)
         return;
     Bstr name = prompt.View().empty() ? Bstr(macro.View()) : TakeText(std::move(prompt));
-    m_names.AddMacro(std::move(name), std::move(macro));
+    m_names.Add({std::move(name), std::move(macro), ScriptMode::EachObject});
 }
 
 bool ScriptCommandRows::MayExecute(IQP_BaseDataObject* object)
@@ -132,16 +133,16 @@ bool ScriptCommandRows::IsOnceForAll(std::wstring_view shortName)
     return shortName == L"0" || shortName == m_onceForAll;
 }
 
-HRESULT ScriptCommandRows::Deliver(VARIANT* target, HRESULT status) const
+HRESULT ScriptCommandRows::Deliver(VARIANT* target, HRESULT status)
 {
-    const XScriptCommandNames::Rows& rows = m_names.InOrder();
+    const std::vector<XScriptCommandNames::Named> rows = m_names.InOrder();
     ScriptArray result(static_cast<ULONG>(rows.size()), 3);
     if (!result.IsCreated())
         return status;
     LONG row = 0;
-    for (const auto& [name, command] : rows)
+    for (const XScriptCommandNames::Named& named : rows)
     {
-        status = PutRow(result, row++, name, command);
+        status = PutRow(result, row++, named);
         if (status < 0)
             break;
     }

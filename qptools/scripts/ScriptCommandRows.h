@@ -27,8 +27,8 @@ public:
     ///
     /// Returns the status of the last cell put, or `status` if there was none. The first cell that cannot be
     /// put ends the filling, and the array is delivered as it is. If no array can be created, `*target` is
-    /// untouched. Throws ComException(E_OUTOFMEMORY), with `*target` untouched.
-    HRESULT Deliver(VARIANT* target, HRESULT status) const;
+    /// untouched. Throws std::bad_alloc and ComException(E_OUTOFMEMORY), with `*target` untouched.
+    HRESULT Deliver(VARIANT* target, HRESULT status);
 
 private:
     bool Append(IQP_BaseDataObject* command);

@@ -4,7 +4,8 @@
 #include "Bstr.h"
 #include "Variant.h"
 
-#include <map>
+#include <utility>
+#include <vector>
 
 namespace qptools
 {
@@ -17,32 +18,35 @@ enum class ScriptMode : unsigned char
 
 struct ScriptCommandRow
 {
+    Bstr name;
     Variant target; ///< the script object (VT_UNKNOWN) or the name of the macro (VT_BSTR)
     ScriptMode mode = ScriptMode::EachObject;
-    int nextSuffix = 2; ///< the first that was not yet tried for a repeat of this name
 };
 
-/// A map by display name. The user's language decides the order and which names are equal.
+/// Names commands as if each went, in the order of Add, into a map by display name. The user's language
+/// decides the order and which names are equal.
+///
+/// - A script whose name is in use gets the first of the suffixes "(2)", "(3)" ... that makes it unique.
+/// - A macro replaces the row of its name, on purpose.
 class XScriptCommandNames
 {
 public:
-    struct Before
+    struct Named
     {
-        bool operator()(const Bstr& first, const Bstr& second) const noexcept;
+        BSTR name; ///< borrowed from a row
+        const ScriptCommandRow* row;
     };
-    using Rows = std::map<Bstr, ScriptCommandRow, Before>;
 
-    /// Adds a command that runs a script. A name in use gets the first of the suffixes "(2)", "(3)" ... that
-    /// makes it unique. Throws std::bad_alloc and ComException(E_OUTOFMEMORY).
-    void AddScript(Bstr name, Variant script, ScriptMode mode);
+    /// Throws std::bad_alloc.
+    void Add(ScriptCommandRow row) { m_rows.push_back(std::move(row)); }
 
-    /// Adds a command that runs a macro, for each object. It replaces the row of its name, on purpose: only
-    /// scripts get unique names. Throws std::bad_alloc.
-    void AddMacro(Bstr name, Variant macro);
-
-    const Rows& InOrder() const noexcept { return m_rows; }
+    /// The rows in the order of names; called once, after the last Add. Throws std::bad_alloc and
+    /// ComException(E_OUTOFMEMORY).
+    std::vector<Named> InOrder();
 
 private:
-    Rows m_rows;
+    std::vector<Named> Unique();
+
+    std::vector<ScriptCommandRow> m_rows;
 };
 } // namespace qptools
