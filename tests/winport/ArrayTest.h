@@ -62,3 +62,16 @@ inline LONG Upper(SAFEARRAY* array, UINT dimension)
     EXPECT_EQ(S_OK, SafeArrayGetUBound(array, dimension, &bound));
     return bound;
 }
+
+/// A copy of an array, made as the content of a variant.
+inline SAFEARRAY* Copied(SAFEARRAY* array)
+{
+    VARIANT source{};
+    VARIANT copy{};
+    VARTYPE type = VT_EMPTY;
+    EXPECT_EQ(S_OK, SafeArrayGetVartype(array, &type));
+    V_VT(&source) = static_cast<VARTYPE>(VT_ARRAY | type);
+    V_ARRAY(&source) = array;
+    EXPECT_EQ(S_OK, VariantCopy(&copy, &source));
+    return V_ARRAY(&copy);
+}

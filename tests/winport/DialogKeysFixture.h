@@ -85,7 +85,10 @@ protected:
         return ids;
     }
 
-    bool IsChecked(int id) const { return IsDlgButtonChecked(m_host.Window(), id) == BST_CHECKED; }
+    bool IsChecked(int id) const
+    {
+        return SendDlgItemMessageW(m_host.Window(), id, BM_GETCHECK, 0, 0) == BST_CHECKED;
+    }
 
     DialogHost m_host{Description()};
 };

@@ -1,12 +1,24 @@
 #include "WinportSupport.h"
 
+#include <atomic>
 #include <cstdlib>
+#include <cstring>
+#include <filesystem>
 
 #ifdef _WIN32
 #include <aclapi.h>
 #else
 #include <winport_test.h>
 #endif
+
+GUID UniqueGuid()
+{
+    static std::atomic<WORD> last{0};
+    GUID guid{GetCurrentProcessId(), ++last, 0x4000, {0x80}};
+    const ULONGLONG now = GetTickCount64();
+    std::memcpy(guid.Data4 + 2, &now, 6);
+    return guid;
+}
 
 std::wstring Variable(const wchar_t* name)
 {
@@ -19,39 +31,21 @@ namespace
 {
 std::wstring UniqueName()
 {
-    GUID guid{};
     wchar_t text[40];
-    CoCreateGuid(&guid);
-    StringFromGUID2(guid, text, 40);
+    StringFromGUID2(UniqueGuid(), text, 40);
     return text;
-}
-
-// One level of directories is all that the tests make.
-void RemoveFiles(const std::wstring& folder, const wchar_t* const* names)
-{
-    for (; *names; ++names)
-    {
-        const std::wstring path = folder + L"\\" + *names;
-        SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-        DeleteFileW(path.c_str());
-        RemoveDirectoryW(path.c_str());
-    }
 }
 } // namespace
 
-CScratchFolder::CScratchFolder()
+CScratchFolder::CScratchFolder() : m_path((std::filesystem::temp_directory_path() / UniqueName()).wstring())
 {
-    wchar_t folder[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    m_path = folder + UniqueName();
     CreateDirectoryW(m_path.c_str(), nullptr);
 }
 
 CScratchFolder::~CScratchFolder()
 {
-    const wchar_t* const names[] = {L"a", L"b", L"c", nullptr};
-    RemoveFiles(m_path, names);
-    RemoveDirectoryW(m_path.c_str());
+    std::error_code failure;
+    std::filesystem::remove_all(m_path, failure);
 }
 
 void WriteWhole(const std::wstring& path, const std::string& content)

@@ -13,6 +13,9 @@ inline int LastError()
     return static_cast<int>(GetLastError());
 }
 
+/// An identifier that no other test has.
+GUID UniqueGuid();
+
 /// The value of an environment variable, empty if it is not set.
 std::wstring Variable(const wchar_t* name);
 

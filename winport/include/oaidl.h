@@ -15,9 +15,9 @@ struct SAFEARRAYBOUND
     ULONG cElements;
     LONG lLbound;
 };
-using LPSAFEARRAYBOUND = SAFEARRAYBOUND*;
 
-/// An array of one or more dimensions. `rgsabound` holds the bounds of the last dimension first.
+/// An array of one or more dimensions. `rgsabound` holds the bounds in reverse order: the last dimension
+/// first.
 struct SAFEARRAY
 {
     USHORT cDims;
@@ -27,13 +27,7 @@ struct SAFEARRAY
     PVOID pvData;
     SAFEARRAYBOUND rgsabound[1];
 };
-using LPSAFEARRAY = SAFEARRAY*;
 
-#define FADF_AUTO 0x1
-#define FADF_STATIC 0x2
-#define FADF_EMBEDDED 0x4
-#define FADF_FIXEDSIZE 0x10
-#define FADF_RECORD 0x20
 #define FADF_HAVEIID 0x40
 #define FADF_HAVEVARTYPE 0x80
 #define FADF_BSTR 0x100
@@ -109,17 +103,10 @@ struct tagVARIANT
 using VARIANT = tagVARIANT;
 using VARIANTARG = VARIANT;
 using LPVARIANT = VARIANT*;
-using LPVARIANTARG = VARIANTARG*;
-using REFVARIANT = const VARIANT&;
 
-#define DISPID_UNKNOWN (-1)
 #define DISPID_VALUE 0
-#define DISPID_PROPERTYPUT (-3)
-#define DISPID_NEWENUM (-4)
 #define DISPATCH_METHOD 0x1
 #define DISPATCH_PROPERTYGET 0x2
-#define DISPATCH_PROPERTYPUT 0x4
-#define DISPATCH_PROPERTYPUTREF 0x8
 
 struct DISPPARAMS
 {
@@ -144,9 +131,7 @@ struct EXCEPINFO
 
 enum SYSKIND
 {
-    SYS_WIN16 = 0,
     SYS_WIN32 = 1,
-    SYS_MAC = 2,
     SYS_WIN64 = 3
 };
 
@@ -162,9 +147,8 @@ struct IDispatch : public IUnknown
                                              UINT* badArgument) = 0;
 };
 __CRT_UUID_DECL(IDispatch, 0x00020400, 0x0000, 0x0000, 0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46)
-using LPDISPATCH = IDispatch*;
 
-// As much of type information as callers here say to it; a library that is loaded describes no type.
+// Type information, as far as it is called. A loaded library describes no type.
 EXTERN_C const IID IID_ITypeInfo;
 struct ITypeInfo : public IUnknown
 {
@@ -173,7 +157,6 @@ struct ITypeInfo : public IUnknown
                                              VARIANT* result, EXCEPINFO* exception, UINT* badArgument) = 0;
 };
 __CRT_UUID_DECL(ITypeInfo, 0x00020401, 0x0000, 0x0000, 0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46)
-using LPTYPEINFO = ITypeInfo*;
 
 EXTERN_C const IID IID_ITypeLib;
 struct ITypeLib : public IUnknown
@@ -183,7 +166,6 @@ struct ITypeLib : public IUnknown
     virtual HRESULT STDMETHODCALLTYPE GetTypeInfoOfGuid(REFGUID guid, ITypeInfo** info) = 0;
 };
 __CRT_UUID_DECL(ITypeLib, 0x00020402, 0x0000, 0x0000, 0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46)
-using LPTYPELIB = ITypeLib*;
 
 EXTERN_C const IID IID_IErrorInfo;
 struct IErrorInfo : public IUnknown

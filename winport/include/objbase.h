@@ -6,8 +6,6 @@
 
 #include "unknwn.h"
 
-#include "objidl.h"
-
 enum CLSCTX
 {
     CLSCTX_INPROC_SERVER = 0x1,
@@ -15,16 +13,13 @@ enum CLSCTX
     CLSCTX_LOCAL_SERVER = 0x4,
     CLSCTX_REMOTE_SERVER = 0x10
 };
-#define CLSCTX_INPROC (CLSCTX_INPROC_SERVER | CLSCTX_INPROC_HANDLER)
 #define CLSCTX_SERVER (CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER | CLSCTX_REMOTE_SERVER)
 #define CLSCTX_ALL (CLSCTX_INPROC_HANDLER | CLSCTX_SERVER)
 
 enum REGCLS
 {
-    REGCLS_SINGLEUSE = 0,
     REGCLS_MULTIPLEUSE = 1,
-    REGCLS_MULTI_SEPARATE = 2,
-    REGCLS_SUSPENDED = 4
+    REGCLS_MULTI_SEPARATE = 2
 };
 
 enum COINIT
@@ -42,23 +37,17 @@ WINOLEAPI CoInitializeEx(LPVOID reserved, DWORD model);
 WINOLEAPI_(void) CoUninitialize();
 
 WINOLEAPI_(LPVOID) CoTaskMemAlloc(SIZE_T size);
-WINOLEAPI_(LPVOID) CoTaskMemRealloc(LPVOID memory, SIZE_T size);
 WINOLEAPI_(void) CoTaskMemFree(LPVOID memory);
 
 WINOLEAPI CLSIDFromString(LPCOLESTR text, LPCLSID clsid);
 WINOLEAPI IIDFromString(LPCOLESTR text, LPIID iid);
-WINOLEAPI StringFromCLSID(REFCLSID clsid, LPOLESTR* text);
-WINOLEAPI StringFromIID(REFIID iid, LPOLESTR* text);
 WINOLEAPI_(int) StringFromGUID2(REFGUID guid, LPOLESTR text, int size);
 WINOLEAPI CLSIDFromProgID(LPCOLESTR progId, LPCLSID clsid);
-WINOLEAPI ProgIDFromCLSID(REFCLSID clsid, LPOLESTR* progId);
-WINOLEAPI CoCreateGuid(GUID* guid);
 
 WINOLEAPI CoGetClassObject(REFCLSID clsid, DWORD context, COSERVERINFO* server, REFIID iid, LPVOID* object);
 WINOLEAPI CoCreateInstance(REFCLSID clsid, LPUNKNOWN outer, DWORD context, REFIID iid, LPVOID* object);
 WINOLEAPI CoRegisterClassObject(REFCLSID clsid, LPUNKNOWN object, DWORD context, DWORD flags, DWORD* cookie);
 WINOLEAPI CoRevokeClassObject(DWORD cookie);
-WINOLEAPI_(void) CoFreeUnusedLibraries();
 WINOLEAPI_(void) CoFreeUnusedLibrariesEx(DWORD delay, DWORD reserved);
 
 // The entry points of a component module.

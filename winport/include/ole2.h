@@ -3,7 +3,3 @@
 
 #include "objbase.h"
 #include "oleauto.h"
-#include "oleidl.h"
-
-WINOLEAPI OleInitialize(LPVOID reserved);
-WINOLEAPI_(void) OleUninitialize();

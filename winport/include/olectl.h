@@ -1,7 +1,7 @@
 // Entry points by which a module registers itself.
 #pragma once
 
-#include "ocidl.h"
+#include "oaidl.h"
 
 STDAPI DllRegisterServer();
 STDAPI DllUnregisterServer();

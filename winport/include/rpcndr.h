@@ -1,4 +1,4 @@
-// The words that generated interface headers use around their declarations; there is no remoting here.
+// The macros that generated interface headers use in their declarations. There is no remoting here.
 #pragma once
 
 #include "rpc.h"
@@ -6,5 +6,3 @@
 #define MIDL_INTERFACE(id) struct
 #define DECLSPEC_UUID(id)
 #define __RPC_USER
-#define __RPC_STUB
-#define __RPC_FAR

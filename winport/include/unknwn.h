@@ -1,5 +1,5 @@
-// IUnknown and IClassFactory, and what binds an interface type to its identifier: __CRT_UUID_DECL and
-// __uuidof, in the shape that headers generated from IDL expect.
+// IUnknown and IClassFactory, and the binding of an interface type to its identifier: __CRT_UUID_DECL and
+// __uuidof, in the form that headers generated from IDL expect.
 #pragma once
 
 #include "rpcndr.h"
@@ -49,11 +49,9 @@ extern "C++"
         };                                                                                                   \
     }
 #define __uuidof(type) (::winport::uuid_of<type>())
-#define IID_PPV_ARGS(target) ::winport::uuid_of_target(target), ::winport::target_of(target)
 
 extern "C" const GUID GUID_NULL;
 #define IID_NULL GUID_NULL
-#define CLSID_NULL GUID_NULL
 
 EXTERN_C const IID IID_IUnknown;
 struct IUnknown
@@ -72,4 +70,3 @@ struct IClassFactory : public IUnknown
     virtual HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) = 0;
 };
 __CRT_UUID_DECL(IClassFactory, 0x00000001, 0x0000, 0x0000, 0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46)
-using LPCLASSFACTORY = IClassFactory*;

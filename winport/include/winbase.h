@@ -3,13 +3,11 @@
 
 #include "wpbase.h"
 
-// Errors
-// -------------------------------------------------------------------------------------------------------------
+// Errors.
 WINBASEAPI DWORD GetLastError();
 WINBASEAPI void SetLastError(DWORD code);
 
-// Modules
-// ------------------------------------------------------------------------------------------------------------
+// Modules.
 #define DLL_PROCESS_DETACH 0
 #define DLL_PROCESS_ATTACH 1
 #define DLL_THREAD_ATTACH 2
@@ -17,23 +15,16 @@ WINBASEAPI void SetLastError(DWORD code);
 #define GET_MODULE_HANDLE_EX_FLAG_PIN 0x00000001
 #define GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT 0x00000002
 #define GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS 0x00000004
-#define LOAD_WITH_ALTERED_SEARCH_PATH 0x00000008
 WINBASEAPI HMODULE GetModuleHandleW(LPCWSTR name);
 WINBASEAPI BOOL GetModuleHandleExW(DWORD flags, LPCWSTR nameOrAddress, HMODULE* module);
 WINBASEAPI DWORD GetModuleFileNameW(HMODULE module, LPWSTR path, DWORD size);
 WINBASEAPI HMODULE LoadLibraryW(LPCWSTR name);
-WINBASEAPI HMODULE LoadLibraryExW(LPCWSTR name, HANDLE reserved, DWORD flags);
 WINBASEAPI BOOL FreeLibrary(HMODULE module);
 WINBASEAPI FARPROC GetProcAddress(HMODULE module, LPCSTR name);
-WINBASEAPI BOOL DisableThreadLibraryCalls(HMODULE module);
 
-// Resources
-// ----------------------------------------------------------------------------------------------------------
+// Resources.
 #define MAKEINTRESOURCEW(id) (reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(id))))
-#define MAKEINTRESOURCE MAKEINTRESOURCEW
 #define IS_INTRESOURCE(name) ((reinterpret_cast<ULONG_PTR>(name) >> 16) == 0)
-#define RT_BITMAP MAKEINTRESOURCEW(2)
-#define RT_ICON MAKEINTRESOURCEW(3)
 #define RT_DIALOG MAKEINTRESOURCEW(5)
 #define RT_STRING MAKEINTRESOURCEW(6)
 #define RT_RCDATA MAKEINTRESOURCEW(10)
@@ -42,21 +33,13 @@ WINBASEAPI BOOL DisableThreadLibraryCalls(HMODULE module);
 #define RT_VERSION MAKEINTRESOURCEW(16)
 #define RT_MANIFEST MAKEINTRESOURCEW(24)
 WINBASEAPI HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type);
-WINBASEAPI HRSRC FindResourceExW(HMODULE module, LPCWSTR type, LPCWSTR name, WORD language);
 WINBASEAPI HGLOBAL LoadResource(HMODULE module, HRSRC resource);
 WINBASEAPI LPVOID LockResource(HGLOBAL data);
 WINBASEAPI DWORD SizeofResource(HMODULE module, HRSRC resource);
 
-// Activation contexts
-// ------------------------------------------------------------------------------------------------
-#define ACTCTX_FLAG_PROCESSOR_ARCHITECTURE_VALID 0x00000001
-#define ACTCTX_FLAG_LANGID_VALID 0x00000002
-#define ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID 0x00000004
+// Activation contexts.
 #define ACTCTX_FLAG_RESOURCE_NAME_VALID 0x00000008
-#define ACTCTX_FLAG_SET_PROCESS_DEFAULT 0x00000010
-#define ACTCTX_FLAG_APPLICATION_NAME_VALID 0x00000020
 #define ACTCTX_FLAG_HMODULE_VALID 0x00000080
-#define ISOLATIONAWARE_MANIFEST_RESOURCE_ID MAKEINTRESOURCEW(2)
 #define DEACTIVATE_ACTCTX_FLAG_FORCE_EARLY_DEACTIVATION 0x00000001
 struct ACTCTXW
 {
@@ -70,66 +53,32 @@ struct ACTCTXW
     LPCWSTR lpApplicationName;
     HMODULE hModule;
 };
-using PACTCTXW = ACTCTXW*;
-using PCACTCTXW = const ACTCTXW*;
 WINBASEAPI HANDLE CreateActCtxW(const ACTCTXW* parameters);
 WINBASEAPI BOOL ActivateActCtx(HANDLE context, ULONG_PTR* cookie);
 WINBASEAPI BOOL DeactivateActCtx(DWORD flags, ULONG_PTR cookie);
 WINBASEAPI BOOL GetCurrentActCtx(HANDLE* context);
-WINBASEAPI void AddRefActCtx(HANDLE context);
 WINBASEAPI void ReleaseActCtx(HANDLE context);
 
-// Environment, command line, time
-// ------------------------------------------------------------------------------------
+// Environment, command line, time, identity.
 WINBASEAPI DWORD GetEnvironmentVariableW(LPCWSTR name, LPWSTR buffer, DWORD size);
 WINBASEAPI BOOL SetEnvironmentVariableW(LPCWSTR name, LPCWSTR value);
-WINBASEAPI DWORD ExpandEnvironmentStringsW(LPCWSTR source, LPWSTR target, DWORD size);
 WINBASEAPI LPWSTR GetCommandLineW();
 WINBASEAPI void GetLocalTime(SYSTEMTIME* time);
-WINBASEAPI void GetSystemTime(SYSTEMTIME* time);
-WINBASEAPI void GetSystemTimeAsFileTime(FILETIME* time);
 WINBASEAPI ULONGLONG GetTickCount64();
-WINBASEAPI DWORD GetTickCount();
-WINBASEAPI BOOL QueryPerformanceCounter(LARGE_INTEGER* count);
-WINBASEAPI BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency);
 WINBASEAPI void Sleep(DWORD milliseconds);
 WINBASEAPI DWORD GetCurrentThreadId();
 WINBASEAPI DWORD GetCurrentProcessId();
-WINBASEAPI DWORD GetCurrentDirectoryW(DWORD size, LPWSTR buffer);
-WINBASEAPI DWORD GetTempPathW(DWORD size, LPWSTR buffer);
 
-// Memory and locks
-// ---------------------------------------------------------------------------------------------------
-#define LMEM_FIXED 0x0000
-#define LMEM_ZEROINIT 0x0040
-#define LPTR (LMEM_FIXED | LMEM_ZEROINIT)
-WINBASEAPI HLOCAL LocalAlloc(UINT flags, SIZE_T size);
+// Memory.
 WINBASEAPI HLOCAL LocalFree(HLOCAL memory);
-#define ZeroMemory(target, size) __builtin_memset((target), 0, (size))
-#define CopyMemory(target, source, size) __builtin_memcpy((target), (source), (size))
 
-struct CRITICAL_SECTION
-{
-    alignas(void*) unsigned char lock[64];
-};
-using LPCRITICAL_SECTION = CRITICAL_SECTION*;
-WINBASEAPI void InitializeCriticalSection(CRITICAL_SECTION* section);
-WINBASEAPI BOOL InitializeCriticalSectionAndSpinCount(CRITICAL_SECTION* section, DWORD spin);
-WINBASEAPI void EnterCriticalSection(CRITICAL_SECTION* section);
-WINBASEAPI BOOL TryEnterCriticalSection(CRITICAL_SECTION* section);
-WINBASEAPI void LeaveCriticalSection(CRITICAL_SECTION* section);
-WINBASEAPI void DeleteCriticalSection(CRITICAL_SECTION* section);
-
-// Files
-// --------------------------------------------------------------------------------------------------------------
+// Files.
 #define GENERIC_READ 0x80000000u
 #define GENERIC_WRITE 0x40000000u
 #define FILE_READ_DATA 0x0001
 #define FILE_WRITE_DATA 0x0002
 #define FILE_APPEND_DATA 0x0004
 #define DELETE 0x00010000
-#define READ_CONTROL 0x00020000
-#define SYNCHRONIZE 0x00100000
 #define FILE_SHARE_READ 0x00000001
 #define FILE_SHARE_WRITE 0x00000002
 #define FILE_SHARE_DELETE 0x00000004
@@ -138,14 +87,7 @@ WINBASEAPI void DeleteCriticalSection(CRITICAL_SECTION* section);
 #define OPEN_EXISTING 3
 #define OPEN_ALWAYS 4
 #define TRUNCATE_EXISTING 5
-#define FILE_ATTRIBUTE_READONLY 0x00000001
-#define FILE_ATTRIBUTE_HIDDEN 0x00000002
-#define FILE_ATTRIBUTE_DIRECTORY 0x00000010
-#define FILE_ATTRIBUTE_ARCHIVE 0x00000020
 #define FILE_ATTRIBUTE_NORMAL 0x00000080
-#define INVALID_FILE_ATTRIBUTES (static_cast<DWORD>(-1))
-#define FILE_FLAG_WRITE_THROUGH 0x80000000u
-#define FILE_FLAG_SEQUENTIAL_SCAN 0x08000000
 #define FILE_BEGIN 0
 #define FILE_CURRENT 1
 #define FILE_END 2
@@ -157,7 +99,6 @@ struct SECURITY_ATTRIBUTES
     LPVOID lpSecurityDescriptor;
     BOOL bInheritHandle;
 };
-using LPSECURITY_ATTRIBUTES = SECURITY_ATTRIBUTES*;
 struct OVERLAPPED
 {
     ULONG_PTR Internal;
@@ -166,7 +107,6 @@ struct OVERLAPPED
     DWORD OffsetHigh;
     HANDLE hEvent;
 };
-using LPOVERLAPPED = OVERLAPPED*;
 WINBASEAPI HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD sharing, SECURITY_ATTRIBUTES* security,
                               DWORD disposition, DWORD flags, HANDLE templateFile);
 WINBASEAPI BOOL ReadFile(HANDLE file, LPVOID buffer, DWORD size, DWORD* read, OVERLAPPED* overlapped);
@@ -174,18 +114,9 @@ WINBASEAPI BOOL WriteFile(HANDLE file, LPCVOID buffer, DWORD size, DWORD* writte
 WINBASEAPI BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD method);
 WINBASEAPI BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size);
 WINBASEAPI BOOL SetEndOfFile(HANDLE file);
-WINBASEAPI BOOL FlushFileBuffers(HANDLE file);
 WINBASEAPI BOOL LockFileEx(HANDLE file, DWORD flags, DWORD reserved, DWORD sizeLow, DWORD sizeHigh,
                            OVERLAPPED* overlapped);
 WINBASEAPI BOOL UnlockFileEx(HANDLE file, DWORD reserved, DWORD sizeLow, DWORD sizeHigh,
                              OVERLAPPED* overlapped);
 WINBASEAPI BOOL CloseHandle(HANDLE handle);
 WINBASEAPI BOOL CreateDirectoryW(LPCWSTR path, SECURITY_ATTRIBUTES* security);
-WINBASEAPI BOOL RemoveDirectoryW(LPCWSTR path);
-WINBASEAPI DWORD GetFileAttributesW(LPCWSTR path);
-WINBASEAPI BOOL SetFileAttributesW(LPCWSTR path, DWORD attributes);
-WINBASEAPI BOOL DeleteFileW(LPCWSTR path);
-
-// Text
-// ---------------------------------------------------------------------------------------------------------------
-WINBASEAPI int lstrlenW(LPCWSTR text);

@@ -1,4 +1,4 @@
-// Device contexts and fonts, as far as texts are measured. There is one font, 6 pixels wide and 13 high.
+// Device contexts and fonts, only for measuring text. The one font is 6 pixels wide and 13 high.
 #pragma once
 
 #include "wpbase.h"

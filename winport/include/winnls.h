@@ -14,18 +14,13 @@
 #define SUBLANG_DEFAULT 0x01
 #define MAKELANGID(primary, sub)                                                                             \
     (static_cast<WORD>((static_cast<WORD>(sub) << 10) | static_cast<WORD>(primary)))
-#define PRIMARYLANGID(language) (static_cast<WORD>((language)&0x3ff))
-#define SUBLANGID(language) (static_cast<WORD>(static_cast<WORD>(language) >> 10))
 #define SORT_DEFAULT 0
 #define MAKELCID(language, sort)                                                                             \
     (static_cast<DWORD>((static_cast<DWORD>(static_cast<WORD>(sort)) << 16) | static_cast<WORD>(language)))
-#define LANGIDFROMLCID(lcid) (static_cast<WORD>(lcid))
 #define LANG_USER_DEFAULT MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT)
 #ifndef LOCALE_USER_DEFAULT
 #define LOCALE_USER_DEFAULT MAKELCID(LANG_USER_DEFAULT, SORT_DEFAULT)
-#define LOCALE_SYSTEM_DEFAULT MAKELCID(MAKELANGID(LANG_NEUTRAL, 2), SORT_DEFAULT)
 #define LOCALE_NEUTRAL MAKELCID(MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL), SORT_DEFAULT)
-#define LOCALE_INVARIANT 0x007f
 #endif
 #define LOCALE_NAME_MAX_LENGTH 85
 #define NORM_IGNORECASE 0x00000001
@@ -39,7 +34,4 @@ WINBASEAPI int WideCharToMultiByte(UINT page, DWORD flags, LPCWSTR text, int len
                                    LPCSTR defaultChar, LPBOOL usedDefault);
 WINBASEAPI int CompareStringOrdinal(LPCWSTR a, int lengthA, LPCWSTR b, int lengthB, BOOL ignoreCase);
 WINBASEAPI LANGID GetUserDefaultUILanguage();
-WINBASEAPI LANGID GetUserDefaultLangID();
-WINBASEAPI LCID GetUserDefaultLCID();
 WINBASEAPI int LCIDToLocaleName(LCID locale, LPWSTR name, int size, DWORD flags);
-WINBASEAPI int GetUserDefaultLocaleName(LPWSTR name, int size);

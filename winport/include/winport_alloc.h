@@ -1,22 +1,8 @@
-// Where all memory that passes between components comes from: strings, arrays, task memory. A test can make
-// it fail.
+// Test hook that makes the allocation of strings, arrays and task memory fail.
 #pragma once
 
-#include <cstddef>
-
-/// Memory of `size` bytes, aligned for any type, its content undefined. Null if there is none. A size of 0
-/// gives an address of its own.
-void* WinportAlloc(std::size_t size) noexcept;
-
-/// Moves `memory` (which may be null) to `size` bytes and keeps its content. Null if there is none; then
-/// `memory` is as it was.
-void* WinportRealloc(void* memory, std::size_t size) noexcept;
-
-/// Gives memory back; null is nothing.
-void WinportFree(void* memory) noexcept;
-
-/// Asked before each allocation; false makes it fail.
+/// Called before each allocation; the allocation fails if it returns false.
 using WinportAllocHook = bool (*)() noexcept;
 
-/// Sets the hook, null for none.
+/// Sets the hook; null removes it.
 void WinportSetAllocHook(WinportAllocHook hook) noexcept;

@@ -1,5 +1,5 @@
-// How code that is linked into a program becomes a module that LoadLibrary finds. qp_module() writes the
-// source that registers a module; nothing else needs this header.
+// Registration of a linked-in module, which LoadLibrary then finds. The source that qp_module() generates is
+// the only user of this header.
 #pragma once
 
 #include "wpbase.h"
@@ -10,8 +10,7 @@ struct WinportExport
     FARPROC address;
 };
 
-/// A linked-in module. The program's own directory is the module's: its path is that directory and the file
-/// name.
+/// A linked-in module. Its path is the directory of the program and the file name.
 struct WinportModule
 {
     const char* fileName;
@@ -22,6 +21,6 @@ struct WinportModule
     std::size_t resourceSize;
 };
 
-/// Makes `module`, which must live as long as the process, known to LoadLibrary. Returns 0, so that a
-/// registration can stand as the initialiser of a variable.
+/// Registers `module`, which must live as long as the process. Returns 0, so that the call can initialise a
+/// variable.
 int WinportRegisterModule(const WinportModule* module);

@@ -1,12 +1,12 @@
-// What tests may do to winport that a program on Windows cannot do with an API call.
+// Test hooks of the registry, for which Windows has no API call.
 #pragma once
 
 #include "windows.h"
 
-/// Makes the key `path` under `root` refuse access (or grant it again): opening, creating and deleting it
-/// fail with ERROR_ACCESS_DENIED, and so does creating a key directly beneath it. Keys beneath it that exist
-/// stay open to access by their own path. The key need not exist.
+/// Denies access to the key `path` under `root`, or grants it again. While access is denied, opening,
+/// creating and deleting the key fail with ERROR_ACCESS_DENIED, and so does creating a direct sub key.
+/// Existing sub keys can still be opened by their own path. The key need not exist.
 void WinportDenyKey(HKEY root, const wchar_t* path, bool deny);
 
-/// Empties the registry, whose open keys count as deleted, and forgets which keys refuse access.
+/// Empties the registry and grants access to all keys. Open keys count as deleted.
 void WinportClearRegistry();

@@ -1,4 +1,4 @@
-// The registry of the Windows API; natively it lives in memory and ends with the process.
+// The registry of the Windows API. It is kept in memory and lives as long as the process.
 #pragma once
 
 #include "wpbase.h"
@@ -13,18 +13,13 @@
 #define REG_BINARY 3
 #define REG_DWORD 4
 #define REG_MULTI_SZ 7
-#define REG_QWORD 11
 #define REG_OPTION_NON_VOLATILE 0
-#define REG_OPTION_VOLATILE 1
 #define REG_CREATED_NEW_KEY 1
 #define REG_OPENED_EXISTING_KEY 2
 
 #define KEY_QUERY_VALUE 0x0001
 #define KEY_SET_VALUE 0x0002
-#define KEY_CREATE_SUB_KEY 0x0004
 #define KEY_ENUMERATE_SUB_KEYS 0x0008
-#define KEY_NOTIFY 0x0010
-#define KEY_WOW64_64KEY 0x0100
 #define KEY_READ 0x20019
 #define KEY_WRITE 0x20006
 #define KEY_ALL_ACCESS 0xF003F
@@ -40,7 +35,6 @@ WINADVAPI LSTATUS RegQueryValueExW(HKEY key, LPCWSTR name, DWORD* reserved, DWOR
                                    DWORD* size);
 WINADVAPI LSTATUS RegDeleteValueW(HKEY key, LPCWSTR name);
 WINADVAPI LSTATUS RegDeleteKeyW(HKEY key, LPCWSTR path);
-WINADVAPI LSTATUS RegDeleteKeyExW(HKEY key, LPCWSTR path, REGSAM access, DWORD reserved);
 WINADVAPI LSTATUS RegDeleteTreeW(HKEY key, LPCWSTR path);
 WINADVAPI LSTATUS RegEnumKeyExW(HKEY key, DWORD index, LPWSTR name, DWORD* size, DWORD* reserved,
                                 LPWSTR className, DWORD* classSize, FILETIME* written);

@@ -1,5 +1,5 @@
-// The window system: windows, messages, the standard controls, dialogs, message boxes; case mapping of texts.
-// What this header does not name, the window system does not have: docs/winport.md lists it.
+// The window system: windows, messages, the standard controls, dialogs, message boxes; case mapping of text.
+// A closed set: docs/winport.md lists it.
 #pragma once
 
 #include "wpbase.h"
@@ -13,8 +13,8 @@
 using WNDPROC = LRESULT(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
 using DLGPROC = INT_PTR(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
 using HOOKPROC = LRESULT(CALLBACK*)(int, WPARAM, LPARAM);
-using TIMERPROC = void(CALLBACK*)(HWND, UINT, UINT_PTR, DWORD);
 using WNDENUMPROC = BOOL(CALLBACK*)(HWND, LPARAM);
+using TIMERPROC = void(CALLBACK*)(HWND, UINT, UINT_PTR, DWORD);
 
 struct WNDCLASSW
 {
@@ -45,7 +45,6 @@ struct CREATESTRUCTW
     LPCWSTR lpszClass;
     DWORD dwExStyle;
 };
-using LPCREATESTRUCTW = CREATESTRUCTW*;
 
 struct MINMAXINFO
 {
@@ -102,7 +101,6 @@ struct NMHDR
     UINT_PTR idFrom;
     UINT code;
 };
-using LPNMHDR = NMHDR*;
 
 #pragma pack(push, 2)
 struct DLGTEMPLATE
@@ -135,8 +133,6 @@ WINUSERAPI BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOO
 WINUSERAPI BOOL SetWindowPos(HWND window, HWND after, int x, int y, int width, int height, UINT flags);
 WINUSERAPI BOOL GetWindowRect(HWND window, LPRECT rect);
 WINUSERAPI BOOL GetClientRect(HWND window, LPRECT rect);
-WINUSERAPI BOOL ClientToScreen(HWND window, LPPOINT point);
-WINUSERAPI BOOL ScreenToClient(HWND window, LPPOINT point);
 WINUSERAPI int MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count);
 WINUSERAPI LONG GetWindowLongW(HWND window, int index);
 WINUSERAPI LONG SetWindowLongW(HWND window, int index, LONG value);
@@ -154,8 +150,6 @@ WINUSERAPI HWND GetActiveWindow();
 WINUSERAPI HWND SetActiveWindow(HWND window);
 WINUSERAPI HWND GetFocus();
 WINUSERAPI HWND SetFocus(HWND window);
-WINUSERAPI HWND GetDesktopWindow();
-WINUSERAPI int GetSystemMetrics(int index);
 
 // Messages.
 WINUSERAPI LRESULT SendMessageW(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -189,7 +183,6 @@ WINUSERAPI HICON LoadIconW(HINSTANCE module, LPCWSTR name);
 // Dialogs.
 WINUSERAPI HWND CreateDialogIndirectParamW(HINSTANCE module, LPCDLGTEMPLATEW description, HWND owner,
                                            DLGPROC procedure, LPARAM parameter);
-WINUSERAPI LRESULT DefDlgProcW(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 WINUSERAPI BOOL IsDialogMessageW(HWND dialog, LPMSG message);
 WINUSERAPI BOOL EndDialog(HWND dialog, INT_PTR result);
 WINUSERAPI BOOL MapDialogRect(HWND dialog, LPRECT rect);
@@ -197,26 +190,20 @@ WINUSERAPI HWND GetDlgItem(HWND dialog, int id);
 WINUSERAPI int GetDlgCtrlID(HWND window);
 WINUSERAPI LRESULT SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam);
 WINUSERAPI BOOL SetDlgItemTextW(HWND dialog, int id, LPCWSTR text);
-WINUSERAPI UINT GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int size);
 WINUSERAPI BOOL SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned);
 WINUSERAPI UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned);
-WINUSERAPI BOOL CheckDlgButton(HWND dialog, int id, UINT state);
-WINUSERAPI UINT IsDlgButtonChecked(HWND dialog, int id);
 WINUSERAPI BOOL CheckRadioButton(HWND dialog, int first, int last, int checked);
 WINUSERAPI HWND GetNextDlgTabItem(HWND dialog, HWND from, BOOL previous);
 WINUSERAPI HWND GetNextDlgGroupItem(HWND dialog, HWND from, BOOL previous);
 WINUSERAPI int MessageBoxW(HWND owner, LPCWSTR text, LPCWSTR title, UINT type);
 
-// Device contexts, as far as texts are measured: every character is 6 pixels wide and 13 high.
+// Device contexts, only for measuring text: every character is 6 pixels wide and 13 high.
 WINUSERAPI HDC GetDC(HWND window);
 WINUSERAPI int ReleaseDC(HWND window, HDC context);
 
 // Texts.
 WINUSERAPI int LoadStringW(HINSTANCE module, UINT id, LPWSTR buffer, int size);
 WINUSERAPI DWORD CharLowerBuffW(LPWSTR text, DWORD length);
-WINUSERAPI DWORD CharUpperBuffW(LPWSTR text, DWORD length);
-WINUSERAPI LPWSTR CharLowerW(LPWSTR text);
-WINUSERAPI LPWSTR CharUpperW(LPWSTR text);
 
 // Rectangles.
 WINUSERAPI BOOL PtInRect(const RECT* rect, POINT point);

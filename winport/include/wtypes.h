@@ -1,5 +1,4 @@
-// The types that automation values are made of: strings, booleans, currency, and the numbers of the variant
-// types.
+// The types of automation values: strings, booleans, currency, and the variant type codes.
 #pragma once
 
 #include "wpbase.h"
@@ -7,11 +6,8 @@
 using VARTYPE = unsigned short;
 using VARIANT_BOOL = short;
 using BSTR = OLECHAR*;
-using LPBSTR = BSTR*;
 using DISPID = LONG;
 using MEMBERID = DISPID;
-using HREFTYPE = DWORD;
-using PROPID = ULONG;
 
 #define VARIANT_TRUE (static_cast<VARIANT_BOOL>(-1))
 #define VARIANT_FALSE (static_cast<VARIANT_BOOL>(0))
@@ -25,7 +21,6 @@ union CY
     };
     LONGLONG int64;
 };
-using CURRENCY = CY;
 
 struct DECIMAL
 {
@@ -62,23 +57,13 @@ enum VARENUM
     VT_INT = 22,
     VT_UINT = 23,
     VT_VOID = 24,
-    VT_HRESULT = 25,
-    VT_PTR = 26,
-    VT_SAFEARRAY = 27,
-    VT_CARRAY = 28,
-    VT_USERDEFINED = 29,
-    VT_LPSTR = 30,
-    VT_LPWSTR = 31,
     VT_RECORD = 36,
     VT_INT_PTR = 37,
     VT_UINT_PTR = 38,
-    VT_FILETIME = 64,
-    VT_BLOB = 65,
     VT_CLSID = 72,
     VT_VECTOR = 0x1000,
     VT_ARRAY = 0x2000,
     VT_BYREF = 0x4000,
     VT_RESERVED = 0x8000,
-    VT_ILLEGAL = 0xffff,
     VT_TYPEMASK = 0xfff
 };

@@ -78,7 +78,7 @@ TEST(Steps, FailWithTheirWordsForWhatIsNotSeen)
 {
     const std::pair<Sight, std::string> cases[] = {
         {Titled(L"gr\u00fcn"), "the title is \"gr\u00fcn\""},
-        {OwnedBy(GetDesktopWindow()), "the owner is the given window"},
+        {OwnedBy(HWND_BOTTOM), "the owner is the given window"},
         {OwnerDisabled(), "the owner is disabled"},
         {Box(L"Gr\u00f6\u00dfe"), "the box \"Gr\u00f6\u00dfe\" is in front"},
         {FocusOn(IDCANCEL), "2 has the focus"},

@@ -23,7 +23,8 @@ protected:
             return FALSE;
         record.push_back("clicked " + std::to_string(LOWORD(wParam)));
         if (LOWORD(wParam) == kCheck)
-            EnableWindow(GetDlgItem(dialog, kDisabled), IsDlgButtonChecked(dialog, kCheck) == BST_CHECKED);
+            EnableWindow(GetDlgItem(dialog, kDisabled),
+                         SendDlgItemMessageW(dialog, kCheck, BM_GETCHECK, 0, 0) == BST_CHECKED);
         return FALSE;
     }
 

@@ -18,7 +18,6 @@ TEST(ChangeType, TextThatIsAWholeNumber)
     {
         EXPECT_EQ(expected, OfBstr(text, VT_I4)) << text;
         EXPECT_EQ(expected, OfBstr(text, VT_INT)) << text;
-        EXPECT_EQ(expected, OfBstr(text, VT_I2)) << text;
     }
 }
 
@@ -31,64 +30,25 @@ TEST(ChangeType, TextThatIsNoNumberIsAMismatch)
     {
         for (const VARTYPE type : kNumbers)
             EXPECT_EQ(L"mismatch", OfBstr(text, type)) << text;
-        EXPECT_EQ(L"mismatch", OfBstr(text, VT_R8)) << text;
     }
     EXPECT_EQ(L"mismatch", OfBstr(nullptr, VT_I4));
     EXPECT_EQ(L"mismatch", OfBstr(nullptr, VT_BOOL));
-    EXPECT_EQ(L"mismatch", OfBstr(nullptr, VT_R8));
-    EXPECT_EQ(L"mismatch", OfBstr(nullptr, VT_DATE));
 }
 
 TEST(ChangeType, TextBeyondTheTypeOverflows)
 {
-    EXPECT_EQ(L"32767", OfBstr(L"32767", VT_I2));
-    EXPECT_EQ(L"overflow", OfBstr(L"32768", VT_I2));
-    EXPECT_EQ(L"-32768", OfBstr(L"-32768", VT_I2));
     EXPECT_EQ(L"2147483647", OfBstr(L"2147483647", VT_I4));
     EXPECT_EQ(L"overflow", OfBstr(L"2147483648", VT_I4));
     EXPECT_EQ(L"-2147483648", OfBstr(L"-2147483648", VT_I4));
     EXPECT_EQ(L"overflow", OfBstr(L"-2147483649", VT_I4));
-    EXPECT_EQ(L"255", OfBstr(L"255", VT_UI1));
-    EXPECT_EQ(L"overflow", OfBstr(L"256", VT_UI1));
-    EXPECT_EQ(L"overflow", OfBstr(L"-1", VT_UI1));
-    EXPECT_EQ(L"4294967295", OfBstr(L"4294967295", VT_UI4));
-    EXPECT_EQ(L"overflow", OfBstr(L"4294967296", VT_UI4));
-    EXPECT_EQ(L"overflow", OfBstr(L"-1", VT_UI4));
     EXPECT_EQ(L"overflow", OfBstr(L"1e400", VT_I4));
-    EXPECT_EQ(L"overflow", OfBstr(L"1e400", VT_R8));
     EXPECT_EQ(L"overflow", OfBstr(L"1e400", VT_BOOL));
 }
 
 TEST(ChangeType, HexadecimalTextFillsASignedType)
 {
     EXPECT_EQ(L"-1", OfBstr(L"&HFFFFFFFF", VT_I4));
-    EXPECT_EQ(L"-1", OfBstr(L"&HFFFF", VT_I2));
     EXPECT_EQ(L"65535", OfBstr(L"&HFFFF", VT_I4));
-    EXPECT_EQ(L"overflow", OfBstr(L"&HFFFFFFFF", VT_I2));
-    EXPECT_EQ(L"overflow", OfBstr(L"&HFFFFFFFF", VT_R8));
-    EXPECT_EQ(65535.0, ChangedReal(OfText(L"&HFFFF"), VT_R8));
-}
-
-TEST(ChangeType, TextThatIsARealNumber)
-{
-    const std::pair<const wchar_t*, double> cases[] = {{L"0", 0},
-                                                       {L"12.5", 12.5},
-                                                       {L"-12.25", -12.25},
-                                                       {L" 12.5 ", 12.5},
-                                                       {L"(12.5)", -12.5},
-                                                       {L".5", 0.5},
-                                                       {L"5.", 5},
-                                                       {L"1e3", 1000},
-                                                       {L"1.e3", 1000},
-                                                       {L"1e-3", 0.001},
-                                                       {L"1,2,3.5", 123.5},
-                                                       {L"0.1", 0.1},
-                                                       {L"1e-400", 0},
-                                                       {L"$1,234.50", 1234.5},
-                                                       {L"3.14159265358979", 3.14159265358979},
-                                                       {L"123456789012345", 123456789012345.0}};
-    for (const auto& [text, expected] : cases)
-        EXPECT_DOUBLE_EQ(expected, ChangedReal(OfText(text), VT_R8)) << text;
 }
 
 TEST(ChangeType, TextIsReadUpToAZero)
@@ -121,8 +81,6 @@ TEST(ChangeType, TextStaysTextAndNullBecomesEmpty)
 TEST(ChangeType, TextIsNoObject)
 {
     EXPECT_EQ(L"mismatch", OfBstr(L"abc", VT_UNKNOWN));
-    EXPECT_EQ(L"mismatch", OfBstr(L"", VT_DISPATCH));
     EXPECT_EQ(L"mismatch", Changed(OfI4(1), VT_UNKNOWN));
-    EXPECT_EQ(L"mismatch", Changed(OfR8(1), VT_DISPATCH));
     EXPECT_EQ(L"mismatch", Changed(OfBool(VARIANT_TRUE), VT_UNKNOWN));
 }

@@ -82,7 +82,7 @@ TEST_F(Modules, AreAttachedOnceAndDetachedWithTheLastHandle)
     HMODULE first = LoadLibraryW(L"wptestmodule.dll");
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(Events(), L"A");
-    HMODULE second = LoadLibraryExW(L"WPTESTMODULE", nullptr, 0);
+    HMODULE second = LoadLibraryW(L"WPTESTMODULE");
     EXPECT_EQ(first, second);
     EXPECT_EQ(Events(), L"A");
     EXPECT_TRUE(FreeLibrary(second));
@@ -153,7 +153,7 @@ TEST_F(Modules, LieBesideTheProgram)
     const std::wstring folder =
         std::wstring(program).substr(0, std::wstring(program).find_last_of(L"/\\") + 1);
     EXPECT_EQ(std::wstring(path), folder + L"wptestmodule.dll");
-    EXPECT_EQ(LoadLibraryExW(path, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH), module.Get());
+    EXPECT_EQ(LoadLibraryW(path), module.Get());
     FreeLibrary(module.Get());
 }
 
@@ -313,8 +313,6 @@ TEST_F(ActivationContexts, LiveAsLongAsSomeoneHoldsThem)
     const CTestModule module;
     HANDLE context = ManifestContext(module.Get(), 2);
     ULONG_PTR cookie = 0;
-    AddRefActCtx(context);
-    ReleaseActCtx(context);
     EXPECT_TRUE(ActivateActCtx(context, &cookie));
     ReleaseActCtx(context);
     EXPECT_EQ(Current(), context);

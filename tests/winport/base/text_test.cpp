@@ -146,24 +146,6 @@ TEST(LowerCase, LowersInPlaceAsFarAsCounted)
     EXPECT_EQ(CharLowerBuffW(part, 0), 0u);
 }
 
-TEST(UpperCase, RaisesInPlace)
-{
-    wchar_t text[] = L"abc \u00e4\u00f6\u0101\u0436\u00df";
-    EXPECT_EQ(CharUpperBuffW(text, 9), 9u);
-    EXPECT_EQ(std::wstring(text), L"ABC \u00c4\u00d6\u0100\u0416\u00df");
-}
-
-TEST(UpperCase, MapsATextOrOneCharacter)
-{
-    wchar_t text[] = L"abc";
-    EXPECT_EQ(CharUpperW(text), text);
-    EXPECT_EQ(std::wstring(text), L"ABC");
-    EXPECT_EQ(reinterpret_cast<ULONG_PTR>(CharUpperW(reinterpret_cast<LPWSTR>(L'a'))),
-              static_cast<ULONG_PTR>(L'A'));
-    EXPECT_EQ(reinterpret_cast<ULONG_PTR>(CharLowerW(reinterpret_cast<LPWSTR>(L'A'))),
-              static_cast<ULONG_PTR>(L'a'));
-}
-
 TEST(CompareStringOrdinal, ComparesByCodeUnits)
 {
     EXPECT_EQ(CompareStringOrdinal(L"a", -1, L"a", -1, FALSE), CSTR_EQUAL);
@@ -186,11 +168,4 @@ TEST(CompareStringOrdinal, FailsWithoutText)
     SetLastError(0);
     EXPECT_EQ(CompareStringOrdinal(nullptr, 0, L"a", -1, FALSE), 0);
     EXPECT_EQ(LastError(), ERROR_INVALID_PARAMETER);
-}
-
-TEST(LstrlenW, CountsCharactersAndTakesNull)
-{
-    EXPECT_EQ(lstrlenW(L"abc"), 3);
-    EXPECT_EQ(lstrlenW(L""), 0);
-    EXPECT_EQ(lstrlenW(nullptr), 0);
 }

@@ -64,18 +64,11 @@ INSTANTIATE_TEST_SUITE_P(With, DatePicker,
                                                                       : "ArrowsOnTheLeft";
                          });
 
-// As automation writes a date.
+// As the tests' language, American English, writes a date.
 std::wstring ShortDate(const SYSTEMTIME& time)
 {
-    SYSTEMTIME day = time;
-    day.wHour = day.wMinute = day.wSecond = day.wMilliseconds = 0;
-    VARIANT value{};
-    V_VT(&value) = VT_DATE;
-    SystemTimeToVariantTime(&day, &V_DATE(&value));
-    VariantChangeType(&value, &value, 0, VT_BSTR);
-    const std::wstring text = V_BSTR(&value);
-    VariantClear(&value);
-    return text;
+    return std::to_wstring(time.wMonth) + L"/" + std::to_wstring(time.wDay) + L"/" +
+           std::to_wstring(time.wYear);
 }
 } // namespace
 

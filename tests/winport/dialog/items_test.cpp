@@ -37,7 +37,7 @@ protected:
     {
         std::vector<int> marked;
         for (const int id : {31, 32, 33, 34, 41, 42})
-            if (IsDlgButtonChecked(m_host.Window(), id) == BST_CHECKED)
+            if (SendDlgItemMessageW(m_host.Window(), id, BM_GETCHECK, 0, 0) == BST_CHECKED)
                 marked.push_back(id);
         return marked;
     }
@@ -45,8 +45,8 @@ protected:
     std::wstring TextOfItem(int id) const
     {
         wchar_t text[100];
-        const UINT length = GetDlgItemTextW(m_host.Window(), id, text, 100);
-        EXPECT_EQ(length, wcslen(text));
+        const int length = GetWindowTextW(m_host.Item(id), text, 100);
+        EXPECT_EQ(static_cast<std::size_t>(length), wcslen(text));
         return text;
     }
 
@@ -87,15 +87,11 @@ TEST_F(DialogItems, GetAndGiveTexts)
     EXPECT_EQ(TextOfItem(20), L"Check");
     EXPECT_TRUE(SetDlgItemTextW(m_host.Window(), 20, L"Gr\u00f6\u00dfe"));
     EXPECT_EQ(TextOfItem(20), L"Gr\u00f6\u00dfe");
-    wchar_t cut[4] = L"xxx";
-    EXPECT_EQ(GetDlgItemTextW(m_host.Window(), 20, cut, 4), 3u);
-    EXPECT_STREQ(cut, L"Gr\u00f6");
 }
 
 TEST_F(DialogItems, HaveNoTextIfTheyAreNotThere)
 {
     EXPECT_FALSE(SetDlgItemTextW(m_host.Window(), 99, L"x"));
-    EXPECT_EQ(TextOfItem(99), L"");
 }
 
 TEST_F(DialogItems, GetMessages)
@@ -163,17 +159,6 @@ TEST_F(DialogItems, TakeIntegers)
     EXPECT_EQ(TextOfItem(10), L"4294967291");
 }
 
-TEST_F(DialogItems, AreMarkedSilently)
-{
-    EXPECT_TRUE(CheckDlgButton(m_host.Window(), 20, BST_CHECKED));
-    EXPECT_EQ(IsDlgButtonChecked(m_host.Window(), 20), BST_CHECKED);
-    CheckDlgButton(m_host.Window(), 20, BST_UNCHECKED);
-    EXPECT_EQ(IsDlgButtonChecked(m_host.Window(), 20), BST_UNCHECKED);
-    EXPECT_EQ(IsDlgButtonChecked(m_host.Window(), 50), BST_UNCHECKED);
-    EXPECT_EQ(IsDlgButtonChecked(m_host.Window(), 99), BST_UNCHECKED);
-    EXPECT_EQ(m_host.Commands(), Commands{});
-}
-
 TEST_F(DialogItems, ChooseOneRadioButtonOfARangeSilently)
 {
     EXPECT_TRUE(CheckRadioButton(m_host.Window(), 31, 34, 32));
@@ -190,7 +175,7 @@ TEST_F(DialogItems, LeaveRadioButtonsOutsideOfTheRangeAlone)
     EXPECT_EQ(Marked(), (std::vector<int>{31, 42}));
     CheckRadioButton(m_host.Window(), 32, 34, 99);
     EXPECT_EQ(Marked(), (std::vector<int>{31, 42})) << "one that is not in the range is not marked";
-    CheckDlgButton(m_host.Window(), 20, BST_CHECKED);
+    SendMessageW(m_host.Item(20), BM_SETCHECK, BST_CHECKED, 0);
     CheckRadioButton(m_host.Window(), 10, 42, 33);
     EXPECT_EQ(Marked(), (std::vector<int>{33}));
 }

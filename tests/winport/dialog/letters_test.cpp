@@ -36,7 +36,7 @@ TEST_F(DialogLetters, AreTypedIntoAnEditField)
     EXPECT_EQ(CommandsOf([&] { m_host.Press('C'); }), Commands{});
     EXPECT_EQ(m_host.Focus(), kEdit);
     wchar_t text[20];
-    GetDlgItemTextW(m_host.Window(), kEdit, text, 20);
+    GetWindowTextW(m_host.Item(kEdit), text, 20);
     EXPECT_STREQ(text, L"textc");
 }
 

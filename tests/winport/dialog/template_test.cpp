@@ -7,6 +7,9 @@
 
 namespace
 {
+constexpr LONG kScreenWidth = 1024;
+constexpr LONG kScreenHeight = 768;
+
 using Form = DialogTemplate::Form;
 
 constexpr const wchar_t* kRecorderClass = L"QptoolsTemplateRecorder";
@@ -167,7 +170,7 @@ TEST_P(DialogForm, KnowsTheClassesByNumberAndByName)
         EXPECT_EQ(ClassOf(host.Item(id++)), name);
     }
     wchar_t text[10];
-    EXPECT_EQ(GetDlgItemTextW(host.Window(), 10, text, 10), 4u);
+    EXPECT_EQ(GetWindowTextW(host.Item(10), text, 10), 4);
     EXPECT_STREQ(text, L"Text");
 }
 
@@ -284,11 +287,11 @@ TEST(DialogPlace, IsCountedFromTheOwner)
         EXPECT_EQ(GetWindow(host.Window(), GW_OWNER), owner);
         POINT expected{};
         if (!absolute)
-            ClientToScreen(owner, &expected);
+            MapWindowPoints(owner, nullptr, &expected, 1);
         const RECT units = Mapped(host.Window(), 10, 20, 0, 0);
         // The place is that of the client area.
         POINT client{};
-        ClientToScreen(host.Window(), &client);
+        MapWindowPoints(host.Window(), nullptr, &client, 1);
         EXPECT_EQ(client.x, expected.x + units.left);
         EXPECT_EQ(client.y, expected.y + units.top);
     }
@@ -300,8 +303,8 @@ TEST(DialogPlace, IsTheMiddleOfTheScreenIfItSaysSo)
     const DialogHost host({L"", kCommonDialog | DS_CENTER, 10, 20, 50, 50});
     RECT place{};
     GetWindowRect(host.Window(), &place);
-    EXPECT_EQ(place.left, (GetSystemMetrics(SM_CXSCREEN) - (place.right - place.left)) / 2);
-    EXPECT_EQ(place.top, (GetSystemMetrics(SM_CYSCREEN) - (place.bottom - place.top)) / 2);
+    EXPECT_EQ(place.left, (kScreenWidth - (place.right - place.left)) / 2);
+    EXPECT_EQ(place.top, (kScreenHeight - (place.bottom - place.top)) / 2);
 }
 
 TEST(DialogPlace, IsOnTheScreen)
@@ -309,8 +312,8 @@ TEST(DialogPlace, IsOnTheScreen)
     const DialogHost right({L"", kCommonDialog, 3000, 3000, 50, 50});
     RECT place{};
     GetWindowRect(right.Window(), &place);
-    EXPECT_LE(place.right, GetSystemMetrics(SM_CXSCREEN));
-    EXPECT_LE(place.bottom, GetSystemMetrics(SM_CYSCREEN));
+    EXPECT_LE(place.right, kScreenWidth);
+    EXPECT_LE(place.bottom, kScreenHeight);
     EXPECT_GT(place.bottom, 500);
     const DialogHost left({L"", kCommonDialog, -3000, -3000, 50, 50});
     GetWindowRect(left.Window(), &place);
@@ -360,7 +363,7 @@ TEST(DialogTemplates, ComeFromResources)
     for (const auto& [id, name] : controls)
         EXPECT_EQ(ClassOf(GetDlgItem(dialog, id)), name) << id;
     wchar_t text[30];
-    GetDlgItemTextW(dialog, 303, text, 30);
+    GetWindowTextW(GetDlgItem(dialog, 303), text, 30);
     EXPECT_STREQ(text, L"&Switched on");
     const RECT place = PlaceIn(dialog, GetDlgItem(dialog, 1));
     EXPECT_EQ(place.left, Mapped(dialog, 160, 7, 0, 0).left);

@@ -58,9 +58,9 @@ std::wstring Register(const std::string& resources)
     return {name.begin(), name.end()};
 }
 
-std::string Content(HMODULE module, LPCWSTR name, WORD type, WORD language = 0)
+std::string Content(HMODULE module, LPCWSTR name, WORD type)
 {
-    HRSRC resource = FindResourceExW(module, MAKEINTRESOURCEW(type), name, language);
+    HRSRC resource = FindResourceW(module, name, MAKEINTRESOURCEW(type));
     if (!resource)
         return "?" + std::to_string(GetLastError());
     return {static_cast<const char*>(LockResource(LoadResource(module, resource))),
@@ -88,13 +88,11 @@ TEST(HandMadeModule, NeedsNeitherEntryPointNorExports)
     EXPECT_EQ(GetModuleHandleW(name.c_str()), nullptr);
 }
 
-TEST(HandMadeModule, HasResourcesOfSeveralLanguages)
+TEST(HandMadeModule, HasTheFirstLanguageOfAResource)
 {
     HMODULE module = LoadLibraryW(Register(Sample()).c_str());
     EXPECT_EQ(Content(module, L"one", 10), "english");
-    EXPECT_EQ(Content(module, L"one", 10, 0x0407), "deutsch");
-    EXPECT_EQ(Content(module, L"two", 10, 0x0407), "neutral");
-    EXPECT_EQ(Content(module, L"one", 10, 0x040C), "?" + std::to_string(ERROR_RESOURCE_LANG_NOT_FOUND));
+    EXPECT_EQ(Content(module, L"two", 10), "neutral");
     EXPECT_EQ(Content(module, L"three", 10), "?" + std::to_string(ERROR_RESOURCE_NAME_NOT_FOUND));
     EXPECT_EQ(Content(module, L"one", 11), "?" + std::to_string(ERROR_RESOURCE_TYPE_NOT_FOUND));
     FreeLibrary(module);

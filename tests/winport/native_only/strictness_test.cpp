@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include <objbase.h>
 
 namespace
@@ -47,7 +49,7 @@ TEST(ReadOnlyFiles, AreNotOpenedForWriting)
 {
     const CScratchFolder folder;
     WriteWhole(folder / L"a", "x");
-    ASSERT_TRUE(SetFileAttributesW((folder / L"a").c_str(), FILE_ATTRIBUTE_READONLY));
+    std::filesystem::permissions(folder.Path() + L"/a", std::filesystem::perms::owner_read);
     EXPECT_EQ(OpenError(folder / L"a", GENERIC_WRITE, OPEN_EXISTING), ERROR_ACCESS_DENIED);
     EXPECT_EQ(OpenError(folder / L"a", FILE_APPEND_DATA, OPEN_ALWAYS), ERROR_ACCESS_DENIED);
     EXPECT_EQ(OpenError(folder / L"a", GENERIC_READ, CREATE_ALWAYS), ERROR_ACCESS_DENIED);
@@ -101,24 +103,12 @@ TEST(DeniedKey, NeedNotExist)
     RegCloseKey(key);
 }
 
-TEST(Modules, AreNeverToldOfThreads)
-{
-    HMODULE module = LoadLibraryW(L"wptestmodule.dll");
-    EXPECT_TRUE(DisableThreadLibraryCalls(module));
-    EXPECT_TRUE(FreeLibrary(module));
-    SetLastError(0);
-    EXPECT_FALSE(DisableThreadLibraryCalls(reinterpret_cast<HMODULE>(16)));
-    EXPECT_EQ(LastError(), ERROR_INVALID_HANDLE);
-    EXPECT_FALSE(FreeLibrary(module));
-}
-
 TEST(Creation, TellsThatTheModuleIsMissing)
 {
-    CLSID clsid{};
+    const CLSID clsid = UniqueGuid();
     HKEY key = nullptr;
     IUnknown* object = nullptr;
     wchar_t text[40];
-    CoCreateGuid(&clsid);
     StringFromGUID2(clsid, text, 40);
     const std::wstring path = std::wstring(L"CLSID\\") + text + L"\\InprocServer32";
     const std::wstring server = L"wpnosuchmodule.dll";

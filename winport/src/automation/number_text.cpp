@@ -1,4 +1,4 @@
-// Numbers as text, the way a user in the United States writes them.
+// Numbers as text, in the format of the United States.
 #include "variant.h"
 
 #include <algorithm>
@@ -28,7 +28,7 @@ int DigitValue(OLECHAR character)
     return lower >= L'a' && lower <= L'f' ? lower - L'a' + 10 : -1;
 }
 
-// One pass over the text. Each decoration (sign, parenthesis, currency sign) may stand once, before or after
+// Reads a number in one pass. A sign, a parenthesis and a currency sign may each occur once, before or after
 // the digits.
 class CNumberReader
 {
@@ -46,7 +46,7 @@ private:
     void Keep(char digit) noexcept;
     HRESULT Convert(double* value) const noexcept;
 
-    // More digits than any double needs; those beyond count as places only.
+    // More digits than a double needs; further ones count for the scale only.
     static constexpr int kMostDigits = 40;
     const OLECHAR* m_at;
     bool m_plus = false;
@@ -116,7 +116,7 @@ bool CNumberReader::Digits() noexcept
     }
 }
 
-// False if an exponent is begun and has no digit.
+// False for an exponent without digits.
 bool CNumberReader::Exponent() noexcept
 {
     if ((*m_at | 0x20) != L'e')
@@ -149,7 +149,7 @@ HRESULT CNumberReader::Convert(double* value) const noexcept
     const auto read = std::from_chars(text, written.ptr, *value);
     if (read.ec == std::errc::result_out_of_range)
     {
-        // Too small reads as nothing, too large is an overflow.
+        // An underflow reads as 0.
         *value = 0;
         return m_scale + m_count > 0 ? DISP_E_OVERFLOW : S_OK;
     }
@@ -202,7 +202,7 @@ HRESULT ReadNumber(const OLECHAR* text, SpelledNumber* number) noexcept
 void WriteReal(double value, int digits, OLECHAR (&text)[kNumberLength]) noexcept
 {
     char narrow[kNumberLength];
-    // Minus zero reads as zero.
+    // Minus zero is written as zero.
     const double shown = value == 0 ? 0 : value;
     const auto end =
         std::to_chars(narrow, narrow + kNumberLength - 1, shown, std::chars_format::general, digits);

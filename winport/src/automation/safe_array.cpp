@@ -1,16 +1,18 @@
-// Arrays: made, described, locked, destroyed.
+// Arrays: creation, bounds, locks, destruction.
 #include "safe_array.h"
 
+#include "allocation.h"
 #include "variant.h"
-#include "winport_alloc.h"
 
 #include <cstring>
 #include <limits>
 
+namespace winport
+{
 namespace
 {
-// Stands before the descriptor, as on Windows: the interface that elements have, or their type in the last
-// four bytes.
+// Precedes the descriptor, as on Windows: the interface of the elements, or their type in the last four
+// bytes.
 struct Prefix
 {
     union
@@ -32,7 +34,7 @@ Prefix* PrefixOf(SAFEARRAY* array)
     return reinterpret_cast<Prefix*>(array) - 1;
 }
 
-// Bounds are stored with those of the last dimension first.
+// Bounds are stored in reverse order: the last dimension first.
 SAFEARRAYBOUND* BoundOf(SAFEARRAY* array, UINT dimension)
 {
     return &array->rgsabound[0] + (array->cDims - dimension);
@@ -59,25 +61,25 @@ void Describe(SAFEARRAY* array, VARTYPE type, UINT dimensions, USHORT moreFeatur
 {
     array->cDims = static_cast<USHORT>(dimensions);
     array->fFeatures = static_cast<USHORT>(FeaturesOf(type) | moreFeatures);
-    array->cbElements = static_cast<ULONG>(winport::ValueSize(type));
-    if (winport::HoldsObjects(array))
+    array->cbElements = static_cast<ULONG>(ValueSize(type));
+    if (HoldsObjects(array))
         PrefixOf(array)->iid = type == VT_DISPATCH ? IID_IDispatch : IID_IUnknown;
     else
         PrefixOf(array)->words[3] = type;
 }
 
 // Zeroed memory for a descriptor and `more` bytes behind it.
-SAFEARRAY* Allocate(UINT dimensions, std::size_t more)
+SAFEARRAY* AllocateDescriptor(UINT dimensions, std::size_t more)
 {
     const std::size_t size = DescriptorSize(dimensions) + more;
-    void* block = WinportAlloc(size);
+    void* block = Allocate(size);
     if (!block)
         return nullptr;
     std::memset(block, 0, size);
     return reinterpret_cast<SAFEARRAY*>(static_cast<Prefix*>(block) + 1);
 }
 
-// False if the elements take more bytes than any array may.
+// Returns false if the elements are larger than any array may be.
 bool Measure(const SAFEARRAYBOUND* bounds, UINT dimensions, std::size_t elementSize, std::size_t* bytes)
 {
     *bytes = elementSize;
@@ -91,14 +93,30 @@ bool Measure(const SAFEARRAYBOUND* bounds, UINT dimensions, std::size_t elementS
 }
 } // namespace
 
-namespace winport
-{
 std::size_t CountElements(const SAFEARRAY* array) noexcept
 {
     std::size_t count = 1;
     for (UINT i = 0; i < array->cDims; ++i)
         count *= (&array->rgsabound[0])[i].cElements;
     return count;
+}
+
+HRESULT PlaceOf(SAFEARRAY* array, const LONG* indices, void** element) noexcept
+{
+    std::size_t place = 0;
+    std::size_t stride = 1;
+    // The first dimension varies fastest.
+    for (UINT dimension = 1; dimension <= array->cDims; ++dimension)
+    {
+        const SAFEARRAYBOUND* bound = BoundOf(array, dimension);
+        const LONGLONG offset = LONGLONG{indices[dimension - 1]} - bound->lLbound;
+        if (offset < 0 || offset >= LONGLONG{bound->cElements})
+            return DISP_E_BADINDEX;
+        place += static_cast<std::size_t>(offset) * stride;
+        stride *= bound->cElements;
+    }
+    *element = static_cast<BYTE*>(array->pvData) + place * array->cbElements;
+    return S_OK;
 }
 } // namespace winport
 
@@ -111,16 +129,16 @@ SAFEARRAY* SafeArrayCreate(VARTYPE type, UINT dimensions, SAFEARRAYBOUND* bounds
     if (!elementSize || !dimensions || dimensions > std::numeric_limits<USHORT>::max() || !bounds ||
         !Measure(bounds, dimensions, elementSize, &bytes))
         return nullptr;
-    SAFEARRAY* array = Allocate(dimensions, 0);
+    SAFEARRAY* array = AllocateDescriptor(dimensions, 0);
     if (!array)
         return nullptr;
     Describe(array, type, dimensions, 0);
     for (UINT dimension = 1; dimension <= dimensions; ++dimension)
         *BoundOf(array, dimension) = bounds[dimension - 1];
-    array->pvData = WinportAlloc(bytes);
+    array->pvData = Allocate(bytes);
     if (!array->pvData)
     {
-        WinportFree(PrefixOf(array));
+        Free(PrefixOf(array));
         return nullptr;
     }
     std::memset(array->pvData, 0, bytes);
@@ -134,8 +152,8 @@ SAFEARRAY* SafeArrayCreateVector(VARTYPE type, LONG lowerBound, ULONG elements)
     std::size_t bytes = 0;
     if (!elementSize || !Measure(&bound, 1, elementSize, &bytes))
         return nullptr;
-    // One block: the elements stand behind the descriptor.
-    SAFEARRAY* array = Allocate(1, bytes);
+    // One block: the elements follow the descriptor.
+    SAFEARRAY* array = AllocateDescriptor(1, bytes);
     if (!array)
         return nullptr;
     Describe(array, type, 1, kVector);
@@ -144,42 +162,22 @@ SAFEARRAY* SafeArrayCreateVector(VARTYPE type, LONG lowerBound, ULONG elements)
     return array;
 }
 
-HRESULT SafeArrayDestroyData(SAFEARRAY* array)
-{
-    if (!array)
-        return E_INVALIDARG;
-    if (array->cLocks)
-        return DISP_E_ARRAYISLOCKED;
-    if (array->pvData)
-        ClearElements(array);
-    if (array->fFeatures & kVector)
-    {
-        array->fFeatures |= kDataGone;
-        return S_OK;
-    }
-    WinportFree(array->pvData);
-    array->pvData = nullptr;
-    return S_OK;
-}
-
 HRESULT SafeArrayDestroy(SAFEARRAY* array)
 {
     if (!array)
         return S_OK;
-    const HRESULT status = SafeArrayDestroyData(array);
-    if (status >= 0)
-        WinportFree(PrefixOf(array));
-    return status;
+    if (array->cLocks)
+        return DISP_E_ARRAYISLOCKED;
+    ClearElements(array);
+    if (!(array->fFeatures & kVector))
+        Free(array->pvData);
+    Free(PrefixOf(array));
+    return S_OK;
 }
 
 UINT SafeArrayGetDim(SAFEARRAY* array)
 {
     return array ? array->cDims : 0;
-}
-
-UINT SafeArrayGetElemsize(SAFEARRAY* array)
-{
-    return array ? array->cbElements : 0;
 }
 
 HRESULT SafeArrayGetLBound(SAFEARRAY* array, UINT dimension, LONG* bound)
@@ -195,7 +193,7 @@ HRESULT SafeArrayGetLBound(SAFEARRAY* array, UINT dimension, LONG* bound)
 HRESULT SafeArrayGetUBound(SAFEARRAY* array, UINT dimension, LONG* bound)
 {
     const HRESULT status = SafeArrayGetLBound(array, dimension, bound);
-    // One below the lower bound if there are no elements.
+    // Without elements, the lower bound minus one.
     if (status >= 0)
         *bound += static_cast<LONG>(BoundOf(array, dimension)->cElements) - 1;
     return status;
@@ -229,39 +227,5 @@ HRESULT SafeArrayUnlock(SAFEARRAY* array)
     if (!array->cLocks)
         return E_UNEXPECTED;
     --array->cLocks;
-    return S_OK;
-}
-
-HRESULT SafeArrayAccessData(SAFEARRAY* array, void** data)
-{
-    if (!array || !data)
-        return E_INVALIDARG;
-    const HRESULT status = SafeArrayLock(array);
-    *data = status >= 0 ? array->pvData : nullptr;
-    return status;
-}
-
-HRESULT SafeArrayUnaccessData(SAFEARRAY* array)
-{
-    return SafeArrayUnlock(array);
-}
-
-HRESULT SafeArrayPtrOfIndex(SAFEARRAY* array, LONG* indices, void** element)
-{
-    if (!array || !indices || !element)
-        return E_INVALIDARG;
-    std::size_t place = 0;
-    std::size_t stride = 1;
-    // The first dimension varies fastest.
-    for (UINT dimension = 1; dimension <= array->cDims; ++dimension)
-    {
-        const SAFEARRAYBOUND* bound = BoundOf(array, dimension);
-        const LONGLONG offset = LONGLONG{indices[dimension - 1]} - bound->lLbound;
-        if (offset < 0 || offset >= LONGLONG{bound->cElements})
-            return DISP_E_BADINDEX;
-        place += static_cast<std::size_t>(offset) * stride;
-        stride *= bound->cElements;
-    }
-    *element = static_cast<BYTE*>(array->pvData) + place * array->cbElements;
     return S_OK;
 }

@@ -1,18 +1,17 @@
-// What the sources of arrays share.
+// Shared by the sources of arrays.
 #pragma once
 
 #include <oleauto.h>
 
 namespace winport
 {
-/// Features that no public header names: the elements stand behind the descriptor, or are gone.
+/// A feature that no public header names: the elements stand behind the descriptor, in one block with it.
 constexpr USHORT kVector = 0x2000;
-constexpr USHORT kDataGone = 0x1000;
 
 /// The number of all elements.
 std::size_t CountElements(const SAFEARRAY* array) noexcept;
 
-/// A locked look at an array: unlocks when it goes.
+/// Locks an array; the destructor unlocks it.
 class CArrayLock
 {
 public:
@@ -37,10 +36,16 @@ inline bool HoldsObjects(const SAFEARRAY* array) noexcept
     return (array->fFeatures & (FADF_UNKNOWN | FADF_DISPATCH)) != 0;
 }
 
-/// Gives back what elements hold and makes them zero.
+/// Frees the content of all elements and sets them to zero.
 void ClearElements(SAFEARRAY* array) noexcept;
 
-/// Copies one value over another, which is given back. `value` is the address of a value of the array's type.
-/// E_OUTOFMEMORY or DISP_E_BADVARTYPE leave `place` as it was.
+/// The address of an element. DISP_E_BADINDEX if an index is outside of its bounds.
+HRESULT PlaceOf(SAFEARRAY* array, const LONG* indices, void** element) noexcept;
+
+/// Makes a copy of an array and of what its elements hold. A null array is copied as null.
+HRESULT CopyArray(SAFEARRAY* source, SAFEARRAY** target) noexcept;
+
+/// Replaces the element at `place` by a copy of the value at the address `value`. On E_OUTOFMEMORY and
+/// DISP_E_BADVARTYPE the element is unchanged.
 HRESULT AssignElement(const SAFEARRAY* array, void* place, const void* value) noexcept;
 } // namespace winport

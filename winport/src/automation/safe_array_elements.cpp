@@ -1,8 +1,8 @@
-// The elements of arrays: copied in and out, cleared, and copied with a whole array.
+// The elements of arrays: put, get, clear, copy of a whole array.
 #include "safe_array.h"
 
+#include "allocation.h"
 #include "variant.h"
-#include "winport_alloc.h"
 
 #include <cstring>
 #include <utility>
@@ -11,7 +11,7 @@ namespace winport
 {
 namespace
 {
-// A null text is put in as an empty one.
+// A null text is stored as an empty one.
 HRESULT PutText(BSTR* place, BSTR text)
 {
     BSTR copy = CopyText(text);
@@ -54,7 +54,7 @@ bool HoldsPlainValues(const SAFEARRAY* array)
     return !HoldsObjects(array) && !(array->fFeatures & (FADF_BSTR | FADF_VARIANT));
 }
 
-// `target` has the source's shape and empty elements.
+// `target` has the bounds of the source and empty elements.
 HRESULT CopyElements(const SAFEARRAY* source, SAFEARRAY* target)
 {
     const std::size_t count = CountElements(source);
@@ -77,16 +77,16 @@ SAFEARRAY* CreateLike(SAFEARRAY* source)
 {
     VARTYPE type = VT_EMPTY;
     SafeArrayGetVartype(source, &type);
-    // Bounds are stored in the reverse of the order in which they are given.
+    // SafeArrayCreate takes the bounds in the reverse of the stored order.
     const UINT dimensions = source->cDims;
     const std::size_t size = dimensions * sizeof(SAFEARRAYBOUND);
-    auto* bounds = static_cast<SAFEARRAYBOUND*>(WinportAlloc(size));
+    auto* bounds = static_cast<SAFEARRAYBOUND*>(Allocate(size));
     if (!bounds)
         return nullptr;
     for (UINT i = 0; i < dimensions; ++i)
         bounds[i] = (&source->rgsabound[0])[dimensions - 1 - i];
     SAFEARRAY* array = SafeArrayCreate(type, dimensions, bounds);
-    WinportFree(bounds);
+    Free(bounds);
     return array;
 }
 } // namespace
@@ -124,49 +124,9 @@ HRESULT AssignElement(const SAFEARRAY* array, void* place, const void* value) no
         *static_cast<VARIANT*>(place) = copy;
     return status;
 }
-} // namespace winport
 
-using namespace winport;
-
-HRESULT SafeArrayPutElement(SAFEARRAY* array, LONG* indices, void* value)
+HRESULT CopyArray(SAFEARRAY* source, SAFEARRAY** target) noexcept
 {
-    if (!array || !indices)
-        return E_INVALIDARG;
-    const CArrayLock lock(array);
-    void* place = nullptr;
-    HRESULT status = lock.Status();
-    if (status >= 0)
-        status = SafeArrayPtrOfIndex(array, indices, &place);
-    if (status < 0)
-        return status;
-    // Strings and objects are given themselves, and null is one of them.
-    if (array->fFeatures & FADF_BSTR)
-        return PutText(static_cast<BSTR*>(place), static_cast<BSTR>(value));
-    if (HoldsObjects(array))
-        return AssignElement(array, place, &value);
-    return value ? AssignElement(array, place, value) : E_INVALIDARG;
-}
-
-HRESULT SafeArrayGetElement(SAFEARRAY* array, LONG* indices, void* value)
-{
-    if (!array || !indices || !value)
-        return E_INVALIDARG;
-    const CArrayLock lock(array);
-    void* place = nullptr;
-    HRESULT status = lock.Status();
-    if (status >= 0)
-        status = SafeArrayPtrOfIndex(array, indices, &place);
-    if (status < 0)
-        return status;
-    // What the caller has there is overwritten, never given back.
-    std::memset(value, 0, array->cbElements);
-    return AssignElement(array, value, place);
-}
-
-HRESULT SafeArrayCopy(SAFEARRAY* source, SAFEARRAY** target)
-{
-    if (!target)
-        return E_INVALIDARG;
     *target = nullptr;
     if (!source)
         return S_OK;
@@ -182,4 +142,42 @@ HRESULT SafeArrayCopy(SAFEARRAY* source, SAFEARRAY** target)
     }
     *target = copy;
     return S_OK;
+}
+} // namespace winport
+
+using namespace winport;
+
+HRESULT SafeArrayPutElement(SAFEARRAY* array, LONG* indices, void* value)
+{
+    if (!array || !indices)
+        return E_INVALIDARG;
+    const CArrayLock lock(array);
+    void* place = nullptr;
+    HRESULT status = lock.Status();
+    if (status >= 0)
+        status = PlaceOf(array, indices, &place);
+    if (status < 0)
+        return status;
+    // For strings and objects `value` is the pointer itself, which may be null.
+    if (array->fFeatures & FADF_BSTR)
+        return PutText(static_cast<BSTR*>(place), static_cast<BSTR>(value));
+    if (HoldsObjects(array))
+        return AssignElement(array, place, &value);
+    return value ? AssignElement(array, place, value) : E_INVALIDARG;
+}
+
+HRESULT SafeArrayGetElement(SAFEARRAY* array, LONG* indices, void* value)
+{
+    if (!array || !indices || !value)
+        return E_INVALIDARG;
+    const CArrayLock lock(array);
+    void* place = nullptr;
+    HRESULT status = lock.Status();
+    if (status >= 0)
+        status = PlaceOf(array, indices, &place);
+    if (status < 0)
+        return status;
+    // The previous content is overwritten, not freed.
+    std::memset(value, 0, array->cbElements);
+    return AssignElement(array, value, place);
 }

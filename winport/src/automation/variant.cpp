@@ -1,6 +1,7 @@
-// The life of a variant: empty, cleared, copied, copied out of a reference.
+// Variants: init, clear, copy, copy of a reference.
 #include <oleauto.h>
 
+#include "safe_array.h"
 #include "variant.h"
 
 #include <cstring>
@@ -20,7 +21,7 @@ bool IsReference(const VARIANT* variant)
     return V_ISBYREF(variant) != 0;
 }
 
-// What a copied variant holds so far belongs to the source: gives the copy its own.
+// Replaces the content of a flat copy, which the source owns, by a copy of its own.
 HRESULT OwnContent(VARIANT* copy)
 {
     if (IsReference(copy))
@@ -28,7 +29,7 @@ HRESULT OwnContent(VARIANT* copy)
     if (V_ISARRAY(copy))
     {
         SAFEARRAY* source = V_ARRAY(copy);
-        return SafeArrayCopy(source, &V_ARRAY(copy));
+        return CopyArray(source, &V_ARRAY(copy));
     }
     if (V_VT(copy) == VT_BSTR)
     {
@@ -40,7 +41,7 @@ HRESULT OwnContent(VARIANT* copy)
     return S_OK;
 }
 
-// `target` takes over `content`, or is left empty after a failure.
+// Moves `content` to `target`; after a failure `target` is empty.
 HRESULT Replace(VARIANT* target, VARIANT* content, HRESULT status)
 {
     const HRESULT cleared = VariantClear(target);
@@ -55,7 +56,7 @@ HRESULT Replace(VARIANT* target, VARIANT* content, HRESULT status)
     return cleared;
 }
 
-// The value behind a reference to anything but a variant; it still belongs to the source.
+// Reads the value behind a reference to anything but a variant. The source still owns it.
 HRESULT ReadReference(const VARIANT* source, VARIANT* value)
 {
     const auto type = static_cast<VARTYPE>(V_VT(source) & ~VT_BYREF);
@@ -71,7 +72,7 @@ HRESULT ReadReference(const VARIANT* source, VARIANT* value)
     const std::size_t size = ValueSize(type);
     if (!size || type == VT_VARIANT)
         return E_INVALIDARG;
-    // A decimal lies over the type word of the variant.
+    // A decimal overlaps the type of the variant.
     void* place = type == VT_DECIMAL ? static_cast<void*>(&V_DECIMAL(value)) : &V_I8(value);
     std::memcpy(place, V_BYREF(source), size);
     V_VT(value) = type;
@@ -149,7 +150,7 @@ HRESULT VariantClear(VARIANTARG* variant)
         status = SafeArrayDestroy(V_ARRAY(variant));
     if (status < 0)
         return status;
-    // Empty before Release runs, which may call back.
+    // Emptied before Release, which may call back.
     V_VT(variant) = VT_EMPTY;
     if (type == VT_BSTR)
         SysFreeString(V_BSTR(variant));
@@ -185,7 +186,7 @@ HRESULT VariantCopyInd(VARIANT* target, const VARIANTARG* source)
     VARIANT copy{};
     if (V_VT(source) == (VT_VARIANT | VT_BYREF))
     {
-        // One step only: a reference to a reference to a variant is refused.
+        // A reference to a reference to a variant is refused.
         const VARIANT* inner = V_VARIANTREF(source);
         if (!inner || V_VT(inner) == (VT_VARIANT | VT_BYREF))
             status = E_INVALIDARG;

@@ -42,36 +42,6 @@ DWORD CharLowerBuffW(LPWSTR text, DWORD length)
     return text ? length : 0;
 }
 
-DWORD CharUpperBuffW(LPWSTR text, DWORD length)
-{
-    for (DWORD i = 0; text && i < length; ++i)
-        text[i] = Upper(text[i]);
-    return text ? length : 0;
-}
-
-LPWSTR CharLowerW(LPWSTR text)
-{
-    if (IS_INTRESOURCE(text))
-        return reinterpret_cast<LPWSTR>(
-            static_cast<ULONG_PTR>(Lower(static_cast<wchar_t>(reinterpret_cast<ULONG_PTR>(text)))));
-    CharLowerBuffW(text, static_cast<DWORD>(lstrlenW(text)));
-    return text;
-}
-
-LPWSTR CharUpperW(LPWSTR text)
-{
-    if (IS_INTRESOURCE(text))
-        return reinterpret_cast<LPWSTR>(
-            static_cast<ULONG_PTR>(Upper(static_cast<wchar_t>(reinterpret_cast<ULONG_PTR>(text)))));
-    CharUpperBuffW(text, static_cast<DWORD>(lstrlenW(text)));
-    return text;
-}
-
-int lstrlenW(LPCWSTR text)
-{
-    return text ? static_cast<int>(std::wcslen(text)) : 0;
-}
-
 int CompareStringOrdinal(LPCWSTR a, int lengthA, LPCWSTR b, int lengthB, BOOL ignoreCase)
 {
     if (!a || !b || lengthA < -1 || lengthB < -1)

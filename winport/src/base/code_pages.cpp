@@ -1,4 +1,4 @@
-// Conversions between code pages and wide text. UTF-8 is the only code page, and the one of the system.
+// Conversion between code pages and wide text. UTF-8 is the only code page; CP_ACP is UTF-8, too.
 #include "text.h"
 
 #include <cstring>
@@ -7,7 +7,7 @@ using namespace winport;
 
 namespace
 {
-// The parameters that both directions check alike. `size` 0 asks for the length, without a target.
+// Checks the parameters of both directions. A `size` of 0 asks for the length, without a target.
 template <class Source, class Target>
 bool Acceptable(UINT page, DWORD flags, DWORD known, const Source* text, int length, const Target* target,
                 int size)
@@ -66,7 +66,7 @@ int WideCharToMultiByte(UINT page, DWORD flags, LPCWSTR text, int length, LPSTR 
 {
     if (!Acceptable(page, flags, WC_ERR_INVALID_CHARS, text, length, target, size))
         return 0;
-    // Every character has a form in UTF-8, so a stand-in for the others is refused, as Windows does.
+    // UTF-8 encodes every character, so a default character is refused, as on Windows.
     if (page == CP_UTF8 && (defaultChar || usedDefault))
     {
         SetLastError(ERROR_INVALID_PARAMETER);

@@ -65,8 +65,8 @@ std::wstring ProgramWord(const wchar_t*& p)
     return word;
 }
 
-// Any further word. Backslashes escape a quote and, before a quote, each other; two quotes inside quotes are
-// one that is meant, and close them.
+// Any further word. Backslashes escape a quote and, before a quote, each other. Two quotes inside quotes
+// stand for one quote and end the quoted part.
 std::wstring NextWord(const wchar_t*& p)
 {
     std::wstring word;
@@ -121,9 +121,12 @@ LPWSTR* Pack(const std::vector<std::wstring>& words)
     std::size_t characters = 0;
     for (const std::wstring& word : words)
         characters += word.size() + 1;
-    void* block = LocalAlloc(LMEM_FIXED, (words.size() + 1) * sizeof(LPWSTR) + characters * sizeof(wchar_t));
+    void* block = std::malloc((words.size() + 1) * sizeof(LPWSTR) + characters * sizeof(wchar_t));
     if (!block)
+    {
+        SetLastError(ERROR_NOT_ENOUGH_MEMORY);
         return nullptr;
+    }
     auto* pointers = static_cast<LPWSTR*>(block);
     auto* text = reinterpret_cast<wchar_t*>(pointers + words.size() + 1);
     for (std::size_t i = 0; i < words.size(); ++i)
@@ -160,4 +163,10 @@ LPWSTR* CommandLineToArgvW(LPCWSTR commandLine, int* count)
             *count = static_cast<int>(words.size());
         return packed;
     });
+}
+
+HLOCAL LocalFree(HLOCAL memory)
+{
+    std::free(memory);
+    return nullptr;
 }

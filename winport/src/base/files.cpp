@@ -25,7 +25,7 @@ bool IsReadOnly(const std::string& path)
     return stat(path.c_str(), &state) == 0 && !S_ISDIR(state.st_mode) && (state.st_mode & 0222) == 0;
 }
 
-// A missing file and a missing directory on the way to it are told apart, as Windows does.
+// Tells a missing file from a missing directory in its path, as Windows does.
 DWORD ErrorForPath(int code, const std::string& path)
 {
     const std::size_t slash = path.find_last_of('/');
@@ -55,8 +55,8 @@ int DispositionFlags(DWORD disposition)
 
 constexpr DWORD kWriting = GENERIC_WRITE | FILE_WRITE_DATA | FILE_APPEND_DATA | DELETE;
 
-// Opens for reading and writing wherever that is allowed, because an exclusive lock needs the one and a
-// shared lock the other, whatever the handle is for.
+// Opens for reading and writing if possible, whatever the rights of the handle: an exclusive lock needs write
+// access, a shared one read access.
 int OpenDescriptor(const std::string& path, DWORD access, int flags)
 {
     flags |= O_CLOEXEC;
@@ -101,11 +101,11 @@ ULONGLONG Offset(const OVERLAPPED& overlapped)
     return (static_cast<ULONGLONG>(overlapped.OffsetHigh) << 32) | overlapped.Offset;
 }
 
-// An offset of all ones is the end of the file, wherever that is when the bytes arrive there.
+// An offset of all ones appends: the bytes go to the end that the file has at that moment.
 constexpr ULONGLONG kEndOfFile = ~0ULL;
 
-// Writes what one call of the system takes, `done` bytes behind the place that `overlapped` names or, without
-// it, at the position. Returns how much that was, or -1 with errno set.
+// Makes one system call that writes `done` bytes behind the offset of `overlapped` or, without it, at the
+// file position. Returns the number of bytes written, or -1 with errno set.
 ssize_t WriteSome(int descriptor, const char* bytes, std::size_t size, const OVERLAPPED* overlapped,
                   DWORD done)
 {
@@ -222,16 +222,6 @@ BOOL SetEndOfFile(HANDLE handle)
     const off_t position = lseek(file->Descriptor(), 0, SEEK_CUR);
     return Report(position < 0 || ftruncate(file->Descriptor(), position) != 0 ? ErrorFromSystem(errno)
                                                                                : ERROR_SUCCESS);
-}
-
-BOOL FlushFileBuffers(HANDLE handle)
-{
-    const std::shared_ptr<CFile> file = FileOf(handle);
-    if (!file)
-        return FALSE;
-    if (!file->MayWrite())
-        return Report(ERROR_ACCESS_DENIED);
-    return Report(fsync(file->Descriptor()) != 0 ? ErrorFromSystem(errno) : ERROR_SUCCESS);
 }
 
 BOOL LockFileEx(HANDLE handle, DWORD flags, DWORD reserved, DWORD sizeLow, DWORD sizeHigh,

@@ -1,12 +1,12 @@
-// Objects that outlive everything.
+// Objects that are never destroyed.
 #pragma once
 
 #include <new>
 
 namespace winport
 {
-/// The process's one T, made at the first use and never destroyed, so that code that runs at the end of the
-/// process may still call what stands on it. It takes no memory of its own from the heap.
+/// Returns the one T of the process, created at the first call and never destroyed, so that code that runs
+/// while the process exits can still use it. It is not allocated on the heap.
 template <class T>
 T& Immortal()
 {

@@ -1,5 +1,4 @@
-// The user's language, out of the environment: LC_ALL, LC_MESSAGES or LANG, in the order in which the system
-// asks them.
+// The language of the user, from the environment: LC_ALL, LC_MESSAGES or LANG, in this order.
 #include "text.h"
 
 #include <algorithm>
@@ -10,7 +9,7 @@ using namespace winport;
 
 namespace
 {
-// Stands for a locale that has a name and no number.
+// The identifier of all locales that have a name only.
 constexpr LANGID kUnnumbered = 0x1000;
 
 struct Language
@@ -19,7 +18,7 @@ struct Language
     const wchar_t* name;
 };
 
-// The first entry of a language is the one that its bare name means.
+// The first entry of a language is its default.
 constexpr Language kLanguages[] = {
     {0x0409, L"en-US"}, {0x0809, L"en-GB"}, {0x0C09, L"en-AU"}, {0x1009, L"en-CA"}, {0x0407, L"de-DE"},
     {0x0C07, L"de-AT"}, {0x0807, L"de-CH"}, {0x040C, L"fr-FR"}, {0x080C, L"fr-BE"}, {0x0C0C, L"fr-CA"},
@@ -64,7 +63,7 @@ LANGID UserLanguage()
     return kUnnumbered;
 }
 
-// The length with the terminator, as the functions on locales count.
+// Returns the length with the terminator, as the locale functions do.
 int Deliver(std::wstring_view name, LPWSTR target, int size)
 {
     const int needed = static_cast<int>(name.size()) + 1;
@@ -84,25 +83,10 @@ LANGID GetUserDefaultUILanguage()
     return WithMemory<LANGID>(0x0409, [] { return UserLanguage(); });
 }
 
-LANGID GetUserDefaultLangID()
-{
-    return GetUserDefaultUILanguage();
-}
-
-LCID GetUserDefaultLCID()
-{
-    return MAKELCID(GetUserDefaultUILanguage(), SORT_DEFAULT);
-}
-
-int GetUserDefaultLocaleName(LPWSTR name, int size)
-{
-    return WithMemory(0, [&] { return Deliver(UserLocaleName(), name, size); });
-}
-
 int LCIDToLocaleName(LCID locale, LPWSTR name, int size, DWORD)
 {
     if (locale == kUnnumbered || locale == LOCALE_USER_DEFAULT || locale == LOCALE_NEUTRAL)
-        return GetUserDefaultLocaleName(name, size);
+        return WithMemory(0, [&] { return Deliver(UserLocaleName(), name, size); });
     const auto* found = std::find_if(std::begin(kLanguages), std::end(kLanguages),
                                      [&](const Language& language) { return language.id == locale; });
     if (found != std::end(kLanguages))

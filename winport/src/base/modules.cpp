@@ -14,7 +14,7 @@ namespace winport
 {
 namespace
 {
-// Held while an entry point runs, as the loader's lock is.
+// Held while an entry point runs, like the loader lock.
 std::recursive_mutex& LoaderLock()
 {
     static std::recursive_mutex lock;
@@ -67,7 +67,7 @@ Module* Load(std::wstring_view name)
     return module;
 }
 
-// Whose entry point or export stands at `address`; for any other address in the program, the program.
+// The module whose entry point or export is at `address`; the program for any other address.
 Module* ModuleAt(const void* address)
 {
     for (Module& module : Modules())
@@ -150,12 +150,7 @@ int WinportRegisterModule(const WinportModule* descriptor)
 
 HMODULE LoadLibraryW(LPCWSTR name)
 {
-    return LoadLibraryExW(name, nullptr, 0);
-}
-
-HMODULE LoadLibraryExW(LPCWSTR name, HANDLE reserved, DWORD flags)
-{
-    if (!name || reserved || (flags & ~static_cast<DWORD>(LOAD_WITH_ALTERED_SEARCH_PATH)) != 0)
+    if (!name)
     {
         SetLastError(ERROR_INVALID_PARAMETER);
         return nullptr;
@@ -177,7 +172,7 @@ BOOL FreeLibrary(HMODULE handle)
     }
     if (module->pinned)
         return TRUE;
-    // The count falls afterwards: inside its entry point the module still counts as loaded.
+    // Decremented after the call: the module counts as loaded while its entry point runs.
     if (module->count == 1)
         CallEntryPoint(*module, DLL_PROCESS_DETACH);
     --module->count;
@@ -254,13 +249,4 @@ FARPROC GetProcAddress(HMODULE handle, LPCSTR name)
             return module->descriptor->exports[i].address;
     SetLastError(ERROR_PROC_NOT_FOUND);
     return nullptr;
-}
-
-BOOL DisableThreadLibraryCalls(HMODULE handle)
-{
-    // Threads are never announced to a module, so there is nothing to switch off.
-    const bool known = handle && ModuleOf(handle);
-    if (!known)
-        SetLastError(ERROR_INVALID_HANDLE);
-    return known;
 }

@@ -1,4 +1,4 @@
-// The modules of the process: the program itself and what is linked into it as a module.
+// The modules of the process: the program itself and the linked-in modules.
 #pragma once
 
 #include "resources.h"
@@ -9,26 +9,26 @@
 
 namespace winport
 {
-/// One module. An HMODULE is the address of one of these; they live as long as the process.
+/// One module. An HMODULE is the address of a Module; modules live as long as the process.
 struct Module
 {
     const WinportModule* descriptor = nullptr; ///< null for the program
     std::wstring path;
     ResourceTable resources;
-    unsigned count = 0; ///< how often it is loaded
+    unsigned count = 0; ///< load count
     bool pinned = false;
 
     std::wstring_view FileName() const;
 };
 
-/// The module that a handle names, whether or not it is loaded; null stands for the program. Null for no
-/// module.
+/// Returns the module of a handle, loaded or not; the program for a null handle. Returns null if there is
+/// none.
 Module* ModuleOf(HMODULE handle);
 
-/// The module of a name or path, by its last part, to which ".dll" is added if it has no extension. It may
-/// not be loaded. Null if there is none.
+/// Returns the module with the last part of a name or path, loaded or not; ".dll" is added to a part without
+/// an extension. Returns null if there is none.
 Module* FindModule(std::wstring_view name);
 
-/// The directory of the running program, without a slash at its end.
+/// The directory of the running program, without a trailing slash.
 const std::wstring& ProgramDirectory();
 } // namespace winport

@@ -24,7 +24,7 @@ HandleTable& Handles()
     return Immortal<HandleTable>();
 }
 
-// A descriptor counts bytes in 63 bits; what lies beyond is locked as "to the end", which a length of 0 says.
+// Offsets of a descriptor have 63 bits; a range beyond is locked up to the end, which is a length of 0.
 struct flock SystemLock(short type, ULONGLONG offset, ULONGLONG size)
 {
     constexpr ULONGLONG kEnd = 0x7FFFFFFFFFFFFFFF;

@@ -1,5 +1,5 @@
-// Open files behind handles. Access rights are kept here, because a file that is to be locked must be open
-// for more than its handle allows.
+// Open files behind handles. Access rights are checked here: to be locked, a file is opened with more rights
+// than its handle has.
 #pragma once
 
 #include <windows.h>
@@ -20,7 +20,7 @@ public:
     CFile(const CFile&) = delete;
     CFile& operator=(const CFile&) = delete;
 
-    /// Takes over an open descriptor; false for a negative one.
+    /// Takes ownership of an open descriptor. Returns false for a negative one.
     bool Adopt(int descriptor)
     {
         m_descriptor = descriptor;
@@ -31,11 +31,12 @@ public:
     bool MayRead() const { return (m_access & (GENERIC_READ | FILE_READ_DATA)) != 0; }
     bool MayWrite() const { return (m_access & (GENERIC_WRITE | FILE_WRITE_DATA | FILE_APPEND_DATA)) != 0; }
 
-    /// Takes a lock on a range; waits for other handles unless `wait` is false. Returns an ERROR_ code:
-    /// ERROR_LOCK_VIOLATION if the range is taken, also by this very handle, for which there is no waiting.
+    /// Locks a range; waits for other handles unless `wait` is false. Returns an ERROR_ code:
+    /// ERROR_LOCK_VIOLATION if the range is locked by another handle, or by this one, which is never waited
+    /// for.
     DWORD Lock(ULONGLONG offset, ULONGLONG size, bool exclusive, bool wait);
 
-    /// Gives back exactly what one Lock took; ERROR_NOT_LOCKED for any other range.
+    /// Unlocks a range that one call of Lock locked; ERROR_NOT_LOCKED for any other range.
     DWORD Unlock(ULONGLONG offset, ULONGLONG size);
 
 private:
@@ -58,12 +59,13 @@ private:
 /// The error code for an errno.
 DWORD ErrorFromSystem(int code);
 
-/// Makes a handle for an open file.
+/// Creates a handle for an open file.
 HANDLE NewHandle(std::shared_ptr<CFile> file);
 
-/// Closes a handle; false if there is none. The file stays open while a call on it is under way.
+/// Closes a handle. Returns false if there is no such handle. The file stays open until calls in progress
+/// return.
 bool ForgetHandle(HANDLE handle);
 
-/// The open file behind a handle; null, with ERROR_INVALID_HANDLE set, if there is none.
+/// Returns the open file of a handle; null, with ERROR_INVALID_HANDLE set, if there is none.
 std::shared_ptr<CFile> FileOf(HANDLE handle);
 } // namespace winport

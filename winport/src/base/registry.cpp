@@ -9,7 +9,7 @@ namespace winport
 {
 namespace
 {
-// Takes the first name off a path.
+// Removes the first name from a path and returns it.
 std::wstring_view NextName(std::wstring_view& path)
 {
     const std::size_t end = path.find(L'\\');
@@ -79,7 +79,7 @@ void CRegistry::Plant()
 
 std::shared_ptr<RegistryKey> CRegistry::Predefined(HKEY handle) const
 {
-    // Windows extends the sign of these numbers in some headers and not in others.
+    // Some Windows headers sign-extend these numbers, others do not.
     switch (static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(handle)))
     {
     case 0x80000000u:

@@ -19,7 +19,7 @@ struct RegistryValue
     std::vector<BYTE> data;
 };
 
-/// One key. Handles to a deleted key keep it, marked as deleted.
+/// One key. Open handles keep a deleted key alive, marked as deleted.
 struct RegistryKey
 {
     RegistryKey* parent = nullptr;
@@ -41,18 +41,18 @@ public:
 
     std::mutex lock;
 
-    /// The key behind a handle that has all of the rights `access`. Sets `error` and gives null otherwise.
+    /// Returns the key of a handle that has all rights in `access`; otherwise sets `error` and returns null.
     std::shared_ptr<RegistryKey> Key(HKEY handle, DWORD access, LSTATUS* error);
 
-    /// Makes a handle. `access` may name general rights.
+    /// Creates a handle. `access` may contain generic rights.
     HKEY Open(std::shared_ptr<RegistryKey> key, DWORD access);
     LSTATUS Close(HKEY handle);
 
-    /// Walks down from `key`; null if there is no such key.
+    /// Returns the key at a path below `key`; null if there is none.
     static std::shared_ptr<RegistryKey> Find(std::shared_ptr<RegistryKey> key, std::wstring_view path);
 
-    /// Walks down from `key` and makes what is missing, which `created` tells. Null, with
-    /// ERROR_ACCESS_DENIED, if the key itself or the one to make a key in refuses access.
+    /// Returns the key at a path below `key`, and creates missing keys; `created` tells whether. Null, with
+    /// ERROR_ACCESS_DENIED, if the key itself or the parent of a key to create denies access.
     std::shared_ptr<RegistryKey> Create(std::shared_ptr<RegistryKey> key, std::wstring_view path,
                                         bool* created, LSTATUS* error);
 
@@ -60,7 +60,7 @@ public:
     void Deny(HKEY root, std::wstring_view path, bool deny);
     void Clear();
 
-    /// Takes a key without children out of the tree.
+    /// Removes a key without children from the tree.
     static void Remove(RegistryKey& key);
 
 private:
@@ -82,7 +82,7 @@ private:
     ULONG_PTR m_lastHandle = 0;
 };
 
-/// Runs `body` with the registry locked; short memory is a status here, not a last error.
+/// Runs `body` with the registry locked. Out of memory is returned as a status; the last error is not set.
 template <class F>
 LSTATUS WithRegistry(F&& body) noexcept
 {
@@ -98,7 +98,7 @@ LSTATUS WithRegistry(F&& body) noexcept
     }
 }
 
-/// A name or path of which null means the empty one.
+/// The name or path; empty if it is null.
 inline std::wstring_view NameView(LPCWSTR text)
 {
     return text ? std::wstring_view(text) : std::wstring_view();

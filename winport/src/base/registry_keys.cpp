@@ -1,4 +1,4 @@
-// The registry's functions that make, open, close, delete and list keys.
+// Registry functions: create, open, close, delete and enumerate keys.
 #include "registry.h"
 
 #include <algorithm>
@@ -8,7 +8,7 @@ using namespace winport;
 
 namespace
 {
-// Deletes everything beneath a key, as far as no key on the way refuses access.
+// Deletes everything below a key, up to the first key that denies access.
 LSTATUS Empty(const CRegistry& registry, RegistryKey& key)
 {
     while (!key.children.empty())
@@ -23,7 +23,7 @@ LSTATUS Empty(const CRegistry& registry, RegistryKey& key)
     return ERROR_SUCCESS;
 }
 
-// The key that a deletion means; null with a status. Predefined keys stay.
+// The key to delete; null, with a status, if there is none. Predefined keys are not deleted.
 std::shared_ptr<RegistryKey> ToDelete(CRegistry& registry, HKEY handle, std::wstring_view path,
                                       LSTATUS* status)
 {
@@ -96,11 +96,6 @@ LSTATUS RegDeleteKeyW(HKEY handle, LPCWSTR path)
         CRegistry::Remove(*key);
         return ERROR_SUCCESS;
     });
-}
-
-LSTATUS RegDeleteKeyExW(HKEY handle, LPCWSTR path, REGSAM, DWORD)
-{
-    return RegDeleteKeyW(handle, path);
 }
 
 LSTATUS RegDeleteTreeW(HKEY handle, LPCWSTR path)

@@ -1,5 +1,4 @@
-// The registry's functions on values. Sizes are in bytes, so that of a text follows the width of its
-// characters.
+// Registry functions: values. Sizes are in bytes and so depend on the size of a character.
 #include "registry.h"
 
 #include <cstring>
@@ -13,7 +12,7 @@ bool IsText(DWORD type)
     return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
 }
 
-// Copies a value's data out. A text that was stored without its terminator gets one where there is room.
+// Copies the data of a value. A text stored without a terminator gets one if there is room.
 LSTATUS Deliver(const RegistryValue& value, DWORD* type, BYTE* data, DWORD* size)
 {
     const auto needed = static_cast<DWORD>(value.data.size());

@@ -9,7 +9,7 @@ namespace winport
 {
 namespace
 {
-// Walks the bytes of a resource file; every read says whether it stayed inside.
+// Reads the bytes of a resource file; every read returns false at the end.
 class CReader
 {
 public:
@@ -63,12 +63,12 @@ bool ReadResource(CReader& reader, Resource* resource)
 {
     DWORD headerSize = 0;
     DWORD skipped = 0;
-    WORD flags = 0;
+    WORD ignored = 0;
     if (!reader.Dword(&resource->size) || !reader.Dword(&headerSize) || !reader.Id(&resource->type) ||
         !reader.Id(&resource->name))
         return false;
     reader.Align();
-    if (!reader.Dword(&skipped) || !reader.Word(&flags) || !reader.Word(&resource->language) ||
+    if (!reader.Dword(&skipped) || !reader.Word(&ignored) || !reader.Word(&ignored) ||
         !reader.Dword(&skipped) || !reader.Dword(&skipped))
         return false;
     resource->data = reader.Skip(resource->size);
@@ -102,27 +102,22 @@ void ResourceTable::Read(const unsigned char* data, std::size_t size)
         Resource resource;
         if (!ReadResource(reader, &resource))
             return;
-        // The file starts with an empty entry of type 0 that tells it from the 16-bit form.
+        // The empty first entry of type 0 marks the 32-bit format.
         if (resource.type.number != 0 || !resource.type.text.empty())
             m_resources.push_back(std::move(resource));
     }
 }
 
-const Resource* ResourceTable::Find(const ResourceId& type, const ResourceId& name, WORD language,
-                                    DWORD* error) const
+const Resource* ResourceTable::Find(const ResourceId& type, const ResourceId& name, DWORD* error) const
 {
     *error = Empty() ? ERROR_RESOURCE_DATA_NOT_FOUND : ERROR_RESOURCE_TYPE_NOT_FOUND;
     for (const Resource& resource : m_resources)
     {
         if (!resource.type.Equals(type))
             continue;
-        if (*error == ERROR_RESOURCE_TYPE_NOT_FOUND)
-            *error = ERROR_RESOURCE_NAME_NOT_FOUND;
-        if (!resource.name.Equals(name))
-            continue;
-        if (language == 0 || resource.language == 0 || resource.language == language)
+        *error = ERROR_RESOURCE_NAME_NOT_FOUND;
+        if (resource.name.Equals(name))
             return &resource;
-        *error = ERROR_RESOURCE_LANG_NOT_FOUND;
     }
     return nullptr;
 }
@@ -130,24 +125,19 @@ const Resource* ResourceTable::Find(const ResourceId& type, const ResourceId& na
 
 using namespace winport;
 
-HRSRC FindResourceExW(HMODULE handle, LPCWSTR type, LPCWSTR name, WORD language)
+HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type)
 {
     return WithMemory<HRSRC>(nullptr, [&] {
         DWORD error = ERROR_INVALID_HANDLE;
-        const Module* module = ModuleOf(handle);
+        const Module* known = ModuleOf(module);
         const Resource* found = nullptr;
-        if (module)
-            found = module->resources.Find(ResourceId::FromArgument(type), ResourceId::FromArgument(name),
-                                           language, &error);
+        if (known)
+            found =
+                known->resources.Find(ResourceId::FromArgument(type), ResourceId::FromArgument(name), &error);
         if (!found)
             SetLastError(error);
         return reinterpret_cast<HRSRC>(const_cast<Resource*>(found));
     });
-}
-
-HRSRC FindResourceW(HMODULE module, LPCWSTR name, LPCWSTR type)
-{
-    return FindResourceExW(module, type, name, 0);
 }
 
 HGLOBAL LoadResource(HMODULE, HRSRC resource)

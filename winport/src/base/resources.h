@@ -1,5 +1,4 @@
-// Resources in the plain form that the resource compiler writes: a sequence of headers, each followed by its
-// data.
+// Resources in the RES format: a sequence of headers, each followed by its data.
 #pragma once
 
 #include <windows.h>
@@ -24,7 +23,6 @@ struct Resource
 {
     ResourceId type;
     ResourceId name;
-    WORD language = 0;
     const unsigned char* data = nullptr;
     DWORD size = 0;
 };
@@ -33,13 +31,13 @@ struct Resource
 class ResourceTable
 {
 public:
-    /// Reads the headers. What follows the first damaged header is not there.
+    /// Reads the headers up to the first damaged one.
     void Read(const unsigned char* data, std::size_t size);
 
     bool Empty() const { return m_resources.empty(); }
 
-    /// The resource, or null with `error` set. `language` 0 takes the first of any language.
-    const Resource* Find(const ResourceId& type, const ResourceId& name, WORD language, DWORD* error) const;
+    /// The resource, the first one if it exists in several languages; null with `error` set if there is none.
+    const Resource* Find(const ResourceId& type, const ResourceId& name, DWORD* error) const;
 
 private:
     std::vector<Resource> m_resources;

@@ -1,4 +1,4 @@
-// Strings out of a module's string tables: blocks of sixteen, each a count and that many UTF-16 units.
+// String tables of a module: blocks of sixteen strings, each a count and that many UTF-16 units.
 #include "text.h"
 
 #include <algorithm>

@@ -37,7 +37,7 @@ Lead LeadOf(unsigned char byte)
     return {-1, 0, 0, 0};
 }
 
-// Takes one sequence off the front of `text`, or the longest start of one if it is invalid.
+// Removes one sequence from the front of `text`, or the longest valid beginning of an invalid one.
 char32_t NextCodePoint(std::string_view& text)
 {
     const Lead lead = LeadOf(static_cast<unsigned char>(text.front()));

@@ -1,5 +1,4 @@
-// Text between the wide form of the API and the UTF-8 of the system beneath, and names compared without
-// regard to case.
+// Conversion between wide text and UTF-8, and comparison without case.
 #pragma once
 
 #include <windows.h>
@@ -9,10 +8,10 @@
 
 namespace winport
 {
-/// The code point that stands for what is no character.
+/// The replacement character for invalid text.
 constexpr wchar_t kReplacement = 0xFFFD;
 
-/// Decodes UTF-8; each invalid sequence becomes one U+FFFD. `invalid`, if given, is set when there was any.
+/// Decodes UTF-8; each invalid sequence becomes one U+FFFD. `invalid`, if given, is set if there was one.
 std::wstring Wide(std::string_view text, bool* invalid = nullptr);
 
 /// Encodes as UTF-8; a value that is no code point becomes U+FFFD. `invalid`, if given, is set when there was
@@ -25,25 +24,24 @@ std::wstring WideFromUtf16(const unsigned char* data, std::size_t units);
 wchar_t Upper(wchar_t character);
 wchar_t Lower(wchar_t character);
 
-/// Negative, zero or positive: the order of two names by their upper-case characters.
+/// Compares two names by their upper-case characters: negative, zero or positive.
 int CompareNoCase(std::wstring_view a, std::wstring_view b);
 
-/// Orders the names of a map without regard to case.
+/// The order of names in a map, without case.
 struct LessNoCase
 {
     using is_transparent = void;
     bool operator()(std::wstring_view a, std::wstring_view b) const { return CompareNoCase(a, b) < 0; }
 };
 
-/// Copies `text` and its terminator to a caller's buffer of `size` characters, by the rule that most
-/// functions share: the length without the terminator if it fits, else the size needed with it, and nothing
-/// is written.
+/// Copies `text` with its terminator to a buffer of `size` characters. Returns the length without the
+/// terminator if it fits; otherwise writes nothing and returns the required size with the terminator.
 DWORD CopyOut(std::wstring_view text, LPWSTR buffer, DWORD size);
 
-/// A path for the system: UTF-8, slashes for backslashes, without the prefix of long paths.
+/// Returns a path in UTF-8, with slashes for backslashes and without the prefix of long paths.
 std::string SystemPath(std::wstring_view path);
 
-/// Runs `body`; when memory runs short, GetLastError says so and `failure` is returned.
+/// Runs `body`. Out of memory sets the last error and returns `failure`.
 template <class R, class F>
 R WithMemory(R failure, F&& body) noexcept
 {

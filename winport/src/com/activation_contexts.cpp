@@ -1,5 +1,5 @@
-// Activation contexts: counted handles and a stack for each thread. Nothing is looked up in them, because no
-// window class or library here has more than one version.
+// Activation contexts: counted handles and a stack for each thread. Nothing is looked up in a context: no
+// window class and no library exists in more than one version.
 #include <windows.h>
 
 #include <atomic>
@@ -32,7 +32,7 @@ Context* ContextOf(HANDLE handle)
     return static_cast<Context*>(handle);
 }
 
-// The manifest that the parameters name; false, with the last error set, if it is not there.
+// Returns false, with the last error set, if the manifest is not found.
 bool ManifestIsThere(const ACTCTXW& parameters)
 {
     constexpr DWORD kWanted = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
@@ -40,6 +40,13 @@ bool ManifestIsThere(const ACTCTXW& parameters)
         return FindResourceW(parameters.hModule, parameters.lpResourceName, RT_MANIFEST) != nullptr;
     SetLastError(ERROR_INVALID_PARAMETER);
     return false;
+}
+
+// The process's own context (null) is not counted.
+void AddReference(HANDLE handle)
+{
+    if (handle && handle != INVALID_HANDLE_VALUE)
+        ++ContextOf(handle)->references;
 }
 
 BOOL Fail(DWORD error)
@@ -68,7 +75,7 @@ BOOL ActivateActCtx(HANDLE handle, ULONG_PTR* cookie)
     return WithMemory(FALSE, [&] {
         // Null is the process's own context, which is activated like any other.
         t_stack.push_back({ContextOf(handle), t_lastCookie + 1});
-        AddRefActCtx(handle);
+        AddReference(handle);
         *cookie = ++t_lastCookie;
         return TRUE;
     });
@@ -96,14 +103,8 @@ BOOL GetCurrentActCtx(HANDLE* handle)
     if (!handle)
         return Fail(ERROR_INVALID_PARAMETER);
     *handle = t_stack.empty() ? nullptr : t_stack.back().context;
-    AddRefActCtx(*handle);
+    AddReference(*handle);
     return TRUE;
-}
-
-void AddRefActCtx(HANDLE handle)
-{
-    if (handle && handle != INVALID_HANDLE_VALUE)
-        ++ContextOf(handle)->references;
 }
 
 void ReleaseActCtx(HANDLE handle)

@@ -5,6 +5,8 @@
 
 #include <atomic>
 
+namespace winport
+{
 namespace
 {
 struct ThreadState
@@ -20,10 +22,13 @@ std::atomic<unsigned> g_multithreaded{0};
 constexpr DWORD kFlags = COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE | COINIT_SPEED_OVER_MEMORY;
 } // namespace
 
-bool winport::InApartment()
+bool InApartment()
 {
     return t_state.count > 0 || g_multithreaded > 0;
 }
+} // namespace winport
+
+using namespace winport;
 
 HRESULT CoInitialize(LPVOID reserved)
 {
@@ -51,21 +56,11 @@ void CoUninitialize()
         return;
     if (t_state.count == 1)
     {
-        // Objects may still call the runtime while they go, so the thread leaves last.
+        // The thread leaves last, because the destructors of objects may still call the runtime.
         if (g_threads == 1)
-            winport::ShutDownClasses();
+            ShutDownClasses();
         --g_threads;
         g_multithreaded -= t_state.model == COINIT_MULTITHREADED ? 1 : 0;
     }
     --t_state.count;
-}
-
-HRESULT OleInitialize(LPVOID reserved)
-{
-    return CoInitializeEx(reserved, COINIT_APARTMENTTHREADED);
-}
-
-void OleUninitialize()
-{
-    CoUninitialize();
 }

@@ -1,4 +1,4 @@
-// Which threads have entered the component runtime.
+// The threads in apartments.
 #pragma once
 
 #include <objbase.h>

@@ -1,4 +1,4 @@
-// Class objects: registered by the process itself, or of the module that the registry names.
+// Class objects: registered by the process, or from the module in the registry.
 #include "apartment.h"
 #include "guids.h"
 
@@ -24,7 +24,7 @@ struct RegisteredObject
     bool once; ///< handed out a single time
 };
 
-// A component module that the runtime holds loaded.
+// A component module that the runtime has loaded.
 struct Server
 {
     HMODULE module;
@@ -52,7 +52,7 @@ F Export(HMODULE module, const char* name)
     return reinterpret_cast<F>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
 
-// A reference to the object that the process registered for a class; null if there is none.
+// Returns a counted reference to the object registered for a class; null if there is none.
 IUnknown* RegisteredFor(REFCLSID clsid, DWORD context)
 {
     const std::lock_guard lock(Table().lock);
@@ -70,10 +70,10 @@ IUnknown* RegisteredFor(REFCLSID clsid, DWORD context)
     return object;
 }
 
-// Loads a module for the runtime, once however often it is asked for, and notes that a call into it begins.
+// Loads a module, once for all calls, and counts a call into it as begun.
 HRESULT BeginCall(const std::wstring& path, Server* server)
 {
-    const HMODULE module = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    const HMODULE module = LoadLibraryW(path.c_str());
     if (!module)
         return HRESULT_FROM_WIN32(GetLastError());
     const std::lock_guard lock(Table().lock);
@@ -192,7 +192,7 @@ HRESULT CoRegisterClassObject(REFCLSID clsid, LPUNKNOWN object, DWORD context, D
     {
         ClassTable& table = Table();
         const std::lock_guard lock(table.lock);
-        // An object for other processes that may be used more than once serves this one too.
+        // A multiple-use local server also serves its own process.
         if ((context & CLSCTX_LOCAL_SERVER) != 0 && (flags & REGCLS_MULTIPLEUSE) != 0)
             context |= CLSCTX_INPROC_SERVER;
         const bool once = (flags & (REGCLS_MULTIPLEUSE | REGCLS_MULTI_SEPARATE)) == 0;
@@ -227,7 +227,7 @@ HRESULT CoRevokeClassObject(DWORD cookie)
     return S_OK;
 }
 
-void CoFreeUnusedLibraries()
+void CoFreeUnusedLibrariesEx(DWORD, DWORD)
 {
     ClassTable& table = Table();
     const std::lock_guard lock(table.lock);
@@ -242,9 +242,4 @@ void CoFreeUnusedLibraries()
         else
             ++i;
     }
-}
-
-void CoFreeUnusedLibrariesEx(DWORD, DWORD)
-{
-    CoFreeUnusedLibraries();
 }

@@ -1,4 +1,4 @@
-// Identifiers and their text, and the names under which classes are registered.
+// Identifiers as text, and ProgIDs.
 #include "guids.h"
 
 #include <cstdio>
@@ -48,6 +48,22 @@ bool ReadSign(const wchar_t*& text, wchar_t sign)
 {
     return *text == sign && *text++ != L'\0';
 }
+
+// The class in the registry key of a ProgID.
+HRESULT RegisteredClass(LPCOLESTR progId, CLSID* clsid) noexcept
+{
+    try
+    {
+        std::wstring text;
+        if (!*progId || ReadClassesText(std::wstring(progId) + L"\\CLSID", &text) != ERROR_SUCCESS)
+            return CO_E_CLASSSTRING;
+        return ParseGuid(text.c_str(), clsid) ? S_OK : CO_E_CLASSSTRING;
+    }
+    catch (...)
+    {
+        return E_OUTOFMEMORY;
+    }
+}
 } // namespace
 
 bool ParseGuid(const wchar_t* text, GUID* guid)
@@ -82,7 +98,7 @@ LSTATUS ReadClassesText(const std::wstring& path, std::wstring* text)
     status = RegQueryValueExW(key, nullptr, nullptr, &type, nullptr, &size);
     if (status == ERROR_SUCCESS && type == REG_SZ)
     {
-        // One more than stored, for a terminator.
+        // One more, for a terminator.
         text->assign(size / sizeof(wchar_t) + 1, L'\0');
         status = RegQueryValueExW(key, nullptr, nullptr, &type, reinterpret_cast<BYTE*>(text->data()), &size);
         text->resize(std::wcslen(text->c_str()));
@@ -93,35 +109,6 @@ LSTATUS ReadClassesText(const std::wstring& path, std::wstring* text)
 } // namespace winport
 
 using namespace winport;
-
-namespace
-{
-HRESULT Duplicate(const std::wstring& text, LPOLESTR* target)
-{
-    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    *target = static_cast<LPOLESTR>(CoTaskMemAlloc(bytes));
-    if (!*target)
-        return E_OUTOFMEMORY;
-    std::memcpy(*target, text.c_str(), bytes);
-    return S_OK;
-}
-
-// The class that a ProgID's key names.
-HRESULT RegisteredClass(LPCOLESTR progId, CLSID* clsid) noexcept
-{
-    try
-    {
-        std::wstring text;
-        if (!*progId || ReadClassesText(std::wstring(progId) + L"\\CLSID", &text) != ERROR_SUCCESS)
-            return CO_E_CLASSSTRING;
-        return ParseGuid(text.c_str(), clsid) ? S_OK : CO_E_CLASSSTRING;
-    }
-    catch (...)
-    {
-        return E_OUTOFMEMORY;
-    }
-}
-} // namespace
 
 HRESULT CLSIDFromString(LPCOLESTR text, LPCLSID clsid)
 {
@@ -155,56 +142,10 @@ int StringFromGUID2(REFGUID guid, LPOLESTR text, int size)
     return static_cast<int>(kGuidLength) + 1;
 }
 
-HRESULT StringFromCLSID(REFCLSID clsid, LPOLESTR* text)
-{
-    if (!text)
-        return E_INVALIDARG;
-    *text = static_cast<LPOLESTR>(CoTaskMemAlloc((kGuidLength + 1) * sizeof(wchar_t)));
-    if (!*text)
-        return E_OUTOFMEMORY;
-    StringFromGUID2(clsid, *text, static_cast<int>(kGuidLength) + 1);
-    return S_OK;
-}
-
-HRESULT StringFromIID(REFIID iid, LPOLESTR* text)
-{
-    return StringFromCLSID(iid, text);
-}
-
 HRESULT CLSIDFromProgID(LPCOLESTR progId, LPCLSID clsid)
 {
     if (!progId || !clsid)
         return E_INVALIDARG;
     *clsid = GUID{};
     return RegisteredClass(progId, clsid);
-}
-
-HRESULT ProgIDFromCLSID(REFCLSID clsid, LPOLESTR* progId)
-{
-    if (!progId)
-        return E_INVALIDARG;
-    *progId = nullptr;
-    try
-    {
-        std::wstring name;
-        if (ReadClassesText(L"CLSID\\" + GuidText(clsid) + L"\\ProgID", &name) != ERROR_SUCCESS)
-            return REGDB_E_CLASSNOTREG;
-        return Duplicate(name, progId);
-    }
-    catch (...)
-    {
-        return E_OUTOFMEMORY;
-    }
-}
-
-HRESULT CoCreateGuid(GUID* guid)
-{
-    if (!guid)
-        return E_INVALIDARG;
-    if (getrandom(guid, sizeof(*guid), 0) != static_cast<ssize_t>(sizeof(*guid)))
-        return E_FAIL;
-    // Version 4, a random number, in the variant that all identifiers here have.
-    guid->Data3 = static_cast<WORD>((guid->Data3 & 0x0FFF) | 0x4000);
-    guid->Data4[0] = static_cast<BYTE>((guid->Data4[0] & 0x3F) | 0x80);
-    return S_OK;
 }

@@ -1,24 +1,14 @@
-// Task memory, which passes between components and comes from where strings and arrays come from.
+// Task memory, from the same allocator as strings and arrays.
 #include <objbase.h>
 
-#include <winport_alloc.h>
+#include "automation/allocation.h"
 
 LPVOID CoTaskMemAlloc(SIZE_T size)
 {
-    return WinportAlloc(size);
-}
-
-LPVOID CoTaskMemRealloc(LPVOID memory, SIZE_T size)
-{
-    if (memory && size == 0)
-    {
-        WinportFree(memory);
-        return nullptr;
-    }
-    return WinportRealloc(memory, size);
+    return winport::Allocate(size);
 }
 
 void CoTaskMemFree(LPVOID memory)
 {
-    WinportFree(memory);
+    winport::Free(memory);
 }

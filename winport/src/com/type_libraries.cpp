@@ -1,5 +1,4 @@
-// Type libraries as far as registration needs them. There is no type information here: a library knows which
-// one it is, and none of its types.
+// Type libraries, as far as registration needs them. A library has its identity and no type information.
 #include "guids.h"
 #include "type_library.h"
 
@@ -59,7 +58,7 @@ private:
     std::atomic<ULONG> m_references{1};
 };
 
-// The library in a module's resources; a path may end in the resource's number.
+// Reads a library from the resources of a module; a path may end with the number of the resource.
 bool ReadFromModule(std::wstring_view path, TypeLibraryIdentity* identity)
 {
     WORD number = 1;
@@ -75,7 +74,7 @@ bool ReadFromModule(std::wstring_view path, TypeLibraryIdentity* identity)
     const Module* module = FindModule(path);
     const Resource* resource =
         module ? module->resources.Find(ResourceId::FromArgument(L"TYPELIB"),
-                                        ResourceId::FromArgument(MAKEINTRESOURCEW(number)), 0, &error)
+                                        ResourceId::FromArgument(MAKEINTRESOURCEW(number)), &error)
                : nullptr;
     return resource && ReadTypeLibrary(resource->data, resource->size, identity);
 }
@@ -94,7 +93,7 @@ std::wstring VersionKey(REFGUID guid, WORD major, WORD minor)
     return L"TypeLib\\" + GuidText(guid) + L"\\" + version;
 }
 
-// The key of one locale and platform beneath the version's. Only the neutral locale has libraries here.
+// The key of a locale and a platform, below that of the version.
 std::wstring PlatformKey(LCID lcid, SYSKIND kind)
 {
     wchar_t key[32];
@@ -118,7 +117,7 @@ LSTATUS WriteDefault(const std::wstring& path, const std::wstring& text)
 HRESULT Register(const TypeLibraryIdentity& identity, const std::wstring& path,
                  const std::wstring& helpDirectory)
 {
-    // A library that came from a file is marked so, whatever it says itself.
+    // Set for a library from a file, whatever its own flags say.
     constexpr unsigned kHasDiskImage = 8;
     const std::wstring key = VersionKey(identity.guid, identity.major, identity.minor);
     const bool written =
@@ -141,7 +140,7 @@ DWORD SubkeyCount(const std::wstring& path)
     return count;
 }
 
-// Takes the platform's key away, and what is empty without it: the locale's, the version's, the library's.
+// Deletes the key of the platform, and those of the locale, the version and the library that are empty then.
 HRESULT Unregister(REFGUID guid, WORD major, WORD minor, LCID lcid, SYSKIND kind)
 {
     const std::wstring version = VersionKey(guid, major, minor);
@@ -151,7 +150,7 @@ HRESULT Unregister(REFGUID guid, WORD major, WORD minor, LCID lcid, SYSKIND kind
     LSTATUS status = RegDeleteTreeW(HKEY_CLASSES_ROOT, platform.c_str());
     if (status == ERROR_SUCCESS && SubkeyCount(locale) == 0)
         status = RegDeleteTreeW(HKEY_CLASSES_ROOT, locale.c_str());
-    // What is left of a version without locales are its flags and its help folder.
+    // The two sub keys of a version without locales: FLAGS and HELPDIR.
     if (status == ERROR_SUCCESS && SubkeyCount(version) <= 2)
         status = RegDeleteTreeW(HKEY_CLASSES_ROOT, version.c_str());
     if (status == ERROR_SUCCESS && SubkeyCount(library) == 0)
@@ -225,31 +224,4 @@ HRESULT LoadRegTypeLib(REFGUID, WORD, WORD, LCID, ITypeLib** library)
         return E_INVALIDARG;
     *library = nullptr;
     return TYPE_E_LIBNOTREGISTERED;
-}
-
-HRESULT QueryPathOfRegTypeLib(REFGUID guid, USHORT major, USHORT minor, LCID lcid, BSTR* path)
-{
-    if (!path)
-        return E_INVALIDARG;
-    *path = nullptr;
-    return WithoutExceptions([&]() -> HRESULT {
-        std::wstring text;
-        if (ReadClassesText(VersionKey(guid, major, minor) + PlatformKey(lcid, SYS_WIN64), &text) !=
-            ERROR_SUCCESS)
-            return TYPE_E_LIBNOTREGISTERED;
-        *path = SysAllocString(text.c_str());
-        return *path ? S_OK : E_OUTOFMEMORY;
-    });
-}
-
-HRESULT DispGetIDsOfNames(ITypeInfo* info, LPOLESTR* names, UINT count, DISPID* ids)
-{
-    return info ? info->GetIDsOfNames(names, count, ids) : E_INVALIDARG;
-}
-
-HRESULT DispInvoke(void* instance, ITypeInfo* info, DISPID id, WORD flags, DISPPARAMS* parameters,
-                   VARIANT* result, EXCEPINFO* exception, UINT* badArgument)
-{
-    return info ? info->Invoke(instance, id, flags, parameters, result, exception, badArgument)
-                : E_INVALIDARG;
 }

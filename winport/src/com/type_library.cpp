@@ -13,7 +13,7 @@ constexpr std::size_t kHeaderSize = 0x54;
 constexpr std::size_t kGuidSegment = 5;
 constexpr std::size_t kStringSegment = 8;
 
-// Reads the parts of a library; a read that leaves it fails.
+// Reads the parts of a library; a read beyond its end fails.
 class CLibraryBytes
 {
 public:
@@ -73,7 +73,7 @@ bool ReadTypeLibrary(const unsigned char* data, std::size_t size, TypeLibraryIde
         !bytes.Get(0x1C, &identity->flags) || !bytes.Get(0x24, &help) ||
         !bytes.Segment(kGuidSegment, &start) || !bytes.Get(start + guid, &identity->guid))
         return false;
-    // No text has the offset -1.
+    // An offset of -1 stands for no text.
     if (help != 0xFFFFFFFF && bytes.Segment(kStringSegment, &start))
         identity->helpText = bytes.Text(start + help);
     return true;

@@ -1,4 +1,4 @@
-// What is known of a type library without reading its types: which one it is.
+// The identity of a type library.
 #pragma once
 
 #include <oleauto.h>
@@ -7,7 +7,7 @@
 
 namespace winport
 {
-/// The identity of a library, as its header tells it.
+/// What the header of a library contains.
 struct TypeLibraryIdentity
 {
     GUID guid{};
@@ -17,7 +17,6 @@ struct TypeLibraryIdentity
     std::wstring helpText;
 };
 
-/// Reads the header of a library in the form that the IDL compiler writes; false if it is none or ends too
-/// early.
+/// Reads the header of a library in the MSFT format. Returns false if it has another format or is too short.
 bool ReadTypeLibrary(const unsigned char* data, std::size_t size, TypeLibraryIdentity* identity);
 } // namespace winport

@@ -74,8 +74,8 @@ Frame FrameOf(DWORD style, DWORD exStyle)
 // A dialog of its own stands on the screen, as far as it fits.
 POINT KeptOnScreen(POINT place, SIZE size)
 {
-    const LONG right = GetSystemMetrics(SM_CXSCREEN) - size.cx;
-    const LONG bottom = GetSystemMetrics(SM_CYSCREEN) - size.cy;
+    const LONG right = kScreenWidth - size.cx;
+    const LONG bottom = kScreenHeight - size.cy;
     return {std::max<LONG>(0, std::min(place.x, right)), std::max<LONG>(0, std::min(place.y, bottom))};
 }
 
@@ -84,13 +84,12 @@ POINT PlaceOf(const TemplateItem& dialog, Frame frame, SIZE size, HWND owner)
 {
     POINT place{PixelsAcross(dialog.x), PixelsDown(dialog.y)};
     if (owner && !(dialog.style & (DS_ABSALIGN | WS_CHILD)))
-        ClientToScreen(owner, &place);
+        MapWindowPoints(owner, nullptr, &place, 1);
     place = {place.x - frame.sides, place.y - frame.top};
     if (dialog.style & WS_CHILD)
         return place;
     if (dialog.style & DS_CENTER)
-        place = {(GetSystemMetrics(SM_CXSCREEN) - size.cx) / 2,
-                 (GetSystemMetrics(SM_CYSCREEN) - size.cy) / 2};
+        place = {(kScreenWidth - size.cx) / 2, (kScreenHeight - size.cy) / 2};
     return KeptOnScreen(place, size);
 }
 

@@ -1,22 +1,22 @@
-// What the parts of the dialog manager ask of each other.
+// Shared by the parts of the dialog manager.
 #pragma once
 
 #include "window/window.h"
 
 namespace winport
 {
-/// Of a dialog's window.
+/// The state of a dialog.
 class DialogState final : public Control
 {
 public:
     using Control::Control;
-    LRESULT Handle(UINT, WPARAM, LPARAM) override { return 0; } // the dialog's procedure is DefDlgProcW
+    LRESULT Handle(UINT, WPARAM, LPARAM) override { return 0; } // the class's procedure is DialogProcedure
 
-    int defaultId = IDOK; ///< of the button that Enter presses
-    HWND focus = nullptr; ///< what had the focus when the dialog was left
+    int defaultId = IDOK; ///< identifier of the button that Enter presses
+    HWND focus = nullptr; ///< the control with the focus when the dialog was deactivated
 };
 
-/// Makes it if the dialog, which lives, has none yet.
+/// Returns the state of a dialog, which must exist; creates it at the first call.
 DialogState& StateOf(HWND dialog);
 
 /// A class, a title or a menu in a template: a text, or a number if the text is empty.
@@ -26,7 +26,7 @@ struct TemplateText
     WORD number = 0;
 };
 
-/// A dialog or a control of a template. Measures are in dialog units.
+/// A dialog or a control of a template, in dialog units.
 struct TemplateItem
 {
     DWORD style = 0;
@@ -38,7 +38,7 @@ struct TemplateItem
     DWORD id = 0;
     TemplateText className;
     TemplateText text;
-    const WORD* data = nullptr; ///< what the control gets with its creation, behind the count of its bytes
+    const WORD* data = nullptr; ///< creation data of the control, after its size
 };
 
 struct Template
@@ -47,19 +47,19 @@ struct Template
     std::vector<TemplateItem> controls;
 };
 
-/// Reads both forms. Ends the run at a menu or a class of the dialog's own.
+/// Reads a template of either form. Ends the run if it names a menu or a class for the dialog.
 Template ReadTemplate(LPCDLGTEMPLATEW description);
 
-/// The dialog's next control with the focus, as WM_NEXTDLGCTL does it. Texts in edit fields are selected.
+/// Moves the focus to a control as WM_NEXTDLGCTL does. The text of an edit control is selected.
 void GiveFocusTo(HWND dialog, HWND control);
 
-/// Makes `button` the one that looks like the default; null gives the look back to the button that Enter
-/// presses.
+/// Draws `button` as the default button; null draws the button that Enter presses so again.
 void MoveDefaultLook(HWND dialog, HWND button);
 
-/// What a control wants of the dialog's keys.
+/// The answer of a control to WM_GETDLGCODE.
 LRESULT DialogCode(HWND control);
 
-/// The group of a control in its order: from one with WS_GROUP up to the next, around the end of the dialog.
+/// The group of a control, in order: from a control with WS_GROUP up to the next one, past the end of the
+/// dialog.
 std::vector<Window*> GroupOf(const Window& member);
 } // namespace winport

@@ -67,14 +67,6 @@ BOOL SetDlgItemTextW(HWND dialog, int id, LPCWSTR text)
     return SendDlgItemMessageW(dialog, id, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)) > 0;
 }
 
-UINT GetDlgItemTextW(HWND dialog, int id, LPWSTR buffer, int size)
-{
-    if (buffer && size > 0)
-        *buffer = L'\0';
-    return static_cast<UINT>(SendDlgItemMessageW(dialog, id, WM_GETTEXT, static_cast<WPARAM>(size),
-                                                 reinterpret_cast<LPARAM>(buffer)));
-}
-
 BOOL SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned)
 {
     const std::wstring text = isSigned ? std::to_wstring(static_cast<int>(value)) : std::to_wstring(value);
@@ -88,17 +80,6 @@ UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned)
     if (translated)
         *translated = number.has_value();
     return number.value_or(0);
-}
-
-BOOL CheckDlgButton(HWND dialog, int id, UINT state)
-{
-    SendDlgItemMessageW(dialog, id, BM_SETCHECK, state, 0);
-    return TRUE;
-}
-
-UINT IsDlgButtonChecked(HWND dialog, int id)
-{
-    return static_cast<UINT>(SendDlgItemMessageW(dialog, id, BM_GETCHECK, 0, 0));
 }
 
 BOOL CheckRadioButton(HWND dialog, int first, int last, int checked)

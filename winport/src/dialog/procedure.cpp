@@ -135,11 +135,8 @@ void GiveFocusTo(HWND dialog, HWND control)
     if (Alive(dialog))
         MoveDefaultLook(dialog, IsPushButton(code) ? control : nullptr);
 }
-} // namespace winport
 
-using namespace winport;
-
-LRESULT DefDlgProcW(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
+LRESULT CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const auto procedure = reinterpret_cast<DLGPROC>(GetWindowLongPtrW(dialog, DWLP_DLGPROC));
     INT_PTR handled = FALSE;
@@ -152,3 +149,4 @@ LRESULT DefDlgProcW(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
         return handled;
     return handled ? GetWindowLongPtrW(dialog, DWLP_MSGRESULT) : Default(dialog, message, wParam, lParam);
 }
+} // namespace winport

@@ -15,8 +15,8 @@ constexpr int kBeyondScreen = 12; // how much larger than the screen a window ca
 MINMAXINFO BoundsOf(const Window& window)
 {
     const int frame = window.frame;
-    const LONG width = GetSystemMetrics(SM_CXSCREEN);
-    const LONG height = GetSystemMetrics(SM_CYSCREEN);
+    const LONG width = kScreenWidth;
+    const LONG height = kScreenHeight;
     const bool captioned = window.style & WS_DLGFRAME;
     MINMAXINFO bounds{};
     bounds.ptMaxSize = {width + 2 * frame, height + 2 * frame};

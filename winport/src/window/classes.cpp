@@ -36,7 +36,7 @@ const WindowClass* BuiltInClass(const std::wstring& name)
          HDS_HORZ | HDS_BUTTONS | HDS_FULLDRAG},
         {DATETIMEPICK_CLASSW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeDatePicker,
          DTS_UPDOWN | DTS_RIGHTALIGN},
-        {L"#32770", DefDlgProcW, nullptr, CS_DBLCLKS, kDialogExtra, nullptr, kDialogStyles},
+        {L"#32770", DialogProcedure, nullptr, CS_DBLCLKS, kDialogExtra, nullptr, kDialogStyles},
         {L"#32769", DefWindowProcW, nullptr, 0, 0, nullptr, 0},
         {L"Message", DefWindowProcW, nullptr, 0, 0, nullptr, 0},
     };
@@ -69,7 +69,7 @@ Registry& TheRegistry()
     return Immortal<Registry>();
 }
 
-// No instance and the program's are the same.
+// A null instance is the program.
 HINSTANCE Known(HINSTANCE instance)
 {
     return instance ? instance : GetModuleHandleW(nullptr);
@@ -146,7 +146,7 @@ int GetClassNameW(HWND handle, LPWSTR buffer, int size)
     return window ? CopyText(window->windowClass->name, buffer, size) : 0;
 }
 
-// The common controls are there from the start.
+// The classes are registered from the start.
 BOOL InitCommonControlsEx(const INITCOMMONCONTROLSEX* classes)
 {
     constexpr DWORD kKnown = ICC_LISTVIEW_CLASSES | ICC_DATE_CLASSES | ICC_STANDARD_CLASSES;

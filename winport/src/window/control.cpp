@@ -1,4 +1,4 @@
-// What the built-in controls have in common.
+// The common part of the built-in controls.
 #include "thread.h"
 
 namespace winport

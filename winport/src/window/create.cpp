@@ -1,11 +1,11 @@
-// The beginning and the end of a window.
+// Creation and destruction of windows.
 #include "thread.h"
 
 namespace winport
 {
 namespace
 {
-// CW_USEDEFAULT gives a window with a caption a place, and is 0 for every other one.
+// CW_USEDEFAULT is a default place for an overlapped window, and 0 for any other.
 void ApplyDefaultPlace(CREATESTRUCTW* create)
 {
     const bool overlapped = (create->style & static_cast<LONG>(WS_CHILD | WS_POPUP)) == 0;
@@ -13,8 +13,8 @@ void ApplyDefaultPlace(CREATESTRUCTW* create)
         create->x = create->y = 0;
     if (create->cx == CW_USEDEFAULT)
     {
-        create->cx = overlapped ? GetSystemMetrics(SM_CXSCREEN) * 3 / 4 : 0;
-        create->cy = overlapped ? GetSystemMetrics(SM_CYSCREEN) * 3 / 4 : 0;
+        create->cx = overlapped ? kScreenWidth * 3 / 4 : 0;
+        create->cy = overlapped ? kScreenHeight * 3 / 4 : 0;
     }
 }
 
@@ -26,7 +26,7 @@ bool FindRelations(const CREATESTRUCTW& create, Window* window)
         return true;
     }
     const bool child = create.style & static_cast<LONG>(WS_CHILD);
-    if (!create.hwndParent || create.hwndParent == GetDesktopWindow())
+    if (!create.hwndParent || create.hwndParent == ThisThread().desktop.handle)
     {
         if (child && !create.hwndParent)
             SetLastError(ERROR_TLW_WITH_WSCHILD);
@@ -53,7 +53,7 @@ void TakeStyles(const CREATESTRUCTW& create, Window* window)
     CheckStyles(*window, window->style, window->exStyle);
 }
 
-// The hooks may still change the place.
+// Hooks may change the place.
 bool AskHooks(Window& window, CREATESTRUCTW* create)
 {
     CBT_CREATEWNDW asked{create, window.parent ? HWND_BOTTOM : HWND_TOP};
@@ -77,7 +77,7 @@ bool PutIntoTree(Window& window, const CREATESTRUCTW& create)
     return true;
 }
 
-// Children end before their parent.
+// Children are destroyed before their parent.
 void Finish(HWND handle)
 {
     Window* window = FindWindowOf(handle);
@@ -105,7 +105,7 @@ bool SendCreation(HWND handle, CREATESTRUCTW* create)
     return Alive(handle);
 }
 
-// A window of its own hears of its place when it is shown first.
+// A top-level window receives its size and place when it is first shown.
 void SendFirstPlace(HWND handle)
 {
     Window* window = FindWindowOf(handle);
@@ -160,8 +160,8 @@ void DestroyOwned(HWND handle)
     }
 }
 
-// What is visible is hidden first, which is when its activation and its focus go elsewhere. A window that
-// ends because it hears of its deactivation has no more to give away.
+// A visible window is hidden first, which moves activation and focus elsewhere. A window that is destroyed by
+// its own deactivation has none left to move.
 void HideForGood(const Window& window)
 {
     const ThreadState& state = ThisThread();

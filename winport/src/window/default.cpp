@@ -1,4 +1,4 @@
-// What a window does with a message that its own procedure leaves to the system.
+// Default handling of messages.
 #include "thread.h"
 
 namespace winport

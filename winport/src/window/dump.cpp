@@ -1,4 +1,4 @@
-// What is said when the run cannot go on: what is missing, and the windows that there are.
+// Ends the run: names what is not supported and describes the windows.
 #include "thread.h"
 
 #include "base/text.h"

@@ -1,4 +1,4 @@
-// Activation, the focus, and who may have them.
+// Activation and focus.
 #include "thread.h"
 
 #include <algorithm>
@@ -90,7 +90,7 @@ bool Activate(HWND next)
         TellActive(next, before);
     if (state.active != (window ? next : nullptr))
         return false;
-    // Who takes the message without taking the focus gets it all the same.
+    // A window that handles the message without taking the focus gets the focus all the same.
     window = FindWindowOf(next);
     if (!window || !IsWithin(*window, FindWindowOf(state.focus)))
         MoveFocus(window ? next : nullptr);

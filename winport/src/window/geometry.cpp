@@ -1,4 +1,4 @@
-// Rectangles: of windows, of what is inside their frames, and from one window to another.
+// Rectangles of windows and client areas, and mapping between windows.
 #include "thread.h"
 
 #include <algorithm>
@@ -9,7 +9,6 @@ namespace
 {
 constexpr int kCaption = 19;
 constexpr int kToolCaption = 16;
-constexpr int kScrollBar = 17;
 constexpr int kEdge = 2;
 
 int FrameWidth(DWORD style, DWORD exStyle)
@@ -38,7 +37,8 @@ void Shift(Window& window, LONG x, LONG y)
         Shift(*child, x, y);
 }
 
-// The origin of the client area; that of the screen for null and the desktop. False for a wrong handle.
+// The origin of the client area; that of the screen for null and the desktop. Returns false for an invalid
+// handle.
 bool ClientOrigin(HWND handle, POINT* origin)
 {
     *origin = {0, 0};
@@ -54,10 +54,10 @@ bool ClientOrigin(HWND handle, POINT* origin)
 RECT Window::ClientOnScreen() const
 {
     RECT client{rect.left + frame, rect.top + frame + caption, rect.right - frame, rect.bottom - frame};
-    if ((style & WS_VSCROLL) && client.right - client.left >= kScrollBar)
-        client.right -= kScrollBar;
-    if ((style & WS_HSCROLL) && client.bottom - client.top >= kScrollBar)
-        client.bottom -= kScrollBar;
+    if ((style & WS_VSCROLL) && client.right - client.left >= kScrollBarWidth)
+        client.right -= kScrollBarWidth;
+    if ((style & WS_HSCROLL) && client.bottom - client.top >= kScrollBarWidth)
+        client.bottom -= kScrollBarWidth;
     client.right = std::max(client.left, client.right);
     client.bottom = std::max(client.top, client.bottom);
     return client;
@@ -149,39 +149,8 @@ int MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count)
     return static_cast<int>(MAKELPARAM(x, y));
 }
 
-BOOL ClientToScreen(HWND window, LPPOINT point)
-{
-    if (!AnyWindow(window))
-        return FALSE;
-    MapWindowPoints(window, nullptr, point, 1);
-    return TRUE;
-}
-
-BOOL ScreenToClient(HWND window, LPPOINT point)
-{
-    if (!AnyWindow(window))
-        return FALSE;
-    MapWindowPoints(nullptr, window, point, 1);
-    return TRUE;
-}
-
 BOOL PtInRect(const RECT* rect, POINT point)
 {
     return rect && point.x >= rect->left && point.x < rect->right && point.y >= rect->top &&
            point.y < rect->bottom;
-}
-
-int GetSystemMetrics(int index)
-{
-    switch (index)
-    {
-    case SM_CXSCREEN:
-        return 1024;
-    case SM_CYSCREEN:
-        return 768;
-    case SM_CXVSCROLL:
-        return kScrollBar;
-    default:
-        Missing(nullptr, "system metric", static_cast<unsigned>(index));
-    }
 }

@@ -1,4 +1,4 @@
-// Hooks: those that hear of the beginning, the end, the activation and the focus of windows.
+// Hooks: creation, destruction, activation and focus of windows (WH_CBT).
 #include "thread.h"
 
 namespace winport

@@ -1,4 +1,4 @@
-// The values of a window that programs read and set by their numbers.
+// The values of a window by index (GetWindowLong).
 #include "thread.h"
 
 namespace winport

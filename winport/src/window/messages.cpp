@@ -1,4 +1,4 @@
-// Messages: sent ones and those that wait.
+// Sent and posted messages, timers.
 #include "thread.h"
 
 namespace winport
@@ -140,7 +140,7 @@ BOOL PeekMessageW(LPMSG message, HWND window, UINT first, UINT last, UINT remove
         return FALSE;
     if (Take({window, first, last}, remove, message))
         return TRUE;
-    // A look that finds nothing takes a moment, so that a loop of looks comes to the next timer.
+    // Time passes with each empty peek, so that a peeking loop reaches the next timer.
     ++ThisThread().now;
     return FALSE;
 }

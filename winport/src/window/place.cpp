@@ -10,7 +10,7 @@ namespace
 constexpr UINT kNothing = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER;
 constexpr UINT kSomething = SWP_SHOWWINDOW | SWP_HIDEWINDOW | SWP_FRAMECHANGED;
 
-// Takes out of the flags what would change nothing.
+// Clears the flags of changes that change nothing.
 void Reduce(Window& window, WINDOWPOS* change)
 {
     const POINT origin = OriginOf(window);
@@ -58,7 +58,7 @@ void Apply(Window& window, WINDOWPOS* change)
         change->flags |= kSameClientPlace;
 }
 
-// A new window of its own has not told its place yet.
+// A new top-level window has not received its place yet.
 void TellFirstPlace(HWND handle)
 {
     Window* window = FindWindowOf(handle);

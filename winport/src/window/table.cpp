@@ -66,7 +66,7 @@ void MakeRoot(Window* window, std::uintptr_t handle, const wchar_t* className)
     window->handle = HandleOf(handle);
     window->windowClass = FindWindowClass(className, nullptr);
     window->style = WS_POPUP | WS_VISIBLE | WS_CLIPSIBLINGS | WS_CLIPCHILDREN;
-    window->rect = {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+    window->rect = {0, 0, kScreenWidth, kScreenHeight};
     window->thread = GetCurrentThreadId();
 }
 
@@ -79,7 +79,7 @@ struct StateOwner
 thread_local StateOwner t_owner;
 } // namespace
 
-ThreadState::ThreadState() : now(GetTickCount())
+ThreadState::ThreadState() : now(GetTickCount64())
 {
     MakeRoot(&desktop, kDesktop, L"#32769");
     MakeRoot(&messageOnly, kMessageRoot, L"Message");
@@ -190,9 +190,4 @@ using namespace winport;
 BOOL IsWindow(HWND window)
 {
     return FindWindowOf(window) != nullptr;
-}
-
-HWND GetDesktopWindow()
-{
-    return HandleOf(kDesktop);
 }

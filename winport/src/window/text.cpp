@@ -1,4 +1,4 @@
-// Texts of windows: their copies, their order, their size.
+// Text of windows: get, set, measure.
 #include "thread.h"
 
 #include <algorithm>
@@ -43,7 +43,7 @@ int GetWindowTextLengthW(HWND handle)
     return static_cast<int>(SendMessageW(handle, WM_GETTEXTLENGTH, 0, 0));
 }
 
-// Device contexts know no more than the one font.
+// Device contexts have the one font only.
 HDC GetDC(HWND window)
 {
     static int context = 0;

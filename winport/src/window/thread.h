@@ -1,4 +1,4 @@
-// What the window system keeps for each thread, and what its parts ask of each other.
+// The state of the window system for each thread, and the functions that its parts share.
 #pragma once
 
 #include "window.h"
@@ -8,7 +8,7 @@
 
 namespace winport
 {
-/// Flags of WM_WINDOWPOSCHANGED: the inside of the window is as large, or where it was.
+/// Flags of WM_WINDOWPOSCHANGED: the client area has kept its size, or its position.
 constexpr UINT kSameClientSize = 0x0800;
 constexpr UINT kSameClientPlace = 0x1000;
 /// Flag of both messages about a window's place: it is maximised or restored.
@@ -16,7 +16,7 @@ constexpr UINT kStateChanged = 0x8000;
 
 struct Hook
 {
-    std::uintptr_t id = 0; ///< greater than that of every older one
+    std::uintptr_t id = 0; ///< increases with each hook
     HOOKPROC procedure = nullptr;
 };
 
@@ -29,7 +29,7 @@ struct Timer
     ULONGLONG due = 0;
 };
 
-/// The state of one thread. It ends with the thread, and with it the thread's windows, silently.
+/// The state of one thread. Its windows are freed with it at the end of the thread, without messages.
 struct ThreadState
 {
     ThreadState();
@@ -40,7 +40,7 @@ struct ThreadState
     Window desktop;     ///< its children are the thread's top-level windows
     Window messageOnly; ///< its children are the thread's message-only windows
     HWND active = nullptr;
-    HWND deactivated = nullptr; ///< which is told so at the moment
+    HWND deactivated = nullptr; ///< receives its deactivation at the moment
     HWND focus = nullptr;
     HWND capture = nullptr;
     HCURSOR cursor = nullptr;
@@ -50,89 +50,89 @@ struct ThreadState
     int exitCode = 0;
     std::vector<Timer> timers;
     UINT_PTR lastTimer = 0;
-    ULONGLONG now; ///< the clock of timers, in milliseconds: it runs only while the thread waits
+    ULONGLONG now; ///< the clock of timers, in milliseconds; advances only while the thread waits
     std::vector<Hook> hooks;
     std::uintptr_t lastHook = 0;
     std::uintptr_t runningHook = 0;
-    std::vector<std::unique_ptr<Window>> dying; ///< gone, but still in one of their own handlers
+    std::vector<std::unique_ptr<Window>> dying; ///< destroyed, but one of their handlers is still running
 };
 
 ThreadState& ThisThread();
 
-/// Puts a new window into the table and gives it its handle.
+/// Adds a new window to the table and assigns its handle.
 Window& AddWindow();
 
-/// Takes a window out of everything that knows it. Its memory stays until its last handler has returned.
+/// Removes a window from the table and the tree. It is freed when its last handler has returned.
 void RemoveWindow(Window& window);
 
-/// The window of a handle of the calling thread. Null with the last error set if there is none; a window of
-/// another thread ends the run with `what`.
+/// Returns the window of a handle of the calling thread; null, with the last error set, if there is none. A
+/// window of another thread ends the run with `what`.
 Window* OwnWindow(HWND handle, const char* what);
 
-/// The window of any thread; null with the last error set if there is none.
+/// Returns the window of a handle of any thread; null, with the last error set, if there is none.
 Window* AnyWindow(HWND handle);
 
-/// Calls a procedure for a window, which lives on until the call returns, destroyed or not.
+/// Calls a procedure for a window. The window is not freed before the call returns, even if it is destroyed.
 LRESULT CallProcedure(Window& window, WNDPROC procedure, UINT message, WPARAM wParam, LPARAM lParam);
 
-/// The list in which a window stands among its siblings.
+/// The list of a window and its siblings.
 std::vector<Window*>& SiblingsOf(Window& window);
 
-/// The window itself or the outermost of its parents.
+/// The top-level window that contains a window, or the window itself.
 Window& RootOf(Window& window);
 
-/// True if `window` is `ancestor` or stands somewhere beneath it.
+/// True if `window` is `ancestor` or below it.
 bool IsWithin(const Window& ancestor, const Window* window);
 
-/// Takes a window out of its siblings' order and puts it in behind `after` (HWND_TOP, HWND_BOTTOM or a
-/// sibling). Owned windows stay above their owners.
+/// Moves a window in the z-order behind `after` (HWND_TOP, HWND_BOTTOM or a sibling). Owned windows stay
+/// above their owners.
 void Restack(Window& window, HWND after);
 
-/// Tells the parent of a child window of its beginning or end.
+/// Sends WM_PARENTNOTIFY for the creation or destruction of a child window.
 void NotifyParent(const Window& window, UINT event);
 
-/// WM_SIZE and WM_MOVE by the window's place, if it still lives.
+/// Sends WM_SIZE or WM_MOVE with the current position, if the window still exists.
 void SendSize(HWND handle);
 void SendMove(HWND handle);
 
-/// The point of the screen from which the place of a window is counted.
+/// The origin, in screen coordinates, of the position of a window.
 POINT OriginOf(const Window& window);
 
-/// The frame follows the styles of now.
+/// Updates frame and caption to the current styles.
 void Reframe(Window& window);
 
-/// What the system makes of the styles asked for.
+/// The styles of a window for the requested ones, as the system completes them.
 DWORD CompleteStyle(const Window& window, DWORD style);
 DWORD CompleteExStyle(DWORD style, DWORD exStyle);
 
-/// Puts a window elsewhere, everything in it included.
+/// Moves a window with everything in it.
 void Place(Window& window, int x, int y, int width, int height);
 
-/// Keeps a size within the bounds of a window that has any: WM_GETMINMAXINFO is sent.
+/// Applies the minimum and maximum size of a window that has them: WM_GETMINMAXINFO is sent.
 void KeepTrackSize(const Window& window, int* width, int* height);
 
-/// Makes a window fill the screen, or gives it its former place again; shows it.
+/// Maximises a window to the screen, or restores its former position; shows it.
 void Maximise(HWND handle);
 void Restore(HWND handle);
 
-/// Makes `next`, which may be null, the thread's active window. False if a hook refused.
+/// Makes `next`, which may be null, the active window of the thread. Returns false if a hook refused.
 bool Activate(HWND next);
 
-/// Makes the window that follows an active window which goes away the active one.
+/// Activates the next window if the active one is hidden or destroyed.
 void ActivateNext(const Window& leaving);
 
-/// Gives activation and focus away if the window, which was hidden, has them.
+/// Moves activation and focus elsewhere if a hidden window has them.
 void TakeFocusFrom(HWND handle);
 
-/// Asks the thread's hooks. 0 if none of them objects.
+/// Calls the hooks of the thread. Returns 0 if none objects.
 LRESULT CallHooks(int code, WPARAM wParam, LPARAM lParam);
 
 /// Ends the run if the style has a bit outside of the closed set.
 void CheckStyles(const Window& window, DWORD style, DWORD exStyle);
 
-/// Ends the run if the name is, or begins like, that of a class which only Windows has.
+/// Ends the run if the name is, or starts like, that of a class that only Windows has.
 void RefuseSystemClass(const std::wstring& name);
 
-/// The same as Missing for what belongs to no window.
+/// Ends the run with `what` and a description of all windows.
 [[noreturn]] void Stuck(const char* what);
 } // namespace winport

@@ -1,4 +1,4 @@
-// Who stands where among the windows.
+// Parents, owners, siblings and z-order.
 #include "thread.h"
 
 #include <algorithm>
@@ -50,7 +50,7 @@ std::vector<Window*> OwnedBy(const Window& owner)
     return owned;
 }
 
-// An owned window stands above its owner.
+// An owned window is above its owner.
 void KeepAbove(Window& window, const Window& owner)
 {
     std::vector<Window*>& siblings = SiblingsOf(window);
@@ -141,7 +141,7 @@ HWND GetAncestor(HWND handle, UINT which)
     {
         if (window->parent)
             return window->parent->handle;
-        return window->messageOnly ? ThisThread().messageOnly.handle : GetDesktopWindow();
+        return window->messageOnly ? ThisThread().messageOnly.handle : ThisThread().desktop.handle;
     }
     if (which != GA_ROOT)
         Missing(window, "GetAncestor relation", which);
@@ -171,7 +171,7 @@ BOOL IsChild(HWND parent, HWND handle)
     return ancestor && window && ancestor != window && IsWithin(*ancestor, window);
 }
 
-// Windows that ended meanwhile are left out.
+// Windows that were destroyed meanwhile are skipped.
 BOOL EnumThreadWindows(DWORD thread, WNDENUMPROC each, LPARAM parameter)
 {
     if (thread != GetCurrentThreadId())

@@ -1,4 +1,4 @@
-// Windows in memory: what a window is, and what the parts of the window system ask of each other.
+// Windows in memory, and the functions that the parts of the window system share.
 #pragma once
 
 #include <commctrl.h>
@@ -15,11 +15,16 @@ namespace winport
 class Control;
 struct Window;
 
-/// Every character of the one font, in pixels, which are the base units of dialogs, too.
+/// The size of every character of the one font, in pixels; also the base units of dialogs.
 constexpr int kCharacterWidth = 6;
 constexpr int kCharacterHeight = 13;
 
-/// How a built-in class makes the state of a new window.
+/// The screen, and the width of a vertical scroll bar, in pixels.
+constexpr int kScreenWidth = 1024;
+constexpr int kScreenHeight = 768;
+constexpr int kScrollBarWidth = 17;
+
+/// Creates the state of a new window of a built-in class.
 using MakeControl = std::unique_ptr<Control> (*)(Window&);
 
 struct WindowClass
@@ -30,8 +35,8 @@ struct WindowClass
     UINT style = 0;
     int extraBytes = 0;
     MakeControl make = nullptr; ///< built-in controls only
-    DWORD controlStyles = 0;    ///< which of the low 16 style bits a built-in control knows
-    UINT firstOwn = 0;          ///< the messages below WM_USER that the real control has for itself
+    DWORD controlStyles = 0;    ///< the low 16 style bits that a built-in control supports
+    UINT firstOwn = 0;          ///< the first of the messages below WM_USER that the real control defines
     UINT lastOwn = 0;
 };
 
@@ -46,33 +51,33 @@ struct Window
     DWORD style = 0;
     DWORD exStyle = 0;
     RECT rect{};                   ///< the whole window, in pixels of the screen
-    RECT restored{};               ///< the same before it was maximised
-    int frame = 0;                 ///< how wide the frame is around the inside
-    int caption = 0;               ///< how high the caption is
+    RECT restored{};               ///< its position before it was maximised
+    int frame = 0;                 ///< width of the frame
+    int caption = 0;               ///< height of the caption
     Window* parent = nullptr;      ///< of a child window; null for a top-level one
     Window* owner = nullptr;       ///< of a top-level window
-    std::vector<Window*> children; ///< from top to bottom, which is the order of the Tab key
+    std::vector<Window*> children; ///< from top to bottom; also the order of the Tab key
     LONG_PTR id = 0;
     std::wstring text;
     LONG_PTR userData = 0;
-    std::vector<LONG_PTR> extra; ///< what cbWndExtra asked for, by eight bytes
+    std::vector<LONG_PTR> extra; ///< the extra bytes of cbWndExtra, in units of eight
     HFONT font = nullptr;
     std::unique_ptr<Control> control;
     DWORD thread = 0;
     HICON icons[2] = {}; ///< small, big
     bool messageOnly = false;
     bool destroying = false;
-    bool placeUntold = false; ///< WM_SIZE and WM_MOVE come when it is shown first
-    bool gone = false;        ///< destroyed, and kept only while one of its handlers runs
-    int calls = 0;            ///< how many of its handlers run
+    bool placeUntold = false; ///< WM_SIZE and WM_MOVE are sent when it is first shown
+    bool gone = false;        ///< destroyed, but one of its handlers is still running
+    int calls = 0;            ///< number of running handlers
 
-    bool Visible() const; ///< with all its parents
+    bool Visible() const; ///< true if all parents are visible, too
     bool Enabled() const { return (style & WS_DISABLED) == 0; }
     RECT ClientOnScreen() const; ///< without frame, caption and border
 };
 
-/// The state and the behaviour of a built-in control. What it does not answer itself goes to Default, which
-/// ends the run at a message of the control's own.
+/// State and behaviour of a built-in control. Messages that it does not handle go to Default, which ends the
+/// run for a message that the real control defines.
 class Control
 {
 public:
@@ -86,10 +91,10 @@ public:
 protected:
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
 
-    /// WM_COMMAND to the parent. False if the window is gone when it returns.
+    /// Sends WM_COMMAND to the parent. Returns false if the window was destroyed meanwhile.
     bool NotifyCommand(WORD code);
 
-    /// WM_NOTIFY to the parent; fills in the header, or sends nothing but it.
+    /// Sends WM_NOTIFY to the parent, with the header filled in; the second form sends a header alone.
     LRESULT Notify(NMHDR& header, UINT code);
     LRESULT Notify(UINT code);
 
@@ -111,45 +116,49 @@ inline bool IsHeld(int key)
     return GetKeyState(key) < 0;
 }
 
-/// The window of a handle, or null. Handles are not used twice, so that a stale one is always noticed.
+/// Returns the window of a handle, or null. Handles are not reused, so a stale one is always detected.
 Window* FindWindowOf(HWND window);
 
-/// True while the window of this handle lives and is not being destroyed.
+/// True if the window of this handle exists and is not being destroyed.
 bool Alive(HWND window);
 
-/// Ends the run and names what is not there: `what` is "message", "style" ..., the window may be null.
+/// Ends the run and names what winport does not support: `what` is "message", "style" ...; the window may be
+/// null.
 [[noreturn]] void Missing(const Window* window, const char* what, unsigned long long number);
 
-/// The same, if any bit is left of those that are known.
+/// The same, if a bit outside of the known ones is set.
 inline void RefuseBits(const Window* window, const char* what, unsigned long long unknown)
 {
     if (unknown)
         Missing(window, what, unknown);
 }
 
-/// The whole tree beneath a window with classes, identifiers, styles, texts: for messages.
+/// Describes a window and everything below it, with classes, identifiers, styles and texts.
 std::string DumpOf(const Window& window);
 
-/// The calling thread's windows without a parent, from top to bottom.
+/// The top-level windows of the calling thread, from top to bottom.
 const std::vector<Window*>& TopLevelWindows();
 
-/// The class of that name: registered by `instance` or built in. Null if there is none.
+/// Returns the class with this name, registered by `instance` or built in; null if there is none.
 const WindowClass* FindWindowClass(const std::wstring& name, HINSTANCE instance);
 
-/// The procedure of every built-in control: makes and ends its state and hands messages to it.
+/// The window procedure of all built-in controls: creates and destroys the state and passes messages to it.
 LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-/// Copies a text as WM_GETTEXT does: at most `size` characters with the closing null. Returns what was copied
-/// without the null.
+/// The window procedure of the class of dialogs.
+LRESULT CALLBACK DialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
+
+/// Copies a text as WM_GETTEXT does: at most `size` characters with the terminator. Returns the length
+/// without it.
 int CopyText(std::wstring_view text, LPWSTR buffer, int size);
 
-/// What a window answers when it is asked for its text.
+/// The text of a window, asked by WM_GETTEXT.
 std::wstring TextOf(HWND window);
 
-/// The handles of windows, some of which may end while the rest is gone through.
+/// The handles of windows, for a walk during which some may be destroyed.
 std::vector<HWND> HandlesOf(const std::vector<Window*>& windows);
 
-// Made by the sources of the controls, and named in the table of the built-in classes.
+// Defined by the sources of the controls, used by the table of built-in classes.
 std::unique_ptr<Control> MakeButton(Window& window);
 std::unique_ptr<Control> MakeStatic(Window& window);
 std::unique_ptr<Control> MakeEdit(Window& window);

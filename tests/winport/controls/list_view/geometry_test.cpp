@@ -264,7 +264,7 @@ TEST(ListViewGeometry, TheHeaderScrollsAlong)
     RECT window{};
     GetWindowRect(list.Header(), &window);
     POINT corner{window.left, window.top};
-    ScreenToClient(list.Control(), &corner);
+    MapWindowPoints(nullptr, list.Control(), &corner, 1);
     RECT heading{};
     SendMessageW(list.Header(), HDM_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&heading));
     EXPECT_EQ(corner.x + heading.left, list.SubItemRect(0, 2).left);

@@ -365,7 +365,7 @@ TEST(ListViewLabels, TheEditFieldLiesOverTheLabel)
     RECT rect{};
     GetWindowRect(edit, &rect);
     POINT middle{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-    ScreenToClient(list.Control(), &middle);
+    MapWindowPoints(nullptr, list.Control(), &middle, 1);
     EXPECT_EQ(list.SubItemHit(middle.x, middle.y).iItem, 1);
     EXPECT_EQ(list.SubItemHit(middle.x, middle.y).iSubItem, 0);
 }

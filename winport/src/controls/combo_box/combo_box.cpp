@@ -14,7 +14,7 @@ constexpr DWORD kKind = CBS_SIMPLE | CBS_DROPDOWN | CBS_DROPDOWNLIST;
 
 int ButtonWidth()
 {
-    return GetSystemMetrics(SM_CXVSCROLL);
+    return kScrollBarWidth;
 }
 
 const wchar_t* TextIn(LPARAM text)

@@ -17,7 +17,7 @@ LRESULT ListView::TellLabel(UINT code, LPWSTR text)
     told.item.iItem = m_edited;
     told.item.stateMask = ~0U;
     told.item.pszText = text;
-    told.item.cchTextMax = text ? lstrlenW(text) : 0;
+    told.item.cchTextMax = text ? static_cast<int>(std::wcslen(text)) : 0;
     if (Has(m_edited))
     {
         told.item.state = StateOf(m_edited);

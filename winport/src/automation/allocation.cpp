@@ -1,9 +1,12 @@
-// The allocator behind strings, arrays and task memory.
-#include "winport_alloc.h"
+#include "allocation.h"
 
 #include <atomic>
 #include <cstdlib>
 
+#include "winport_alloc.h"
+
+namespace winport
+{
 namespace
 {
 std::atomic<WinportAllocHook> g_hook{nullptr};
@@ -15,22 +18,18 @@ bool Granted() noexcept
 }
 } // namespace
 
-void* WinportAlloc(std::size_t size) noexcept
+void* Allocate(std::size_t size) noexcept
 {
     return Granted() ? std::malloc(size ? size : 1) : nullptr;
 }
 
-void* WinportRealloc(void* memory, std::size_t size) noexcept
-{
-    return Granted() ? std::realloc(memory, size ? size : 1) : nullptr;
-}
-
-void WinportFree(void* memory) noexcept
+void Free(void* memory) noexcept
 {
     std::free(memory);
 }
+} // namespace winport
 
 void WinportSetAllocHook(WinportAllocHook hook) noexcept
 {
-    g_hook.store(hook, std::memory_order_relaxed);
+    winport::g_hook.store(hook, std::memory_order_relaxed);
 }

@@ -1,7 +1,0 @@
-// Included before other headers, makes their DEFINE_GUID lines definitions.
-#pragma once
-
-#ifndef INITGUID
-#define INITGUID
-#endif
-#include "guiddef.h"

@@ -1,4 +1,0 @@
-// Interfaces of compound documents; none is used.
-#pragma once
-
-#include "objidl.h"
