@@ -75,6 +75,15 @@ void MemorySweep::Judge(const MemoryRun& run)
             ++m_outcomes.refused;
             return;
         }
+        // A host that judges the whole search refuses one that lacks a criterion; then there is no array
+        // either.
+        if (m_criteriaDecide && run.status == E_FAIL)
+        {
+            ASSERT_NE(SearchOf(run.calls), SearchOf(m_whole.calls));
+            ASSERT_TRUE(LacksCriteriaOnly(SearchOf(run.calls)));
+            ++m_outcomes.lacking;
+            return;
+        }
         ASSERT_EQ(run.status, m_walkStatus);
         ASSERT_EQ(run.calls, m_whole.calls);
         ++m_outcomes.uncreated;
