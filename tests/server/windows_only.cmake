@@ -19,7 +19,7 @@ qp_static(unloading_host SOURCES UnloadingHost.cpp ProcessCounts.cpp
   DEPENDS driver memory_host framework qpconvert32 qp_interfaces qp_gtest)
 qp_program(unload_process_end SOURCES process_end.cpp DEPENDS unloading_host)
 qp_use_module(unload_process_end qptools)
-qp_test(unload_tests SOURCES unload_test.cpp DEPENDS unloading_host test_common LABELS windows-only)
+qp_test(unload_tests SOURCES unload_test.cpp DEPENDS unloading_host test_common LABELS windows-only SERIAL)
 qp_use_module(unload_tests qptools)
 add_dependencies(unload_tests unload_process_end qp_catalogues)
 
