@@ -10,6 +10,8 @@
 class LogFolder
 {
 public:
+    LogFolder() : m_variable(L"QPTOOLS_LOG_DIR", m_folder.Path().wstring()) {}
+
     const std::filesystem::path& Path() const { return m_folder.Path(); }
 
     /// The bytes of a log; empty if there is none.
@@ -20,5 +22,5 @@ public:
 
 private:
     TestFolder m_folder;
-    TestVariable m_variable{L"QPTOOLS_LOG_DIR", m_folder.Path().wstring()};
+    TestVariable m_variable;
 };
