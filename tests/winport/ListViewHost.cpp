@@ -331,3 +331,9 @@ HeldKeys::~HeldKeys()
 {
     SetKeyboardState(m_before);
 }
+
+bool RunsOnWine()
+{
+    const HMODULE system = GetModuleHandleW(L"ntdll.dll");
+    return system && GetProcAddress(system, "wine_get_version");
+}

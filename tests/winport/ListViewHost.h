@@ -100,3 +100,6 @@ public:
         Trace();
     }
 };
+
+/// Returns true if the system is Wine, whose lists have defects that those of Windows do not have.
+bool RunsOnWine();

@@ -298,6 +298,8 @@ TEST(ListViewEditors, AClickOnARowSelectsItBeforeTheFocusComes)
 
 TEST(ListViewEditors, TheListMayBeDestroyedWhenAClickTakesTheFocus)
 {
+    if (RunsOnWine())
+        GTEST_SKIP() << "here a list goes on with the memory that it has freed";
     EditorHost list;
     SetFocus(MakeEditor(list));
     list.answer = [&](NMHDR& header) -> LRESULT {

@@ -92,13 +92,6 @@ private:
     WNDPROC m_before = nullptr;
     std::string m_told;
 };
-
-// True where the system beneath is Wine.
-bool RunsOnWine()
-{
-    const HMODULE system = GetModuleHandleW(L"ntdll.dll");
-    return system && GetProcAddress(system, "wine_get_version");
-}
 } // namespace
 
 TEST(ListViewHeader, IsAChildOfTheListWithIdentifierZero)
