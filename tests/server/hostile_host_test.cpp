@@ -147,7 +147,7 @@ TEST_F(HostileHost, AnswersLookUpsWithAValueOfAnyType)
     for (const VARIANT& value : OddValues())
     {
         OddObject object(value);
-        LookUpAll(*lookup.get(), &object);
+        LookUpAll(*lookup, &object);
     }
 }
 
@@ -177,7 +177,7 @@ TEST_F(ThrowingHost, InTheLookUpsLeavesNothingBehind)
             ASSERT_EQ(module.Create(CLSID_QPSelectOrvoItem, lookup), S_OK);
             const ComPtr<MemoryObject> object = host.Object("object");
             object->Set(L"project", host.Object("project"));
-            LookUpAll(*lookup.get(), object.get());
+            LookUpAll(*lookup, object.get());
         });
         EXPECT_GT(count, 5);
         EXPECT_EQ(host.LiveObjects(), 0);
