@@ -24,7 +24,7 @@ protected:
     // A key with its character, as the keyboard gives them.
     int Typed(wchar_t letter)
     {
-        m_box.Send(WM_KEYDOWN, static_cast<WPARAM>(letter - L'a' + L'A'), 1);
+        m_box.Send(WM_KEYDOWN, static_cast<WPARAM>(letter) - L'a' + L'A', 1);
         m_box.Send(WM_CHAR, static_cast<WPARAM>(letter), 1);
         return m_box.Selected();
     }
