@@ -22,13 +22,14 @@ int Cycles()
     return asked ? std::atoi(asked) : 1'250;
 }
 
-/// What the process holds apart from memory is to the piece what it was.
+/// What the process holds apart from memory and atoms is to the piece what it was.
 void ExpectSame(const ProcessCounts& before, const ProcessCounts& after)
 {
     EXPECT_EQ(after.tlsSlots, before.tlsSlots);
     EXPECT_EQ(after.flsSlots, before.flsSlots);
     EXPECT_EQ(after.nextHandle, before.nextHandle);
-    EXPECT_EQ(after.atoms, before.atoms);
+    // Atoms are the desktop's: those of a process that ended before may go meanwhile.
+    EXPECT_LE(after.atoms, before.atoms);
     EXPECT_LE(after.heapBytes, before.heapBytes + 8'192);
 }
 
