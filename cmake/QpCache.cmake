@@ -1,5 +1,5 @@
-# Compiles through ccache where it is installed. The base directory and the settings beside it make a clone in another
-# folder find what this one compiled; the settings stand here so that a plain `cmake --build` has them as well.
+# Compiles through ccache where it is installed. With the base directory and the other settings, a clone in another
+# folder finds what this one compiled. They are set here so that a plain `cmake --build` has them as well.
 option(QP_CACHE "Compile through ccache if it is installed" ON)
 find_program(QP_CCACHE ccache)
 mark_as_advanced(QP_CCACHE)
@@ -12,7 +12,7 @@ if(QP_CACHE AND QP_CCACHE)
         CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
         ${QP_CCACHE})
   endforeach()
-  # What ccache asks of compilers that precompile headers.
+  # ccache requires this of GCC for precompiled headers.
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
   endif()

@@ -1,4 +1,4 @@
-# Headers, identifiers and the type library from the IDL, which is their only source. Everything lands in sdk/.
+# Headers, identifiers and the type library from the IDL, which is their only source. All of them are written to sdk/.
 
 set(QP_SDK_DIR ${CMAKE_BINARY_DIR}/sdk)
 set(QP_TYPE_LIBRARY ${QP_SDK_DIR}/qptools.tlb)
@@ -33,7 +33,7 @@ foreach(_idl IN LISTS QP_IDL_FILES)
   list(APPEND _iid_sources ${_iids})
 endforeach()
 
-# widl writes the time of the build into the library; taken out, equal sources give equal files.
+# widl writes the build time into the library. It is removed, so that equal sources give equal files.
 add_custom_command(
   OUTPUT ${QP_TYPE_LIBRARY}
   COMMAND ${CMAKE_COMMAND} -E make_directory ${QP_SDK_DIR}

@@ -27,9 +27,9 @@ function(_qp_compile_resources output format rc)
     VERBATIM)
 endfunction()
 
-# Reads the EXPORTS of a .def into two lists of equal length, what is exported and the function that stands behind it.
-# The forms are "Name" and "Name = Function", each with PRIVATE or without; a comment is a line that starts with a
-# semicolon, as for the linker.
+# Reads the EXPORTS of a .def into two lists of equal length: the exported names and their functions. The forms are
+# "Name" and "Name = Function", each with PRIVATE or without; a comment is a line that starts with a semicolon, as for
+# the linker.
 function(_qp_read_exports def names functions)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${def})
   file(READ ${def} text)
@@ -88,7 +88,7 @@ function(qp_module name)
     set_source_files_properties(${stem}.res.o PROPERTIES EXTERNAL_OBJECT ON GENERATED ON)
     add_library(${name} SHARED ${stem}.res.o ${def})
     target_link_libraries(${name} PRIVATE ${QP_OBJECTS} ${QP_DEPENDS} winapi)
-    # The import library keeps out of the programs' folder, which holds what is shipped.
+    # The import library is not written to the programs' folder, which contains what is shipped.
     set_target_properties(${name} PROPERTIES PREFIX "" LINKER_LANGUAGE CXX
                           ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
   else()

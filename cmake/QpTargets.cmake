@@ -3,9 +3,9 @@
 
 add_library(qp_options INTERFACE)
 target_compile_options(qp_options INTERFACE -Wall -Wextra -Wno-missing-field-initializers -Wno-unknown-pragmas)
-# GCC 12, optimising, takes the room for short texts inside a std::string for all there is and sees longer literals copied
-# beyond its end, under one of these names or another. It is wrong. Other compilers keep the checks, and the sanitised
-# build as well, which looks at every copy as it happens.
+# GCC 12, when optimising, takes the buffer for short texts inside a std::string for the whole storage. Under one of
+# these names or another it wrongly warns that longer literals are copied beyond its end. Other compilers keep the
+# warnings, and so does the sanitised build, which checks every copy at run time.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION MATCHES "^12\\." AND NOT QP_SANITIZE)
   target_compile_options(qp_options INTERFACE -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread)
 endif()
@@ -34,8 +34,8 @@ function(_qp_setup name)
   endif()
 endfunction()
 
-# qp_object(name SOURCES ... [DEPENDS ...]): a folder of the module. Objects, because neither a .def file nor dllexport
-# takes anything out of an archive.
+# qp_object(name SOURCES ... [DEPENDS ...]): a folder of the module. An object library, because the linker takes nothing
+# out of an archive for a .def file or dllexport.
 function(qp_object name)
   cmake_parse_arguments(QP "" "" "SOURCES;DEPENDS" ${ARGN})
   add_library(${name} OBJECT ${QP_SOURCES})
@@ -68,18 +68,18 @@ function(qp_test name)
   cmake_parse_arguments(QP "SERIAL" "" "SOURCES;DEPENDS;LABELS" ${ARGN})
   qp_program(${name} SOURCES ${QP_SOURCES} DEPENDS ${QP_DEPENDS} qp_gtest)
   if(QP_SANITIZE)
-    # Optimising a test under the sanitizers takes the compiler two to three times as long and saves nothing: what runs
-    # long is the code under test.
+    # With optimisation, tests take two to three times as long to compile under the sanitizers and run no faster: the
+    # time is spent in the code under test.
     target_compile_options(${name} PRIVATE -O0)
   endif()
-  # An empty value would fall out of the list and shift what follows it.
+  # An empty value would be dropped from the list and shift those after it.
   set(properties)
   if(QP_LABELS)
     list(APPEND properties LABELS "${QP_LABELS}")
   endif()
   if(NOT WIN32)
-    # Two properties, because a list of several values does not survive the way to the tests. Wine's own wrapper
-    # sets both on Windows.
+    # Two properties, because a list of several values does not reach the tests intact. On Windows
+    # tools/wine-run sets both.
     list(APPEND properties ENVIRONMENT LC_ALL=C.UTF-8 ENVIRONMENT_MODIFICATION TZ=set:UTC)
   endif()
   if(QP_SERIAL)

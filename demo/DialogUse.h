@@ -16,7 +16,7 @@ void SelectNothing(const DialogView& view);
 
 void PressOk(const DialogView& view);
 
-/// Tells of it, too.
+/// Prints the button's text and presses it.
 void PressButton(const DialogView& view, int button);
 
 /// Indents all lines but the first, as messages are printed.

@@ -109,7 +109,7 @@ HRESULT ComModule::RegisterServer(bool typeLibrary, const CLSID* onlyClass,
         Registrar registrar(m_instance, *m_libraryId, report);
         const HRESULT status = UpdateServer(registrar, true, typeLibrary, onlyClass);
         if (status >= 0)
-            registrar.Commit(); // otherwise the registrar's end puts everything back
+            registrar.Commit(); // otherwise the registrar's destructor restores everything
         return status;
     });
 }

@@ -54,7 +54,7 @@ std::wstring KeptKeyWithValue(const RegistryScript& script)
 }
 
 /// Whether the name of a key holds %MODULE%, which would make it a path: several keys, of which a backup
-/// covers the last alone.
+/// covers only the last.
 bool HasKeyNamedByModule(const std::vector<RegistryNode>& nodes)
 {
     for (const RegistryNode& node : nodes)

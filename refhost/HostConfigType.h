@@ -7,7 +7,7 @@
 
 namespace refhost
 {
-/// A type has one object for as long as somebody holds it, so that callers may compare types by their
+/// While a type's object is referenced, the type has no second one, so that callers may compare types by
 /// address.
 class HostConfigType final : public ConfigObject<HostConfigType, IQPType>
 {

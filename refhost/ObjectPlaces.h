@@ -5,7 +5,7 @@
 
 namespace refhost
 {
-/// The memory of data objects: wherever the heap has room, unless an ObjectsInOrder is about.
+/// Allocates data objects: on the heap, unless an ObjectsInOrder exists.
 class ObjectPlaces
 {
 public:
@@ -13,9 +13,9 @@ public:
     static void Give(void* place) noexcept;
 };
 
-/// In its time each new data object of the process stands behind all others of that time, gone ones included.
-/// Lists that follow the objects' addresses then come out the same in every run. There is room for some
-/// ten thousand objects, which is never given back; those beyond stand anywhere. One at a time.
+/// While it exists, each new data object of the process is allocated at a higher address than all before it,
+/// freed ones included. Lists in the order of addresses are then the same in every run. The memory, for some
+/// ten thousand objects, is never freed; further objects come from the heap. One at a time.
 class ObjectsInOrder
 {
 public:

@@ -24,11 +24,11 @@ struct ObjectRow
 
     /// Writes the attribute's value into `value`, which is empty, and returns S_OK. Writes nothing and
     /// returns S_FALSE if there is no value, E_ACCESSDENIED if the attribute is hidden. Throws PlantError if
-    /// the row is gone.
+    /// the row no longer exists.
     HRESULT Read(const Attribute& attribute, VARIANT& value) const;
 
     /// Throws StatusError for a value that does not fit (see ToColumn) and, with E_ACCESSDENIED, for an
-    /// attribute that is locked or hidden; PlantError if the row is gone.
+    /// attribute that is locked or hidden; PlantError if the row no longer exists.
     void Write(const Attribute& attribute, const VARIANT& value) const;
 
 private:

@@ -16,7 +16,7 @@ inline constexpr long kAllRights = 2 | 4 | 8 | 16 | 32 | 64 | 128 | 256 | 512;
 /// Adds an object with no values and returns its number. Throws PlantError if that kind has one of that key.
 long long InsertObject(Database& database, const Kind& kind, const std::string& key);
 
-/// Sets the rights of an object; none at all takes its rights service away.
+/// Sets the rights of an object; std::nullopt removes its rights service.
 void StoreRights(Database& database, long long object, std::optional<long> rights);
 
 /// Sets what the user may not do with one attribute of an object.

@@ -18,7 +18,8 @@ struct PlantCore
 {
     explicit PlantCore(const std::string& name);
 
-    /// The key of an object, as used by sample data and recorded calls; "#<number>" if the object is gone.
+    /// The key of an object, as used by sample data and recorded calls; "#<number>" if the object no longer
+    /// exists.
     std::string KeyOf(long long id);
 
     /// Stores the text of a failure for Plant::LastError.

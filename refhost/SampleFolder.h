@@ -1,4 +1,4 @@
-// Where the sample plant stands.
+// The location of the sample plant.
 #pragma once
 
 namespace refhost

@@ -66,7 +66,7 @@ struct Kind
     bool IsOf(std::string_view name) const;
 };
 
-/// All kinds; each stands before those that refer to it.
+/// All kinds; each comes before those that refer to it.
 const std::vector<Kind>& Kinds();
 
 /// The kind of that table; null if there is none.

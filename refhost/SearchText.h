@@ -9,7 +9,7 @@
 
 namespace refhost
 {
-/// What stands before a criterion or between criteria. The values are those of the search interface.
+/// What precedes a criterion or separates criteria. The values are those of the search interface.
 enum class Catenation
 {
     None = 0,

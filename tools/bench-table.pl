@@ -4,9 +4,9 @@
 #   qp_bench --benchmark_repetitions=15 --benchmark_format=csv >bench.csv
 #   bench-table.pl bench.csv docs/performance.md
 #
-# Benchmarks are named subject/contender/rows (the rows may be missing). Of several repetitions the fastest counts: what
-# else the machine does only ever makes a run slower. Everything between the two marker lines of the page is replaced.
-# The page is written whatever was measured; a limit that does not hold is named on standard error, and the exit code is 3.
+# Benchmarks are named subject/contender/rows (the rows may be missing). Of several repetitions the fastest counts:
+# other load on the machine only makes a run slower. Everything between the two marker lines of the page is replaced.
+# The page is always written; a limit that does not hold is named on standard error, and the exit code is then 3.
 use strict;
 use warnings;
 
@@ -25,7 +25,7 @@ while (my $line = <$in>) {
     my ($name, undef, $real, $cpu, $unit) = @fields;
     next if $name =~ /_(mean|median|stddev|cv)$/;
     die "$csv: $name: $fields[9]\n" if ($fields[8] || '') eq 'true';
-    # What waits for the system is measured by the clock, all else by the processor's time.
+    # Subjects that wait for the system are measured in wall-clock time, all others in processor time.
     my $by_clock = $name =~ s{/(real_time|manual_time)$}{};
     $name =~ s{/repeats:\d+$}{};
     my ($subject, $contender, $rows) = split m{/}, $name;
@@ -64,7 +64,7 @@ sub tables {
     return join "\n", @tables, limits();
 }
 
-# Asks that the measured number is from `least` to `most`.
+# Requires the measured number to be from `least` to `most`.
 sub limit {
     my ($what, $measured, $least, $most) = @_;
     push @limits, [$what, $measured, $least, $most];

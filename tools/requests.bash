@@ -1,4 +1,4 @@
-# What with-pictures and with-keys share: a program asks by files, and is answered while it runs.
+# Shared by with-pictures and with-keys: a program makes requests by files, which are answered while it runs.
 
 # answer_requests FOLDER ENDING ANSWER COMMAND...: while the command runs, `ANSWER FILE` is called for each FOLDER/*.ENDING,
 # again and again until it has removed the file. The command's exit code is passed through.

@@ -1,5 +1,5 @@
-# Takes the time of the build out of a type library, in place: once as text after "Created by WIDL version ... at ",
-# once as a number in the record behind that text. The file keeps its length.
+# Removes the build time from a type library, in place: once as text after "Created by WIDL version ... at ", once as a
+# number in the record behind that text. The file keeps its length.
 use strict;
 use warnings;
 

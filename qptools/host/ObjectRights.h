@@ -10,6 +10,6 @@
 namespace qptools
 {
 /// Asks `object`, which must not be null, whether the user holds `right`. Returns the host's status, of which
-/// only S_OK means yes; nothing if the object has no IQPObjectRights to ask.
+/// only S_OK means yes; std::nullopt if the object has no IQPObjectRights.
 std::optional<HRESULT> HasRight(IUnknown* object, QPRightType right);
 } // namespace qptools

@@ -28,7 +28,7 @@ public:
 
     /// Clears the variant at `target`, which must be valid, and moves the array into it. With a null `target`
     /// the array is destroyed with this object. An old value that cannot be cleared, because it is a locked
-    /// array, is left to whoever locked it.
+    /// array, is left to the owner of the lock.
     void MoveTo(VARIANT* target) noexcept;
 
 private:

@@ -28,8 +28,9 @@ Bstr WithSuffix(const std::wstring& name, int number)
     return Bstr(name + L'(' + std::to_wstring(number) + L')');
 }
 
-/// Gives `row` its name or the name with a suffix. `nextSuffix` is that of this very text, 1 being the name
-/// itself: what was in use once stays in use and is not tried again.
+/// Inserts `row` under its name or, if that is in use, under the name with a suffix. `nextSuffix` is the
+/// first suffix not yet tried for this text; 1 is the name without one. A name once in use stays in use, so
+/// smaller suffixes are not tried again.
 void Place(ScriptCommandRow& row, const std::wstring& name, int& nextSuffix, Rows& rows)
 {
     if (nextSuffix == 1)
@@ -49,8 +50,8 @@ void Place(ScriptCommandRow& row, const std::wstring& name, int& nextSuffix, Row
 }
 } // namespace
 
-/// A sort takes about half as long as a map, which is made only if two names are equal: the sort compares any
-/// two names that end up side by side.
+/// A sort takes about half as long as a map, so the map is built only if two names are equal. The sort finds
+/// out, because it compares any two names that end up adjacent.
 std::vector<XScriptCommandNames::Named> XScriptCommandNames::InOrder()
 {
     std::vector<Named> order;

@@ -23,8 +23,8 @@ struct ScriptCommandRow
     ScriptMode mode = ScriptMode::EachObject;
 };
 
-/// Names commands as if each went, in the order of Add, into a map by display name. The user's language
-/// decides the order and which names are equal.
+/// Names commands as if each were inserted, in the order of Add, into a map keyed by display name. The user's
+/// language decides the order and which names are equal.
 ///
 /// - A script whose name is in use gets the first of the suffixes "(2)", "(3)" ... that makes it unique.
 /// - A macro replaces the row of its name, on purpose.

@@ -15,8 +15,7 @@ CQptoolsApp g_application;
 
 BOOL CQptoolsApp::InitInstance()
 {
-    // A module object that cannot start answers "class not available" later; that is no reason to fail the
-    // load.
+    // On purpose a failure does not fail the load: DllGetClassObject returns CLASS_E_CLASSNOTAVAILABLE then.
     static_cast<void>(ComModule::Get().Init(g_classTable, m_hInstance, &LIBID_QPTOOLSLib));
     return CWinApp::InitInstance();
 }

@@ -9,10 +9,10 @@ namespace qptools
 class CQptoolsApp final : public CWinApp
 {
 public:
-    /// Initialises the module object, whatever comes of it, then the base, whose answer it returns.
+    /// Initialises the module object, ignoring its status, then calls the base class and returns its result.
     BOOL InitInstance() override;
 
-    /// Terminates the module object, then the base, whose answer it returns.
+    /// Terminates the module object, then calls the base class and returns its result.
     int ExitInstance() override;
 };
 } // namespace qptools

@@ -31,9 +31,9 @@ const CategoryEntry* NoCategories()
 void NothingToInit(bool) {}
 
 /// What the classes differ in: the implementing class, its identifier, its registry script among the
-/// resources, and whether it may be aggregated. The scripts differ on purpose as well and are not to be
-/// brought into line: a class that refuses aggregation has no ThreadingModel; only 103, 106 and 107 have the
-/// key Programmable; 108 writes its ProgID with another case in the values than in the keys, and 48ad of its
+/// resources, and whether it may be aggregated. The scripts differ on purpose, too, and must not be made
+/// alike: a class that refuses aggregation has no ThreadingModel; only 103, 106 and 107 have the key
+/// Programmable; 108 writes its ProgID with another case in the values than in the keys, and 48ad of its
 /// CLSID in lower case.
 template <class Class, UINT Script, Aggregation Rule>
 constexpr ObjectMapEntry Entry(const CLSID& classId)

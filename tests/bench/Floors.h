@@ -5,7 +5,7 @@
 #include "qpobjects.h"
 
 /// The calls of GetScriptCommands on a host whose commands all have a prompt and a script and all rights. The
-/// names are put in order once, by the same comparison; none is made unique.
+/// names are sorted once, by the same comparison; none is made unique.
 void CommandsFloor(IQP_Query* query, IQP_BaseDataObject* set, BSTR typeName, VARIANT* result);
 
 /// The calls of GetScriptsForAction on a host whose actions all have a script.

@@ -53,8 +53,8 @@ std::size_t RowsIn(const VARIANT& result)
     return static_cast<std::size_t>(last) + 1;
 }
 
-/// One call on a new manager each time. What goes with the manager, the pairs that it keeps, counts as the
-/// floor's do; its making does not.
+/// One call on a new manager each time. Freeing the manager with the pairs that it keeps is measured, as the
+/// floor's are; creating it is not.
 template <class Call>
 void MeasureService(benchmark::State& state, std::size_t rows, Call&& call)
 {

@@ -18,9 +18,9 @@ std::string InBrackets(std::string_view name);
 /// A text reads as it is, an object as its name in angle brackets, an empty cell as "-".
 std::string CellText(const VARIANT& cell, const std::function<std::string(IUnknown*)>& nameOf);
 
-/// The rows of a two-dimensional array of variants with both lower bounds 0. What is no such array gives one
-/// row that says so.
+/// The rows of a two-dimensional array of variants with both lower bounds 0. Any other value gives one row
+/// that says so.
 TextRows RowsOf(const VARIANT& result, const std::function<std::string(IUnknown*)>& nameOf);
 
-/// The number of columns of such an array, -1 if it is none.
+/// The number of columns of such an array; -1 for any other value.
 int ColumnsOf(const VARIANT& result);

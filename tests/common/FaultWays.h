@@ -17,7 +17,7 @@ struct Way
     refhost::Fault fault;
     HRESULT status;
 
-    /// The failing call says so with a status; else it says S_OK with nothing in its results.
+    /// True if the failing call returns a status of its own; otherwise it returns S_OK with empty results.
     bool SaysSo() const { return fault == refhost::Fault::Status; }
     bool Fails() const { return SaysSo() && status < 0; }
 };

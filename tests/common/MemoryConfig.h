@@ -22,7 +22,7 @@
 #include <utility>
 #include <vector>
 
-/// What the host answers when it is asked for a list.
+/// The host's answer to a call that returns a list.
 template <class Object>
 struct MemoryListAnswer
 {

@@ -19,7 +19,7 @@ template <class Enum, class Element>
 class MemoryList final : public Enum
 {
 public:
-    /// `name` stands before each call in the record, unless it is empty.
+    /// `name` precedes each recorded call, unless it is empty.
     template <class Object>
     MemoryList(MemoryRecord& record, const std::vector<ComPtr<Object>>& objects, const std::string& name = {})
         : m_record(record), m_life(record), m_name(name.empty() ? name : name + ".")

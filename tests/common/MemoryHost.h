@@ -26,7 +26,7 @@ public:
     /// A data object with an attribute "name".
     ComPtr<MemoryObject> Named(const wchar_t* name);
 
-    /// An object that is no data object itself but, asked for one, gives `object`.
+    /// An object that is not a data object, but whose QueryInterface for one returns `object`.
     ComPtr<IUnknown> ReferenceTo(std::string name, const ComPtr<MemoryObject>& object);
 
     /// An enumerator over `objects`, in this order.

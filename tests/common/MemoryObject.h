@@ -34,7 +34,7 @@ public:
     MemoryObject* Answer(const wchar_t* attribute, HRESULT status, const VARIANT& value);
     MemoryObject* Fail(const wchar_t* attribute, HRESULT status);
 
-    /// What IsDerivedFromClass answers for that class; S_FALSE for one that was never set.
+    /// The status of IsDerivedFromClass for that class; S_FALSE for one that was never set.
     MemoryObject* Is(const wchar_t* className, HRESULT status = S_OK);
 
     /// What GetTableName answers; E_NOTIMPL if it was never set. A null name is a null text.
@@ -50,11 +50,11 @@ public:
     /// What GetType answers, whatever the names; `type` may be null. E_NOTIMPL if it was never set.
     MemoryObject* Type(MemoryType* type, HRESULT status = S_OK);
 
-    /// What a write of that attribute gives: the result of its row and the status of a single write. Its
-    /// value stays as it is.
+    /// Makes writes of that attribute fail: `status` is the result of its row and the status of a single
+    /// write. The value is unchanged.
     MemoryObject* RefuseWrite(const wchar_t* attribute, HRESULT status);
 
-    /// The attribute's value as the record writes it, `I4 5`; "EMPTY" if it has none.
+    /// The attribute's value in the form of the record, such as `I4 5`; "EMPTY" if there is no value.
     std::string ValueText(const wchar_t* attribute) const;
 
     /// What GetAttributes returns in place of its own status, with the rows all the same. Its own is S_OK, or
@@ -73,7 +73,7 @@ public:
     HRESULT right = S_OK;
     /// Whether the object has IQPObjectRights at all.
     bool offersRights = true;
-    /// Whether the object, asked for it, still is a data object.
+    /// Whether QueryInterface of the object supports the data object's interface.
     bool offersData = true;
 
     const std::string& Name() const noexcept { return m_name; }

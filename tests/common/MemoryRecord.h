@@ -27,7 +27,7 @@ public:
     bool recordingQueries = false;
     /// Runs after each recorded call.
     std::function<void(const std::string& call)> onCall;
-    /// Runs with each reference taken to a data object.
+    /// Runs at each AddRef of a data object.
     std::function<void()> onReference;
 
     /// The name under which `object` is recorded.
@@ -39,7 +39,7 @@ public:
     /// Whether a call of any host is running: what is allocated then is the host's.
     static bool InCall() noexcept { return s_depth > 0; }
 
-    /// Stands for the duration of a host call.
+    /// Exists for the duration of a host call.
     class CallScope
     {
     public:

@@ -1,4 +1,4 @@
-// Values that a host gives by address (VT_BYREF).
+// Values by address (VT_BYREF).
 #pragma once
 
 #include <windows.h>

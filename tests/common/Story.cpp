@@ -30,7 +30,7 @@ std::string Shortened(std::string line)
     return line;
 }
 
-/// What stands before the arguments of a call.
+/// The text before the arguments of a call.
 std::string MethodOf(const std::string& call)
 {
     return call.substr(0, call.find('('));

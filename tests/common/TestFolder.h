@@ -33,7 +33,7 @@ void WriteBytes(const std::filesystem::path& file, std::string_view bytes);
 /// it.
 std::vector<std::string> ReadLines(const std::filesystem::path& file);
 
-/// Sets a variable of the environment, or takes it out, and puts the old one back at the end.
+/// Sets or removes an environment variable; the destructor restores the old value.
 class TestVariable
 {
 public:

@@ -1,4 +1,4 @@
-// What shows that a method left its results and references alone.
+// Shows that a method left its results and references unchanged.
 #pragma once
 
 #include "ComPtr.h"

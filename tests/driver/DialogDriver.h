@@ -28,7 +28,7 @@ public:
     bool AllShown() const { return m_expected.empty(); }
 
 private:
-    // How far a dialog was made to close that does not close by itself.
+    // The steps taken so far to close a dialog that does not close by itself.
     enum class Closing
     {
         No,

@@ -47,7 +47,7 @@ struct EventTable
 {
     std::vector<int> controls; ///< those whose enabling is watched
     std::vector<int> buttons;  ///< check boxes and radio buttons
-    /// The text of what is selected, in the list that is shown unless told otherwise.
+    /// Returns the text of the selection; by default that of the visible list.
     std::function<std::wstring(const DialogView&)> selection = SelectedRowText;
     const std::vector<std::string>& record; ///< of calls and boxes
     /// Shows the dialog, which gets these steps, and returns the result in words.

@@ -17,7 +17,7 @@ DialogStep Sees(Sight sight);
 // Keys, by their names (KeyNames.h).
 DialogStep Types(const std::string& keys);
 /// The next step comes when this is seen. KeyboardUser fails the test if it is seen before the keys are
-/// typed, since nobody could tell then that they arrived.
+/// typed, because it would not show then that they arrived.
 DialogStep Types(const std::string& keys, Sight until);
 /// The keys end the dialog.
 DialogStep Ends(const std::string& keys);

@@ -31,7 +31,7 @@ ModelResult CommandsByTheLetter(const ScriptContext& context, int userInterfaceT
 /// What GetScriptsForAction delivers on a new object. Makes the same host calls.
 ModelResult ScriptsByTheLetter(const ScriptContext& context, int actionType, int beforeAfter);
 
-/// The rows as RowsOf gives those of a real result; the objects are asked for their names.
+/// The rows in the form of RowsOf for a real result; names are read from the objects.
 TextRows TextOf(const ModelResult& result);
 
 /// The attribute "name" of an object of the sample plant, empty if it has none.

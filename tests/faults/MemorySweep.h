@@ -22,13 +22,13 @@ struct MemoryRun
     bool struck = false;            ///< an allocation was made to fail
 };
 
-/// How often each outcome came.
+/// The number of runs with each outcome.
 struct MemoryOutcomes
 {
     int refused = 0;   ///< E_OUTOFMEMORY and the variant as it was
     int uncreated = 0; ///< no array: the variant as it was and the status of the walk
     int partial = 0;   ///< E_OUTOFMEMORY and the array filled up to a cell that could not be put
-    int whole = 0;     ///< all as if memory had been there
+    int whole = 0;     ///< the result is complete
     int lacking = 0;   ///< a search without some of its criteria on texts
 };
 
@@ -41,10 +41,10 @@ public:
     /// objects.
     MemorySweep(std::function<MemoryRun(long n)> run, std::function<long()> liveObjects);
 
-    /// The status that the walk leaves, which is not that of the cells.
+    /// The status of the walk, which differs from that of the cells.
     void ExpectWalkStatus(HRESULT status) { m_walkStatus = status; }
 
-    /// Says that the host looks at the criteria: a search that lacks one finds something else or fails.
+    /// The host evaluates the criteria: a search that lacks one finds something else or fails.
     void CriteriaDecide() { m_criteriaDecide = true; }
 
     /// Gtest's fatal failures end it early.

@@ -1,4 +1,4 @@
-// Both methods of the script service where the array cannot be made, or one of its cells not be put.
+// Both methods of the script service when the array cannot be created or one of its cells cannot be put.
 #include "ArrayText.h"
 #include "MemoryHost.h"
 #include "MemorySweep.h"

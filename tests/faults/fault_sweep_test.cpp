@@ -1,5 +1,5 @@
-// Every host call of a whole run fails once, in each way a call can: each run ends, keeps nothing of the
-// host, and delivers what the rules say for exactly that failure.
+// Every host call of a whole run fails once, in each way a call can: each run ends, keeps no reference to the
+// host, and delivers what the rules say for that failure.
 #include "FaultWays.h"
 #include "LetterModel.h"
 #include "ModuleUnderTest.h"
@@ -50,7 +50,7 @@ const Context kCommandContexts[] = {{L"Body Shop", L"orvoplantype_workcell", L"W
                                     {L"Machining", L"machine", L"Turning", 1},
                                     {L"Machining", L"scriptcommand", L"Milling", 1}};
 
-/// What one run gave and which host calls it made.
+/// The result of one run and its host calls.
 struct Outcome
 {
     HRESULT status = S_OK;
@@ -80,12 +80,12 @@ protected:
         m_before = context.before;
     }
 
-    /// Makes `run` with the n-th host call failing; 0 fails none. `run` gives the status and something to be
-    /// written as rows, which is done when no call can fail any more.
+    /// Makes `run` with the n-th host call failing; 0 fails none. `run` returns the status and a result,
+    /// which `rows` turns into rows when no call can fail any more.
     template <class Call, class Rows>
     Outcome With(long long n, Call&& run, Rows&& rows)
     {
-        // A query that keeps nothing of an earlier search, which a step that fails may not have taken back.
+        // A new query, because a failed step may have left parts of an earlier search in the old one.
         m_query = plant->NewQuery();
         m_context.query = m_query.get();
         CallGate& gate = plant->Calls();
@@ -158,8 +158,8 @@ protected:
     }
 
     /// Fails every call of `real` in turn and compares with `model`, whose calls and results must be the
-    /// same. Then come a call without the fault and one more with it on the same manager: each finds what it
-    /// finds, alone or, with `keeps`, behind the rows of the calls before.
+    /// same. Then the same manager is called without the fault and once more with it: each call delivers its
+    /// rows, with `keeps` behind the rows of earlier calls.
     template <class Contexts, class Real, class Model>
     void Sweep(const Contexts& contexts, Real&& real, Model&& model, bool keeps)
     {
@@ -229,8 +229,8 @@ TEST_P(FaultSweep, EveryCallOfGetScriptsForAction)
         [this](long long n) { return ScriptsModel(n); }, true);
 }
 
-/// The rows of a whole run, and which of them a failed read of an action's script or a failed step of the
-/// walk leaves.
+/// The rows of a whole run, and which of them remain after a failed read of an action's script or a failed
+/// step of the walk.
 TEST_P(FaultSweep, AFailedStepOfTheWalkLeavesTheRowsBeforeItAndAFailedReadItsOwnRowOut)
 {
     Enter(kActionContexts[0]);

@@ -1,4 +1,5 @@
-// The user action log while memory runs out: one exception, one status, nothing written, the UI state left.
+// The user action log when out of memory: one exception, one status, nothing is written, and the UI state is
+// left.
 #include "FaultyMemory.h"
 #include "LogFolder.h"
 #include "QPUserActionLog.h"
@@ -55,7 +56,7 @@ protected:
     LogMemory()
     {
         CreateComObject<qptools::QPUserActionLog>(nullptr, __uuidof(IQPUserActionLog), log.putVoid());
-        // What is made at the first use is made now.
+        // Creates now what the first use creates.
         GetParam().call(log.get());
         size = folder.Bytes().size();
     }

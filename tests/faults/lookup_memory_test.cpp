@@ -28,7 +28,8 @@ protected:
         set->Set(L"orvoproject", project);
     }
 
-    /// Fails the allocations of `call` in turn. Each run that lacked one has to say so; none keeps anything.
+    /// Fails the allocations of `call` in turn. Each such run must return E_OUTOFMEMORY, and none keeps
+    /// anything.
     void Sweep(const std::function<HRESULT()>& call, int atLeast)
     {
         ASSERT_EQ(call(), S_OK);

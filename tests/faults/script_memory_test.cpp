@@ -186,8 +186,7 @@ TEST_P(ScriptMemory, ACallAfterOneWithoutMemoryReturnsWhatWasFoundInBoth)
             first = manager->GetScriptsForAction(&host.Query(), set.get(), type, OfPlanType(), 7, 1, nullptr);
             struck = memory.Struck();
         }
-        // How far the first walk came: an action is kept if its pair could be, all of them or none but at its
-        // end.
+        // How far the first walk got: each action whose pair could be stored is kept.
         const auto reads = std::count_if(host.calls.begin(), host.calls.end(), [](const std::string& call) {
             return call.ends_with(".GetAttribute(script)");
         });

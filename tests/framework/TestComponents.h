@@ -19,7 +19,7 @@ ITestName : public IUnknown
 };
 __CRT_UUID_DECL(ITestName, 0x5b0f6c6e, 0x2f83, 0x4c06, 0x9a, 0x4a, 0x1d, 0x4b, 0x8c, 0x1c, 0x6a, 0x02)
 
-/// Answers two interfaces and tells how many of its kind live.
+/// Has two interfaces and counts the live objects of its class.
 class TestComponent final : public ComObject<TestComponent, ITestNumber, ITestName>
 {
 public:
@@ -32,8 +32,8 @@ public:
     static int s_alive;
 };
 
-/// What FinalConstruct answers and sees is the test's choice. It takes a reference to the object and gives it
-/// back, and so does the destructor.
+/// The test chooses what FinalConstruct returns and reads what it found. FinalConstruct adds and releases a
+/// reference to the object, and so does the destructor.
 class TestConstructed final : public ComObject<TestConstructed, ITestNumber>
 {
 public:
@@ -49,7 +49,7 @@ public:
     static ULONG s_countSeen; ///< the reference count as FinalConstruct found it
 
 private:
-    /// Returns the count that is left.
+    /// Returns the count after Release.
     ULONG UseAReferenceToThis();
 };
 

@@ -38,7 +38,7 @@ enum TestControl : int
     kLabel = 309,
 };
 
-/// Does what a test says and writes down what happened.
+/// Runs the handlers of a test and records events.
 class TestDialog : public CDialog
 {
 public:

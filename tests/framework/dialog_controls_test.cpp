@@ -189,7 +189,7 @@ void ClickHeader(HWND header, int x)
 }
 } // namespace
 
-// Nobody has called InitCommonControlsEx for them.
+// The program has not called InitCommonControlsEx for them.
 TEST_F(DialogControls, AListAndADatePickerComeFromTheTemplate)
 {
     Run([](ControlsDialog& run) {

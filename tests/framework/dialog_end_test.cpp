@@ -1,4 +1,4 @@
-// A dialog that somebody ends who knows its window alone, by the system's EndDialog.
+// A dialog that is ended from outside by the system's EndDialog, given its window handle only.
 #include "TestDialog.h"
 
 #include "DialogDriver.h"
@@ -44,7 +44,7 @@ class SystemEndDialog : public testing::Test
 protected:
     void EndByDialog(INT_PTR code = IDOK) { EXPECT_TRUE(::EndDialog(dialog.m_hWnd, code)); }
 
-    /// The dialog was cancelled, and nothing was taken from it.
+    /// The dialog was cancelled, and no value was read from it.
     void ExpectCancelled(INT_PTR result, const Events& events)
     {
         EXPECT_EQ(result, IDCANCEL);

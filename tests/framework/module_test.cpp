@@ -32,7 +32,7 @@ HRESULT NoFactory(InstanceCreator, REFIID, void**)
     return E_OUTOFMEMORY;
 }
 
-std::string g_registered; ///< a letter for each class as it is registered, a small one as it is taken out
+std::string g_registered; ///< a letter for each class registered, a small one for each class unregistered
 char g_failing = 0;
 
 template <char Letter>

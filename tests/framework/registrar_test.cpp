@@ -24,7 +24,7 @@ protected:
     std::optional<Registrar> registrar;
 };
 
-/// Texts are REG_SZ; these values show that others come back with type and length as they were.
+/// Texts are REG_SZ; these bytes show that values of other types are restored with type and length.
 const std::vector<BYTE> kOdd = {1, 0, 255};
 } // namespace
 

@@ -28,7 +28,7 @@ public:
     BOOL answer = TRUE;
 };
 
-/// What stands for the module: any handle will do, as nothing is looked up in it here.
+/// Represents the module: any handle will do, because nothing is looked up in it here.
 int g_place = 0;
 const HINSTANCE kModule = reinterpret_cast<HINSTANCE>(&g_place);
 } // namespace

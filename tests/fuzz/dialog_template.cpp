@@ -1,5 +1,5 @@
-// Dialog templates. Their reader gets no length, as the system's does: the bytes stand before zeros, which
-// are enough for the longest data and for all controls, so what is read beyond them is a mistake.
+// Dialog templates. Like the system's, their reader gets no length: zeros follow the bytes, enough for the
+// longest data and for all controls, so a read beyond them is a mistake.
 #include "dialog/dialog.h"
 
 #include <cstdint>

@@ -34,7 +34,8 @@ struct Answer
     ULONG reported = kAsGiven;
 };
 
-/// Gives one answer a call, and the last one again for ever. Every object that it hands out is counted.
+/// Returns one answer for each call, and the last one for all further calls. Every object that it returns is
+/// counted.
 template <class Enumerator>
 class CScriptedEnum final : public Enumerator
 {

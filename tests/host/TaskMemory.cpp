@@ -25,7 +25,7 @@ bool Granted() noexcept
 std::vector<SIZE_T> g_sizes;
 int g_live = 0;
 
-/// Asked by the allocator itself.
+/// Called by the allocator before each allocation.
 class Spy final : public IMallocSpy
 {
 public:

@@ -1,5 +1,5 @@
-// The task allocator (CoTaskMemAlloc), counted and made to fail. It is not operator new: that is
-// tests/common/FaultyMemory.h.
+// The task allocator (CoTaskMemAlloc), which counts its allocations and fails some of them. It is not
+// operator new: that is tests/common/FaultyMemory.h.
 #pragma once
 
 #include <cstddef>

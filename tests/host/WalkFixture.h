@@ -1,5 +1,5 @@
-// What the tests of walks over the host's enumerators share: objects that know how often they are held, and
-// walks that write down what they saw.
+// What the tests of walks over the host's enumerators share: objects that count references to them, and walks
+// that record what they saw.
 #pragma once
 
 #include "EnumWalk.h"

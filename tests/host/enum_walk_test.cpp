@@ -1,5 +1,5 @@
 // Walks that fetch one object at a time: which objects are seen, what ends a walk, and that every reference
-// fetched is given back.
+// fetched is released.
 #include "WalkFixture.h"
 
 using namespace walks;

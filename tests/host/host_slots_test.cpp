@@ -1,5 +1,5 @@
-// Where every method stands in the table of its interface. Host and module are built by different compilers
-// at different times and know each other by these positions alone.
+// The position of every method in the table of its interface. Host and module are built by different
+// compilers at different times; these positions are all that they share.
 #include <gtest/gtest.h>
 
 #include "qpservices.h"
@@ -46,7 +46,7 @@ int SlotOf(Call call)
     return g_entry;
 }
 
-// The object has a hand-made table, which the sanitizer's check of dynamic types does not know.
+// The object has a hand-made table, which the sanitizer's check of dynamic types would report.
 #define SLOT(Interface, ...)                                                                                 \
     SlotOf<Interface>([](Interface * p) __attribute__((no_sanitize("undefined"))) { p->__VA_ARGS__; })
 

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-/// Asks for keys by a file in the folder that QP_KEYS_FOLDER names. The file exists until they are typed.
+/// Requests keys by a file in the folder that QP_KEYS_FOLDER names. The file exists until they are typed.
 class KeyRequest
 {
 public:

@@ -38,7 +38,7 @@ void KeyboardUser::Does(const Steps& steps)
     }
 }
 
-// Steps of an outer dialog go on when those of an inner one are done and it is gone.
+// Steps of an outer dialog continue when those of an inner one are done and it is destroyed.
 void KeyboardUser::OnActivated(HWND dialog)
 {
     if (std::find(m_open.begin(), m_open.end(), dialog) != m_open.end())
@@ -92,7 +92,7 @@ void KeyboardUser::Begin()
         m_request.emplace(m_open.back(), step.Keys());
 }
 
-// A dialog may be gone before the key that ended it is let go.
+// A dialog may be destroyed before the key that ended it is released.
 bool KeyboardUser::IsDone() const
 {
     const DialogStep& step = m_steps.front();

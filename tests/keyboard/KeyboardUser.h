@@ -11,9 +11,9 @@
 #include <vector>
 
 /// Runs steps inside the modal loops of this thread: keys are typed on the real keyboard, and no step begins
-/// before the last one's keys have led to what was to be seen. What does not come within the bound, and a
-/// dialog that is open when no step is left, fails the test with all that is shown; everything is then
-/// closed, so that no test hangs. One object at a time for each thread.
+/// before the sight of the last one has come true. A sight that does not come true within the bound, and a
+/// dialog that is open when no step is left, fail the test with all that is shown. Everything is then closed,
+/// so that no test hangs. One object at a time for each thread.
 class KeyboardUser : private ModalWatch
 {
 public:
@@ -22,8 +22,8 @@ public:
     ~KeyboardUser() override;
 
     /// Queues steps. Those of a box or a dialog that a step opens follow that step in the same list. Steps
-    /// that a keyboard cannot do (Presses, Selects ...), and keys without a sight after them, fail the test:
-    /// nobody could tell whether they arrived.
+    /// that a keyboard cannot do (Presses, Selects ...), and keys without a sight after them, fail the test,
+    /// because it would not show whether they arrived.
     void Does(const Steps& steps);
 
 private:

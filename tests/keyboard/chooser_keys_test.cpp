@@ -16,7 +16,7 @@ protected:
     KeyboardUser user;
 };
 
-// Projects, which can be left only by choosing or by doing without.
+// Projects, a dialog without Cancel: it ends only with a choice or with none of them.
 
 class Projects : public ByKeyboard
 {
@@ -164,7 +164,7 @@ class Scripts : public ByKeyboard
 protected:
     static constexpr int kList = 206;
 
-    /// Each script of the crankshaft's project, and of none, has a name of its own.
+    /// The names of the scripts of the crankshaft's project and of no project are unique.
     std::string Show()
     {
         ComPtr<IQP_BaseDataObject> selected;
@@ -174,7 +174,7 @@ protected:
         return NameInPlant(selected.get());
     }
 
-    /// The scripts stand in no order that a test could know.
+    /// The scripts are in the order of their addresses, which a test cannot know.
     DialogStep NotesTheSelected()
     {
         return [this](DialogView& view) {

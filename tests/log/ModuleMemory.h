@@ -15,7 +15,7 @@ public:
     ModuleMemory(const ModuleMemory&) = delete;
     ModuleMemory& operator=(const ModuleMemory&) = delete;
 
-    /// True if the n-th allocation was made, and failed.
+    /// True if there was an n-th allocation, which failed.
     bool Struck() const noexcept;
 
 private:

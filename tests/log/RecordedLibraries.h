@@ -1,4 +1,4 @@
-// Stands in for the libraries for logging and translation, and keeps what they were called with.
+// Replaces the libraries for logging and translation, and records their calls.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,4 @@
-// What the component asks of the libraries for logging and translation, call by call.
+// The component's calls of the libraries for logging and translation.
 #include "RecordedLibraries.h"
 #include "TimeStamps.h"
 

@@ -1,4 +1,4 @@
-// What a host sees when the module's memory runs out, and that it can go on. On Windows only, where the
+// What a host sees when the module is out of memory, and that both can continue. On Windows only, where the
 // module is a file of its own with a runtime of its own.
 #include "LogFolder.h"
 #include "ModuleMemory.h"
@@ -15,8 +15,8 @@
 
 namespace
 {
-/// How the compiler's runtime raises a C++ exception, and how it goes on with one for which it has found a
-/// handler.
+/// The codes with which the compiler's runtime raises a C++ exception, and with which it unwinds to the
+/// handler that it found.
 constexpr DWORD kThrown = 0x20474343;
 constexpr DWORD kUnwinding = 0x21474343;
 
@@ -28,7 +28,7 @@ LONG CALLBACK NoteException(EXCEPTION_POINTERS* exception)
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
-/// While it lives, the codes of the exceptions of the process go to g_codes.
+/// While it exists, the codes of all exceptions of the process are appended to g_codes.
 class NotedExceptions
 {
 public:
@@ -66,7 +66,7 @@ protected:
     ModuleWithoutMemory()
     {
         EXPECT_EQ(module.Create(CLSID_QPUserActionLog, log), S_OK);
-        // What is made at the first use is made now.
+        // Creates now what the first use creates.
         GetParam().call(log.get());
         Grown();
     }

@@ -1,4 +1,4 @@
-// What stands in the log file after each call of the component, made by COM.
+// The content of the log file after each call of the component, which COM creates.
 #include "LogFolder.h"
 #include "ModuleUnderTest.h"
 #include "TimeStamps.h"

@@ -7,15 +7,15 @@
 
 /// For as long as one of these lives, CoCreateInstance, CoGetClassObject and CLSIDFromProgID find the
 /// module's classes on this thread, whose apartment it enters. On Windows a manifest beside the program
-/// serves them and the registry is left alone, so that tests can run side by side; natively the module
+/// serves them and the registry is not used, so that tests can run side by side; natively the module
 /// registers itself in the registry in memory.
 ///
 ///     ModuleUnderTest module;
 ///     ComPtr<IQPUserActionLog> log;
 ///     ASSERT_EQ(module.Create(CLSID_QPUserActionLog, log), S_OK);
 ///
-/// Members that hold objects of the module are declared after it, so that they go first. The test program
-/// links test_module and names the module: qp_use_module(<program> qptools).
+/// Members that hold objects of the module are declared after it, so that they are destroyed first. The test
+/// program links test_module and names the module: qp_use_module(<program> qptools).
 class ModuleUnderTest
 {
 public:

@@ -8,7 +8,7 @@
 
 /// For as long as it lives, HKEY_CLASSES_ROOT of this process is an empty key of its own, so that tests that
 /// write there neither see nor disturb each other or the user. Natively it empties the registry in memory.
-/// The component runtime of Windows does not follow it: CoCreateInstance goes on reading the real one.
+/// The component runtime of Windows does not follow it: CoCreateInstance still reads the real one.
 class TestRegistry
 {
 public:
@@ -25,14 +25,14 @@ public:
     /// Whether the key is there.
     bool Has(const std::wstring& path) const;
 
-    /// A text value; "(none)" where there is none.
+    /// A text value; "(none)" if there is no such value.
     std::wstring Text(const std::wstring& path, const std::wstring& name = {}) const;
 
     /// Everything beneath `path` as lines, sorted: one for each key, one for each value with its type and
     /// data.
     std::vector<std::wstring> Dump(const std::wstring& path = {}) const;
 
-    /// Takes all access to an existing key away, from everybody, or gives it back.
+    /// Denies all access to an existing key for every user, or allows it again.
     void Deny(const std::wstring& path);
     void Allow(const std::wstring& path);
 

@@ -3,8 +3,8 @@
 
 #include <windows.h>
 
-/// Calls the entry `slot` (QueryInterface is 0) of the object behind an interface pointer. The arguments'
-/// types are taken as they are given: they must be exactly those of the method.
+/// Calls the entry `slot` (QueryInterface is 0) of the object behind an interface pointer. The arguments are
+/// not converted: their types must be exactly those of the method.
 template <class... Arguments>
 HRESULT CallSlot(void* object, int slot, Arguments... arguments)
 {

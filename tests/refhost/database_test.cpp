@@ -1,4 +1,4 @@
-// Plants in files: made, kept, opened again, refused.
+// Plants in files: created, stored, reopened, refused.
 #include "PlantFixture.h"
 
 #include <fstream>
@@ -60,7 +60,7 @@ TEST(PlantFile, of_another_database_is_refused)
     {
         refhost::Plant::Open(file)->Add(L"script", L"S");
     }
-    // The mark of a plant stands in the file's header, in the four bytes from 68 on, its version from 60 on.
+    // The file's header has the mark of a plant in the four bytes from 68 on, and its version from 60 on.
     const auto patch = [&](int offset) {
         std::fstream stream(file, std::ios::in | std::ios::out | std::ios::binary);
         stream.seekp(offset + 3);

@@ -1,4 +1,4 @@
-// Data objects that stand in memory in the order in which they were made.
+// Data objects whose addresses are in the order of their creation.
 #include "ObjectPlaces.h"
 #include "PlantFixture.h"
 
@@ -25,7 +25,7 @@ TEST_F(ObjectPlacesTest, each_new_object_stands_behind_all_that_were_made_in_tha
     std::uintptr_t last = 0;
     for (int i = 0; i < 100; ++i)
     {
-        // Every second one is gone at once, and its place is given to nobody.
+        // Every second one is freed at once, and its place is not used again.
         const ComPtr<IQP_BaseDataObject> kept = Another();
         const std::uintptr_t gone = Place(Another().get());
         EXPECT_GT(Place(kept.get()), last);

@@ -1,4 +1,4 @@
-// Sample data with errors are refused with file, line and reason, and nothing of them gets in.
+// Sample data with errors are refused with file, line and reason, and none of them are stored.
 #include "PlantFixture.h"
 
 #include "PlantCore.h"

@@ -62,7 +62,7 @@ inline std::string NameInPlant(IUnknown* object)
     return {text.begin(), text.end()}; // the sample's names are ASCII
 }
 
-/// A manager that was made by COM, on a plant of its own.
+/// A manager created by COM, on a plant of its own.
 class ScriptPlant : public ::testing::Test
 {
 protected:

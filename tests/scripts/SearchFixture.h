@@ -44,7 +44,7 @@ protected:
         std::function<void(MemoryObject& object)> give;
     };
 
-    /// All of them, with `reference` where a reference that leads to a data object is answered in vain.
+    /// All of them. `reference` refers to a data object and is returned with statuses other than S_OK.
     std::vector<NoMaster> NoMasters(const ComPtr<IUnknown>& reference)
     {
         const auto answer = [reference](HRESULT status) {

@@ -1,4 +1,4 @@
-// GetScriptCommands: which commands are offered, and what a row says.
+// GetScriptCommands: which commands are offered, and the content of a row.
 #include "ManagerFixture.h"
 
 #include "Translation.h"

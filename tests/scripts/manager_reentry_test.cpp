@@ -1,4 +1,4 @@
-// The script service where the host calls back: it gives up its last reference, or calls the service again.
+// The script service when the host calls back: it releases its last reference, or calls the service again.
 #include "ManagerFixture.h"
 
 #include "Bstr.h"
@@ -20,7 +20,7 @@ protected:
         };
     }
 
-    /// Gives up the last reference; the component must live on.
+    /// Releases the last reference; the component must stay alive.
     void GiveUp()
     {
         const LONG before = ComModule::Get().LockCount();
@@ -81,12 +81,12 @@ TEST_F(ScriptReentry, AnAddRefWhileTheArrayIsFilledMayCallAgain)
         fetched += call == "RemNext(1)" ? 1 : 0;
     };
     host.onReference = [&] {
-        // After the last fetch of the walk references are taken for the array.
+        // After the last fetch of the walk, references are added for the array.
         if (fetched != 4 || std::exchange(wasCalledBack, true))
             return;
         Finds({Action("b1", weld), Action("b2", weld), Action("b3", weld)});
         EXPECT_EQ(CallAgain(inner), S_OK);
-        // Whatever was freed meanwhile has another owner.
+        // Memory freed by the call is allocated again and overwritten.
         for (int block = 0; block < 256; ++block)
             claimed.emplace_back(128, 'x');
     };

@@ -1,4 +1,4 @@
-// The script service and values that a host gives by address: an address that is null reads as no value.
+// The script service and values by address (VT_BYREF): a null address reads as no value.
 #include "ManagerFixture.h"
 #include "ReferenceValues.h"
 

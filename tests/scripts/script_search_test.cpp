@@ -1,4 +1,4 @@
-// The two steps that every search is made of.
+// The two steps of which every search consists.
 #include "SearchFixture.h"
 
 #include "XScriptSearch.h"

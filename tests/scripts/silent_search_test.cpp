@@ -1,4 +1,4 @@
-// The script service tells its caller what went wrong, and nobody else: no message box, no line in any log.
+// The script service reports failures to its caller alone: no message box, no line in any log.
 #include "BoxAnswers.h"
 #include "LogFolder.h"
 #include "ManagerFixture.h"
@@ -17,7 +17,7 @@ protected:
         EXPECT_TRUE(m_boxes.Shown().empty()) << "a message was shown";
     }
 
-    /// All that can be asked for, in every mode of searching.
+    /// Every kind of search, in every mode.
     void AskForEverything(IQP_Query* asked, IQP_BaseDataObject* ofSet)
     {
         for (const wchar_t* typeName :

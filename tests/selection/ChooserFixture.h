@@ -68,7 +68,7 @@ public:
     NoDialogs() : NoneOf(L"#32770") {}
 };
 
-/// While it lives, the frame whose place a chooser gives its list is created with this width, in pixels.
+/// While it exists, the frame at whose position a chooser creates its list has this width, in pixels.
 class FrameWidth
 {
 public:

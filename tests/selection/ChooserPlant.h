@@ -46,7 +46,7 @@ inline Cells CellsOf(const DialogView& view)
     return cells;
 }
 
-/// The components and their host, with nobody in front of the dialogs.
+/// The components and their host, without a driver for the dialogs.
 class ChoosersOnPlant : public ::testing::Test
 {
 protected:

@@ -1,5 +1,5 @@
 // Every host call that a chooser makes fails once, in each way a call can, while its dialog is being opened:
-// what is shown then, that it can be left, and that nothing of the host is kept.
+// what is shown then, that the dialog can be closed, and that no reference to the host is kept.
 #include "ChooserPlant.h"
 #include "FaultWays.h"
 
@@ -42,8 +42,8 @@ std::ostream& operator<<(std::ostream& stream, const Shown& shown)
 class ChooserFaults : public ChooserPlant, public ::testing::WithParamInterface<Way>
 {
 protected:
-    /// Makes `call` with the n-th host call failing (0: none). The dialog, if one is expected, is looked at
-    /// and left with Cancel; the expected messages are answered.
+    /// Makes `call` with the n-th host call failing (0: none). The dialog, if one is expected, is read and
+    /// closed with Cancel; the expected messages are answered.
     Shown Run(long long n, const Shown& expected, const std::function<void()>& call)
     {
         Shown shown;
@@ -126,7 +126,7 @@ TEST_P(ChooserFaults, EveryCallOfTheProjectChoice)
         Shown shown = whole;
         if (index == 0)
         {
-            // Whether there is a list at all: only a failure says no.
+            // Whether there is a list at all: only a failure means that there is none.
             return GetParam().Fails() ? Shown{} : whole;
         }
         if (Has(line, "GetChildren"))
@@ -207,7 +207,7 @@ protected:
             const bool isCriterion = Has(line, "SetSearchAttribute");
             return GetParam().Fails() && !isCriterion ? Failed("0x80004005") : none;
         }
-        // The call had no effect, and nobody knows.
+        // The call had no effect, and its status is ignored.
         if (Has(line, "ResetSearch"))
             return whole;
         if (Has(line, "SetSearchAttribute"))
@@ -215,7 +215,7 @@ protected:
         return none;
     }
 
-    /// What is shown when the right to a script or one of its attributes cannot be had.
+    /// What is shown when the right to a script or one of its attributes cannot be read.
     Shown AtScript(const Shown& whole, const std::string& line)
     {
         Shown shown = whole;
@@ -233,14 +233,14 @@ protected:
             row[3].clear();
         if (Has(line, "modificationdate"))
             row[4].clear();
-        // A right that nobody said no to is held.
+        // A right counts as held unless the host returns another status.
         if (!Has(line, "HasRight") || !GetParam().SaysSo())
             shown.rows.push_back(row);
         std::sort(shown.rows.begin(), shown.rows.end());
         return shown;
     }
 
-    /// What is shown when a batch cannot be had: the rows of those before it.
+    /// What is shown when a batch cannot be fetched: the rows of the batches before it.
     Shown AtBatch(const Shown& whole, const Lines& lines, std::size_t index)
     {
         // A batch of nulls is dropped, and the next call brings what this one should have.

@@ -1,4 +1,4 @@
-// The choosers where the host gives values by address, or gives up a chooser inside a call of it.
+// The choosers when the host returns values by address, or releases a chooser inside a host call.
 #include "ProjectChoiceFixture.h"
 #include "ReferenceValues.h"
 #include "ScriptPickerFixture.h"
@@ -6,7 +6,7 @@
 
 namespace
 {
-/// The tests say all that happens: there is no trace to compare.
+/// The tests check all that happens: there is no trace to compare.
 template <class Fixture>
 class Untraced : public Fixture
 {

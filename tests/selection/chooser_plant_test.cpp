@@ -183,7 +183,7 @@ TEST_F(PlantChoosers, TheTemplateIsListedByItself)
     EXPECT_FALSE(project);
 }
 
-/// Forty scripts are in the sample; the search finds those of the project and of none.
+/// The sample has forty scripts; the search finds those of the project and those without one.
 TEST_F(PlantChoosers, ScriptsAreListedWithOneRightsCheckAndFiveReadsEach)
 {
     const auto panel = Find(L"orvoitem", L"Side panel left");

@@ -91,7 +91,7 @@ TEST_P(LookupFaults, EveryCallForTableAndBase)
             const bool isTable = Has(line, "GetTableName");
             EXPECT_FALSE(isTable && table.Length() > 0) << line;
             EXPECT_TRUE(isTable || !wasFound) << line;
-            // Any answer with a status that is not negative is a table's name, be it none.
+            // The text of any call that does not fail is the table's name, even an empty one.
             EXPECT_EQ(status, isTable && !GetParam().Fails() ? S_OK : GetParam().status) << line;
             const bool isBase = Has(line, "orvocompbase");
             EXPECT_EQ(logBook.Entries().size() - reported, GetParam().Fails() || isBase ? 1u : 0u) << line;

@@ -1,4 +1,4 @@
-// The look-ups where the host gives up the component inside one of its calls.
+// The look-ups when the host releases the component inside a host call.
 #include "LookupFixture.h"
 
 #include "ComModule.h"
@@ -8,7 +8,7 @@ namespace
 class LookupReentry : public LookupFixture
 {
 protected:
-    /// Gives up the last reference at every call of the host; the component must live on.
+    /// Releases the last reference at every host call; the component must stay alive.
     void GiveUpInside()
     {
         const LONG before = ComModule::Get().LockCount();

@@ -1,4 +1,4 @@
-// The project choice: what ends it, and what the caller learns of that.
+// The project choice: what ends it, and its results.
 #include "ProjectChoiceFixture.h"
 
 namespace

@@ -1,4 +1,4 @@
-// Which scripts the script list is made of.
+// Which scripts the script list shows.
 #include "LookupFixture.h"
 #include "XSelectOrvoitemDlg.h"
 

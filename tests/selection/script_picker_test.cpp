@@ -1,4 +1,4 @@
-// The choice of a script: what is listed, what ends it, and what the caller learns of that.
+// The choice of a script: what is listed, what ends it, and its results.
 #include "ScriptPickerFixture.h"
 
 #include <functional>
@@ -142,7 +142,7 @@ TEST_F(ScriptPicker, AnyOtherKindGivesAnErrorAndAsksNobody)
 class FailedSearch : public ScriptPicker
 {
 protected:
-    /// The list stays open and empty: OK gives a message, Cancel leaves.
+    /// The list stays open and empty: OK shows a message, Cancel closes it.
     void ExpectEmptyList(const ComPtr<MemoryObject>& of, const std::string& status)
     {
         ExpectBox(L"Execute script", L"Please select a script.");

@@ -1,4 +1,4 @@
-// The script list and values that a host gives by address: each is copied when it is read.
+// The script list and values by address (VT_BYREF): each is copied when it is read.
 #include "LookupFixture.h"
 #include "ReferenceValues.h"
 #include "XSelectOrvoitemDlg.h"

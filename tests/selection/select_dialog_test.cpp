@@ -1,9 +1,9 @@
-// The choice among given objects: what comes back, and what the user sees.
+// The choice among given objects: its result, and what the user sees.
 #include "SelectDialogFixture.h"
 
 namespace
 {
-// What comes back.
+// The result.
 
 TEST_F(SelectDialog, TheObjectHasAReferenceForTheCaller)
 {

@@ -13,7 +13,7 @@ inline std::wstring ProgramFolder()
     return program.substr(0, program.find_last_of(L'\\'));
 }
 
-/// The module, as the build leaves it beside the test programs.
+/// The module, which the build puts beside the test programs.
 inline std::wstring ModulePath()
 {
     return ProgramFolder() + L"\\qptools.dll";

@@ -4,7 +4,7 @@
 
 namespace
 {
-/// Takes all slots there are and gives them back.
+/// Allocates all slots and frees them again.
 template <class Take, class GiveBack>
 int FreeSlots(Take&& take, GiveBack&& giveBack)
 {

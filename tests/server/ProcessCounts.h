@@ -1,4 +1,4 @@
-// What a process holds of the things that a module can leave behind.
+// Counts of the process's resources that a module may leave behind.
 #pragma once
 
 #include <windows.h>

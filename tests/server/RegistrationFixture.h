@@ -59,7 +59,7 @@ protected:
         return lines;
     }
 
-    /// Makes the class's key one that cannot be written.
+    /// Denies access to the class's key.
     void Close(const ClassFacts& facts)
     {
         registry.Put(ClassKey(facts), L"closed");

@@ -21,8 +21,7 @@ void MakeClassesKey(const std::wstring& path, const std::wstring& value);
 /// Deletes a key below HKEY_CLASSES_ROOT and all beneath it, if it is there.
 void DeleteClassesKey(const std::wstring& path);
 
-/// A key below HKEY_CLASSES_ROOT that nobody may open: its access list is empty. Made here, gone with the
-/// object.
+/// A key below HKEY_CLASSES_ROOT that no user may open: its access list is empty. The destructor deletes it.
 class CLockedClassesKey
 {
 public:
@@ -32,7 +31,7 @@ public:
     CLockedClassesKey& operator=(const CLockedClassesKey&) = delete;
 
 private:
-    /// An empty list lets nobody in, no list everybody.
+    /// An empty list denies access to every user, a null list grants it.
     void SetAccess(ACL* list);
 
     std::wstring m_path;

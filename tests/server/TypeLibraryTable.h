@@ -33,7 +33,7 @@ struct RecordRow
 
 extern const std::vector<InterfaceRow> kComponentInterfaces; ///< of the seven classes
 extern const std::vector<InterfaceRow> kHostInterfaces;      ///< that the module calls
-extern const std::vector<InterfaceRow> kCarriedInterfaces;   ///< that nobody calls here: names only
+extern const std::vector<InterfaceRow> kCarriedInterfaces;   ///< that the module does not call: names only
 extern const std::vector<ClassRow> kClasses;
 extern const std::vector<RecordRow> kRecords;
 

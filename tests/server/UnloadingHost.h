@@ -1,4 +1,4 @@
-// A host that creates components of the module and lets the module go, again and again.
+// A host that creates components of the module and unloads it, again and again.
 #pragma once
 
 #include "ComPtr.h"
@@ -28,7 +28,7 @@ public:
     /// the log and runs a dialog, whose window the system refuses to create unless it is `shown`.
     void Work(bool shown);
 
-    /// Has COM unload what is not used any more. Returns whether the module is gone.
+    /// Makes COM unload unused modules. Returns true if the module is unloaded.
     static bool Unload();
 
 private:

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-/// One call of the base, and how things stood when it came.
+/// One call of the base class, and the state at the time.
 struct BaseCall
 {
     std::string name;

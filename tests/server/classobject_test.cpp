@@ -85,7 +85,7 @@ TEST_F(ClassObject, ConcurrentFirstRequestsYieldOneFactory)
         ASSERT_NE(one, nullptr);
         EXPECT_EQ(one, found[0]);
     }
-    // Four clients and the module's own reference: had there been two factories, the count would be another.
+    // Four clients and the module's own reference: with two factories the count would differ.
     EXPECT_EQ(found[0]->AddRef(), kThreads + 2u);
     for (int i = 0; i < kThreads; ++i)
         found[0]->Release();

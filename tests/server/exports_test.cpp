@@ -1,5 +1,5 @@
-// The application object and the entry points by themselves: behind them stand a base that records its calls
-// and a table of one class whose registration does what the test says.
+// The application object and the entry points alone: the base class is a double that records its calls, and
+// the table has one class whose registration does what the test says.
 #include "ClassTable.h"
 #include "LogFolder.h"
 #include "WinAppDouble.h"
@@ -43,7 +43,7 @@ protected:
     void SetUp() override { g_base = {}; }
     void TearDown() override { ComModule::Get().Term(); }
 
-    /// The application object as the loader leaves it.
+    /// The application object in the state after loading.
     static CWinApp* App()
     {
         CWinApp::Get()->m_hInstance = GetModuleHandleW(nullptr);

@@ -97,7 +97,7 @@ protected:
         InsideModule::TearDown();
     }
 
-    /// The status of the exception that leaves `call` when no memory is left, or that of the call itself.
+    /// The status of the exception that leaves `call` when out of memory, or that of the call itself.
     static HRESULT StatusThatLeaves(const std::function<HRESULT()>& call)
     {
         const FaultyMemory none(1);

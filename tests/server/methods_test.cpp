@@ -12,7 +12,7 @@ namespace
 {
 using Object = IQP_BaseDataObject*;
 
-/// A value that no method leaves behind.
+/// A value that no method writes.
 template <class T>
 T* Dirty()
 {
@@ -123,8 +123,8 @@ TEST_F(SelectDlgMethods, ShowDialogIsTheOnlyOne)
     EXPECT_EQ(selected, one);
 }
 
-// Those whose behaviour comes later null their results and say that it is not there yet. What a position
-// nulls shows which method stands there.
+// Methods that are not implemented null their results and return E_NOTIMPL. The results that a position nulls
+// show which method it is.
 
 TEST_F(CopyOptDlgMethods, StandInTheOrderOfUse)
 {

@@ -34,7 +34,7 @@ int FreeFlsSlots()
     return static_cast<int>(slots.size());
 }
 
-/// A key whose destructor counts, given back at the end as the module's entry point does it.
+/// A key whose destructor counts, deleted at the end by the module's entry point.
 class ModuleKey : public testing::Test
 {
 protected:
@@ -48,13 +48,13 @@ protected:
     ~ModuleKey() override { ModuleEntry(nullptr, DLL_PROCESS_DETACH, nullptr); }
 
     static inline std::atomic<int> s_destroyed{0};
-    const int freeSlots = FreeFlsSlots(); ///< before the key is made
+    const int freeSlots = FreeFlsSlots(); ///< before the key is created
     module_key_t key = 0;
     int value = 0;
 };
 } // namespace
 
-/// The compiler's entry point, which programs have not.
+/// The compiler's entry point for DLLs, which programs lack.
 extern "C" BOOL WINAPI DllMainCRTStartup(HINSTANCE, DWORD reason, LPVOID)
 {
     g_entryReasons.push_back(reason);

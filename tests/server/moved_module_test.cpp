@@ -1,5 +1,5 @@
-// The module in a folder that is not the program's, as an installed host has it: its catalogues lie beside
-// it, and loading it reads none of them.
+// The module in a folder other than the program's, as in an installed host: its catalogues are beside it, and
+// loading it reads none of them.
 #include "BuiltFiles.h"
 #include "LogFolder.h"
 
@@ -45,7 +45,7 @@ protected:
         return folder / "locale" / language / "qptools.mo";
     }
 
-    /// The place of a catalogue beside the module, whose folder is made.
+    /// The path of a catalogue beside the module; creates its folder.
     fs::path NewCatalogue(const std::wstring& language) const
     {
         const fs::path place = Catalogue(m_folder, language);

@@ -132,7 +132,7 @@ int Regsvr(const std::wstring& options)
     return static_cast<int>(code);
 }
 
-/// Each test begins and ends with a registry that does not know the module, and has a log folder of its own.
+/// Each test begins and ends with a registry without the module, and has a log folder of its own.
 class Regsvr32 : public testing::Test
 {
 protected:

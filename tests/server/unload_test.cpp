@@ -28,7 +28,7 @@ void ExpectSame(const ProcessCounts& before, const ProcessCounts& after)
     EXPECT_EQ(after.tlsSlots, before.tlsSlots);
     EXPECT_EQ(after.flsSlots, before.flsSlots);
     EXPECT_EQ(after.nextHandle, before.nextHandle);
-    // Atoms are the desktop's: those of a process that ended before may go meanwhile.
+    // Atoms belong to the desktop: those of a process that ended earlier may be deleted during the test.
     EXPECT_LE(after.atoms, before.atoms);
     EXPECT_LE(after.heapBytes, before.heapBytes + 8'192);
 }
@@ -42,7 +42,7 @@ protected:
     LogFolder logs;
 };
 
-/// A thread of the host that calls the module when it is asked to, and lives on.
+/// A thread of the host that calls the module on request and keeps running.
 class CallingThread
 {
 public:

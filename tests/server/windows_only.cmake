@@ -14,7 +14,7 @@ foreach(test typelib_tests image_tests regsvr_tests moved_module_tests)
   add_dependencies(${test} qptools qp_sdk)
 endforeach()
 
-# The host that lets the module go.
+# The host that unloads the module.
 qp_static(unloading_host SOURCES UnloadingHost.cpp ProcessCounts.cpp
   DEPENDS driver memory_host framework qpconvert32 qp_interfaces qp_gtest)
 qp_program(unload_process_end SOURCES process_end.cpp DEPENDS unloading_host)

@@ -31,7 +31,7 @@ TEST_F(TypeLibraryRegistration, ThatFailsTakesTheClassesBack)
     EXPECT_LT(module.RegisterServer(), 0);
     registry.Allow(TypeLibraryKey() + L"\\1.0");
     auto after = registry.Dump();
-    std::erase(after, L"CLSID"); // the list of classes itself is nobody's to take out
+    std::erase(after, L"CLSID"); // the key of all classes belongs to no module and stays
     EXPECT_EQ(after, before);
     EXPECT_NE(logs.Book().find("TypeLib\\\\{B59FF2AB-0C7E-46F3-8FF1-2D951BC82743}"), std::string::npos)
         << logs.Book();

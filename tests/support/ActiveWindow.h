@@ -13,7 +13,7 @@ public:
 
     HWND Handle() const { return m_window; }
 
-    /// Makes it the active window again: another program's window may have come to the front meanwhile.
+    /// Makes it the active window again: another program's window may have been activated since.
     void Activate() const;
 
 private:

@@ -13,7 +13,7 @@ struct CatalogueBytes
     /// The header entry that a good catalogue begins with.
     static Entry Header(const char* charset = "UTF-8");
 
-    /// A catalogue of these entries as they come; they must be in order.
+    /// A catalogue of these entries, which must be sorted.
     static std::string Make(const std::vector<Entry>& entries, bool bigEndian = false);
 
     /// The word at `offset`, of a little-endian catalogue.

@@ -1,4 +1,4 @@
-// An object on the stack that knows how many references are held on it.
+// An object on the stack that counts references to it.
 #pragma once
 
 #include <unknwn.h>

@@ -5,8 +5,8 @@
 
 #include <windows.h>
 
-/// While it lives, the desktop speaks Canadian French, natively. On Windows the language is the account's and
-/// is what the system says of it.
+/// While it exists, the desktop's language is Canadian French natively. On Windows it is the account's, as
+/// the system reports it.
 class DesktopLanguage
 {
 public:

@@ -127,7 +127,7 @@ TEST(MessageCatalogue, StaysWithinAFileWithAnyWordChanged)
              {0x00000001u, 0x80000000u, 0xffffffffu, 0x00010000u, 0x7fffffffu, 0x00000080u})
         {
             const std::uint32_t word = CatalogueBytes::Word(good, offset);
-            // Which of these are refused is told below; here each must merely be survived.
+            // Other tests check which of these are refused; here none may read out of bounds.
             Reason(CatalogueBytes::WithWord(good, offset, word ^ change));
             Reason(CatalogueBytes::WithWord(good, offset, change));
             Reason(CatalogueBytes::WithWord(good, offset,

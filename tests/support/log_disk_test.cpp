@@ -1,4 +1,4 @@
-// What is left of the logs' promises when the lock cannot be had and when the disk is full. Natively only.
+// The logs when the lock cannot be acquired and when the disk is full. Natively only.
 #include "CFileHandle.h"
 #include "CFileLock.h"
 #include "TestFolder.h"

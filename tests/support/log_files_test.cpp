@@ -145,7 +145,7 @@ TEST_F(LogFiles, AppendsAfterAWhileWhenAnotherNeverGivesTheLockBack)
 
 constexpr std::string_view kWriters = "abcd";
 
-// Counts the lines of each writer and checks that each is whole and that each writer's come in order.
+// Counts the lines of each writer and checks that all are complete and each writer's are in order.
 void ExpectAllLines(const std::vector<std::string>& lines, int count,
                     const std::function<std::string(const std::string&)>& textOf)
 {

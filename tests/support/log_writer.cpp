@@ -1,5 +1,5 @@
-// Appends numbered lines to a log and to the log book: log_writer DIRECTORY TAG COUNT. Says that it is ready
-// by the file ready-TAG and begins when there is a file `go`, so that several of them write at the same time.
+// Appends numbered lines to a log and to the log book: log_writer DIRECTORY TAG COUNT. Creates the file
+// ready-TAG and begins when there is a file `go`, so that several of them write at the same time.
 #include "XQPError.h"
 
 #include <windows.h>

@@ -1,4 +1,4 @@
-// What a message box leaves usable behind it.
+// Which windows a message box disables.
 #include "ActiveWindow.h"
 #include "BoxAnswers.h"
 #include "MessageBoxes.h"

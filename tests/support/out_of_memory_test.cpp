@@ -274,7 +274,7 @@ TEST_F(TranslationWithoutMemory, GivesTheTextItselfUntilTheCatalogueCouldBeRead)
     const TestVariable language(L"QPTOOLS_LANG", L"de");
     CTranslator::Instance().UseEnvironment();
     const wchar_t* const text = L"For each object";
-    GetModuleHandleW(nullptr); // the list of modules stands before any module runs
+    GetModuleHandleW(nullptr); // the list of modules exists before any module runs
     const int failures = FailEachAllocation([&] {
         const std::wstring_view shown = CoTranslateText(text);
         EXPECT_TRUE(shown == text || shown == L"F\u00fcr jedes Objekt");

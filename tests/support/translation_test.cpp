@@ -15,7 +15,7 @@ namespace
 using Entries = std::vector<CatalogueBytes::Entry>;
 using Names = std::vector<std::wstring>;
 
-// Catalogues and logs are the test's own; translation goes back to the environment at the end.
+// Each test has catalogues and logs of its own; the destructor restores translation by the environment.
 class Translation : public testing::Test
 {
 protected:

@@ -34,7 +34,7 @@ protected:
     HWND m_window;
 };
 
-/// Counts what lists in it tell of rows that go, and is in front of a window that others made.
+/// Counts the notifications of deleted rows from lists in it. Subclasses an existing window.
 class Listener : public CWnd
 {
 public:

@@ -3,7 +3,7 @@
 
 #include "AutomationTest.h"
 
-/// The elements stand in one block with the descriptor; no public header names it.
+/// The elements are in one block with the descriptor; no public header names this feature.
 constexpr USHORT kVector = 0x2000;
 
 /// An array that is destroyed at its end.
@@ -63,7 +63,7 @@ inline LONG Upper(SAFEARRAY* array, UINT dimension)
     return bound;
 }
 
-/// A copy of an array, made as the content of a variant.
+/// A copy of an array, copied as the content of a variant.
 inline SAFEARRAY* Copied(SAFEARRAY* array)
 {
     VARIANT source{};

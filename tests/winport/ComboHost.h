@@ -1,4 +1,4 @@
-// A window with a combo box, and what it tells.
+// A window with a combo box, which records its notifications.
 #pragma once
 
 #include "ControlHost.h"
@@ -6,7 +6,7 @@
 #include <initializer_list>
 #include <string>
 
-/// Combo box messages as functions. Keys go to whoever has them: the field of an editable box, else the box.
+/// Combo box messages as functions. Keys go to the field of an editable box, else to the box.
 class ComboHost : public ControlHost
 {
 public:

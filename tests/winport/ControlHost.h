@@ -1,4 +1,4 @@
-// A window that holds one control and writes down what the control tells it.
+// A window that has one control and records the control's notifications.
 #pragma once
 
 #include <windows.h>
@@ -34,8 +34,7 @@ public:
     /// The control's window text.
     std::wstring Text() const;
 
-    /// Presses and lets go a key by the messages that the keyboard gives, a character included where the key
-    /// has one.
+    /// Presses and releases a key by the messages of a keyboard, with WM_CHAR if the key has a character.
     void Press(WORD key) const;
 
     /// Types characters.

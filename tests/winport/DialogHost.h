@@ -1,4 +1,4 @@
-// A modeless dialog on a template in memory, which writes down what it is told.
+// A modeless dialog on a template in memory, which records its messages.
 #pragma once
 
 #include "DialogTemplate.h"
@@ -30,8 +30,8 @@ public:
 
     void SetFocusTo(int id) const { SetFocus(Item(id)); }
 
-    /// A key goes down and comes up again in the control that has the focus, and everything that follows is
-    /// done, by a loop as a modal dialog has it.
+    /// Presses and releases a key in the control that has the focus, and processes all that follows in a loop
+    /// like that of a modal dialog.
     void Press(int key) const;
     void PressWithShift(int key) const;
     void PressWithAlt(int key) const;

@@ -46,7 +46,7 @@ class DialogKeys : public testing::Test
 protected:
     DialogKeys() { m_host.Show(); }
 
-    // Where the focus goes with each press.
+    // The control that has the focus after each press.
     Ids Walk(int presses, const std::function<void()>& press) const
     {
         Ids ids;
@@ -63,7 +63,7 @@ protected:
         m_host.Commands();
         act();
         Commands commands = m_host.Commands();
-        // What edit fields tell is not of interest here.
+        // Notifications of edit fields do not matter here.
         std::erase_if(commands, [](const std::string& command) {
             return command.rfind("10:", 0) == 0 || command.rfind("41:", 0) == 0;
         });

@@ -5,7 +5,7 @@
 
 #include <initializer_list>
 
-/// Holds keys down for its lifetime, as the thread's keyboard state tells.
+/// Holds keys down in the thread's keyboard state during its lifetime.
 class CHeldKeys
 {
 public:

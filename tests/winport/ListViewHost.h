@@ -1,5 +1,4 @@
-// A host of one list view, with short words for what the tests of list views do, and a trace of what it
-// tells.
+// A host of one list view, with short functions for the tests of list views and a trace of its notifications.
 #pragma once
 
 #include "ControlHost.h"
@@ -20,7 +19,7 @@ public:
 
     /// What LVM_INSERTITEMW returns.
     int Insert(int index, const wchar_t* text, LPARAM param = 0, UINT state = 0) const;
-    /// Inserts "r0", "r1" ... with the numbers as parameters, and forgets what was told meanwhile.
+    /// Inserts "r0", "r1" ... with the numbers as parameters, and clears the trace.
     void Fill(int count);
     int Count() const { return static_cast<int>(Send(LVM_GETITEMCOUNT)); }
     BOOL SetText(int item, int subItem, const wchar_t* text) const;
@@ -51,14 +50,14 @@ public:
     void DoubleClickAt(int x, int y) const;
     POINT MiddleOf(int item, int subItem = 0) const;
 
-    /// What was told since the last call, in words separated by blanks:
+    /// The notifications since the last call, in words separated by blanks:
     /// insert(item) delete(item) clear changing(item:old>new) changed(item:old>new) text(item) column(c)
     /// key(code) begin(item) end(item,text) end(item,null) click(item,c) dblclk(item,c) setfocus killfocus
-    /// hdrchanging(c,width) hdrchanged(c,width) hdrclick(c). Other codes are left out, and so is the
-    /// announcement of a state that is there already, which some systems make and some do not.
+    /// hdrchanging(c,width) hdrchanged(c,width) hdrclick(c). Other codes are left out, and so are
+    /// notifications of an unchanged state, which some systems send and some do not.
     std::string Trace();
 
-    /// Called after a notification was written down; its answer is the answer of the host.
+    /// Called after a notification has been recorded; its result is the result of the host.
     std::function<LRESULT(NMHDR&)> answer;
 
 private:
@@ -82,7 +81,7 @@ private:
     BYTE m_before[256];
 };
 
-/// A list with the focus, the given rows, and nothing told yet.
+/// A list with the focus, the given rows and an empty trace.
 class FilledHost : public ListViewHost
 {
 public:

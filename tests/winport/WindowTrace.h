@@ -1,4 +1,4 @@
-// Windows that write down what they are told.
+// Windows that record their messages.
 #pragma once
 
 #include <windows.h>
@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-/// Makes windows with short names and keeps what they and the thread's hook hear, one line each: "a WM_SIZE
-/// 30x40". One of these at a time. The windows that are left are destroyed with it.
+/// Creates windows with short names and records their messages and the calls of the thread's hook, a line
+/// each: "a WM_SIZE 30x40". One of these at a time. Windows that still exist are destroyed with it.
 class WindowTrace
 {
 public:
@@ -22,13 +22,13 @@ public:
     /// A window at 10, 20, 300 wide and 200 high. Its name is its text, too. The trace is not changed.
     HWND Make(const wchar_t* name, DWORD style, HWND parent = nullptr, DWORD exStyle = 0);
 
-    /// The same, and what is heard stays in the trace.
+    /// The same, and the messages stay in the trace.
     HWND MakeTraced(const wchar_t* name, DWORD style, HWND parent = nullptr, DWORD exStyle = 0);
 
-    /// What was heard since the last call.
+    /// The lines since the last call.
     std::vector<std::string> Take();
 
-    /// The name of a window, which may be gone; "-" for null.
+    /// The name of a window, which may be destroyed; "-" for null.
     std::string NameOf(HWND window) const;
 
     /// "active a, focus b".
@@ -37,13 +37,13 @@ public:
     /// The names of the thread's top-level windows, from top to bottom.
     std::string Order() const;
 
-    /// Called first with each message; what it gives is the answer.
+    /// Called first with each message; a value is the message's result.
     std::function<std::optional<LRESULT>(HWND, UINT, WPARAM, LPARAM)> onMessage;
 
-    /// Called with each call of the hook; 1 objects.
+    /// Called with each call of the hook; 1 refuses.
     std::function<LRESULT(int, WPARAM, LPARAM)> onHook;
 
-    /// Which messages are written down; all that this class knows if it is empty.
+    /// The messages that are recorded; if empty, all that this class has a text for.
     std::vector<UINT> only;
 
     static const wchar_t* ClassName();

@@ -83,7 +83,7 @@ CScratchKey::~CScratchKey()
 void DenyUserKey(const std::wstring& path, bool deny)
 {
 #ifdef _WIN32
-    // An access list that is empty grants nothing; none at all grants everything.
+    // An empty access list grants nothing, a null list everything.
     HKEY key = nullptr;
     RegOpenKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, WRITE_DAC, &key);
     ACL list;

@@ -7,7 +7,7 @@
 // loaded and unloaded the module about 1,080 times ran out of slots and was aborted.
 //
 // The module therefore defines the functions that its runtime calls, and nothing of that library is linked.
-// Data of a thread stands in an FLS slot: Windows calls the slot's destructor when a thread ends, and FlsFree
+// Per-thread data is kept in an FLS slot: Windows calls the slot's destructor when a thread ends, and FlsFree
 // calls it for every thread that is still alive. Mutexes, conditions and once-flags own no resource.
 // ModuleEntry, at the end, runs after all other code of the module and frees the slot.
 //
@@ -123,7 +123,7 @@ constexpr int kMostKeys = 4;
 constinit DWORD g_keys[kMostKeys] = {};
 constinit int g_keyCount = 0;
 
-/// Frees what the runtime holds of the process. No other code of the module runs after it.
+/// Frees the runtime's process-wide resources. No other code of the module runs after it.
 void FreeRuntime() noexcept
 {
     while (g_keyCount > 0)

@@ -17,5 +17,5 @@ constexpr DWORD kDialogStyle = DS_SETFONT | DS_MODALFRAME | WS_POPUP | WS_CAPTIO
 /// OK, Cancel and one control of each kind, in the order of the constants behind OK and Cancel.
 DialogTemplate SmallDialogTemplate();
 
-/// Shows it until OK, Cancel or the close box; gives the button's number.
+/// Shows the dialog until OK, Cancel or the close box. Returns the button's identifier.
 INT_PTR RunSmallDialog(ModalDialog::Handler handler = {}, HWND owner = nullptr);

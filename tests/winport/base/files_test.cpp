@@ -27,7 +27,7 @@ LARGE_INTEGER Large(LONGLONG value)
     return large;
 }
 
-// Opens, closes again and gives the error, ERROR_SUCCESS for none.
+// Opens and closes a file. Returns the error, or ERROR_SUCCESS.
 int OpenError(const std::wstring& path, DWORD access, DWORD disposition)
 {
     SetLastError(0);

@@ -288,7 +288,7 @@ TEST_F(Creation, KeepsTheModuleUntilItMayGo)
     CoFreeUnusedLibrariesEx(0, 0);
     EXPECT_TRUE(IsLoaded());
     object->Release();
-    // Once notes that the module may go, once more lets it go.
+    // The first call marks the module as unused, the second unloads it.
     CoFreeUnusedLibrariesEx(0, 0);
     CoFreeUnusedLibrariesEx(0, 0);
     EXPECT_FALSE(IsLoaded());

@@ -30,7 +30,7 @@ const ButtonKind kKinds[] = {
     {"AutoRadio", BS_AUTORADIOBUTTON, DLGC_BUTTON | DLGC_RADIOBUTTON, true, true},
 };
 
-// What came by WM_COMMAND: a button also tells how it is drawn.
+// The codes of WM_COMMAND; a button also sends notifications about drawing.
 Codes CommandsOf(ControlHost& host)
 {
     Codes codes = host.Codes();

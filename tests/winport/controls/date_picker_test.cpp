@@ -1,4 +1,4 @@
-// Date pickers: the value, its text, the keys, what the owner hears.
+// Date pickers: the value, its text, the keys, the notifications.
 #include "ControlHost.h"
 
 #include <oleauto.h>

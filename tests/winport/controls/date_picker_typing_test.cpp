@@ -38,7 +38,8 @@ protected:
                std::to_string(value.wDay);
     }
 
-    // r and l go to the field on that side, u and d turn it; anything else is typed. The date after it.
+    // r and l move to the field on that side, u and d change it by one; anything else is typed. Returns the
+    // date.
     std::string After(const char* keys)
     {
         for (; *keys; ++keys)

@@ -1,4 +1,4 @@
-// Edit fields: the text, the selection, the limit, what the owner hears.
+// Edit fields: the text, the selection, the limit, the notifications.
 #include "ControlHost.h"
 
 #include <gtest/gtest.h>

@@ -57,7 +57,7 @@ public:
 
     int Count() const { return static_cast<int>(Send(HDM_GETITEMCOUNT)); }
 
-    /// How often a code was told since the last call.
+    /// The number of notifications with a code since the last call.
     int Told(UINT code)
     {
         int count = 0;

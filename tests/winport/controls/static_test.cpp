@@ -1,4 +1,4 @@
-// Texts and icons that stand in a dialog.
+// Static texts and icons in a dialog.
 #include "ControlHost.h"
 
 #include <gtest/gtest.h>

@@ -15,8 +15,8 @@ using Act = std::function<void(HWND)>;
 
 constexpr const wchar_t* kOwnerClass = L"QptoolsBoxOwner";
 
-// Runs one act after another in the loop of the box that comes up, each when what the one before posted is
-// done. A box that is left when all are run is destroyed.
+// Runs acts in the loop of the box that opens, each after the messages that the one before posted. A box that
+// is open after the last one is destroyed.
 class BoxUser : private ModalWatch
 {
 public:

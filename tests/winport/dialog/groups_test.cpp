@@ -57,7 +57,7 @@ TEST_F(DialogGroups, PreviousTabStop)
         EXPECT_EQ(Tab(from, true), next) << from;
 }
 
-// What stands before the first group belongs to the last one.
+// Controls before the first group belong to the last one.
 TEST_F(DialogGroups, NextOfTheGroup)
 {
     m_host.Show();

@@ -45,7 +45,7 @@ TEST(DialogBegin, ToldWhenEverythingIsThere)
 
 TEST(DialogBegin, HasTheFontBeforeItIsTold)
 {
-    // Before WM_INITDIALOG the host does not know its window, so this one asks from within it.
+    // Before WM_INITDIALOG the host has no window handle, so this test reads the font inside the handler.
     HFONT font = nullptr;
     const DialogHost host(Description(), Initialize([&](HWND dialog, WPARAM, LPARAM) {
                               font = reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0));

@@ -14,7 +14,7 @@ using Form = DialogTemplate::Form;
 
 constexpr const wchar_t* kRecorderClass = L"QptoolsTemplateRecorder";
 
-// What a control of a class of the test's own was told.
+// What the control of the test's own class received.
 struct Recorded
 {
     std::vector<HFONT> fonts;

@@ -27,7 +27,7 @@ auto WithAllocations(int grants, F&& body)
     return result;
 }
 
-// How many allocations must be granted before `body` succeeds; each failure before that gives E_OUTOFMEMORY.
+// The number of allocations that `body` needs to succeed. With fewer it must return E_OUTOFMEMORY.
 int AllocationsNeeded(const std::function<HRESULT()>& body)
 {
     for (int grants = 0; grants < 100; ++grants)

@@ -1,11 +1,11 @@
-// A message box where nobody could press a button.
+// A message box whose buttons cannot be pressed.
 #include <windows.h>
 
 #include <gtest/gtest.h>
 
 namespace
 {
-// What is posted to the box that comes up, and then No or OK.
+// The message that is posted to the box that opens, before No or OK.
 UINT g_message = 0;
 WPARAM g_key = 0;
 

@@ -1,4 +1,4 @@
-// What stands natively for things of Windows: the folder of local data, the user's language, the registry's
+// Native counterparts of Windows facilities: the folder of local data, the user's language, the registry's
 // reset.
 #include "WinportSupport.h"
 

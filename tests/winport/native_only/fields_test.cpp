@@ -1,4 +1,5 @@
-// Edit fields, combo boxes and date pickers end the run by name where they are asked for what is not there.
+// Edit fields, combo boxes and date pickers end the run with the name of a message or style that they do not
+// support.
 #include "ComboHost.h"
 #include "KeysWithModifiers.h"
 
@@ -18,7 +19,7 @@ HWND Make(const wchar_t* name, DWORD style)
 }
 } // namespace
 
-// The windows belong to the thread that dies.
+// The windows belong to the thread of the death test.
 TEST(NativeOnly_Edit, AMessageThatIsNotThereEndsTheRun)
 {
     EXPECT_DEATH(ControlHost(WC_EDITW, 0).Send(kUndo), "winport has no message 0xc7 for this window:\nEdit");

@@ -1,4 +1,4 @@
-// List views and headers end the run by name where they are asked for what is not there.
+// List views and headers end the run with the name of a message or style that they do not support.
 #include "ListViewHost.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ void AskColumn(const ListViewHost& list, UINT mask)
 }
 } // namespace
 
-// The windows belong to the thread that dies.
+// The windows belong to the thread of the death test.
 TEST(NativeOnly_ListView, AMessageThatIsNotThereEndsTheRun)
 {
     EXPECT_DEATH(ListViewHost().Send(kSetImageList),

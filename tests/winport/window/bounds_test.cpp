@@ -17,8 +17,7 @@ std::string Pair(LONG one, LONG other)
     return std::to_string(one) + "," + std::to_string(other);
 }
 
-// Writes down in one line what a window hears of its size: "ask changing changed move(0,19) size(2
-// 1024x749)".
+// Records in one line the messages about a window's size: "ask changing changed move(0,19) size(2 1024x749)".
 class WindowBounds : public ::testing::Test
 {
 protected:

@@ -130,7 +130,7 @@ TEST_F(WindowFocus, MayBePutOnAChildByTheWindowThatIsActivated)
         return message == WM_ACTIVATE ? std::optional<LRESULT>(0) : std::nullopt;
     };
     SetActiveWindow(second);
-    EXPECT_EQ(trace.Standing(), "active b, focus b"); // it is not left in another window
+    EXPECT_EQ(trace.Standing(), "active b, focus b"); // it does not stay in another window
 }
 
 TEST_F(WindowFocus, StaysWhereItIsWhenNothingIsTakenAway)

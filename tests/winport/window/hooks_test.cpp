@@ -1,4 +1,4 @@
-// Hooks hear of the beginning, the end, the activation and the focus of windows, and may object.
+// Hooks are called for creation, destruction, activation and focus of windows, and may refuse them.
 #include "WindowTrace.h"
 
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@ namespace
 {
 using Lines = std::vector<std::string>;
 
-// Counts the calls of two hooks that stand one before the other.
+// Counts the calls of two hooks, one installed after the other.
 std::string g_calls;
 bool g_newerPasses = true;
 

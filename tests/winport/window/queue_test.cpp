@@ -1,4 +1,4 @@
-// Messages that wait, timers, and the order in which they come.
+// Queued messages, timers, and the order in which they are delivered.
 #include "WindowTrace.h"
 
 #include <gtest/gtest.h>
@@ -111,7 +111,7 @@ TEST_F(WindowQueue, EndsWithTheQuitMessage)
     MSG message{};
     EXPECT_TRUE(GetMessageW(&message, nullptr, kMine, kMine));
     EXPECT_EQ(message.message, kMine);
-    EXPECT_TRUE(Peek(&message, nullptr, kMine, kMine, PM_NOREMOVE)); // whatever is asked for
+    EXPECT_TRUE(Peek(&message, nullptr, kMine, kMine, PM_NOREMOVE)); // whatever the filter
     EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
     EXPECT_FALSE(GetMessageW(&message, nullptr, kMine, kMine));
     EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
@@ -175,7 +175,7 @@ TEST_F(WindowQueue, BringsTimersAfterEverythingElse)
     EXPECT_EQ(message.message, static_cast<UINT>(WM_TIMER));
     EXPECT_EQ(message.hwnd, window);
     EXPECT_EQ(message.wParam, 5u);
-    ASSERT_TRUE(GetMessageW(&message, window, WM_TIMER, WM_APP)); // it comes again
+    ASSERT_TRUE(GetMessageW(&message, window, WM_TIMER, WM_APP)); // WM_TIMER is repeated
     EXPECT_EQ(message.message, static_cast<UINT>(WM_TIMER));
     EXPECT_TRUE(KillTimer(window, 5));
     EXPECT_FALSE(KillTimer(window, 5));

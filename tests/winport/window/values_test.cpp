@@ -1,4 +1,4 @@
-// What belongs to a window: its class, values, texts, icons, and its answers by default.
+// A window's class, values, texts, icons, and its default handling of messages.
 #include "WindowTrace.h"
 
 #include <commctrl.h>

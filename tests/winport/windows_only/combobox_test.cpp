@@ -1,4 +1,4 @@
-// The linguistic order of sorted combo boxes, which only the system's own boxes know.
+// The linguistic order of sorted combo boxes, which only the system's own boxes have.
 #include <windows.h>
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Linguistic order and characters of two units, which only the system's own automation knows.
+// Linguistic order and characters of two units, which only the system's own automation supports.
 #include "AutomationTest.h"
 
 #include <gtest/gtest.h>

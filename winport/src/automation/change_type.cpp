@@ -11,7 +11,7 @@ namespace winport
 {
 namespace
 {
-// The types to which a value of another type is converted. Windows knows more.
+// The types to which a value of another type is converted. Windows supports more.
 bool IsTarget(VARTYPE type)
 {
     return type == VT_I4 || type == VT_INT || type == VT_BOOL || type == VT_BSTR;
@@ -152,7 +152,7 @@ HRESULT ConvertProperty(const VARIANT* source, VARTYPE type, VARIANT* target)
     return status;
 }
 
-// `source` is no reference.
+// `source` is not a reference.
 HRESULT Convert(const VARIANT* source, VARTYPE type, VARIANT* target)
 {
     const VARTYPE from = V_VT(source);

@@ -21,7 +21,7 @@ struct RegisteredObject
     CLSID clsid;
     IUnknown* object; ///< a counted reference
     DWORD context;
-    bool once; ///< handed out a single time
+    bool once; ///< returned once only
 };
 
 // A component module that the runtime has loaded.
@@ -29,8 +29,8 @@ struct Server
 {
     HMODULE module;
     GetClassObjectFunction getClassObject;
-    CanUnloadFunction canUnload; ///< null: it stays
-    unsigned calls = 0;          ///< calls into it that are under way
+    CanUnloadFunction canUnload; ///< null: the module stays loaded
+    unsigned calls = 0;          ///< running calls into it
 };
 
 struct ClassTable

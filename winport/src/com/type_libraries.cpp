@@ -180,9 +180,8 @@ HRESULT LoadTypeLib(const OLECHAR* file, ITypeLib** library)
     return LoadTypeLibEx(file, REGKIND_DEFAULT, library);
 }
 
-/// Gives the library that a module, "module\number" or a file holds. With REGKIND_REGISTER it is registered
-/// as well; if that fails there is no library. TYPE_E_CANTLOADLIBRARY if there is none or its header is
-/// damaged.
+/// Loads the library of a module, of "module\number" or of a file. With REGKIND_REGISTER it is registered as
+/// well; if that fails there is no library. TYPE_E_CANTLOADLIBRARY if there is none or its header is damaged.
 HRESULT LoadTypeLibEx(LPCOLESTR file, REGKIND kind, ITypeLib** library)
 {
     if (!file || !library)
@@ -199,7 +198,7 @@ HRESULT LoadTypeLibEx(LPCOLESTR file, REGKIND kind, ITypeLib** library)
     });
 }
 
-/// Registers a library that LoadTypeLibEx gave, under `path`. TYPE_E_REGISTRYACCESS if a key cannot be
+/// Registers a library that LoadTypeLibEx loaded, under `path`. TYPE_E_REGISTRYACCESS if a key cannot be
 /// written.
 HRESULT RegisterTypeLib(ITypeLib* library, const OLECHAR* path, const OLECHAR* helpDirectory)
 {
@@ -210,8 +209,8 @@ HRESULT RegisterTypeLib(ITypeLib* library, const OLECHAR* path, const OLECHAR* h
         [&] { return Register(known->Identity(), path, helpDirectory ? helpDirectory : L""); });
 }
 
-/// Removes what RegisterTypeLib wrote. TYPE_E_REGISTRYACCESS if the library is not registered or a key
-/// refuses.
+/// Removes what RegisterTypeLib wrote. TYPE_E_REGISTRYACCESS if the library is not registered or a key cannot
+/// be deleted.
 HRESULT UnRegisterTypeLib(REFGUID guid, WORD major, WORD minor, LCID lcid, SYSKIND kind)
 {
     return WithoutExceptions([&] { return Unregister(guid, major, minor, lcid, kind); });

@@ -11,7 +11,7 @@ constexpr int kLeastWidth = 116;
 constexpr int kLeastHeight = 27;
 constexpr int kBeyondScreen = 12; // how much larger than the screen a window can be
 
-// What the window makes of the system's sizes.
+// The system's sizes as WM_GETMINMAXINFO lets the window change them.
 MINMAXINFO BoundsOf(const Window& window)
 {
     const int frame = window.frame;

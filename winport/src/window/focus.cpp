@@ -90,7 +90,7 @@ bool Activate(HWND next)
         TellActive(next, before);
     if (state.active != (window ? next : nullptr))
         return false;
-    // A window that handles the message without taking the focus gets the focus all the same.
+    // A window that handles the message without taking the focus is given the focus nevertheless.
     window = FindWindowOf(next);
     if (!window || !IsWithin(*window, FindWindowOf(state.focus)))
         MoveFocus(window ? next : nullptr);

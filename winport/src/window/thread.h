@@ -40,7 +40,7 @@ struct ThreadState
     Window desktop;     ///< its children are the thread's top-level windows
     Window messageOnly; ///< its children are the thread's message-only windows
     HWND active = nullptr;
-    HWND deactivated = nullptr; ///< receives its deactivation at the moment
+    HWND deactivated = nullptr; ///< is being deactivated
     HWND focus = nullptr;
     HWND capture = nullptr;
     HCURSOR cursor = nullptr;

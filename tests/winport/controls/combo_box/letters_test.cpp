@@ -21,7 +21,7 @@ protected:
         m_box.Codes();
     }
 
-    // A key with its character, as the keyboard gives them.
+    // A key with its character, as a keyboard sends them.
     int Typed(wchar_t letter)
     {
         m_box.Send(WM_KEYDOWN, static_cast<WPARAM>(letter) - L'a' + L'A', 1);

@@ -125,7 +125,7 @@ TEST_F(ComboBoxTyped, EnterOrF4InTheOpenListLeaveTheTypedText)
     }
 }
 
-// The field's next change is taken for the one that the pick made.
+// The box takes the field's next change for the one that the pick made.
 TEST_F(ComboBoxTyped, TheFirstTextAfterAPickedItemKeepsTheSelection)
 {
     After(VK_DOWN);

@@ -1,4 +1,4 @@
-// Rows of a list view that go: what becomes of the others, and what is told.
+// Deleting rows of a list view: the other rows, and the notifications.
 #include "ListViewHost.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// Editors in a list view: the list's own for a label while rows come and go, what it notifies, and the
-// controls that a program puts over a cell.
+// Editors in a list view: the list's own for a label while rows are inserted and deleted, its notifications,
+// and the controls that a program puts over a cell.
 #include "ListViewHost.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// A list view that is destroyed by the handler of what it tells.
+// A list view that is destroyed by the handler of its own notification.
 #include "ListViewHost.h"
 
 #include <gtest/gtest.h>

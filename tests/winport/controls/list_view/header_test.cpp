@@ -52,7 +52,7 @@ int WidthOf(const ListViewHost& list, int item)
 {
     return static_cast<int>(list.Send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(item)));
 }
-// A list whose window procedure is replaced by one that sees what the header tells the list, and refuses
+// A list whose window procedure is replaced by one that records the header's notifications and refuses
 // widths.
 class SpiedHost : public ListViewHost
 {

@@ -1,4 +1,4 @@
-// Rows of a list view: where they go and what they hold.
+// Rows of a list view: their order and their content.
 #include "ListViewHost.h"
 
 #include <gtest/gtest.h>

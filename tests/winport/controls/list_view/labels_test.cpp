@@ -22,12 +22,12 @@ public:
         return edit;
     }
 
-    /// What was told while the edit field opened.
+    /// The trace of the opening of the edit field.
     const std::string& Began() const { return m_began; }
 
     HWND Edit() const { return reinterpret_cast<HWND>(Send(LVM_GETEDITCONTROL)); }
 
-    /// The end of the edit as it was told, without what the focus did.
+    /// The trace of the end of the edit, without the lines about the focus.
     std::string End()
     {
         const std::string trace = Trace();

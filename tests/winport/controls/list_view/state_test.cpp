@@ -1,4 +1,4 @@
-// Selection and focus of the rows of a list view, and what the parent is told of them.
+// Selection and focus of the rows of a list view, and the notifications of their changes.
 #include "ListViewHost.h"
 
 #include <gtest/gtest.h>
