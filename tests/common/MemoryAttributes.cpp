@@ -69,19 +69,22 @@ std::vector<Row> RowsIn(SAFEARRAY* array)
     return rows;
 }
 
-SAFEARRAY* ArrayOf(const std::vector<Row>& rows)
+SAFEARRAY* ArrayOf(const std::vector<Row>& rows, const MemoryObject::ArrayShape& shape)
 {
     std::array<SAFEARRAYBOUND, 2> bounds{};
-    bounds[0].cElements = static_cast<ULONG>(rows.size());
-    bounds[1].cElements = 2;
-    SAFEARRAY* array = SafeArrayCreate(VT_VARIANT, 2, bounds.data());
-    for (LONG index = 0; index < static_cast<LONG>(rows.size()); ++index)
+    bounds[0] = {static_cast<ULONG>(rows.size()), shape.firstRow};
+    bounds[1] = {2, shape.firstColumn};
+    SAFEARRAY* array = SafeArrayCreate(shape.type, shape.dimensions, bounds.data());
+    if (shape.dimensions != 2 || shape.type != VT_VARIANT)
+        return array;
+    std::array<LONG, 2> cell = {shape.firstRow, 0};
+    for (const Row& row : rows)
     {
-        const Row& row = rows[static_cast<std::size_t>(index)];
-        std::array<LONG, 2> cell = {index, 0};
+        cell[1] = shape.firstColumn;
         SafeArrayPutElement(array, cell.data(), const_cast<VARIANT*>(&row.name.Value()));
-        cell[1] = 1;
+        ++cell[1];
         SafeArrayPutElement(array, cell.data(), const_cast<VARIANT*>(&row.value.Value()));
+        ++cell[0];
     }
     return array;
 }
@@ -141,7 +144,7 @@ HRESULT MemoryObject::GetAttributes(SAFEARRAY** names, SAFEARRAY** values)
             row.value = answer->value;
     }
     if (givesArrays)
-        *values = ArrayOf(rows);
+        *values = ArrayOf(rows, shape);
     return readStatus.value_or(rows.size() == asked.size() ? S_OK : kSomeUnreadable);
 }
 
@@ -162,7 +165,7 @@ HRESULT MemoryObject::WriteAll(SAFEARRAY** pairs, SAFEARRAY** results)
     for (Row& row : rows)
         row.value = MemoryValue(Write(ViewOf(NameIn(row.name.Value())), row.value.Value())).Value();
     if (givesArrays)
-        *results = ArrayOf(rows);
+        *results = ArrayOf(rows, shape);
     return writeStatus;
 }
 

@@ -24,11 +24,9 @@ Object* Find(const std::vector<ComPtr<Object>>& objects, BSTR name)
 }
 
 template <class Object, class Interface>
-HRESULT HandOut(Object* object, HRESULT status, Interface** result)
+HRESULT HandOut(Object* object, HRESULT status, bool null, Interface** result)
 {
-    *result = object;
-    if (object)
-        object->AddRef();
+    ComPtr<Interface>(null ? nullptr : object).copyTo(result);
     return object ? status : E_INVALIDARG;
 }
 } // namespace
@@ -99,7 +97,7 @@ HRESULT MemoryType::GetAttribute(BSTR name, IQPAttribute** attribute)
 {
     const MemoryRecord::CallScope call;
     Record([&] { return "GetAttribute(" + Utf8OrNull(name) + ")"; });
-    return HandOut(Find(attributes.objects, name), attributeStatus, attribute);
+    return HandOut(Find(attributes.objects, name), attributeStatus, attributeNull, attribute);
 }
 
 MemoryType* MemoryFactory::Type(const wchar_t* name, bool isPlanType)
@@ -139,5 +137,5 @@ HRESULT MemoryFactory::GetType(BSTR typeName, BSTR configName, IQPType** type)
     if (m_record.recording)
         m_record.Record("GetType(" + Utf8OrNull(typeName) + ", " + Utf8OrNull(configName) + ")");
     const BSTR wanted = SysStringLen(configName) ? configName : typeName;
-    return HandOut(Find(types.objects, wanted), typeStatus, type);
+    return HandOut(Find(types.objects, wanted), typeStatus, typeNull, type);
 }

@@ -170,8 +170,9 @@ public:
     MemoryListAnswer<MemoryGroup> groups;
     MemoryListAnswer<MemoryAttribute> attributes;
 
-    /// What GetAttribute returns for an attribute that is there.
+    /// What GetAttribute returns for an attribute that is there, which it hands out unless it is to be null.
     HRESULT attributeStatus = S_OK;
+    bool attributeNull = false;
 
     /// Adds a page with the members 0 (name), 5 (shown) and 6 (number).
     MemoryPage* Page(const wchar_t* name, int number, bool shown = true);
@@ -200,8 +201,9 @@ public:
     /// What GetTypeEnum answers, and where GetType looks.
     MemoryListAnswer<MemoryType> types;
 
-    /// What GetType returns for a type that is there.
+    /// What GetType returns for a type that is there, which it hands out unless it is to be null.
     HRESULT typeStatus = S_OK;
+    bool typeNull = false;
 
     /// Adds a type with the keys "typename" and "captionsingular", which are its name, and "isplantype".
     MemoryType* Type(const wchar_t* name, bool isPlanType = false);

@@ -38,12 +38,22 @@ private:
     ULONG m_count = 0;
 };
 
-MemoryHost::MemoryHost() : m_ptrQuery(new MemoryQuery(*this)), m_ptrFactory(new MemoryFactory(*this)) {}
+MemoryHost::MemoryHost()
+    : m_ptrQuery(new MemoryQuery(*this)), m_ptrFactory(new MemoryFactory(*this)),
+      m_ptrLoader(new MemoryLoader(*this)), m_ptrManager(new MemoryManager(*this)),
+      m_ptrSettings(new MemorySettings(*this))
+{
+    m_ptrManager->object.queryFrom(static_cast<IQPFObject*>(m_ptrLoader.get()));
+    Name(m_ptrQuery.get(), "query");
+    Name(m_ptrFactory.get(), "config");
+}
 
 MemoryHost::~MemoryHost()
 {
     m_ptrQuery->result.reset();
     m_ptrFactory->types.objects.clear();
+    m_ptrManager->object.reset();
+    m_ptrLoader->Clear();
     assert(LiveObjects() == 0);
 }
 

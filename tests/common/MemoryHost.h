@@ -1,12 +1,16 @@
-// A host that lives in memory: data objects, one query and its enumerators, a configuration; each answer and
-// status of them can be set by a test, and each call read back.
+// A host that lives in memory: data objects, one query and its enumerators, a configuration, an object
+// manager, a macro loader and a settings service; each answer and status of them can be set by a test, and
+// each call read back.
 #pragma once
 
 #include "MemoryConfig.h"
 #include "MemoryEnum.h"
+#include "MemoryLoader.h"
+#include "MemoryManager.h"
 #include "MemoryObject.h"
 #include "MemoryQuery.h"
 #include "MemoryRecord.h"
+#include "MemorySettings.h"
 
 #include "ComPtr.h"
 
@@ -37,7 +41,19 @@ public:
     /// The configuration, without types at first.
     MemoryFactory& Config() noexcept { return *m_ptrFactory; }
 
+    /// The object manager, which gives the macro loader at first.
+    MemoryManager& Manager() noexcept { return *m_ptrManager; }
+
+    /// The macro loader, with an empty reply at first.
+    MemoryLoader& Loader() noexcept { return *m_ptrLoader; }
+
+    /// The settings, of which none has a value at first.
+    MemorySettings& Settings() noexcept { return *m_ptrSettings; }
+
 private:
     ComPtr<MemoryQuery> m_ptrQuery;
     ComPtr<MemoryFactory> m_ptrFactory;
+    ComPtr<MemoryLoader> m_ptrLoader;
+    ComPtr<MemoryManager> m_ptrManager;
+    ComPtr<MemorySettings> m_ptrSettings;
 };

@@ -63,8 +63,16 @@ public:
     /// What SetAttributes and SetAttributesMultiLingual return in place of S_OK. Nothing is written if it is
     /// a failure.
     HRESULT writeStatus = S_OK;
-    /// Whether the two hand out an array.
+    /// Whether the three hand out an array.
     bool givesArrays = true;
+    /// The shape of that array. One of other dimensions or another type than these has empty elements.
+    struct ArrayShape
+    {
+        UINT dimensions = 2;
+        VARTYPE type = VT_VARIANT;
+        LONG firstRow = 0;
+        LONG firstColumn = 0;
+    } shape;
 
     /// What GetClientId answers.
     LONG clientId = 1;

@@ -21,16 +21,20 @@ public:
         value.punkVal = object;
         m_value = value;
     }
+    /// A template, so that no pointer becomes a flag.
     template <class Number, class = std::enable_if_t<std::is_integral_v<Number>>>
     MemoryValue(Number number)
     {
-        m_value.Value().vt = VT_I4;
-        m_value.Value().lVal = static_cast<LONG>(number);
-    }
-    MemoryValue(bool flag)
-    {
-        m_value.Value().vt = VT_BOOL;
-        m_value.Value().boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
+        if constexpr (std::is_same_v<Number, bool>)
+        {
+            m_value.Value().vt = VT_BOOL;
+            m_value.Value().boolVal = number ? VARIANT_TRUE : VARIANT_FALSE;
+        }
+        else
+        {
+            m_value.Value().vt = VT_I4;
+            m_value.Value().lVal = static_cast<LONG>(number);
+        }
     }
     // NOLINTEND(google-explicit-constructor)
 

@@ -105,6 +105,25 @@ TEST_F(MemoryAttributes, are_read_with_a_chosen_status_and_no_array)
     EXPECT_FALSE(given);
 }
 
+TEST_F(MemoryAttributes, are_read_into_an_array_of_a_chosen_shape)
+{
+    object->Set(L"m_name", L"a");
+    object->shape = {2, VT_VARIANT, 5, 7};
+    EXPECT_EQ(Read({L"m_prompt", L"m_name"}), S_OK);
+    std::array<LONG, 2> last = {6, 8};
+    XQPComVariant cell;
+    EXPECT_EQ(SafeArrayGetElement(given, last.data(), &cell), S_OK);
+    EXPECT_EQ(host.Describe(cell.Value()), "BSTR 'a'");
+    SafeArrayDestroy(sent);
+    SafeArrayDestroy(given);
+    object->shape = {1, VT_BSTR};
+    EXPECT_EQ(Read({L"m_prompt", L"m_name"}), S_OK);
+    VARTYPE type = VT_EMPTY;
+    EXPECT_EQ(SafeArrayGetVartype(given, &type), S_OK);
+    EXPECT_EQ(type, VT_BSTR);
+    EXPECT_EQ(SafeArrayGetDim(given), 1U);
+}
+
 TEST_F(MemoryAttributes, are_written_row_by_row_with_refusals)
 {
     object->Set(L"m_name", L"old")->RefuseWrite(L"m_name", E_ACCESSDENIED);

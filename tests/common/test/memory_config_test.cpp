@@ -109,6 +109,27 @@ TEST_F(MemoryConfigTest, lists_may_be_null_or_come_with_a_status)
     EXPECT_TRUE(groups);
 }
 
+TEST_F(MemoryConfigTest, types_attributes_and_values_may_be_null)
+{
+    MemoryType* action = host.Config().Type(L"scriptaction");
+    MemoryAttribute* kind = action->Attribute(L"actiontype");
+    kind->values.null = true;
+    ComPtr<IQPAttributeTypeEnum> values;
+    EXPECT_EQ(kind->GetAttributeTypeEnum(values.put()), S_OK);
+    EXPECT_FALSE(values);
+    kind->values.status = E_FAIL;
+    EXPECT_EQ(kind->GetAttributeTypeEnum(values.put()), E_FAIL);
+    action->attributeNull = true;
+    ComPtr<IQPAttribute> attribute;
+    EXPECT_EQ(action->GetAttribute(XQPComBSTR(L"actiontype"), attribute.put()), S_OK);
+    EXPECT_FALSE(attribute);
+    host.Config().typeNull = true;
+    ComPtr<IQPType> type;
+    EXPECT_EQ(factory->GetType(XQPComBSTR(L"scriptaction"), nullptr, type.put()), S_OK);
+    EXPECT_FALSE(type);
+    EXPECT_EQ(factory->GetType(XQPComBSTR(L"none"), nullptr, type.put()), E_INVALIDARG);
+}
+
 TEST_F(MemoryConfigTest, the_mask_chooses_attributes)
 {
     MemoryType* cell = host.Config().Type(L"cell");
