@@ -92,7 +92,7 @@ protected:
     const TextRows commands = {{"A", "<weld>", "1"}, {"B", "<drill>", "1"}};
 };
 
-TEST_F(ArrayFaults, WithoutAnArrayTheStatusIsThatOfTheWalkAndTheVariantStays)
+TEST_F(ArrayFaults, WithoutAnArrayTheWalksStatusIsReturned)
 {
     g_refusesArrays = true;
     for (const HRESULT last : {E_ACCESSDENIED, E_ABORT})
@@ -110,7 +110,7 @@ TEST_F(ArrayFaults, WithoutAnArrayTheStatusIsThatOfTheWalkAndTheVariantStays)
     EXPECT_EQ(g_cells, 0);
 }
 
-TEST_F(ArrayFaults, PairsThatCouldNotBeDeliveredAreDeliveredTheNextTime)
+TEST_F(ArrayFaults, PairsThatWereNotDeliveredAreDeliveredNextTime)
 {
     FindsTwo(E_ACCESSDENIED);
     g_refusesArrays = true;

@@ -231,7 +231,7 @@ TEST_P(FaultSweep, EveryCallOfGetScriptsForAction)
 
 /// The rows of a whole run, and which of them remain after a failed read of an action's script or a failed
 /// step of the walk.
-TEST_P(FaultSweep, AFailedStepOfTheWalkLeavesTheRowsBeforeItAndAFailedReadItsOwnRowOut)
+TEST_P(FaultSweep, AFailedStepEndsTheRowsAndAFailedReadOmitsItsOwn)
 {
     Enter(kActionContexts[0]);
     const Outcome whole = Scripts(NewManager(), 0);

@@ -170,7 +170,7 @@ TEST_P(ScriptMemory, EveryAllocationOfGetScriptsForAction)
     EXPECT_EQ(Sweep([this](long n) { return Scripts(n); }).partial, 0) << "references need no memory";
 }
 
-TEST_P(ScriptMemory, ACallAfterOneWithoutMemoryReturnsWhatWasFoundInBoth)
+TEST_P(ScriptMemory, ACallAfterOneWithoutMemoryReturnsTheRowsOfBoth)
 {
     FindsActions();
     TextRows once;

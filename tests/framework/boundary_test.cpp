@@ -39,7 +39,7 @@ TEST(ClearOut, EmptiesEveryResultThatHasAnAddress)
     EXPECT_EQ(pointer, nullptr);
 }
 
-TEST(UnloadAnswer, IsYesOnlyIfTheFrameworkSaysYesAndNothingIsHeld)
+TEST(UnloadAnswer, IsYesOnlyIfTheFrameworkAgreesAndNothingIsHeld)
 {
     EXPECT_EQ(UnloadAnswer(S_OK, [] { return 0; }), S_OK);
     EXPECT_EQ(UnloadAnswer(S_OK, [] { return 1; }), S_FALSE);

@@ -203,7 +203,7 @@ TEST_F(DialogControls, AListAndADatePickerComeFromTheTemplate)
     });
 }
 
-TEST_F(DialogControls, AnEditorDestroysAndDeletesItselfWhenItLosesTheFocus)
+TEST_F(DialogControls, AnEditorDeletesItselfWhenItLosesTheFocus)
 {
     Run([this](ControlsDialog& run) {
         auto* editor = run.Open<InPlaceEdit>(WC_EDITW, ES_AUTOHSCROLL, log);

@@ -124,7 +124,7 @@ TEST_F(DialogData, ValuesGoToTheControlsWhenTheDialogOpens)
          Sees(Unchecked(kAfter)), Sees(Checked(kBefore))});
 }
 
-TEST_F(DialogData, ValuesComeBackWithTheDefaultButton)
+TEST_F(DialogData, ValuesAreReadByTheDefaultButton)
 {
     std::wstring name;
     int number = 0;
@@ -166,7 +166,7 @@ TEST_F(DialogData, NoNumberInAFieldFailsTheExchangeThere)
     EXPECT_EQ(on, 0) << "not moved behind the failure";
 }
 
-TEST_F(DialogData, TheDefaultButtonStaysWithoutAction_WhenTheExchangeFails)
+TEST_F(DialogData, TheDefaultButtonDoesNothingIfTheExchangeFails)
 {
     int number = 7;
     dialog.exchange = [&](CDataExchange* pDX) {
@@ -191,7 +191,7 @@ TEST_F(DialogData, NoChosenRadioButtonIsMinusOne)
     });
 }
 
-TEST_F(DialogData, ControlsThatTheDialogHasNotArePassedOver)
+TEST_F(DialogData, ControlsThatTheDialogLacksAreSkipped)
 {
     std::wstring text = L"kept";
     int number = 3;
@@ -300,7 +300,7 @@ TEST_F(DialogData, AListIsReadAndFilled)
     });
 }
 
-TEST_F(DialogData, ATextOfTenThousandCharactersComesBackFromACell)
+TEST_F(DialogData, ATextOfTenThousandCharactersIsReadFromACell)
 {
     CListCtrl list;
     dialog.exchange = [&](CDataExchange* pDX) {

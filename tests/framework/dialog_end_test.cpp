@@ -175,14 +175,14 @@ TEST_F(SystemEndDialog, IsNoCancelAgainAtTheNextRun)
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }
 
-TEST_F(SystemEndDialog, IsToldFromHidingTheDialogForAWhile)
+TEST_F(SystemEndDialog, IsDistinguishedFromHidingTheDialog)
 {
     driver->OnDialog({[&](DialogView&) { ::ShowWindow(dialog.m_hWnd, SW_HIDE); },
                       [&](DialogView&) { ::ShowWindow(dialog.m_hWnd, SW_SHOW); }, Presses(IDOK)});
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }
 
-TEST_F(SystemEndDialog, IsToldFromTheEndOfTheWindow)
+TEST_F(SystemEndDialog, IsDistinguishedFromTheEndOfTheWindow)
 {
     driver->OnDialog({[&](DialogView&) {
         ::DestroyWindow(dialog.m_hWnd);
@@ -191,7 +191,7 @@ TEST_F(SystemEndDialog, IsToldFromTheEndOfTheWindow)
     EXPECT_TRUE(IsWindowEnabled(owner.get()));
 }
 
-TEST_F(SystemEndDialog, IsToldFromTheEndOfTheOwner)
+TEST_F(SystemEndDialog, IsDistinguishedFromTheEndOfTheOwner)
 {
     const HWND other = CreateWindowExW(0, L"Static", L"", WS_POPUP | WS_VISIBLE, 0, 0, 9, 9, nullptr, nullptr,
                                        nullptr, nullptr);
@@ -204,7 +204,7 @@ TEST_F(SystemEndDialog, IsToldFromTheEndOfTheOwner)
     EXPECT_EQ(CLiveWindow::Count(), 0);
 }
 
-TEST_F(SystemEndDialog, IsToldFromTheEndOfTheProgram)
+TEST_F(SystemEndDialog, IsDistinguishedFromTheEndOfTheProgram)
 {
     driver.reset(); // nobody is in front of the dialog
     dialog.onInit = [] {

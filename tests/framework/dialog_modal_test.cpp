@@ -125,7 +125,7 @@ TEST_F(DialogModal, RefusesASecondRunInsideItsOwn)
     EXPECT_EQ(second, -1);
 }
 
-TEST_F(DialogModal, DisablesItsParentMeanwhileAndGivesItBack)
+TEST_F(DialogModal, DisablesItsParentWhileItRuns)
 {
     const HostWindow host;
     TestDialog child(300, host.get());
@@ -156,7 +156,7 @@ TEST_F(DialogModal, BelongsToTheActiveWindowIfItHasNoParent)
     EXPECT_TRUE(IsWindowEnabled(host.get()));
 }
 
-TEST_F(DialogModal, LeavesAParentDisabledThatWasSoBefore)
+TEST_F(DialogModal, KeepsAParentDisabledThatWasDisabledBefore)
 {
     const HostWindow host;
     EnableWindow(host.get(), FALSE);
@@ -227,7 +227,7 @@ TEST_F(DialogModal, EndsWhenItsWindowIsDestroyed)
     EXPECT_EQ(dialog.DoModal(), -1);
 }
 
-TEST_F(DialogModal, EndsWithTheProgramAndTellsItsLoop)
+TEST_F(DialogModal, EndsWithTheProgramAndPassesTheQuitMessageOn)
 {
     dialog.onApply = [] {
         PostQuitMessage(3);

@@ -61,7 +61,7 @@ protected:
 };
 } // namespace
 
-TEST_F(Dispatch, TheFourOperationsStandBehindThePublishedMethods)
+TEST_F(Dispatch, TheFourOperationsFollowThePublishedMethods)
 {
     LONG value = 0;
     EXPECT_EQ(CallSlot(number.get(), kGetNumber, &value), S_OK);
@@ -81,7 +81,7 @@ TEST_F(Dispatch, TheObjectDoesNotAnswerForIDispatch)
     EXPECT_EQ(again.get(), number.get());
 }
 
-TEST_F(Dispatch, TypeInformationHasOneIndexAndNeedsAPlaceToGoTo)
+TEST_F(Dispatch, TypeInformationHasOneIndexAndNeedsAResult)
 {
     auto* info = reinterpret_cast<ITypeInfo*>(this);
     EXPECT_EQ(GetTypeInfo(1, &info), DISP_E_BADINDEX);
@@ -95,7 +95,7 @@ TEST_F(Dispatch, AReservedInterfaceThatIsNotNullIsRefused)
     EXPECT_EQ(Invoke(__uuidof(IUnknown)), DISP_E_UNKNOWNINTERFACE);
 }
 
-TEST_F(Dispatch, NamesNeedAPlaceToComeFromAndToGoTo)
+TEST_F(Dispatch, NamesAndResultsMustNotBeNull)
 {
     EXPECT_EQ(GetIDsOfNames(IID_NULL, nullptr, &id), E_POINTER);
     EXPECT_EQ(GetIDsOfNames(IID_NULL, names, nullptr), E_POINTER);

@@ -36,7 +36,7 @@ protected:
 };
 } // namespace
 
-TEST_F(Factory, AtCountOneItDoesNotLockTheModuleAndASecondReferenceDoes)
+TEST_F(Factory, OnlyASecondReferenceLocksTheModule)
 {
     EXPECT_EQ(Locks(), 0);
     EXPECT_EQ(factory->AddRef(), 2u);
@@ -60,7 +60,7 @@ TEST_F(Factory, AnswersIUnknownAndIClassFactoryOnly)
     EXPECT_EQ(factory->QueryInterface(__uuidof(IUnknown), nullptr), E_POINTER);
 }
 
-TEST_F(Factory, MakingOneForAnInterfaceThatItLacksLeavesNothingBehind)
+TEST_F(Factory, IsNotCreatedForAnInterfaceThatItLacks)
 {
     void* made = &made;
     EXPECT_EQ(ClassFactory::Create(&Record, __uuidof(ITestNumber), &made), E_NOINTERFACE);
@@ -82,7 +82,7 @@ TEST_F(Factory, CreateInstanceNullsTheResultOfAFailure)
     EXPECT_EQ(TestComponent::s_alive, 0);
 }
 
-TEST_F(Factory, AnOuterObjectGoesWithIUnknownOnlyAndTheClassIsNotEvenAsked)
+TEST_F(Factory, AnOuterObjectIsForIUnknownOnly)
 {
     TestOuter outer;
     void* made = &made;
@@ -99,7 +99,7 @@ TEST_F(Factory, HandsTheOuterObjectToTheClass)
     EXPECT_EQ(g_outerSeen, &outer);
 }
 
-TEST_F(Factory, LockServerRaisesAndLowersTheLockCountAndSaysYes)
+TEST_F(Factory, LockServerRaisesAndLowersTheLockCount)
 {
     EXPECT_EQ(factory->LockServer(TRUE), S_OK);
     EXPECT_EQ(Locks(), 1);

@@ -97,7 +97,7 @@ TEST(InModule, EveryExceptionBecomesAStatus)
     EXPECT_EQ(CUiState::Depth(), 0);
 }
 
-TEST(InModule, TheComponentOutlivesItsLastReferenceUntilTheCallReturns)
+TEST(InModule, TheComponentOutlivesItsLastReferenceInsideACall)
 {
     ITestNumber* const object = MakeCalled();
     int aliveAfterRelease = 0;
@@ -114,7 +114,7 @@ TEST(InModule, TheComponentOutlivesItsLastReferenceUntilTheCallReturns)
     EXPECT_EQ(Called::s_depthAtEnd, 0) << "destroyed outside the state";
 }
 
-TEST(InModule, AnAggregateOutlivesItsLastReferenceUntilTheCallReturns)
+TEST(InModule, AnAggregateOutlivesItsLastReferenceInsideACall)
 {
     bool ended = false;
     auto* const outer = new Outer(ended);

@@ -96,7 +96,7 @@ TEST_F(Module, InitRefusesAMissingTableInstanceOrLibrary)
     EXPECT_EQ(module.LibraryId(), nullptr);
 }
 
-TEST_F(Module, InitTakesTheInstanceAndTheLibraryAndRunsEachClassHookOnce)
+TEST_F(Module, InitStoresItsArgumentsAndRunsEachClassHookOnce)
 {
     EXPECT_EQ(ComModule::Get().Instance(), GetModuleHandleW(nullptr));
     EXPECT_EQ(ComModule::Get().LibraryId(), &kLibrary);
@@ -105,7 +105,7 @@ TEST_F(Module, InitTakesTheInstanceAndTheLibraryAndRunsEachClassHookOnce)
     EXPECT_EQ(g_starts, 2);
 }
 
-TEST_F(Module, TermGivesTheFactoriesBackAndForgetsTheTable)
+TEST_F(Module, TermReleasesTheFactoriesAndResetsTheTable)
 {
     ComPtr<IClassFactory> factory;
     ASSERT_EQ(Get(kFirst, factory), S_OK);
@@ -147,7 +147,7 @@ TEST_F(Module, AFactoryIsMadeAtTheFirstRequestAndKept)
     EXPECT_EQ(g_factories, 1);
 }
 
-TEST_F(Module, AKeptFactoryDoesNotLockTheModuleAndAClientsReferenceDoes)
+TEST_F(Module, OnlyAClientsReferenceToAFactoryLocksTheModule)
 {
     const LONG before = ComModule::Get().LockCount();
     ComPtr<IClassFactory> factory;
@@ -216,7 +216,7 @@ TEST_F(Module, RegistrationBeforeInitIsRefused)
     }
 }
 
-TEST_F(Module, RegistersItsClassesInTheOrderOfTheTableUpToTheTerminator)
+TEST_F(Module, RegistersClassesInTheTablesOrderUpToTheTerminator)
 {
     RegistrationReport report;
     EXPECT_EQ(ComModule::Get().RegisterServer(true, nullptr, report), S_OK);
@@ -240,7 +240,7 @@ TEST_F(Module, AFailedRegistrationEndsThere)
     EXPECT_EQ(g_registered, "A");
 }
 
-TEST_F(Module, AFailureToTakeOutDoesNotKeepTheRestFromGoing)
+TEST_F(Module, AFailedRemovalDoesNotStopTheOthers)
 {
     g_failing = 'A';
     RegistrationReport report;

@@ -106,7 +106,7 @@ TEST(ComObject, TheFailureOfFinalConstructIsWhatTheCreatorGets)
     EXPECT_EQ(TestConstructed::s_alive, 0) << "deleted, and once only, though it used a reference to itself";
 }
 
-TEST(ComObject, FinalConstructRunsAtCountZeroAndMayUseAReferenceToTheObject)
+TEST(ComObject, FinalConstructRunsAtCountZeroAndMayAddReferences)
 {
     TestConstructed::s_answer = S_OK;
     TestConstructed::s_called = false;
@@ -121,7 +121,7 @@ TEST(ComObject, FinalConstructRunsAtCountZeroAndMayUseAReferenceToTheObject)
     EXPECT_EQ(TestConstructed::s_alive, 0);
 }
 
-TEST(ComObject, IsDeletedOnceIfItUsedAReferenceToItselfAndDoesNotAnswerTheInterfaceAskedFor)
+TEST(ComObject, IsDeletedOnceIfTheQueryFailsAfterASelfReference)
 {
     const LONG before = ComModule::Get().LockCount();
     TestConstructed::s_answer = S_OK;
@@ -182,7 +182,7 @@ TEST(ComObject, AggregatedLetsTheOuterObjectAnswerForItsInterfaces)
     EXPECT_EQ(value, 1000) << "the outer object's number, not the inner one's";
 }
 
-TEST(ComObject, RefusesAnOuterObjectWithoutMakingAnythingWhereTheRuleSaysSo)
+TEST(ComObject, RefusesAnOuterObjectWithoutAllocating)
 {
     TestOuter outer;
     void* made = &made;

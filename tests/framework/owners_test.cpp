@@ -51,7 +51,7 @@ TEST(Bstr, CopiesItsTextNullCharactersIncluded)
     EXPECT_EQ(parts.View(), L"one\0two"sv);
 }
 
-TEST(Bstr, TellsNullFromEmptyAndReadsBothAsEmpty)
+TEST(Bstr, DistinguishesNullFromEmptyAndReadsBothAsEmpty)
 {
     const wchar_t* const none = nullptr;
     EXPECT_EQ(Bstr().get(), nullptr);

@@ -42,7 +42,7 @@ TEST_F(Registration, StaysWhenItIsCommitted)
     EXPECT_EQ(registry.Text(L"A"), L"x");
 }
 
-TEST_F(Registration, WithoutCommitKeysThatWereNotThereGo)
+TEST_F(Registration, WithoutCommitNewKeysAreDeleted)
 {
     const auto before = registry.Dump();
     ASSERT_EQ(Add(L"HKCR { A = s 'x' { B { C } } ForceRemove D { val V = d 1 } }"), S_OK);
@@ -52,7 +52,7 @@ TEST_F(Registration, WithoutCommitKeysThatWereNotThereGo)
     EXPECT_TRUE(report.failures.empty());
 }
 
-TEST_F(Registration, WithoutCommitKeysGetBackWhatTheyHeld)
+TEST_F(Registration, WithoutCommitKeysAreRestored)
 {
     registry.Put(L"A", L"old");
     registry.Put(L"A\\Gone", L"of another install");
@@ -73,7 +73,7 @@ TEST_F(Registration, WithoutCommitKeysGetBackWhatTheyHeld)
     EXPECT_TRUE(report.failures.empty());
 }
 
-TEST_F(Registration, WithoutCommitAKeyWrittenTwiceIsAsItWasBeforeTheFirstTime)
+TEST_F(Registration, WithoutCommitAKeyWrittenTwiceIsRestored)
 {
     registry.Put(L"A", L"old");
     ASSERT_EQ(Add(L"HKCR { A = s 'one' }"), S_OK);
@@ -82,7 +82,7 @@ TEST_F(Registration, WithoutCommitAKeyWrittenTwiceIsAsItWasBeforeTheFirstTime)
     EXPECT_EQ(registry.Text(L"A"), L"old");
 }
 
-TEST_F(Registration, WithoutCommitAFailedScriptIsTakenBackToo)
+TEST_F(Registration, WithoutCommitAFailedScriptIsUndoneToo)
 {
     registry.Put(L"A", L"old");
     registry.Put(L"C", L"closed");
@@ -119,7 +119,7 @@ TEST_F(Registration, AroundKeysMarkedNoRemoveNothingIsTouched)
     EXPECT_EQ(registry.Text(L"CLSID\\{Other}"), L"changed meanwhile by someone else");
 }
 
-TEST_F(Registration, RefusesValuesThatAFailureWouldNotPutBack)
+TEST_F(Registration, RefusesValuesThatAFailureWouldNotRestore)
 {
     const std::pair<const wchar_t*, const wchar_t*> scripts[] = {
         {L"HKCR { A val V = s 'x' }", L"script, HKCR"},
@@ -160,7 +160,7 @@ TEST_F(Registration, TakesValuesOfKeysBeneathKeysMarkedNoRemove)
     EXPECT_EQ(registry.Dump(), before);
 }
 
-TEST_F(Registration, ATextThatIsNoScriptChangesNothingAndItsLineIsReported)
+TEST_F(Registration, AnInvalidScriptChangesNothingAndItsLineIsReported)
 {
     const auto before = registry.Dump();
     EXPECT_EQ(Add(L"HKCR\n{\n    A = s 'x'\n    B = q\n}\n"), HRESULT_FROM_WIN32(ERROR_INVALID_DATA));
@@ -170,7 +170,7 @@ TEST_F(Registration, ATextThatIsNoScriptChangesNothingAndItsLineIsReported)
     EXPECT_EQ(report.failures[0].reason, L"'s' or 'd' expected after '='");
 }
 
-TEST_F(Registration, AScriptResourceThatIsNotThereIsReportedWithItsNumber)
+TEST_F(Registration, AMissingScriptResourceIsReportedWithItsNumber)
 {
     const HRESULT status = registrar->UpdateScript(999, true);
     EXPECT_LT(status, 0);
@@ -186,7 +186,7 @@ TEST_F(Registration, AModuleWithoutATypeLibraryHasNoneToRegister)
     EXPECT_TRUE(report.failures.empty());
 }
 
-TEST_F(Registration, RemovalIsNotTakenBack)
+TEST_F(Registration, RemovalIsNotUndone)
 {
     registry.Put(L"A", L"x");
     EXPECT_EQ(registrar->UpdateScriptText(L"HKCR { A }", L"script", false), S_OK);

@@ -69,7 +69,7 @@ private:
 };
 } // namespace
 
-TEST(ChangedScript, IsTakenBackOrRefused)
+TEST(ChangedScript, IsUndoneOrRefused)
 {
     TestRegistry registry;
     registry.Put(L"A", L"old");

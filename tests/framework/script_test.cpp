@@ -46,7 +46,7 @@ TEST(RegistryScript, AnEmptyTextHasNoRoots)
     EXPECT_TRUE(Parse(L" \r\n\t ").roots.empty());
 }
 
-TEST(RegistryScript, KnowsTheRootsByBothNamesInAnyCase)
+TEST(RegistryScript, AcceptsBothNamesOfTheRootsInAnyCase)
 {
     EXPECT_EQ(Parse(L"HKCR { }").roots[0].key, HKEY_CLASSES_ROOT);
     EXPECT_EQ(Parse(L"hkey_classes_root { }").roots[0].key, HKEY_CLASSES_ROOT);
@@ -68,7 +68,7 @@ TEST(RegistryScript, AKeyHasANameADefaultValueAndKeysBeneath)
     EXPECT_FALSE(key.children[1].value);
 }
 
-TEST(RegistryScript, MarksStandBeforeTheNameInAnyCase)
+TEST(RegistryScript, MarksPrecedeTheNameInAnyCase)
 {
     EXPECT_EQ(First(L"HKCR { NoRemove CLSID }").kind, Kind::NoRemove);
     EXPECT_EQ(First(L"HKCR { ForceRemove X = s 'y' }").kind, Kind::ForceRemove);
@@ -126,7 +126,7 @@ TEST(RegistryScript, AnErrorNamesItsLine)
     EXPECT_EQ(Refuse(L"HKCR { A = s 'a\nb'\n val }").line, 3);
 }
 
-TEST(RegistryScript, AnErrorSaysWhatIsWrong)
+TEST(RegistryScript, AnErrorHasAReason)
 {
     EXPECT_EQ(Refuse(L"HKXX { }").reason, L"unknown root key 'HKXX'");
     EXPECT_EQ(Refuse(L"HKCR A").reason, L"'{' expected after the root key");
@@ -144,7 +144,7 @@ TEST(RegistryScript, AnErrorSaysWhatIsWrong)
     EXPECT_EQ(Refuse(L"HKCR { } }").reason, L"unknown root key '}'");
 }
 
-TEST(RegistryScript, NumbersThatAreNoneAreRefused)
+TEST(RegistryScript, InvalidNumbersAreRefused)
 {
     for (const wchar_t* number : {L"''", L"x", L"-1", L"4294967296", L"0x100000000", L"1a", L"0x", L"'1 '"})
     {
@@ -153,7 +153,7 @@ TEST(RegistryScript, NumbersThatAreNoneAreRefused)
     }
 }
 
-TEST(RegistryScript, NamesThatCanBeNoKeysAreRefused)
+TEST(RegistryScript, InvalidNamesOfKeysAreRefused)
 {
     EXPECT_EQ(Refuse(L"HKCR { '' }").reason, L"'' is no name for a key");
     EXPECT_EQ(Refuse(L"HKCR { ForceRemove A\\B }").reason, L"'A\\B' is no name for a key");

@@ -33,7 +33,7 @@ int g_place = 0;
 const HINSTANCE kModule = reinterpret_cast<HINSTANCE>(&g_place);
 } // namespace
 
-TEST(UiState, EnteringMakesTheModuleCurrentAndLeavingPutsBackWhatWas)
+TEST(UiState, EnteringMakesTheModuleCurrentForAScope)
 {
     App app;
     app.m_hInstance = kModule;
@@ -97,7 +97,7 @@ TEST(UiState, BelongsToItsThread)
     EXPECT_EQ(entries, 0u);
 }
 
-TEST(UiState, AModuleWithoutAManifestHasNoActivationContextAndEntersAllTheSame)
+TEST(UiState, WithoutAManifestThereIsNoActivationContext)
 {
     App app;
     app.m_hInstance = GetModuleHandleW(nullptr);
@@ -134,7 +134,7 @@ TEST(WinApp, TheBaseStartsAndEndsWithNothingToDo)
     EXPECT_EQ(app.ExitInstance(), 0);
 }
 
-TEST(WinApp, LoadingRunsInitInstanceWithTheInstanceSetAndReturnsItsAnswer)
+TEST(WinApp, LoadingSetsTheInstanceAndRunsInitInstance)
 {
     App app;
     EXPECT_EQ(RunModuleEntry(kModule, DLL_PROCESS_ATTACH), TRUE);
@@ -144,7 +144,7 @@ TEST(WinApp, LoadingRunsInitInstanceWithTheInstanceSetAndReturnsItsAnswer)
     EXPECT_EQ(RunModuleEntry(kModule, DLL_PROCESS_ATTACH), FALSE);
 }
 
-TEST(WinApp, UnloadingRunsExitInstanceAndThreadsAreNobodysBusiness)
+TEST(WinApp, UnloadingRunsExitInstanceAndThreadReasonsAreIgnored)
 {
     App app;
     EXPECT_EQ(RunModuleEntry(kModule, DLL_THREAD_ATTACH), TRUE);

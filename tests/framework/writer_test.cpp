@@ -69,7 +69,7 @@ TEST_F(Writer, AForcedKeyLosesWhatItHeld)
     EXPECT_TRUE(registry.Has(L"A\\B"));
 }
 
-TEST_F(Writer, ADeletedKeyGoesWhenTheScriptIsApplied)
+TEST_F(Writer, ADeletedKeyIsRemovedWhenTheScriptIsApplied)
 {
     registry.Put(L"Old\\Deep", L"x");
     EXPECT_EQ(Apply(L"HKCR { Delete Old Delete NeverThere }"), S_OK);
@@ -121,7 +121,7 @@ TEST_F(Writer, RemovalTakesNamedValuesOfKeysThatStay)
     EXPECT_TRUE(registry.Has(L"A"));
 }
 
-TEST_F(Writer, RemovalOfWhatIsNotThereIsNoFailure)
+TEST_F(Writer, RemovalOfMissingKeysIsNoFailure)
 {
     EXPECT_EQ(Remove(L"HKCR { A = s 'x' { B } NoRemove C { ForceRemove D { E } val V = s 'x' } }"), S_OK);
     EXPECT_TRUE(report.failures.empty());
@@ -137,7 +137,7 @@ TEST_F(Writer, ApplyingTwiceGivesTheSameAsOnce)
     EXPECT_EQ(registry.Dump(), once);
 }
 
-TEST_F(Writer, TheFirstFailureEndsItAndIsReportedWithItsKeyAndReason)
+TEST_F(Writer, TheFirstFailureStopsItAndIsReported)
 {
     registry.Put(L"B", L"closed");
     registry.Deny(L"B");
@@ -150,7 +150,7 @@ TEST_F(Writer, TheFirstFailureEndsItAndIsReportedWithItsKeyAndReason)
     EXPECT_FALSE(registry.Has(L"C"));
 }
 
-TEST_F(Writer, AForcedKeyThatWillNotGoIsNamedToTheLastKey)
+TEST_F(Writer, ReportsTheSubKeyThatAForcedKeyCannotDelete)
 {
     registry.Put(L"A\\B\\C", L"closed");
     registry.Deny(L"A\\B\\C");
@@ -159,7 +159,7 @@ TEST_F(Writer, AForcedKeyThatWillNotGoIsNamedToTheLastKey)
     EXPECT_EQ(report.failures[0].key, L"HKCR\\A\\B\\C");
 }
 
-TEST_F(Writer, RemovalGoesOnAfterAFailureAndReturnsTheFirst)
+TEST_F(Writer, RemovalContinuesAfterAFailureAndReturnsTheFirst)
 {
     ASSERT_EQ(Apply(L"HKCR { A B C }"), S_OK);
     registry.Deny(L"B");
@@ -170,7 +170,7 @@ TEST_F(Writer, RemovalGoesOnAfterAFailureAndReturnsTheFirst)
     EXPECT_FALSE(registry.Has(L"C"));
 }
 
-TEST(RegistrationReport, SaysWhatToDoWhereAccessIsDeniedAndTheStatusOtherwise)
+TEST(RegistrationReport, SaysWhatToDoIfAccessIsDeniedElseTheStatus)
 {
     RegistrationReport report;
     EXPECT_EQ(report.AddSystemError(L"A", ERROR_ACCESS_DENIED), E_ACCESSDENIED);

@@ -7,7 +7,7 @@
 
 using namespace walks;
 
-TEST_F(Walks, BatchesGoOnWhileTheyAreFull)
+TEST_F(Walks, BatchesContinueWhileTheyAreFull)
 {
     Enum objects({{S_OK, Range(0, 25)}, {S_OK, Range(25, 25)}, {S_FALSE, {}}});
     EXPECT_EQ(Range(0, 50), SeenInBatches(objects));
@@ -16,14 +16,14 @@ TEST_F(Walks, BatchesGoOnWhileTheyAreFull)
     EXPECT_EQ(0, m_nulls);
 }
 
-TEST_F(Walks, TheLastBatchIsSeenThoughItCameWithFalse)
+TEST_F(Walks, TheLastBatchIsVisitedAlthoughItIsSFalse)
 {
     Enum objects({{S_OK, Range(0, 25)}, {S_FALSE, Range(25, 3)}});
     EXPECT_EQ(Range(0, 28), SeenInBatches(objects));
     EXPECT_EQ(2u, objects.Calls());
 }
 
-TEST_F(Walks, AFailedBatchIsNotSeenButItsObjectsAreReleased)
+TEST_F(Walks, AFailedBatchIsNotVisitedButReleased)
 {
     Enum objects({{S_OK, Range(0, 25)}, {E_FAIL, Range(25, 4)}});
     EXPECT_EQ(Range(0, 25), SeenInBatches(objects));
@@ -38,7 +38,7 @@ TEST_F(Walks, APartlyFilledBatchWithOkIsNotTheLast)
     EXPECT_EQ(3u, objects.Calls());
 }
 
-TEST_F(Walks, BatchesGoOnAfterAnotherPositiveStatus)
+TEST_F(Walks, BatchesContinueAfterAnotherPositiveStatus)
 {
     Enum objects({{kPositiveStatus, Range(0, 5)}, {S_FALSE, Range(5, 1)}});
     EXPECT_EQ(Range(0, 6), SeenInBatches(objects));
@@ -127,7 +127,7 @@ TEST_F(Walks, AnObjectThatAVisitorKeepsOutlivesItsBatch)
     EXPECT_EQ(1u, m_objects[1].m_references);
 }
 
-TEST_F(Walks, EachBatchIsOneBlockOfTaskMemoryThatIsGivenBack)
+TEST_F(Walks, EachBatchIsOneBlockOfTaskMemoryThatIsFreed)
 {
     Enum objects({{S_OK, Range(0, 25)}, {S_OK, Range(25, 25)}, {S_FALSE, Range(50, 5)}});
     const TaskMemory memory;
@@ -135,7 +135,7 @@ TEST_F(Walks, EachBatchIsOneBlockOfTaskMemoryThatIsGivenBack)
     memory.ExpectBlocks(3, 25 * sizeof(void*));
 }
 
-TEST_F(Walks, AWalkThatEndsEarlyGivesItsBlockBackToo)
+TEST_F(Walks, AWalkThatEndsEarlyFreesItsBlockToo)
 {
     const TaskMemory memory;
     Enum failing({{E_FAIL, Range(0, 3)}});

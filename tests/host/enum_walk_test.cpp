@@ -4,7 +4,7 @@
 
 using namespace walks;
 
-TEST_F(Walks, RemNextGoesOnUntilAStatusOtherThanOk)
+TEST_F(Walks, RemNextContinuesUntilAStatusOtherThanOk)
 {
     for (const WalkEnd end : {WalkEnd::AtNull, WalkEnd::AtNothingFetched, WalkEnd::AtStatusOnly})
     {
@@ -50,14 +50,14 @@ TEST_F(Walks, RemNextEndsWhenNothingWasFetched)
     EXPECT_EQ(2u, objects.Calls());
 }
 
-TEST_F(Walks, RemNextThatEndsAtZeroFetchedPassesOverACountedNull)
+TEST_F(Walks, RemNextThatEndsAtZeroFetchedSkipsACountedNull)
 {
     Enum objects({{S_OK, {nullptr}, 1}, {S_OK, {At(0)}}, {S_OK, {nullptr}, 0}});
     EXPECT_EQ((Seen{At(0)}), SeenByRemNext(objects, WalkEnd::AtNothingFetched));
     EXPECT_EQ(3u, objects.Calls());
 }
 
-TEST_F(Walks, RemNextPassesOverNullsUntilAStatusEndsIt)
+TEST_F(Walks, RemNextSkipsNullsUntilAStatusEndsIt)
 {
     Enum objects(
         {{S_OK, {nullptr}, 0}, {S_OK, {At(0)}, 0}, {S_OK, {nullptr}}, {S_OK, {At(1)}}, {S_FALSE, {}}});
@@ -110,7 +110,7 @@ TEST_F(Walks, AWalkThatIsLeftEarlyReleasesItsObject)
     EXPECT_EQ(1u, m_objects[0].m_references);
 }
 
-TEST_F(Walks, SingleNextGoesOnUntilAStatusOtherThanOk)
+TEST_F(Walks, SingleNextContinuesUntilAStatusOtherThanOk)
 {
     for (const WalkEnd end : {WalkEnd::AtNull, WalkEnd::AtNothingFetched, WalkEnd::AtStatusOnly})
     {
@@ -134,7 +134,7 @@ TEST_F(Walks, SingleNextEndsAtANullObject)
     }
 }
 
-TEST_F(Walks, SingleNextPassesOverNullsUntilAStatusEndsIt)
+TEST_F(Walks, SingleNextSkipsNullsUntilAStatusEndsIt)
 {
     Enum objects({{S_OK, {nullptr}}, {S_OK, {At(0)}}, {S_OK, {}}, {S_OK, {At(1)}}, {S_FALSE, {}}});
     EXPECT_EQ((Seen{At(0), At(1)}), SeenBySingleNext(objects, WalkEnd::AtStatusOnly));

@@ -118,7 +118,7 @@ TEST(HostSlots, EveryConfigObjectBeginsWithTheTwoReads)
     ExpectConfigObjectSlots<IQPAttributeType>();
 }
 
-TEST(HostSlots, TypeAndAttributeGoOnAfterTheTwoReads)
+TEST(HostSlots, MethodsOfTypeAndAttributeFollowTheTwoReads)
 {
     EXPECT_EQ(5, SLOT(IQPType, GetPageEnum(nullptr)));
     EXPECT_EQ(6, SLOT(IQPType, GetGroupEnum(nullptr)));

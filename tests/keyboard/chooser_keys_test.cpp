@@ -133,13 +133,13 @@ TEST_P(Cancellable, ARowIsChosenBySpaceOnOk)
     EXPECT_EQ(Show(), Utf8Text(First()));
 }
 
-TEST_P(Cancellable, SomethingNewIsAskedForByTheMnemonic)
+TEST_P(Cancellable, SomethingNewIsChosenByTheMnemonic)
 {
     user.Does({Types("shift+Tab", FocusOn(kList)), Ends("alt+c")});
     EXPECT_EQ(Show(), "to be made, null");
 }
 
-TEST_P(Cancellable, SomethingNewIsAskedForBySpaceOrEnterOnTheButton)
+TEST_P(Cancellable, SomethingNewIsChosenBySpaceOrEnterOnTheButton)
 {
     for (const char* key : {"space", "Return"})
     {
@@ -206,7 +206,7 @@ TEST_F(Scripts, AreChosenBySpaceOnOk)
     EXPECT_EQ(Show(), picked);
 }
 
-TEST_F(Scripts, AreLeftBySpaceOrEnterOnCancel)
+TEST_F(Scripts, AreCancelledBySpaceOrEnterOnCancel)
 {
     for (const char* key : {"space", "Return"})
     {
@@ -277,7 +277,7 @@ TEST_F(GivenObjects, AreChosenBySpaceOnOk)
     EXPECT_EQ(Show(), Utf8Text(Row(2)));
 }
 
-TEST_F(GivenObjects, AreLeftBySpaceOrEnterOnCancel)
+TEST_F(GivenObjects, AreCancelledBySpaceOrEnterOnCancel)
 {
     Give();
     for (const char* key : {"space", "Return"})

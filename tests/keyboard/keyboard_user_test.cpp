@@ -60,7 +60,7 @@ TEST(KeyboardUser, FailsATestThatSeesWhatItWaitsForBeforeItTypes)
     EXPECT_EQ(code, IDCANCEL);
 }
 
-TEST(KeyboardUser, FailsATestWhoseKeysNobodyTypes)
+TEST(KeyboardUser, FailsATestWhoseKeysAreNotTyped)
 {
     INT_PTR code = 0;
     const auto plan = [](KeyboardUser& user) {
@@ -80,7 +80,7 @@ TEST(KeyboardUser, FailsATestWhoseDialogStaysWhenAllIsDone)
     EXPECT_EQ(code, IDCANCEL);
 }
 
-TEST(KeyboardUser, FailsATestWhoseDialogGoesTooEarly)
+TEST(KeyboardUser, FailsATestWhoseDialogClosesTooEarly)
 {
     INT_PTR code = 0;
     const Failures failures = FailuresOf(
@@ -93,7 +93,7 @@ TEST(KeyboardUser, FailsATestWhoseDialogGoesTooEarly)
     EXPECT_EQ(code, IDCANCEL);
 }
 
-TEST(KeyboardUser, DestroysADialogThatDoesNotGo)
+TEST(KeyboardUser, DestroysADialogThatDoesNotClose)
 {
     INT_PTR code = 0;
     const auto refuse = [](HWND, UINT message, WPARAM wParam, LPARAM) -> INT_PTR {

@@ -11,7 +11,7 @@ namespace
 /// Before anything is translated in this program.
 const bool kInGerman = SetEnvironmentVariableW(L"QPTOOLS_LANG", L"de") != 0;
 
-TEST(GermanUserActionLog, TwoLabelsAreTranslatedWithTheirTrailingBlanksAndNothingElse)
+TEST(GermanUserActionLog, OnlyTwoLabelsAreTranslatedWithTheirTrailingBlanks)
 {
     ASSERT_TRUE(kInGerman);
     const LogFolder folder;

@@ -98,7 +98,7 @@ XQPComBSTR WithNulls(std::wstring_view text)
     return {text.data(), static_cast<int>(text.size())};
 }
 
-TEST_F(LogCalls, ATextEndsAtItsFirstNullCharacterAndTheBlockGoesOnBehindIt)
+TEST_F(LogCalls, ATextEndsAtItsFirstNullCharacterInsideABlock)
 {
     using namespace std::string_view_literals;
     const XQPComBSTR cut = WithNulls(L"a\0b"sv);
@@ -122,7 +122,7 @@ TEST_F(LogCalls, ATextThatBeginsWithANullCharacterIsEmpty)
     ExpectOneCall(kTimeStampShape + "\n");
 }
 
-TEST_F(LogCalls, WantOfMemoryLeavesAsOneExceptionWhicheverWayItIsSaid)
+TEST_F(LogCalls, OutOfMemoryOfEitherFormLeavesAsOneException)
 {
     const std::function<void()> failures[] = {[] { throw std::bad_alloc(); },
                                               [] { throw std::length_error("too long"); },
@@ -147,7 +147,7 @@ TEST_F(LogCalls, WantOfMemoryLeavesAsOneExceptionWhicheverWayItIsSaid)
     EXPECT_TRUE(g_logCalls.empty());
 }
 
-TEST_F(LogCalls, AnyOtherFailureIsAStatusAndNotTakenForWantOfMemory)
+TEST_F(LogCalls, AnyOtherFailureIsAStatusAndNotOutOfMemory)
 {
     const std::function<void()> failures[] = {[] { throw std::runtime_error("other"); },
                                               [] {

@@ -101,7 +101,7 @@ protected:
     std::size_t size = 0;
 };
 
-TEST_P(ModuleWithoutMemory, AFailedAllocationLeavesAsACppExceptionOfOneCodeOrIsNotSeen)
+TEST_P(ModuleWithoutMemory, AFailedAllocationIsOneCppExceptionOrNotNoticed)
 {
     int left = 0;
     bool struck = true;

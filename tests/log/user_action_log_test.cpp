@@ -29,7 +29,7 @@ std::string AfterFirstLine(const std::string& text)
     return text.substr(text.find('\n') + 1);
 }
 
-TEST_F(UserActionLog, ATimeStampWithInfoIsTheInfoTwoBlanksAfterAtTheStampAndALineFeed)
+TEST_F(UserActionLog, AStampWithInfoHasTwoBlanksAfterAtAndALineFeed)
 {
     EXPECT_EQ(log->WriteTimeStampWithInfo(XQPComBSTR(L"Project opened")), S_OK);
     const std::string text = folder.Bytes();
@@ -39,7 +39,7 @@ TEST_F(UserActionLog, ATimeStampWithInfoIsTheInfoTwoBlanksAfterAtTheStampAndALin
     ExpectStampSince(before, text.substr(start.size(), text.size() - start.size() - 1));
 }
 
-TEST_F(UserActionLog, WithoutInfoTheStampStandsAloneBeforeItsLineFeed)
+TEST_F(UserActionLog, WithoutInfoTheStampIsAloneBeforeItsLineFeed)
 {
     EXPECT_EQ(log->WriteTimeStampWithInfo(nullptr), S_OK);
     EXPECT_EQ(log->WriteTimeStampWithInfo(XQPComBSTR(L"")), S_OK);
@@ -83,7 +83,7 @@ TEST_F(UserActionLog, TextIsWrittenInUtf8)
                               "fung \xE2\x86\x92 \xE4\xB8\xAD");
 }
 
-TEST_F(UserActionLog, ATimeStampStandsAloneAndNoLineFeedIsAdded)
+TEST_F(UserActionLog, ATimeStampIsAloneAndNoLineFeedIsAdded)
 {
     EXPECT_EQ(log->WriteTimeStamp(), S_OK);
     ExpectStampSince(before, folder.Bytes());

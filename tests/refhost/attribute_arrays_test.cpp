@@ -64,7 +64,7 @@ TEST_F(AttributeArrays, an_attribute_without_a_value_is_an_empty_cell)
     EXPECT_EQ(value->vt, VT_EMPTY);
 }
 
-TEST_F(AttributeArrays, unreadable_attributes_are_left_out_and_told)
+TEST_F(AttributeArrays, unreadable_attributes_are_omitted_and_reported)
 {
     Array names(NameArray({L"m_nothing", L"m_name", L"visible"}));
     Array values;
@@ -73,7 +73,7 @@ TEST_F(AttributeArrays, unreadable_attributes_are_left_out_and_told)
     EXPECT_EQ(NameAt(values.get(), 0), L"m_name");
 }
 
-TEST_F(AttributeArrays, none_readable_gives_an_array_without_rows)
+TEST_F(AttributeArrays, nothing_readable_gives_an_array_without_rows)
 {
     Array names(NameArray({L"m_nothing"}));
     Array values;
@@ -141,7 +141,7 @@ TEST_F(AttributeArrays, several_attributes_are_written_in_one_call)
     EXPECT_EQ(Read(action.get(), L"script", value), S_OK);
 }
 
-TEST_F(AttributeArrays, a_refused_attribute_is_told_in_its_row_and_the_others_are_written)
+TEST_F(AttributeArrays, a_refusal_is_in_its_row_and_the_others_are_written)
 {
     Array pairs(PairArray(3));
     Put(pairs.get(), 0, 0, Value(L"m_nothing"));

@@ -56,7 +56,7 @@ TEST_F(AttributeLimits, a_hidden_attribute_is_neither_read_nor_written)
     EXPECT_EQ(action->SetAttribute(Text(L"m_prompt"), Value(L"?")), S_OK);
 }
 
-TEST_F(AttributeLimits, hidden_attributes_are_left_out_of_a_list)
+TEST_F(AttributeLimits, hidden_attributes_are_omitted_from_a_list)
 {
     EXPECT_EQ(Readable({L"m_name", L"m_prompt", L"m_pType"}, kSomeHidden), (Names{L"m_name", L"m_pType"}));
     EXPECT_EQ(Readable({L"m_prompt"}, kSomeHidden), Names{});
@@ -65,7 +65,7 @@ TEST_F(AttributeLimits, hidden_attributes_are_left_out_of_a_list)
     EXPECT_EQ(Readable({L"m_name", L"m_pType"}, S_OK), (Names{L"m_name", L"m_pType"}));
 }
 
-TEST_F(AttributeLimits, each_refused_row_says_so_and_the_others_are_written)
+TEST_F(AttributeLimits, each_refused_row_has_a_status_and_the_others_are_written)
 {
     for (const LONG language : {0, 1031})
     {

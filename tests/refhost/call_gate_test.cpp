@@ -242,7 +242,7 @@ TEST_F(Gate, n_counts_from_the_last_clear)
     EXPECT_EQ(query->ResetSearch(0), E_FAIL) << "a planned fault stays planned";
 }
 
-TEST_F(Gate, a_plan_can_be_replaced_and_taken_away)
+TEST_F(Gate, a_plan_can_be_replaced_and_cancelled)
 {
     gate.FailCall(1, Fault::Status, E_FAIL);
     gate.FailCall(1, Fault::Status, S_FALSE);

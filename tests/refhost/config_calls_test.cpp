@@ -104,7 +104,7 @@ TEST_F(ConfigCalls, note_a_value_for_an_output_that_is_not_empty)
     EXPECT_EQ(gate.Misuses(), Lines{"IQPConfigObject::Get"});
 }
 
-TEST_F(ConfigCalls, a_type_that_is_gone_fails_to_answer)
+TEST_F(ConfigCalls, a_deleted_type_returns_failures)
 {
     const ComPtr<IQP_BaseDataObject> added = plant->Add(L"configtype", L"gone");
     const ComPtr<IQPType> type = Type(L"gone");

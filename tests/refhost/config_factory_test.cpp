@@ -118,7 +118,7 @@ TEST_F(Config, the_mask_chooses_the_attributes)
     EXPECT_EQ(names(8), Names{});
 }
 
-TEST_F(Config, an_attribute_tells_its_two_names_and_its_codes)
+TEST_F(Config, an_attribute_has_two_names_and_its_codes)
 {
     const ComPtr<IQPAttribute> date = Attribute(L"orvoplantype_workcell", L"startdate");
     EXPECT_EQ(KeyText(date.get(), L"attributename"), L"Start date");

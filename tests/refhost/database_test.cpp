@@ -42,7 +42,7 @@ TEST(PlantFile, in_a_folder_that_is_not_there_is_refused)
     EXPECT_NE(error.find("plant.db: unable to open database file"), std::string::npos) << error;
 }
 
-TEST(PlantFile, of_another_kind_is_refused_and_left_alone)
+TEST(PlantFile, of_another_kind_is_refused_and_unchanged)
 {
     const Folder folder;
     const auto file = folder.Path() / "text.db";

@@ -47,7 +47,7 @@ TEST_F(Enumerator, delivers_as_many_as_wanted)
     EXPECT_EQ(fetched, (Names{L"c", L"d", L"e"}));
 }
 
-TEST_F(Enumerator, the_last_batch_is_short_and_says_so)
+TEST_F(Enumerator, the_last_batch_is_short_and_s_false)
 {
     EXPECT_EQ(Next(4), S_OK);
     EXPECT_EQ(Next(4), S_FALSE);
@@ -56,7 +56,7 @@ TEST_F(Enumerator, the_last_batch_is_short_and_says_so)
     EXPECT_TRUE(fetched.empty());
 }
 
-TEST_F(Enumerator, none_wanted_is_none_delivered)
+TEST_F(Enumerator, zero_wanted_is_zero_delivered)
 {
     EXPECT_EQ(Next(0), S_OK);
     EXPECT_TRUE(fetched.empty());
@@ -76,7 +76,7 @@ TEST_F(Enumerator, one_at_a_time)
     EXPECT_FALSE(object);
 }
 
-TEST_F(Enumerator, skip_goes_on_and_tells_of_the_end)
+TEST_F(Enumerator, skip_continues_and_reports_the_end)
 {
     EXPECT_EQ(objects->Skip(3), S_OK);
     EXPECT_EQ(Next(1), S_OK);
@@ -94,7 +94,7 @@ TEST_F(Enumerator, reset_starts_again)
     EXPECT_EQ(fetched, (Names{L"a", L"b"}));
 }
 
-TEST_F(Enumerator, a_clone_stands_where_its_source_does_and_walks_alone)
+TEST_F(Enumerator, a_clone_starts_at_the_position_of_its_source)
 {
     EXPECT_EQ(objects->Skip(2), S_OK);
     ComPtr<IEnumBaseDataObject> clone;
@@ -105,7 +105,7 @@ TEST_F(Enumerator, a_clone_stands_where_its_source_does_and_walks_alone)
     EXPECT_EQ(NamesOf(clone.get()).size(), 5U);
 }
 
-TEST_F(Enumerator, missing_outputs_are_told)
+TEST_F(Enumerator, missing_outputs_are_refused)
 {
     ULONG count = 0;
     ComPtr<IQP_BaseDataObject> object;

@@ -9,7 +9,7 @@ namespace
 using refhost::FromUtf8;
 using refhost::IsUtf8;
 
-TEST(HostText, characters_of_every_length_come_back)
+TEST(HostText, characters_of_every_length_are_read_back)
 {
     for (const char* text :
          {"", "plain", "\xC3\xA4\xC3\xB6\xC3\xBC", "\xE2\x82\xAC 5", "\xE5\xB7\xA5\xE5\xA0\xB4",

@@ -60,7 +60,7 @@ protected:
     ComPtr<IQPSessionDataManager> store;
 };
 
-TEST_F(KeyStore, a_value_comes_back)
+TEST_F(KeyStore, a_value_is_read_back)
 {
     Set(L"a/b", L"v", Value(L"text \u00FC"), 1);
     EXPECT_EQ(Get(L"a/b", L"v", 1), L"text \u00FC");
@@ -166,7 +166,7 @@ TEST_F(KeyStore, other_values_are_stored_as_text)
     EXPECT_EQ(Get(L"k", L"v", 1), L"3");
 }
 
-TEST_F(KeyStore, sub_keys_are_the_names_directly_below_in_the_order_they_came)
+TEST_F(KeyStore, sub_keys_are_the_direct_names_in_order_of_creation)
 {
     Set(L"n/b/deep/er", L"v", Value(L"x"), 2);
     Set(L"n/a", L"v", Value(L"x"), 2);
@@ -188,7 +188,7 @@ TEST_F(KeyStore, a_key_that_is_not_there_has_neither_sub_keys_nor_list)
     EXPECT_EQ(List(L"n", 2), Pairs{}) << "a key without values of its own";
 }
 
-TEST_F(KeyStore, a_list_comes_back_in_its_order)
+TEST_F(KeyStore, a_list_is_read_back_in_its_order)
 {
     const Text names[] = {L"n1", L"n0", L"n2"};
     const Text values[] = {L"one", L"", L"two"};
@@ -230,7 +230,7 @@ TEST_F(KeyStore, the_pointers_of_a_list_may_be_exchanged_and_written_back)
     EXPECT_EQ(List(L"k", 2), (Pairs{{L"0", L"one"}, {L"1", L"mine"}}));
 }
 
-TEST_F(KeyStore, a_key_is_deleted_with_its_values_and_sub_keys_in_its_scope_alone)
+TEST_F(KeyStore, a_key_is_deleted_with_all_below_it_in_its_scope_alone)
 {
     Set(L"k", L"v", Value(L"x"), 2);
     Set(L"k/sub/deep", L"v", Value(L"x"), 2);
@@ -257,7 +257,7 @@ TEST_F(KeyStore, a_scope_needs_no_preparing)
         EXPECT_EQ(store->PrepareScope(scope), S_OK);
 }
 
-TEST_F(KeyStore, missing_outputs_are_told)
+TEST_F(KeyStore, missing_outputs_are_refused)
 {
     ULONG count = 0;
     BSTR* keys = nullptr;

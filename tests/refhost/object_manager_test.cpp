@@ -51,7 +51,7 @@ TEST_F(ObjectManager, gives_the_same_service_again)
     }
 }
 
-TEST_F(ObjectManager, makes_a_service_only_when_asked_to)
+TEST_F(ObjectManager, creates_a_service_only_on_request)
 {
     EXPECT_EQ(Get(kDataManagerClass, 0), S_FALSE);
     EXPECT_FALSE(object);
@@ -60,7 +60,7 @@ TEST_F(ObjectManager, makes_a_service_only_when_asked_to)
     EXPECT_TRUE(object);
 }
 
-TEST_F(ObjectManager, knows_no_other_class)
+TEST_F(ObjectManager, refuses_any_other_class)
 {
     EXPECT_EQ(Get(kUnknownClass), CLASS_E_CLASSNOTAVAILABLE);
     EXPECT_FALSE(object);
@@ -105,7 +105,7 @@ TEST_F(ObjectManager, clients_are_numbered_by_name)
     EXPECT_EQ(gateway->GetClientIdByName(Text(L"X"), nullptr), E_POINTER);
 }
 
-TEST_F(ObjectManager, the_gateway_wants_a_client_and_a_class_that_it_knows)
+TEST_F(ObjectManager, the_gateway_needs_a_known_client_and_class)
 {
     const ComPtr<IQPIPDClient> gateway = Gateway();
     LONG client = 0;

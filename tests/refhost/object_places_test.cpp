@@ -19,7 +19,7 @@ protected:
     ComPtr<IQP_BaseDataObject> Another() { return plant->Find(L"script", L"a"); }
 };
 
-TEST_F(ObjectPlacesTest, each_new_object_stands_behind_all_that_were_made_in_that_time)
+TEST_F(ObjectPlacesTest, each_new_object_is_behind_all_others_of_that_period)
 {
     const refhost::ObjectsInOrder inOrder;
     std::uintptr_t last = 0;
@@ -46,7 +46,7 @@ TEST_F(ObjectPlacesTest, objects_outlive_that_time)
     EXPECT_EQ(ReadText(later.get(), L"name"), L"a");
 }
 
-TEST_F(ObjectPlacesTest, a_new_time_has_all_its_room_and_leaves_objects_of_the_last_one_alone)
+TEST_F(ObjectPlacesTest, a_new_period_has_all_its_room_and_spares_earlier_objects)
 {
     ComPtr<IQP_BaseDataObject> first;
     {
@@ -62,7 +62,7 @@ TEST_F(ObjectPlacesTest, a_new_time_has_all_its_room_and_leaves_objects_of_the_l
     EXPECT_EQ(ReadText(second.get(), L"name"), L"a");
 }
 
-TEST_F(ObjectPlacesTest, what_finds_no_room_stands_anywhere)
+TEST_F(ObjectPlacesTest, objects_without_room_are_on_the_heap)
 {
     const refhost::ObjectsInOrder inOrder;
     const std::size_t half = std::size_t{600} << 10;

@@ -62,7 +62,7 @@ TEST_F(QueryResult, the_value_of_an_attribute_serves_as_criterion)
     EXPECT_EQ(NamesOf(found.get()), (Names{L"Welding"}));
 }
 
-TEST_F(QueryResult, a_null_reference_and_an_empty_value_ask_for_rows_without_an_object)
+TEST_F(QueryResult, a_null_reference_or_empty_value_finds_rows_without_an_object)
 {
     EXPECT_EQ(Actions().Is(L"orvoplantype", static_cast<IUnknown*>(nullptr)).Found(), (Names{L"for none"}));
     EXPECT_EQ(Actions().IsNothing(L"orvoplantype").Found(), (Names{L"for none"}));
@@ -111,7 +111,7 @@ TEST_F(QueryResult, indirect_values_are_resolved)
     EXPECT_EQ(NamesOf(found.get()), (Names{L"paint"}));
 }
 
-TEST_F(QueryResult, order_is_ascending_or_descending_and_keeps_the_order_of_equals)
+TEST_F(QueryResult, order_is_ascending_or_descending_and_stable)
 {
     EXPECT_EQ(Actions().Order(L"sequence").Found(), (Names{L"paint", L"weld again", L"weld", L"for none"}));
     EXPECT_EQ(Actions().Order(L"sequence", 0).Found(),
@@ -168,7 +168,7 @@ TEST_F(QueryResult, one_search_is_one_host_call_for_the_result)
     EXPECT_EQ(plant->Calls().Count(), 1);
 }
 
-TEST_F(QueryResult, one_search_is_one_statement_from_its_first_word_to_its_result)
+TEST_F(QueryResult, one_search_is_one_statement_up_to_its_result)
 {
     const long long before = plant->Statements();
     Search search = Actions();
@@ -227,7 +227,7 @@ TEST_F(ObjectById, what_follows_the_first_bracket_or_semicolon_does_not_count)
     }
 }
 
-TEST_F(ObjectById, an_object_that_is_not_there_gives_null)
+TEST_F(ObjectById, a_missing_object_is_null)
 {
     EXPECT_EQ(Get(L"$4711)"), S_FALSE);
     EXPECT_FALSE(object);

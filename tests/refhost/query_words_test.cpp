@@ -255,7 +255,7 @@ TEST_F(QueryWords, a_value_that_does_not_fit_the_column_is_refused)
     EXPECT_LT(query->SetSearchAttribute(Text(L"sequence"), 1, Value(L"many"), 0), 0);
 }
 
-TEST_F(QueryWords, a_null_result_pointer_is_told)
+TEST_F(QueryWords, a_null_result_pointer_is_refused)
 {
     EXPECT_EQ(Actions().query->GetSearchResult(nullptr), E_POINTER);
 }

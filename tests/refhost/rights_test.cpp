@@ -41,7 +41,7 @@ TEST_F(Rights, all_rights_of_a_mask_are_needed)
     EXPECT_EQ(Has(L"script", L"S", QPRT_read | QPRT_change), S_FALSE);
 }
 
-TEST_F(Rights, no_right_at_all_is_an_answer_but_no_service_is_none)
+TEST_F(Rights, no_right_is_an_answer_but_no_service_is_none)
 {
     plant->Add(L"scriptcommand", L"C");
     plant->SetRights(L"scriptcommand", L"C", 0);
@@ -80,7 +80,7 @@ TEST_F(Rights, the_service_and_the_object_are_one)
     EXPECT_EQ(back.get(), object.get());
 }
 
-TEST_F(Rights, asking_for_the_service_is_no_host_call_and_asking_for_the_right_is_one)
+TEST_F(Rights, querying_the_service_is_no_host_call_but_the_right_is_one)
 {
     const ComPtr<IQP_BaseDataObject> object = plant->Add(L"script", L"S");
     plant->Calls().Clear();

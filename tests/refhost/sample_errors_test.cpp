@@ -245,7 +245,7 @@ TEST_F(SampleErrors, settings_with_errors)
     }
 }
 
-TEST_F(SampleErrors, an_error_in_the_last_file_leaves_a_plant_with_data_as_it_was)
+TEST_F(SampleErrors, an_error_in_the_last_file_leaves_a_plant_unchanged)
 {
     plant->Load(refhost::SampleFolder());
     Write("plantypeset.txt", "name | master | rights\nNew Shop | Company Standards | read\n");

@@ -184,7 +184,7 @@ TEST_F(TableText, bars_and_backslashes_can_be_written)
     EXPECT_EQ(ReadText(plant->Find(L"script", L"d\\e").get(), L"languagetype"), L"|");
 }
 
-TEST_F(TableText, windows_line_ends_a_byte_order_mark_and_a_missing_last_line_end_do_not_matter)
+TEST_F(TableText, line_ends_byte_order_mark_and_missing_last_line_end_are_fine)
 {
     Load("script.txt", "\xEF\xBB\xBF# scripts\r\nname | languagetype\r\n\r\nA | basic\r\nPr\xC3\xBC"
                        "fen |");
@@ -192,7 +192,7 @@ TEST_F(TableText, windows_line_ends_a_byte_order_mark_and_a_missing_last_line_en
     EXPECT_TRUE(plant->Find(L"script", L"Pr\u00FCfen"));
 }
 
-TEST_F(TableText, columns_come_in_any_order_and_may_be_left_out)
+TEST_F(TableText, columns_may_be_in_any_order_and_omitted)
 {
     Load("scriptaction.txt", "sequence | name\n-5 | A\n2147483647 | B\n");
     Value value;

@@ -60,7 +60,7 @@ TEST_F(ActionFinderCalls, PlanTypeModeSearchesThePlanTypeOrTheType)
                  inSet + actionSevenBefore + end);
 }
 
-TEST_F(ActionFinderCalls, PlanTypeModeWithMastersSearchesBothPlanTypesAndBothSets)
+TEST_F(ActionFinderCalls, WithMastersBothPlanTypesAndBothSetsAreSearched)
 {
     GiveSetMaster();
     GivePlanTypeMaster();
@@ -72,7 +72,7 @@ TEST_F(ActionFinderCalls, PlanTypeModeWithMastersSearchesBothPlanTypesAndBothSet
                  inSetOrMaster + actionSevenBefore + end);
 }
 
-TEST_F(ActionFinderCalls, PlanTypeModeWithAMasterSetAloneSearchesOnePlanTypeAndBothSets)
+TEST_F(ActionFinderCalls, WithAMasterSetAloneOnePlanTypeIsSearched)
 {
     GiveSetMaster();
     EXPECT_EQ(Find(L"machine", planType), S_OK);
@@ -90,7 +90,7 @@ TEST_F(ActionFinderCalls, TypeModeWithAMasterSetSearchesBothSets)
                  actionSevenBefore + end);
 }
 
-TEST_F(ActionFinderCalls, AMasterOfThePlanTypeIsNotLookedUpWhenTheSetHasNone)
+TEST_F(ActionFinderCalls, ThePlanTypesMasterIsNotReadIfTheSetHasNone)
 {
     GivePlanTypeMaster();
     EXPECT_EQ(Find(L"machine", planType), S_OK);
@@ -100,7 +100,7 @@ TEST_F(ActionFinderCalls, AMasterOfThePlanTypeIsNotLookedUpWhenTheSetHasNone)
                  inSet + actionSevenBefore + end);
 }
 
-TEST_F(ActionFinderCalls, TheNamesScriptactionAndScriptcommandAreSearchedByTypeEvenWithAPlanType)
+TEST_F(ActionFinderCalls, TheFixedNamesAreSearchedByTypeDespiteAPlanType)
 {
     for (const std::string name : {"scriptaction", "scriptcommand"})
     {
@@ -110,7 +110,7 @@ TEST_F(ActionFinderCalls, TheNamesScriptactionAndScriptcommandAreSearchedByTypeE
     }
 }
 
-TEST_F(ActionFinderCalls, TypeModeWithAPlanTypeStillReadsThePlanTypesMasterAndDoesNotSearchIt)
+TEST_F(ActionFinderCalls, TypeModeReadsAPlanTypesMasterButDoesNotSearchIt)
 {
     GiveSetMaster();
     GivePlanTypeMaster();
@@ -172,7 +172,7 @@ TEST_F(ActionFinderCalls, ThePrefixPlaysNoPartInPlanTypeMode)
                  inSet + actionSevenBefore + end);
 }
 
-TEST_F(ActionFinderCalls, ANullTypeNameWithAPlanTypeIsSearchedAsAnEmptyOne)
+TEST_F(ActionFinderCalls, ANullTypeNameWithAPlanTypeIsSearchedAsEmpty)
 {
     EXPECT_EQ(Find(nullptr, planType), S_OK);
     EXPECT_CALLS(
@@ -209,7 +209,7 @@ TEST_F(ActionFinderCalls, BeforeOrAfterIsPassedOnAsGiven)
     }
 }
 
-TEST_F(ActionFinderCalls, ActionTypeAndEnabledStandSideBySideAndNothingFollowsThem)
+TEST_F(ActionFinderCalls, ActionTypeAndEnabledAreTheLastAndHaveNoCatenation)
 {
     EXPECT_EQ(Find(L"machine", nullptr), S_OK);
     const auto actionType = std::find(host.calls.begin(), host.calls.end(), Equal("actiontype", "I4 7"));
@@ -228,7 +228,7 @@ TEST_F(ActionFinderCalls, NothingOfTheResultIsRead)
     EXPECT_EQ(found.get(), query.result.get());
 }
 
-TEST_F(ActionFinderCalls, ASecondSearchStartsAnewAndLeavesTheQueryAsItSetIt)
+TEST_F(ActionFinderCalls, ASecondSearchStartsAnewAndKeepsItsQuery)
 {
     EXPECT_EQ(Find(L"machine", planType), S_OK);
     EXPECT_EQ(Find(L"tool", nullptr, 0), S_OK);

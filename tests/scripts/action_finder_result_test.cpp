@@ -74,7 +74,7 @@ TEST_F(ActionFinderResult, ANullSetIsABadArgument)
     EXPECT_CALLS(Calls{});
 }
 
-TEST_F(ActionFinderResult, TypeModeWithoutATypeNameIsABadArgumentBeforeAnyHostCall)
+TEST_F(ActionFinderResult, TypeModeWithoutATypeNameIsRefusedBeforeHostCalls)
 {
     for (const wchar_t* name : {static_cast<const wchar_t*>(nullptr), L""})
     {
@@ -95,7 +95,7 @@ TEST_F(ActionFinderResult, TheEnumeratorIsHandedOutWithItsOwnReference)
     EXPECT_EQ(found->Release(), 0u);
 }
 
-TEST_F(ActionFinderResult, ANullOutArgumentLeavesTheStatusAndReleasesTheEnumerator)
+TEST_F(ActionFinderResult, ANullOutArgumentReleasesTheEnumerator)
 {
     const Bstr type(L"machine");
     EXPECT_EQ(finder.FindScriptActions(&query, set.get(), type.get(), nullptr, 7, 1, nullptr), S_OK);
@@ -104,7 +104,7 @@ TEST_F(ActionFinderResult, ANullOutArgumentLeavesTheStatusAndReleasesTheEnumerat
     EXPECT_EQ(query.result->Release(), 1u);
 }
 
-TEST_F(ActionFinderResult, AnyStatusOfTheResultButSuccessIsReturnedAndNothingWritten)
+TEST_F(ActionFinderResult, AnotherStatusOfTheResultIsReturnedAndNothingWritten)
 {
     for (const HRESULT status : {S_FALSE, E_FAIL, E_ACCESSDENIED, static_cast<HRESULT>(2)})
     {
@@ -139,7 +139,7 @@ TEST_F(ActionFinderResult, AFailedTableEndsTheSearchWithItsStatus)
     EXPECT_CALLS(Calls{"set.GetAttribute(master)", "ResetSearch(0)", "SetSearchTable(scriptaction)"});
 }
 
-TEST_F(ActionFinderResult, ANegativeAnswerThatIsNoFailureOfResetOrTableGoesOn)
+TEST_F(ActionFinderResult, OnlyAFailureOfResetOrTableStopsTheSearch)
 {
     query.resetStatus = S_FALSE;
     query.tableStatus = S_FALSE;
@@ -215,7 +215,7 @@ TEST_F(ActionFinderResult, AMasterOfThePlanTypeCountsUnderTheSameConditions)
     }
 }
 
-TEST_F(ActionFinderResult, AMasterBehindAReferenceCountsAndReachesTheHostResolved)
+TEST_F(ActionFinderResult, AMasterByReferenceIsPassedToTheHostResolved)
 {
     IUnknown* object = masterSetReference.get();
     VARIANT reference;

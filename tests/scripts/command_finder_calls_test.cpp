@@ -70,7 +70,7 @@ TEST_F(CommandFinderCalls, PlanTypeModeSearchesThePlanTypeOrTheType)
                  inSet + Offered(1));
 }
 
-TEST_F(CommandFinderCalls, PlanTypeModeWithMastersSearchesTheFixedTypesAndBothPlanTypes)
+TEST_F(CommandFinderCalls, WithMastersFixedTypesAndBothPlanTypesAreSearched)
 {
     GiveSetMaster();
     GivePlanTypeMaster();
@@ -84,7 +84,7 @@ TEST_F(CommandFinderCalls, PlanTypeModeWithMastersSearchesTheFixedTypesAndBothPl
                  inSetOrMaster + Offered(1));
 }
 
-TEST_F(CommandFinderCalls, TheFixedTypesNeedAMasterPlanTypeAndNotJustAMasterSet)
+TEST_F(CommandFinderCalls, TheFixedTypesNeedAMasterOfThePlanType)
 {
     GiveSetMaster();
     EXPECT_EQ(Find(L"machine", planType), S_OK);
@@ -102,7 +102,7 @@ TEST_F(CommandFinderCalls, TypeModeWithAMasterSetSearchesBothSets)
                  Offered(1));
 }
 
-TEST_F(CommandFinderCalls, AMasterOfThePlanTypeIsNotLookedUpWhenTheSetHasNone)
+TEST_F(CommandFinderCalls, ThePlanTypesMasterIsNotReadIfTheSetHasNone)
 {
     GivePlanTypeMaster();
     EXPECT_EQ(Find(L"machine", planType), S_OK);
@@ -112,7 +112,7 @@ TEST_F(CommandFinderCalls, AMasterOfThePlanTypeIsNotLookedUpWhenTheSetHasNone)
                  inSet + Offered(1));
 }
 
-TEST_F(CommandFinderCalls, ScriptcommandAndScriptactionWithAPlanTypeAreOrdinaryNames)
+TEST_F(CommandFinderCalls, ScriptcommandAndScriptactionAreOrdinaryNames)
 {
     for (const std::string name : {"scriptcommand", "scriptaction"})
     {
@@ -124,7 +124,7 @@ TEST_F(CommandFinderCalls, ScriptcommandAndScriptactionWithAPlanTypeAreOrdinaryN
     }
 }
 
-TEST_F(CommandFinderCalls, ANullTypeNameWithAPlanTypeIsComparedWithANullText)
+TEST_F(CommandFinderCalls, ANullTypeNameWithAPlanTypeIsSearchedAsANullText)
 {
     EXPECT_EQ(Find(nullptr, planType), S_OK);
     EXPECT_CALLS(

@@ -67,7 +67,7 @@ TEST_F(CommandFinderResult, ANullSetIsABadArgument)
     EXPECT_CALLS(Calls{});
 }
 
-TEST_F(CommandFinderResult, TypeModeWithoutATypeNameIsABadArgumentBeforeAnyHostCall)
+TEST_F(CommandFinderResult, TypeModeWithoutATypeNameIsRefusedBeforeHostCalls)
 {
     for (const wchar_t* name : {static_cast<const wchar_t*>(nullptr), L""})
     {
@@ -95,7 +95,7 @@ TEST_F(CommandFinderResult, TheEnumeratorIsHandedOutWithItsOwnReference)
     EXPECT_EQ(found->Release(), 0u);
 }
 
-TEST_F(CommandFinderResult, ANullOutArgumentLeavesTheStatusAndReleasesTheEnumerator)
+TEST_F(CommandFinderResult, ANullOutArgumentReleasesTheEnumerator)
 {
     const Bstr type(L"machine");
     EXPECT_EQ(finder.FindScriptCommands(&query, set.get(), type.get(), nullptr, 1, nullptr, nullptr), S_OK);
@@ -103,7 +103,7 @@ TEST_F(CommandFinderResult, ANullOutArgumentLeavesTheStatusAndReleasesTheEnumera
     EXPECT_EQ(query.result->Release(), 1u);
 }
 
-TEST_F(CommandFinderResult, AnyStatusOfTheResultButSuccessIsReturnedAndNothingWritten)
+TEST_F(CommandFinderResult, AnotherStatusOfTheResultIsReturnedAndNothingWritten)
 {
     for (const HRESULT status : {S_FALSE, E_FAIL, E_ACCESSDENIED})
     {
@@ -138,7 +138,7 @@ TEST_F(CommandFinderResult, AFailedTableEndsTheSearchWithItsStatus)
     EXPECT_CALLS(Calls{"set.GetAttribute(master)", "ResetSearch(0)", "SetSearchTable(scriptcommand)"});
 }
 
-TEST_F(CommandFinderResult, ANegativeAnswerThatIsNoFailureOfResetOrTableGoesOn)
+TEST_F(CommandFinderResult, OnlyAFailureOfResetOrTableStopsTheSearch)
 {
     query.resetStatus = S_FALSE;
     query.tableStatus = S_FALSE;
@@ -156,7 +156,7 @@ TEST_F(CommandFinderResult, FailedCatenationsAndCriteriaAreIgnored)
     found->Release();
 }
 
-TEST_F(CommandFinderResult, AMasterThatCannotBeReadOrIsNoDataObjectIsNoMaster)
+TEST_F(CommandFinderResult, AMasterThatIsUnreadableOrNoDataObjectIsNone)
 {
     for (const NoMaster& none : NoMasters(masterSetReference))
     {

@@ -140,7 +140,7 @@ TEST_F(ScriptsForAction, AFailedSearchIsAnArrayWithoutRowsAndItsStatus)
     }
 }
 
-TEST_F(ScriptsForAction, AFailedSearchDeliversWhatTheListHeldAndTheStatusOfItsCells)
+TEST_F(ScriptsForAction, AFailedSearchDeliversTheEarlierRowsWithTheirStatus)
 {
     Finds({Action("a1", Script("weld"))});
     EXPECT_EQ(GetActions(), S_OK);
@@ -149,7 +149,7 @@ TEST_F(ScriptsForAction, AFailedSearchDeliversWhatTheListHeldAndTheStatusOfItsCe
     EXPECT_EQ(Rows(), (TextRows{{"<a1>", "<weld>"}}));
 }
 
-TEST_F(ScriptsForAction, BadArgumentsGiveTheSearchsStatusAndAnArrayWithoutRows)
+TEST_F(ScriptsForAction, BadArgumentsGiveTheSearchsStatusAndAnEmptyArray)
 {
     const Bstr type(L"machine");
     EXPECT_EQ(manager->GetScriptsForAction(nullptr, set.get(), type.get(), nullptr, 7, 1, &result),
@@ -175,7 +175,7 @@ TEST_F(ScriptsForAction, AScriptThatCannotBeReadEndsTheWalk)
               (Calls{"RemNext(1)", "a1.GetAttribute(script)", "RemNext(1)", "broken.GetAttribute(script)"}));
 }
 
-TEST_F(ScriptsForAction, AScriptThatCannotBeReadIsTheStatusWhenThereAreNoRows)
+TEST_F(ScriptsForAction, AnUnreadableScriptDecidesTheStatusWithoutRows)
 {
     const auto broken = host.Object("broken");
     broken->Fail(L"script", E_ACCESSDENIED);
@@ -207,7 +207,7 @@ TEST_F(ScriptsForAction, ANullReferenceToAScriptEndsTheWalk)
     EXPECT_EQ(Rows(), (TextRows{{"<a1>", "<weld>"}}));
 }
 
-TEST_F(ScriptsForAction, AnActionWithoutAScriptIsLeftOut)
+TEST_F(ScriptsForAction, AnActionWithoutAScriptIsOmitted)
 {
     const auto weld = Script("weld");
     const auto without = host.Object("without");
@@ -229,7 +229,7 @@ TEST_F(ScriptsForAction, AnActionWithoutAScriptIsLeftOut)
     EXPECT_EQ(Rows(), (TextRows{{"<a7>", "<weld>"}}));
 }
 
-TEST_F(ScriptsForAction, TheLastReadIsTheStatusWhenEveryActionIsLeftOut)
+TEST_F(ScriptsForAction, TheLastReadIsTheStatusWhenEveryActionIsOmitted)
 {
     Finds({host.Object("without")});
     EXPECT_EQ(GetActions(), S_FALSE);
@@ -250,7 +250,7 @@ TEST_F(ScriptsForAction, AScriptBehindAReferenceIsFollowed)
     EXPECT_EQ(Rows(), (TextRows{{"<a1>", "<weld>"}}));
 }
 
-TEST_F(ScriptsForAction, TheScriptOfARowIsTheDataObjectAndNotTheReferenceToIt)
+TEST_F(ScriptsForAction, TheScriptOfARowIsTheDataObjectNotItsReference)
 {
     const auto action = host.Object("a1");
     action->Set(L"script", host.ReferenceTo("reference", Script("weld")).get());
@@ -267,7 +267,7 @@ TEST_F(ScriptsForAction, ANullObjectEndsTheWalk)
     EXPECT_EQ(Rows(), (TextRows{{"<a1>", "<weld>"}}));
 }
 
-TEST_F(ScriptsForAction, AnyStatusOfTheEnumeratorButSuccessEndsTheWalkAndIsNotTheResult)
+TEST_F(ScriptsForAction, AnotherStatusEndsTheWalkAndIsNotReturned)
 {
     const auto weld = Script("weld");
     for (const HRESULT status : {E_FAIL, S_FALSE, static_cast<HRESULT>(2)})
@@ -306,7 +306,7 @@ TEST_F(ScriptsForAction, TheOldValueOfTheVariantIsCleared)
     EXPECT_EQ(host.LiveObjects(), before);
 }
 
-TEST_F(ScriptsForAction, WithoutAVariantTheSearchAndTheWalkRunAllTheSame)
+TEST_F(ScriptsForAction, WithoutAVariantTheSearchAndTheWalkStillRun)
 {
     Finds({Action("a1", Script("weld"))});
     const Bstr type(L"machine");

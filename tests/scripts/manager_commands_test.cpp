@@ -90,7 +90,7 @@ TEST_F(ScriptCommands, ACommandThatMayNotBeExecutedIsNotOffered)
     }
 }
 
-TEST_F(ScriptCommands, ACommandWithoutRightsToAskForIsNotOffered)
+TEST_F(ScriptCommands, ACommandWithoutARightsServiceIsNotOffered)
 {
     const auto mute = ScriptCommand("c1", L"Check", Script("weld"));
     mute->offersRights = false;
@@ -156,7 +156,7 @@ TEST_F(ScriptCommands, TheShortNameZeroMeansOnceForAllObjects)
     EXPECT_EQ(modes, "011111");
 }
 
-TEST_F(ScriptCommands, AShortNameIsConvertedAndCountsOnlyIfItsReadSucceeded)
+TEST_F(ScriptCommands, AShortNameIsConvertedAndUsedIfItsReadSucceeded)
 {
     const auto number = ScriptCommand("c1", L"A", Script("s"));
     number->Set(L"m_nameShort", LONG{0});
@@ -172,7 +172,7 @@ TEST_F(ScriptCommands, AShortNameIsConvertedAndCountsOnlyIfItsReadSucceeded)
     EXPECT_EQ(Rows(), (TextRows{{"A", "<s>", "0"}, {"B", "<s>", "1"}, {"C", "<s>", "1"}, {"D", "<s>", "1"}}));
 }
 
-TEST_F(ScriptCommands, TheTranslatedWordsForOnceForAllObjectsMeanTheSameAndOnlyExactly)
+TEST_F(ScriptCommands, OnlyTheExactTranslatedWordsMeanOnceForAllObjects)
 {
     const std::wstring words = CoTranslateText(L"Once for all objects");
     std::wstring loud = words;
@@ -238,7 +238,7 @@ TEST_F(ScriptCommands, ATextThatIsANullPointerIsAnEmptyOne)
         (TextRows{{"", "<nameless>", "1"}, {"B", "<drill>", "1"}, {"M", "", "1"}, {"weld", "<weld>", "1"}}));
 }
 
-TEST_F(ScriptCommands, AScriptAndAMacroWhoseNamesAreNullPointersHaveTheEmptyName)
+TEST_F(ScriptCommands, NullNamesOfScriptsAndMacrosAreEmpty)
 {
     const auto script = host.Object("script");
     SetNullText(script, L"name");
@@ -324,7 +324,7 @@ TEST_F(ScriptCommands, AScriptBehindAReferenceIsFollowed)
     EXPECT_EQ(Rows(), (TextRows{{"Check", "<weld>", "1"}}));
 }
 
-TEST_F(ScriptCommands, NothingIsKeptBetweenCallsNorAfterTheArrayIsGone)
+TEST_F(ScriptCommands, NothingIsKeptBetweenCallsOrAfterTheArray)
 {
     const int before = host.LiveObjects();
     Finds({ScriptCommand("c1", L"Check", Script("weld"))});

@@ -49,7 +49,7 @@ TEST_F(CommandNames, RowsComeInTheOrderOfNames)
             {"axis", "<s2>", "1"}, {"Drill", "<s1>", "1"}, {"Mill", "<s3>", "1"}, {"weld", "<s0>", "1"}}));
 }
 
-TEST_F(CommandNames, NamesThatDifferInCaseAreDifferentAndLowerCaseComesFirst)
+TEST_F(CommandNames, NamesThatDifferInCaseDifferAndLowerCaseIsFirst)
 {
     EXPECT_EQ(Named({L"Check", L"check", L"Check"}),
               (TextRows{{"check", "<s1>", "1"}, {"Check", "<s0>", "1"}, {"Check(2)", "<s2>", "1"}}));
@@ -61,7 +61,7 @@ TEST_F(CommandNames, ANameThatLooksLikeASuffixIsANameOfItsOwn)
               (TextRows{{"Check", "<s1>", "1"}, {"Check(2)", "<s0>", "1"}, {"Check(3)", "<s2>", "1"}}));
 }
 
-TEST_F(CommandNames, ASuffixMayTakeTheNameOfALaterCommandWhichThenGetsItsOwnSuffix)
+TEST_F(CommandNames, ASuffixMayTakeALaterName)
 {
     EXPECT_EQ(Named({L"Check", L"Check", L"Check(2)", L"Check", L"Check(2)"}),
               (TextRows{{"Check", "<s0>", "1"},
@@ -93,7 +93,7 @@ TEST_F(CommandNames, ASuffixSkipsNamesInUse)
                                                                               {"A(5)", "<s4>", "1"}}));
 }
 
-TEST_F(CommandNames, ACommandWithNeitherPromptNorScriptNameHasTheEmptyNameAndTheNextOnesASuffix)
+TEST_F(CommandNames, WithoutPromptAndScriptNameTheNameIsEmpty)
 {
     EXPECT_EQ(Named({L"", L"", L""}),
               (TextRows{{"", "<s0>", "1"}, {"(2)", "<s1>", "1"}, {"(3)", "<s2>", "1"}}));
@@ -106,7 +106,7 @@ TEST_F(CommandNames, AScriptAfterAMacroOfTheSameNameGetsTheSuffix)
     EXPECT_EQ(Rows(), (TextRows{{"Check", "Macro", "1"}, {"Check(2)", "<weld>", "0"}}));
 }
 
-TEST_F(CommandNames, AMacroReplacesTheTargetAndTheModeOfAScriptOfTheSameName)
+TEST_F(CommandNames, AMacroReplacesTargetAndModeOfAScriptOfItsName)
 {
     Finds({ScriptCommand("c0", L"Check", Script("weld"), L"0"), MacroCommand("c1", L"Check", L"Macro")});
     EXPECT_EQ(GetCommands(), S_OK);
@@ -190,7 +190,7 @@ std::wstring SameNameAs(const std::wstring& text)
     return text;
 }
 
-TEST_F(CommandNames, TextsThatAreTheSameNameInTheUsersLanguageShareARow)
+TEST_F(CommandNames, TextsThatAreEqualInTheUsersLanguageShareARow)
 {
     const std::wstring other = SameNameAs(L"Check");
     ASSERT_NE(other, L"Check") << "no such pair of names here";

@@ -38,7 +38,7 @@ protected:
     const ComPtr<MemoryObject> weld = Script("weld");
 };
 
-TEST_F(ScriptReentry, TheHostMayGiveUpTheServiceWhileItReadsActions)
+TEST_F(ScriptReentry, TheHostMayReleaseTheServiceWhileItReadsActions)
 {
     Finds({Action("a1", weld), Action("a2", weld)});
     const LONG without = ComModule::Get().LockCount() - 1;
@@ -48,7 +48,7 @@ TEST_F(ScriptReentry, TheHostMayGiveUpTheServiceWhileItReadsActions)
     EXPECT_EQ(ComModule::Get().LockCount(), without) << "it is destroyed at the end of the call";
 }
 
-TEST_F(ScriptReentry, TheHostMayGiveUpTheServiceWhileItReadsCommands)
+TEST_F(ScriptReentry, TheHostMayReleaseTheServiceWhileItReadsCommands)
 {
     Finds({ScriptCommand("c1", L"A", weld), ScriptCommand("c2", L"B", weld)});
     During("c1.GetAttribute(m_strPrompt)", [this] { GiveUp(); });
@@ -56,7 +56,7 @@ TEST_F(ScriptReentry, TheHostMayGiveUpTheServiceWhileItReadsCommands)
     EXPECT_EQ(Rows(), (TextRows{{"A", "<weld>", "1"}, {"B", "<weld>", "1"}}));
 }
 
-TEST_F(ScriptReentry, TheHostMayGiveUpTheServiceWhileItSearches)
+TEST_F(ScriptReentry, TheHostMayReleaseTheServiceWhileItSearches)
 {
     Finds({Action("a1", weld)});
     During("ResetSearch(0)", [this] { GiveUp(); });

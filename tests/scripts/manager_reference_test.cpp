@@ -53,7 +53,7 @@ TEST_F(ScriptReferences, AScriptsNameAtANullAddressIsEmpty)
     }
 }
 
-TEST_F(ScriptReferences, AMacroNameAtANullAddressIsNone)
+TEST_F(ScriptReferences, AMacroNameAtANullAddressIsEmpty)
 {
     for (const VARIANT& nowhere : NullAddresses())
     {

@@ -134,7 +134,7 @@ TEST_F(CommandStatus, ARowThatIsPutHidesAFailureBeforeIt)
     EXPECT_EQ(Rows(), oneRow);
 }
 
-TEST_F(CommandStatus, AScriptThatCannotBeReadEndsTheWalkAndKeepsTheRowsBefore)
+TEST_F(CommandStatus, AnUnreadableScriptEndsTheWalkWithTheRowsBefore)
 {
     Finds({Good(), Broken(E_ACCESSDENIED), Good("later")});
     EXPECT_EQ(GetCommands(), S_OK);
@@ -170,7 +170,7 @@ TEST_F(CommandStatus, ANullReferenceToAScriptEndsTheWalk)
     EXPECT_EQ(host.calls.back(), "dangling.GetAttribute(script)");
 }
 
-TEST_F(CommandStatus, AScriptNameThatCannotBeReadLeavesTheNameEmptyAndTheWalkGoesOn)
+TEST_F(CommandStatus, AnUnreadableScriptNameIsEmptyAndTheWalkContinues)
 {
     const auto script = Script("nameless");
     script->Fail(L"name", E_FAIL);
@@ -179,7 +179,7 @@ TEST_F(CommandStatus, AScriptNameThatCannotBeReadLeavesTheNameEmptyAndTheWalkGoe
     EXPECT_EQ(Rows(), (TextRows{{"", "<nameless>", "1"}, {"good", "<weld>", "1"}}));
 }
 
-TEST_F(CommandStatus, AScriptNameCountsOnlyIfItsReadSucceededAndIsConverted)
+TEST_F(CommandStatus, AScriptNameIsUsedIfReadAndConverted)
 {
     const auto unsure = Script("unsure");
     const XQPComVariant name(L"name");
@@ -199,7 +199,7 @@ TEST_F(CommandStatus, ANullObjectEndsTheWalk)
     EXPECT_EQ(std::count(host.calls.begin(), host.calls.end(), "RemNext(1)"), 2);
 }
 
-TEST_F(CommandStatus, AnyStatusOfTheEnumeratorButSuccessEndsTheWalkAndIsNotTheResult)
+TEST_F(CommandStatus, AnotherStatusEndsTheWalkAndIsNotReturned)
 {
     for (const HRESULT status : {E_FAIL, S_FALSE, static_cast<HRESULT>(2)})
     {
@@ -256,7 +256,7 @@ TEST_F(CommandStatus, AnOldArrayIsDestroyedWithWhatItHolds)
     EXPECT_EQ(Rows(), TextRows{});
 }
 
-TEST_F(CommandStatus, AnOldArrayThatIsLockedIsLeftToWhoeverLockedIt)
+TEST_F(CommandStatus, AnOldArrayThatIsLockedIsLeftToItsLock)
 {
     Finds({Good()});
     EXPECT_EQ(GetCommands(), S_OK);

@@ -89,7 +89,7 @@ TEST_F(PlantActions, APlanTypeWithoutMasterInASetWithoutMaster)
                                  InSet("Machining") + OnAction(1, 0));
 }
 
-TEST_F(PlantActions, APlanTypeWithoutMasterInASetWithOneFindsNoGeneralType)
+TEST_F(PlantActions, APlanTypeWithoutMasterHasNoGeneralType)
 {
     EXPECT_ROWS(Scripts(L"Body Shop", L"orvoplantype_workcell", L"Painting", 1, 0),
                 {"<Paint: open lot>", "<Create paint lot>"},
@@ -125,7 +125,7 @@ TEST_F(PlantActions, BeforeAnActionIsNotAfterIt)
     EXPECT_LINES(Lines(searched.end() - 6, searched.end()), OnAction(1, 1));
 }
 
-TEST_F(PlantActions, ActionTypeZeroAsksForNeither)
+TEST_F(PlantActions, ActionTypeZeroSearchesNeither)
 {
     EXPECT_ROWS(Scripts(L"Body Shop", L"orvoplantype_workcell", L"Welding", 0, 1),
                 {"<Weld: open hint>", "<Notify planner>"});
@@ -136,7 +136,7 @@ TEST_F(PlantActions, ActionTypeZeroAsksForNeither)
                                  bodyShop + OnAction(0, 1));
 }
 
-TEST_F(PlantActions, TheNameScriptactionIsSearchedAsATypeEvenWithAPlanType)
+TEST_F(PlantActions, ScriptactionIsSearchedAsATypeDespiteAPlanType)
 {
     EXPECT_ROWS(Scripts(L"Body Shop", L"scriptaction", L"Welding", 2, 0),
                 {"<Action log>", "<Notify planner>"});
@@ -145,7 +145,7 @@ TEST_F(PlantActions, TheNameScriptactionIsSearchedAsATypeEvenWithAPlanType)
                                  OnAction(2, 0));
 }
 
-TEST_F(PlantActions, TheNameScriptcommandIsSearchedAsATypeEvenWithAPlanType)
+TEST_F(PlantActions, ScriptcommandIsSearchedAsATypeDespiteAPlanType)
 {
     EXPECT_EQ(Scripts(L"Body Shop", L"scriptcommand", L"Welding", 2, 0), TextRows{});
     EXPECT_EQ(status, S_OK);
@@ -168,7 +168,7 @@ TEST_F(PlantActions, AMasterOfAPlanTypeDoesNotCountWhenItsSetHasNone)
                                  InSet("Machining") + OnAction(5, 0));
 }
 
-TEST_F(PlantActions, AnActionWithoutAScriptIsLeftOutAndADisabledOneIsNotFound)
+TEST_F(PlantActions, AnActionWithoutAScriptOrDisabledIsOmitted)
 {
     EXPECT_ROWS(Scripts(L"Body Shop", L"tool", L"Painting", 5, 0),
                 {"<Paint: close lot>", "<Close paint lot>"});
@@ -178,7 +178,7 @@ TEST_F(PlantActions, AnActionWithoutAScriptIsLeftOutAndADisabledOneIsNotFound)
                 {"<Paint: close lot>", "<Close paint lot>"}, {"<Paint: drying>", "<Check drying time>"});
 }
 
-TEST_F(PlantActions, ScriptsThatTheUserMayNotRunAreHandedOutAllTheSame)
+TEST_F(PlantActions, ScriptsThatTheUserMayNotRunAreReturnedAsWell)
 {
     EXPECT_ROWS(Scripts(L"Body Shop", L"tool", L"Welding", 3, 1), {"<Weld: archive>", "<Archive plan>"});
     EXPECT_EQ(plant->Calls().Count("HasRight"), 0);
@@ -193,7 +193,7 @@ TEST_F(PlantActions, ANegativeSequenceComesFirst)
                 {"<Machining tool: life>", "<Check tool life>"});
 }
 
-TEST_F(PlantActions, TwoCallsOnOneManagerAddUpAndANewManagerStartsAnew)
+TEST_F(PlantActions, TwoCallsOnOneManagerAddUpAndANewOneStartsAnew)
 {
     EXPECT_EQ(Scripts(L"Machining", L"tool", nullptr, 2, 0).size(), 1u);
     EXPECT_ROWS(Scripts(L"Machining", L"tool", nullptr, 3, 0),
@@ -203,7 +203,7 @@ TEST_F(PlantActions, TwoCallsOnOneManagerAddUpAndANewManagerStartsAnew)
     EXPECT_EQ(Scripts(L"Machining", L"tool", nullptr, 3, 0).size(), 1u);
 }
 
-TEST_F(PlantActions, OnlyTheInterfacesAndMethodsThatTheServiceNeedsAreAskedForAndCalled)
+TEST_F(PlantActions, OnlyTheNeededInterfacesAreQueriedAndMethodsCalled)
 {
     using refhost::Plant;
     const std::set<std::string> allowed = {

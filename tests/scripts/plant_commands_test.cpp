@@ -167,7 +167,7 @@ TEST_F(PlantCommands, AMasterOfAPlanTypeDoesNotCountWhenItsSetHasNone)
                                  PlanType("Measuring", "tool") + InSet("Machining") + Offered(1));
 }
 
-TEST_F(PlantCommands, AMacroReplacesAScriptOfItsNameAndAScriptAfterAMacroGetsASuffix)
+TEST_F(PlantCommands, AMacroReplacesAScriptAndALaterScriptGetsASuffix)
 {
     EXPECT_COMMANDS(Commands(L"Body Shop", L"robot", nullptr, 1), {"Teach", "ModRobot.Teach", "1"},
                     {"Park", "ModRobot.Park", "1"}, {"Park(2)", "<Check robot reach>", "1"});
@@ -180,7 +180,7 @@ TEST_F(PlantCommands, AMacroReplacesAScriptOfItsNameAndAScriptAfterAMacroGetsASu
                        Attribute(command, "m_strVBAMacroName")});
 }
 
-TEST_F(PlantCommands, ACommandOrScriptThatTheUserMayNotRunIsAskedNothingMore)
+TEST_F(PlantCommands, ACommandThatTheUserMayNotRunIsNotReadFurther)
 {
     Commands(L"Body Shop", L"tool", L"Welding", 1);
     const auto after = [this](const std::string& line) {

@@ -11,7 +11,7 @@ class ScriptSearch : public SearchFixture
 {
 };
 
-TEST_F(ScriptSearch, WithoutAQueryBothStepsSayMissingPointer)
+TEST_F(ScriptSearch, WithoutAQueryBothStepsReturnEPointer)
 {
     XScriptSearch search(nullptr);
     const XQPComVariant value(L"x");
@@ -38,7 +38,7 @@ TEST_F(ScriptSearch, TheComparisonIsPassedOn)
     EXPECT_CALLS(Calls{"SetSearchAttribute(type, 6, BSTR 'x', 0)"});
 }
 
-TEST_F(ScriptSearch, TheHostGetsItsOwnCopyOfTheValueWithReferencesResolved)
+TEST_F(ScriptSearch, TheHostGetsACopyOfTheValueWithReferencesResolved)
 {
     XScriptSearch search(&query);
     const Bstr text(L"behind");

@@ -40,7 +40,7 @@ TEST_F(BracketedProjectChoice, TheTitleIsNotTranslated)
     EXPECT_EQ(choice->ShowDialog(root.get(), XQPComBSTR(L"A caption"), nullptr, nullptr, 0), S_OK);
 }
 
-TEST_F(BracketedProjectChoice, TheMessageIsTranslatedLineByLineAndTheButtonsNameNot)
+TEST_F(BracketedProjectChoice, TheMessageIsTranslatedByLineButNotTheButtonsName)
 {
     Has({});
     root->Children(L"template", found);
@@ -53,7 +53,7 @@ TEST_F(BracketedProjectChoice, TheMessageIsTranslatedLineByLineAndTheButtonsName
     ShowEx({Presses(IDOK), Presses(IDCANCEL)}, 1);
 }
 
-TEST_F(BracketedProjectChoice, OfTheErrorOfAnUnreadableChildTheTitleAloneIsTranslated)
+TEST_F(BracketedProjectChoice, TheErrorOfAnUnreadableChildHasATranslatedTitle)
 {
     Has({host.Object("unreadable")});
     root->Children(L"template", host.List({host.Object("unreadable")}));

@@ -49,7 +49,7 @@ TEST_F(ProjectReferences, ANameAtANullAddressIsUnreadable)
     }
 }
 
-TEST_F(ProjectReferences, TheHostMayGiveUpTheChooserBeforeTheDialog)
+TEST_F(ProjectReferences, TheHostMayReleaseTheChooserBeforeTheDialog)
 {
     Has({Child("north", L"North")});
     NameButton(L"A caption that is no short one");
@@ -69,7 +69,7 @@ TEST_F(PickerReferences, AProjectByAddressIsShownAsTheProjectsLibrary)
     Show({Sees(InColumn(1, {L"Project Lib"})), Presses(IDCANCEL)});
 }
 
-TEST_F(PickerReferences, TheHostMayGiveUpTheComponentInsideTheDialog)
+TEST_F(PickerReferences, TheHostMayReleaseTheComponentInsideTheDialog)
 {
     Finds({Script("weld")});
     host.onCall = [this](const std::string&) {
@@ -100,7 +100,7 @@ TEST_F(SelectReferences, ParametersByAddressAreFollowed)
     EXPECT_EQ(Show({Presses(IDOK)}), "a");
 }
 
-TEST_F(SelectReferences, TheHostMayGiveUpTheChooserInsideTheDialog)
+TEST_F(SelectReferences, TheHostMayReleaseTheChooserInsideTheDialog)
 {
     parameters.Entry(0, L"A", Of(a));
     EXPECT_EQ(Show({[this](DialogView&) { dialog.reset(); }, Presses(IDOK)}), "a");

@@ -32,7 +32,7 @@ TEST_F(ProjectChoiceMemory, ReadsAsCancelledAndNothingElseIsWritten)
     EXPECT_EQ(References(root) + References(child), held);
 }
 
-TEST_F(ProjectChoiceMemory, TheNextChoiceIsAsIfNothingHadBeen)
+TEST_F(ProjectChoiceMemory, TheNextChoiceIsUnaffected)
 {
     Show({});
     host.onCall = nullptr;

@@ -71,7 +71,7 @@ TEST_F(PlantLookup, EveryKindOfObjectLeadsToItsProject)
     EXPECT_EQ(ProjectOf(L"scriptaction", L"Weld: times"), Is(S_OK, "Body Plant North"));
 }
 
-TEST_F(PlantLookup, ThoseWithoutAProjectSaySoInTheirWay)
+TEST_F(PlantLookup, ObjectsWithoutAProjectReturnTheirStatus)
 {
     EXPECT_EQ(ProjectOf(L"orvowsc", L"Robot cell 4"), Is(S_FALSE, "null"));
     EXPECT_EQ(ProjectOf(L"orvoitem", L"Prototype fixture"), Is(S_FALSE, "null"))

@@ -11,7 +11,7 @@ class GermanProjectChoice : public ProjectChoiceFixture
 {
 };
 
-TEST_F(GermanProjectChoice, TranslatesItsButtonsAndHeadingsAndNoneOfTheHostsTexts)
+TEST_F(GermanProjectChoice, TranslatesButtonsAndHeadingsButNoTextOfTheHost)
 {
     ASSERT_TRUE(kInGerman);
     // All of these are texts that the catalogue has.
@@ -35,7 +35,7 @@ TEST_F(GermanProjectChoice, TheTitleIsTheHostsEvenIfTheCatalogueHasIt)
     EXPECT_EQ(choice->ShowDialog(root.get(), XQPComBSTR(L"Scripts"), &canceled, nullptr, 0), S_OK);
 }
 
-TEST_F(GermanProjectChoice, TranslatesBothLinesOfTheMessageAndThenNamesTheButton)
+TEST_F(GermanProjectChoice, TranslatesBothLinesOfTheMessageAndNamesTheButton)
 {
     Has({});
     root->Children(L"template", found);
@@ -48,7 +48,7 @@ TEST_F(GermanProjectChoice, TranslatesBothLinesOfTheMessageAndThenNamesTheButton
     ShowEx({Presses(IDOK), Presses(IDCANCEL)}, 1);
 }
 
-TEST_F(GermanProjectChoice, TheErrorOfAnUnreadableChildIsTranslatedInItsTitleAlone)
+TEST_F(GermanProjectChoice, TheErrorOfAnUnreadableChildHasATranslatedTitle)
 {
     Has({host.Object("unreadable")});
     ExpectBox(L"Fehler", L"unexpected error reading projects.\nTrying next project ...");
@@ -83,7 +83,7 @@ class GermanSelectDialog : public ChooserFixture
 {
 };
 
-TEST_F(GermanSelectDialog, TranslatesPromptsAndTitleAsIfTheyWereItsOwn)
+TEST_F(GermanSelectDialog, TranslatesPromptsAndTitle)
 {
     ComPtr<IQPSelectDlg> dialog;
     ASSERT_EQ(module.Create(CLSID_QPSelectDlg, dialog), S_OK);

@@ -7,7 +7,7 @@ namespace
 {
 // Plan type.
 
-TEST_F(ItemLookup, ThePlanTypeIsReadFromTheObjectAndNothingElseIsAsked)
+TEST_F(ItemLookup, OnlyThePlanTypeIsReadFromTheObject)
 {
     EXPECT_EQ(PlanTypeWith(S_OK, To(planType)), (Answer{S_OK, "plantype"}));
     EXPECT_CALLS(Calls{"object.GetAttribute(orvoplantype)"});
@@ -26,7 +26,7 @@ TEST_F(ItemLookup, ThePlanTypeHasAReferenceForTheCaller)
     EXPECT_EQ(References(planType), before);
 }
 
-TEST_F(ItemLookup, APlanTypeThatIsNoneIsNullAndNoFailure)
+TEST_F(ItemLookup, AMissingPlanTypeIsNullAndNoFailure)
 {
     EXPECT_EQ(PlanTypeWith(S_OK, Reference(VT_UNKNOWN, nullptr)), (Answer{S_OK, "null"}));
     EXPECT_EQ(PlanTypeWith(S_OK, Reference(VT_UNKNOWN, noDataObject.get())), (Answer{S_OK, "null"}));
@@ -41,7 +41,7 @@ TEST_F(ItemLookup, AFailedReadOfThePlanTypeIsReportedAndReturned)
     EXPECT_EQ(logBook.Entries(), Entries{LogBook::HostCall("0x80004005", 645, kPlanTypeFailed)});
 }
 
-TEST_F(ItemLookup, AnotherPositiveStatusOfThePlanTypeIsReturnedWithoutAReport)
+TEST_F(ItemLookup, AnotherSuccessOfThePlanTypeIsReturnedUnreported)
 {
     EXPECT_EQ(PlanTypeWith(S_FALSE, To(planType)), (Answer{S_FALSE, "untouched"}));
     EXPECT_EQ(PlanTypeWith(2, To(planType)), (Answer{2, "untouched"}));
@@ -64,7 +64,7 @@ TEST_F(ItemLookup, TheTypeNameIsTheNameOfTheTable)
     EXPECT_EQ(item->GetTypeName(object.get(), nullptr), S_OK);
 }
 
-TEST_F(ItemLookup, ALongTypeNameAndOneOfAnotherScriptAreHandedOverWhole)
+TEST_F(ItemLookup, LongTypeNamesAndOtherScriptsAreReturnedWhole)
 {
     const std::wstring longName(10'000, L'x');
     object->Table(longName.c_str());
@@ -101,7 +101,7 @@ TEST_F(ItemLookup, NoObjectHasNoTableAndIsABadArgument)
 
 // Component base.
 
-TEST_F(ItemLookup, WhatIsNoSubComponentItemIsItsOwnBaseAndIsAskedNothing)
+TEST_F(ItemLookup, AnObjectThatIsNoSubComponentItemIsItsOwnBase)
 {
     object->Set(L"orvocompbase", base);
     for (const wchar_t* typeName : {L"orvoitem", L"", L"SubCompItem", L"subcompitem ", L"subcompitemproX"})
@@ -112,7 +112,7 @@ TEST_F(ItemLookup, WhatIsNoSubComponentItemIsItsOwnBaseAndIsAskedNothing)
     EXPECT_EQ(CompBaseOf(object.get(), nullptr), (Answer{S_OK, "object"}));
 }
 
-TEST_F(ItemLookup, BothKindsOfSubComponentItemHaveTheBaseThatTheyReferTo)
+TEST_F(ItemLookup, BothKindsOfSubComponentItemReferToTheirBase)
 {
     object->Set(L"orvocompbase", base);
     for (const wchar_t* typeName : {L"subcompitem", L"subcompitempro"})

@@ -45,14 +45,14 @@ TEST_F(ProjectChoiceDialog, TheButtonsTextIsReplacedWhole)
     Show({Sees(Shows(kCreateNew, L"")), Presses(kCreateNew)});
 }
 
-TEST_F(ProjectChoiceDialog, ATitleThatIsNoneIsEmpty)
+TEST_F(ProjectChoiceDialog, ANullTitleIsEmpty)
 {
     dialogs.OnDialog({Sees(Titled(L"")), Presses(kCreateNew)});
     LONG canceled = 0;
     EXPECT_EQ(choice->ShowDialog(root.get(), nullptr, &canceled, nullptr, 0), S_OK);
 }
 
-TEST_F(ProjectChoiceDialog, LongTextsOfTheHostAndThoseOfOtherScriptsAreShownWhole)
+TEST_F(ProjectChoiceDialog, LongTextsAndTextsInOtherScriptsAreShownWhole)
 {
     const std::wstring longText(10'000, L'x');
     for (const std::wstring& text :
@@ -69,13 +69,13 @@ TEST_F(ProjectChoiceDialog, LongTextsOfTheHostAndThoseOfOtherScriptsAreShownWhol
     }
 }
 
-TEST_F(ProjectChoiceDialog, ShowsCancelOnlyWhereItIsAskedFor)
+TEST_F(ProjectChoiceDialog, ShowsCancelOnlyOnRequest)
 {
     Show({Sees(Hidden(IDCANCEL)), Presses(kCreateNew)});
     ShowEx({Sees(Visible(IDCANCEL)), Presses(kCreateNew)});
 }
 
-TEST_F(ProjectChoiceDialog, TheListStandsWhereTheFrameWas)
+TEST_F(ProjectChoiceDialog, TheListTakesThePositionOfTheFrame)
 {
     LookAtBoth({Sees(ListInPlaceOf(kFrame)), [](DialogView& view) {
                     EXPECT_EQ(view.List(), view.Control(kList));
@@ -109,7 +109,7 @@ TEST_F(ProjectChoiceDialog, TheColumnIsRoundedDownToWholePixels)
     }
 }
 
-TEST_F(ProjectChoiceDialog, WithoutAListStaysOpenAndAsksTheHostNothing)
+TEST_F(ProjectChoiceDialog, WithoutAListStaysOpenAndCallsNoHost)
 {
     NameButton(L"New");
     const NoLists noLists;
@@ -170,7 +170,7 @@ TEST_F(ProjectChoiceDialog, BelongsToTheFrameOfAGivenChild)
     Show({Sees(OwnedBy(owner.get())), Presses(kCreateNew)}, root, child.get());
 }
 
-TEST_F(ProjectChoiceDialog, BelongsToNobodyIfTheNumberIsNoWindow)
+TEST_F(ProjectChoiceDialog, HasNoOwnerIfTheNumberIsNoWindow)
 {
     HWND gone = nullptr;
     {

@@ -34,7 +34,7 @@ TEST_F(ProjectChoice, TheChosenProjectHasAReferenceForTheCaller)
     selected->Release();
 }
 
-TEST_F(ProjectChoice, WithoutAWayToListProjectsThereIsNoDialogAndItIsCancelled)
+TEST_F(ProjectChoice, WithoutAListOfProjectsItIsCancelledUnshown)
 {
     const auto broken = host.Object("broken");
     broken->Children(L"orvoproject", host.List({}), E_FAIL);
@@ -53,7 +53,7 @@ TEST_F(ProjectChoice, TemplatesAreListedInTheirPlace)
                        "template.GetAttribute(name)", "RemNext(1)"});
 }
 
-TEST_F(ProjectChoice, WithoutAWayToListTheCallerIsToldToMakeSomethingNew)
+TEST_F(ProjectChoice, WithoutAListTheResultIsToCreate)
 {
     const auto broken = host.Object("broken");
     broken->Children(L"orvoproject", host.List({}), E_FAIL)->Children(L"template", {}, E_ACCESSDENIED);
@@ -66,7 +66,7 @@ TEST_F(ProjectChoice, WithoutAWayToListTheCallerIsToldToMakeSomethingNew)
 
 // A dialog that cannot be shown.
 
-TEST_F(ProjectChoice, ADialogThatCannotBeShownIsCancelledOrAWishForSomethingNew)
+TEST_F(ProjectChoice, ADialogThatCannotBeShownIsCancelledOrCreate)
 {
     const NoDialogs noDialogs;
     EXPECT_EQ(Show({}), (Outcome{S_OK, 1, kUnchanged, "null"}));
@@ -241,7 +241,7 @@ TEST_F(ProjectList, ShowsLongNamesAndThoseOfOtherScriptsWhole)
     EXPECT_EQ(ShownFor(children), (Texts{longName, names[0], names[1]}));
 }
 
-TEST_F(ProjectList, AChildWithALongNameOrOneOfAnotherScriptIsChosenLikeAnyOther)
+TEST_F(ProjectList, NamesThatAreLongOrInAnotherScriptCanBeChosen)
 {
     const auto longNamed = Child("long", std::wstring(10'000, L'x').c_str());
     Has({longNamed, Child("hebrew", L"\u05d0\u05d1\u05d2"), Child("chinese", L"\u5de5\u5382")});
@@ -255,7 +255,7 @@ TEST_F(ProjectList, AChildWithALongNameOrOneOfAnotherScriptIsChosenLikeAnyOther)
 
 // Bad arguments.
 
-TEST_F(ProjectChoice, AnyResultMayBeLeftOut)
+TEST_F(ProjectChoice, AnyResultMayBeOmitted)
 {
     const ULONG before = References(south);
     dialogs.OnDialog({Selects(1), Presses(IDOK)});
@@ -267,7 +267,7 @@ TEST_F(ProjectChoice, AnyResultMayBeLeftOut)
     EXPECT_EQ(References(south), before);
 }
 
-TEST_F(ProjectChoice, EverythingIsGivenBack)
+TEST_F(ProjectChoice, EverythingIsReleased)
 {
     const ULONG held = References(root) + References(north) + References(south);
     Show({Selects(0), Presses(IDOK)});

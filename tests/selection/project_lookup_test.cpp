@@ -29,7 +29,7 @@ protected:
     const ComPtr<MemoryObject> project = host.Object("project");
 };
 
-TEST_F(ProjectLookup, AProjectIsItsOwnAfterOneClassTestAndNothingIsRead)
+TEST_F(ProjectLookup, AProjectIsItsOwnAfterOneClassTestWithoutAnyRead)
 {
     const auto object = Of(L"XDOOrvoProject");
     const ULONG before = References(object);
@@ -49,7 +49,7 @@ TEST_F(ProjectLookup, AProjectThatIsAnItemAndARelationshipTooIsItsOwn)
     EXPECT_CALLS(ClassTests("object", {"XDOOrvoProject"}));
 }
 
-TEST_F(ProjectLookup, ItemsHaveTheirOwnProjectAndTheFirstMatchEndsTheTests)
+TEST_F(ProjectLookup, ItemsHaveTheirOwnProjectAndTheFirstMatchDecides)
 {
     for (std::size_t match = 0; match < kItemClasses.size(); ++match)
     {
@@ -71,7 +71,7 @@ TEST_F(ProjectLookup, AnItemThatIsARelationshipTooIsTreatedAsAnItem)
     EXPECT_EQ(ProjectOf(object), (Answer{S_OK, "project"}));
 }
 
-TEST_F(ProjectLookup, AWorkSystemComponentAmongTheItemsHasNoProjectAndSaysSo)
+TEST_F(ProjectLookup, AWorkSystemComponentHasNoProjectAndReturnsFalse)
 {
     for (const std::string& name : kItemClasses)
     {
@@ -83,7 +83,7 @@ TEST_F(ProjectLookup, AWorkSystemComponentAmongTheItemsHasNoProjectAndSaysSo)
     EXPECT_EQ(logBook.Entries(), Entries{});
 }
 
-TEST_F(ProjectLookup, AWorkSystemComponentThatIsNoItemGoesOnToTheOtherClasses)
+TEST_F(ProjectLookup, AComponentThatIsNoItemIsTestedForOtherClasses)
 {
     const auto object = Of(L"XDOWorkSystemComponent");
     EXPECT_EQ(ProjectOf(object), (Answer{S_OK, "null"}));
@@ -137,7 +137,7 @@ TEST_F(ProjectLookup, AScriptActionHasTheProjectOfItsPlanTypeSet)
                  Calls{"object.GetAttribute(m_pOrvoPlanTypeSet)", "set.GetAttribute(orvoproject)"});
 }
 
-TEST_F(ProjectLookup, ARelationshipThatIsAScriptActionTooIsTreatedAsARelationship)
+TEST_F(ProjectLookup, ARelationshipAndScriptActionIsARelationship)
 {
     const auto object = Of(L"XDORelationship");
     object->Is(L"XDOScriptAction")->Set(L"relationobject1", static_cast<IUnknown*>(nullptr));
@@ -175,7 +175,7 @@ TEST_F(ProjectLookup, TheLookupLeavesItsOutputWhereTheComponentWritesNull)
               (Answer{S_OK, "untouched"}));
 }
 
-TEST_F(ProjectLookup, NoObjectIsABadArgumentAndAsksNobody)
+TEST_F(ProjectLookup, ANullObjectIsRefusedWithoutAHostCall)
 {
     EXPECT_EQ(ProjectOf(nullptr), (Answer{E_INVALIDARG, "untouched"}));
     EXPECT_CALLS(Calls{});
@@ -218,7 +218,7 @@ protected:
     ComPtr<MemoryObject> holder = host.Object("holder");
 };
 
-TEST_P(ProjectAttribute, AReferenceIsFollowedAndTheResultHasAReferenceOfItsOwn)
+TEST_P(ProjectAttribute, AReferenceIsFollowedAndTheResultIsAddRefed)
 {
     EXPECT_EQ(With(S_OK, Reference(VT_UNKNOWN, static_cast<Data*>(project.get()))),
               (Answer{S_OK, "project"}));

@@ -45,7 +45,7 @@ TEST_F(ScriptActions, AreThoseOfTheProjectOneAfterAnother)
     EXPECT_EQ(actions.size(), 2u);
 }
 
-TEST_F(ScriptActions, ANullAmongThemIsPassedOver)
+TEST_F(ScriptActions, ANullAmongThemIsSkipped)
 {
     Has({host.Object("a1"), {}, host.Object("a2")});
     EXPECT_EQ(Query(project), S_OK);
@@ -103,7 +103,7 @@ TEST_F(ScriptActions, ARecordHoldsObjectsAndNumbersAsTheyAre)
     EXPECT_STREQ(record.modificationDate.GetString(), L"2021");
 }
 
-TEST_F(ScriptActions, NumbersAreTakenAsTheirBitsAndNotConverted)
+TEST_F(ScriptActions, NumbersAreReadAsBitsAndNotConverted)
 {
     VARIANT number;
     VariantInit(&number);
@@ -131,7 +131,7 @@ TEST_F(ScriptActions, WhatCannotBeReadIsEmpty)
     EXPECT_EQ(record.creationDate.Type(), VT_EMPTY);
 }
 
-TEST_F(ScriptActions, AnObjectFoundTwiceKeepsItsFirstRecordAndNoActionIsNone)
+TEST_F(ScriptActions, AnObjectFoundTwiceKeepsItsFirstRecord)
 {
     auto action = host.Object("a");
     action->Set(L"name", L"first");
@@ -144,7 +144,7 @@ TEST_F(ScriptActions, AnObjectFoundTwiceKeepsItsFirstRecordAndNoActionIsNone)
     EXPECT_STREQ(actions.begin()->second.name.GetString(), L"first");
 }
 
-TEST_F(ScriptActions, TheRoutineForOneTypeDoesNothingAndSaysSo)
+TEST_F(ScriptActions, TheRoutineForOneTypeDoesNothingAndReturnsFalse)
 {
     const XSelectOrvoitemDlg dialog(nullptr, L"script", project.get(), &host.Query());
     EXPECT_EQ(dialog.ScriptActionQuery(project.get(), L"machine", actions), S_FALSE);

@@ -71,7 +71,7 @@ TEST_F(ScriptCollection, SearchesTheScriptsOfTheProjectAndThoseOfNone)
     EXPECT_CALLS(search + Calls{"RemNext(25)"});
 }
 
-TEST_F(ScriptCollection, AsksForTheRightBeforeItReadsTheScript)
+TEST_F(ScriptCollection, ChecksTheRightBeforeItReadsTheScript)
 {
     Finds({host.Object("s1"), host.Object("s2")});
     EXPECT_EQ(Collect(), S_OK);
@@ -79,7 +79,7 @@ TEST_F(ScriptCollection, AsksForTheRightBeforeItReadsTheScript)
     EXPECT_EQ(Found(), (Entries{"s1", "s2"}));
 }
 
-TEST_F(ScriptCollection, AScriptThatTheUserMayNotRunCostsOneCallAndIsLeftOut)
+TEST_F(ScriptCollection, AScriptThatTheUserMayNotRunIsOmittedAfterOneCall)
 {
     auto refused = host.Object("refused");
     refused->right = S_FALSE;
@@ -93,7 +93,7 @@ TEST_F(ScriptCollection, AScriptThatTheUserMayNotRunCostsOneCallAndIsLeftOut)
     EXPECT_EQ(Collect(), S_OK) << "the status of a right that is not held is no failure";
 }
 
-TEST_F(ScriptCollection, AScriptWithoutARightsServiceIsLeftOutWhateverItsRights)
+TEST_F(ScriptCollection, AScriptWithoutARightsServiceIsOmitted)
 {
     auto mute = host.Object("mute");
     mute->offersRights = false;
@@ -148,7 +148,7 @@ TEST_F(ScriptCollection, ARecordHoldsWhatTheHostGave)
     EXPECT_STREQ(record[kScriptModificationDate].GetString(), L"2021-03-04");
 }
 
-TEST_F(ScriptCollection, TheLocationIsTheProjectsForAReferenceElseTheLibrary)
+TEST_F(ScriptCollection, TheLocationIsTheProjectOfAReferenceElseTheLibrary)
 {
     const auto locationOf = [this](const VARIANT& value) {
         auto script = host.Object("s");
@@ -224,7 +224,7 @@ TEST_F(ScriptCollection, WithoutAProjectTheScriptsOfNoneAreSearched)
     }
 }
 
-TEST_F(ScriptCollection, AProjectThatCannotBeHadEndsItBeforeTheSearch)
+TEST_F(ScriptCollection, AnUnreadableProjectEndsItBeforeTheSearch)
 {
     const auto broken = host.Object("broken");
     broken->Is(L"XDOOrvoItem")->Fail(L"orvoproject", E_ACCESSDENIED);
@@ -241,7 +241,7 @@ TEST_F(ScriptCollection, WithoutAQueryThereIsAFailureAndNoCrash)
     EXPECT_TRUE(scripts.empty());
 }
 
-TEST_F(ScriptCollection, AnyStatusOfTheFirstTwoStepsOfTheSearchIsTheResult)
+TEST_F(ScriptCollection, AStatusOfTheFirstTwoStepsOfTheSearchIsReturned)
 {
     Finds({host.Object("s")});
     for (const HRESULT status : {S_FALSE, E_FAIL})
@@ -289,7 +289,7 @@ TEST_F(ScriptCollection, ASearchWithoutAnEnumeratorFindsNothing)
     EXPECT_TRUE(scripts.empty());
 }
 
-TEST_F(ScriptCollection, AFailingStepOfTheWalkEndsItWithWhatWasFoundBefore)
+TEST_F(ScriptCollection, AFailedStepEndsTheWalkWithTheRowsBefore)
 {
     Finds(Several(60));
     host.Query().result->statuses[1] = E_FAIL;
@@ -313,7 +313,7 @@ TEST_F(ScriptCollection, AScriptInALaterBatchMakesANullForgotten)
     EXPECT_EQ(scripts.size(), 15u) << "10 of the first batch, 5 of the second";
 }
 
-TEST_F(ScriptCollection, ALaterScriptThatMayNotBeRunMakesANullForgottenToo)
+TEST_F(ScriptCollection, ANullIsForgottenAfterALaterScriptThatMayNotBeRun)
 {
     std::vector<ComPtr<MemoryObject>> found = Several(26);
     found[24].reset();
@@ -339,7 +339,7 @@ TEST_F(ScriptCollection, NoScriptIsNoRecord)
     EXPECT_TRUE(scripts.empty());
 }
 
-TEST_F(ScriptCollection, EverythingIsGivenBack)
+TEST_F(ScriptCollection, EverythingIsReleased)
 {
     const int before = host.LiveObjects();
     const ULONG held = References(object);

@@ -78,7 +78,7 @@ TEST_F(ScriptPickerDialog, IsCalledScripts)
     LookAt({Sees(Titled(L"Scripts"))});
 }
 
-TEST_F(ScriptPickerDialog, EachOfFiveColumnsHasAFifthOfTheWidthAndTheSixthHasNone)
+TEST_F(ScriptPickerDialog, FiveColumnsHaveAFifthOfTheWidthAndTheSixthNone)
 {
     LookAt({[](DialogView& view) {
         const int fifth = static_cast<int>(Width(view.Rect(view.List())) * 0.2);
@@ -129,7 +129,7 @@ TEST_F(ScriptPickerDialog, ANameThatIsNoTextIsShownAsConvertedOrNotAtAll)
     EXPECT_EQ(Show({Presses(IDOK)}), (Outcome{S_OK, "s"}));
 }
 
-TEST_F(ScriptPickerDialog, TheListStandsWhereTheFrameWasAndHasItsIdentifier)
+TEST_F(ScriptPickerDialog, TheListHasThePositionAndIdentifierOfTheFrame)
 {
     LookAt({Sees(ListInPlaceOf(kFrame)), [](DialogView& view) {
                 const HWND list = view.List();
@@ -154,7 +154,7 @@ TEST_F(ScriptPickerDialog, BelongsToTheActiveWindowWhichIsDisabledMeanwhile)
     EXPECT_TRUE(IsWindowEnabled(owner.get()));
 }
 
-TEST_F(ScriptPickerDialog, BelongsToNobodyIfNoWindowIsActive)
+TEST_F(ScriptPickerDialog, HasNoOwnerIfNoWindowIsActive)
 {
     SetActiveWindow(nullptr);
     LookAt({Sees(OwnedBy(nullptr))});

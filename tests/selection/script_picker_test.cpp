@@ -24,7 +24,7 @@ protected:
     const ComPtr<MemoryObject> paint = Script("paint");
 };
 
-TEST_F(ScriptPicker, TheFirstRowIsTheLowestPointerAndIsSelectedFromTheStart)
+TEST_F(ScriptPicker, TheFirstRowIsTheLowestPointerAndIsSelectedAtFirst)
 {
     resultFollowsAddresses = true;
     EXPECT_EQ(Show({Sees(RowSelected(0)), Presses(IDOK)}), (Outcome{S_OK, Lowest()}));
@@ -60,7 +60,7 @@ TEST_F(ScriptPicker, AChoiceWithNowhereToWriteItIsABadPointer)
     EXPECT_EQ(item->ShowDialog(project.get(), XQPComBSTR(L"script"), nullptr), S_FALSE);
 }
 
-TEST_F(ScriptPicker, OpeningItReadsFiveAttributesOfEachScriptThatMayBeRun)
+TEST_F(ScriptPicker, OpeningReadsFiveAttributesOfEachScriptThatMayBeRun)
 {
     drill->right = S_FALSE;
     Show({Sees(RowCount(2)), Presses(IDCANCEL)});
@@ -102,7 +102,7 @@ TEST_F(ScriptPicker, APlanItemGetsTheScriptsOfItsProject)
 
 // What is not listed.
 
-TEST_F(ScriptPicker, ScriptsThatMayNotBeRunAreLeftOut)
+TEST_F(ScriptPicker, ScriptsThatMayNotBeRunAreOmitted)
 {
     drill->right = E_FAIL;
     paint->offersRights = false;
@@ -125,7 +125,7 @@ TEST_F(ScriptPicker, WithNoScriptThatMayBeRunThereIsTheSameMessage)
     EXPECT_EQ(ShowMessage(L"Select Script", L"No scripts available."), (Outcome{S_FALSE, "untouched"}));
 }
 
-TEST_F(ScriptPicker, AnyOtherKindGivesAnErrorAndAsksNobody)
+TEST_F(ScriptPicker, AnyOtherKindShowsAnErrorWithoutAHostCall)
 {
     const std::wstring longName(10'000, L's');
     for (const wchar_t* kind : {L"Script", L"scripts", L"script ", L"", L"orvoitem", longName.c_str(),
@@ -212,7 +212,7 @@ TEST_F(ScriptPicker, OkWithoutASelectionShowsAMessageAndStays)
     EXPECT_EQ(boxes.Shown()[0].icon, static_cast<UINT>(MB_ICONINFORMATION));
 }
 
-TEST_F(ScriptPicker, ASelectedObjectThatIsNoDataObjectAnyMoreGivesTheSameMessage)
+TEST_F(ScriptPicker, AnObjectThatIsNoLongerDataGivesTheSameMessage)
 {
     ExpectBox(L"Execute script", L"Please select a script.");
     EXPECT_EQ(Show({Selects(L"weld"), [&](DialogView&) { weld->offersData = false; }, Presses(IDOK),
@@ -220,7 +220,7 @@ TEST_F(ScriptPicker, ASelectedObjectThatIsNoDataObjectAnyMoreGivesTheSameMessage
               (Outcome{S_OK, "drill"}));
 }
 
-TEST_F(ScriptPicker, WithoutAListTheDialogStaysAsItWasMadeAndCanBeLeft)
+TEST_F(ScriptPicker, WithoutAListTheDialogOpensUnchangedAndCanBeClosed)
 {
     const NoLists noLists;
     ExpectBox(L"Execute script", L"Please select a script.");
@@ -268,7 +268,7 @@ TEST_F(ScriptPicker, AnObjectThatIsNoQueryTakesTheQueryAway)
     EXPECT_EQ(logBook.Entries(), Entries{LogBook::HostCall("0x80004003", 102, kFailed)});
 }
 
-TEST_F(ScriptPicker, EverythingIsGivenBack)
+TEST_F(ScriptPicker, EverythingIsReleased)
 {
     const ULONG held = References(project) + References(weld) + References(drill) + References(paint);
     const ULONG queried = host.Query().References();

@@ -14,13 +14,13 @@ TEST_F(SelectDialog, NoneOrOneElementIsNoEntry)
     EXPECT_EQ(Rows(2, parameters.Values()), Texts{L"A"});
 }
 
-TEST_F(SelectDialog, AnArrayThatIsNotThereHasNoEntriesWhateverItsCount)
+TEST_F(SelectDialog, ANullArrayHasNoEntriesWhateverItsCount)
 {
     EXPECT_EQ(Rows(5, nullptr), Texts{});
     EXPECT_EQ(Rows(0xFFFFFFFF, nullptr), Texts{});
 }
 
-TEST_F(SelectDialog, HalfTheCountIsTheNumberOfEntriesWithOrWithoutACaption)
+TEST_F(SelectDialog, HalfTheCountIsTheNumberOfEntriesDespiteACaption)
 {
     parameters.Entry(0, L"A", Of(a)).Entry(1, L"B", Of(b));
     EXPECT_EQ(Rows(), (Texts{L"A", L"B"}));
@@ -34,7 +34,7 @@ TEST_F(SelectDialog, AnEntryBeyondHalfTheCountIsNotLookedFor)
     EXPECT_EQ(Rows(), Texts{L""}) << "three elements are one entry";
 }
 
-TEST_F(SelectDialog, EntriesMayStandInAnyOrder)
+TEST_F(SelectDialog, EntriesMayBeInAnyOrder)
 {
     parameters.Object(L"Object1", Of(b)).Text(L"Prompt0", L"A").Text(L"Caption", L"Title");
     parameters.Object(L"Object0", Of(a)).Text(L"Prompt1", L"B");

@@ -37,7 +37,7 @@ TEST_F(SelectDialog, RowsFollowThePointersAndNothingElse)
     Show({Sees(InColumn(0, expected)), Presses(IDCANCEL)});
 }
 
-TEST_F(SelectDialog, ADialogThatCannotBeShownWritesNothingAndIsNoFailure)
+TEST_F(SelectDialog, ADialogThatCannotBeShownWritesNothingAndSucceeds)
 {
     parameters.Entry(0, L"A", Of(a));
     const ULONG before = References(a);
@@ -50,7 +50,7 @@ TEST_F(SelectDialog, ADialogThatCannotBeShownWritesNothingAndIsNoFailure)
     EXPECT_EQ(References(a), before);
 }
 
-TEST_F(SelectDialog, TheResultMayBeLeftOut)
+TEST_F(SelectDialog, TheResultMayBeOmitted)
 {
     parameters.Entry(0, L"A", Of(a));
     const ULONG before = References(a);
@@ -59,7 +59,7 @@ TEST_F(SelectDialog, TheResultMayBeLeftOut)
     EXPECT_EQ(References(a), before);
 }
 
-TEST_F(SelectDialog, NoObjectIsAskedAnything)
+TEST_F(SelectDialog, NoObjectIsQueried)
 {
     resultFollowsAddresses = true;
     host.recordingQueries = true;
@@ -69,7 +69,7 @@ TEST_F(SelectDialog, NoObjectIsAskedAnything)
     EXPECT_EQ(logBook.Entries(), Entries{});
 }
 
-TEST_F(SelectDialog, EverythingIsGivenBack)
+TEST_F(SelectDialog, EverythingIsReleased)
 {
     resultFollowsAddresses = true;
     parameters.Entry(0, L"A", Of(a)).Entry(1, L"B", Of(b)).Entry(2, L"again", Of(a));
@@ -91,7 +91,7 @@ TEST_F(SelectDialog, OkWithoutASelectionShowsAMessageAndStays)
     EXPECT_EQ(boxes.Shown()[0].icon, 0u);
 }
 
-TEST_F(SelectDialog, WithoutAUsableObjectItOpensEmptyAndOnlyCancelLeaves)
+TEST_F(SelectDialog, WithoutAUsableObjectItIsEmptyAndOnlyCancelCloses)
 {
     parameters.Text(L"Prompt0", L"A").Text(L"Prompt1", L"B");
     ExpectBox(L"Attention !", kNothingSelected);
@@ -124,7 +124,7 @@ TEST_F(SelectDialogView, ACaptionThatIsNoTextIsConvertedIfItCanBe)
     Show({Sees(Titled(L"")), Presses(IDCANCEL)});
 }
 
-TEST_F(SelectDialogView, TheListStandsWhereTheFrameWas)
+TEST_F(SelectDialogView, TheListTakesThePositionOfTheFrame)
 {
     LookAt({Sees(ListInPlaceOf(kFrame)), [](DialogView& view) {
                 EXPECT_EQ(view.List(), view.Control(kList));
@@ -164,7 +164,7 @@ TEST_F(SelectDialogView, BelongsToTheActiveWindowWhichIsDisabledMeanwhile)
     EXPECT_TRUE(IsWindowEnabled(owner.get()));
 }
 
-TEST_F(SelectDialogView, BelongsToNobodyIfNoWindowIsActive)
+TEST_F(SelectDialogView, HasNoOwnerIfNoWindowIsActive)
 {
     SetActiveWindow(nullptr);
     LookAt({Sees(OwnedBy(nullptr))});

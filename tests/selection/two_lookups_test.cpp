@@ -43,13 +43,13 @@ TEST_F(TwoLookups, ProjectAndPlanTypeAreLookedUpInThisOrder)
     EXPECT_CALLS(Calls{"object.IsDerivedFromClass(XDOOrvoProject)", "object.GetAttribute(orvoplantype)"});
 }
 
-TEST_F(TwoLookups, AProjectThatWasNotFoundIsNullAndThePlanTypeFollows)
+TEST_F(TwoLookups, AMissingProjectIsNullAndThePlanTypeFollows)
 {
     object->Set(L"orvoplantype", planType);
     EXPECT_EQ(ProjectAndPlanTypeOf(object.get()), (Two{S_OK, "null", "plantype"}));
 }
 
-TEST_F(TwoLookups, AProjectThatCannotBeHadEndsItBeforeThePlanType)
+TEST_F(TwoLookups, AnUnreadableProjectEndsItBeforeThePlanType)
 {
     object->Is(L"XDOOrvoItem")->Fail(L"orvoproject", E_FAIL)->Set(L"orvoplantype", planType);
     EXPECT_EQ(ProjectAndPlanTypeOf(object.get()), (Two{E_FAIL, "untouched", "untouched"}));
@@ -82,7 +82,7 @@ TEST_F(TwoLookups, TheTypeNameIsWrittenAlsoWhereThePlanTypeFails)
     EXPECT_EQ(TypeNameAndPlanTypeOf(object.get()), (Two{E_FAIL, "item", "untouched"}));
 }
 
-TEST_F(TwoLookups, ATypeNameThatCannotBeHadEndsItBeforeThePlanType)
+TEST_F(TwoLookups, AnUnreadableTypeNameEndsItBeforeThePlanType)
 {
     object->Table(nullptr, E_FAIL)->Set(L"orvoplantype", planType);
     EXPECT_EQ(TypeNameAndPlanTypeOf(object.get()), (Two{E_FAIL, "untouched", "untouched"}));
@@ -140,7 +140,7 @@ TEST_F(QueryGiven, IsKeptHoweverItIsReferredTo)
     EXPECT_EQ(Held(), 0u);
 }
 
-TEST_F(QueryGiven, IsAskedForItsInterfaceOnlyWhereItIsNew)
+TEST_F(QueryGiven, IsQueriedForItsInterfaceOnlyIfNew)
 {
     host.recordingQueries = true;
     EXPECT_EQ(Initialize(Reference(VT_UNKNOWN, &host.Query())), S_OK);
@@ -161,7 +161,7 @@ TEST_F(QueryGiven, StaysIfNothingNewIsGiven)
     EXPECT_EQ(Held(), 1u);
 }
 
-TEST_F(QueryGiven, IsReplacedByAnotherAndTakenAwayByAnObjectThatIsNone)
+TEST_F(QueryGiven, IsReplacedByAnotherAndRemovedByAnyOtherObject)
 {
     MemoryHost another;
     EXPECT_EQ(Initialize(Reference(VT_UNKNOWN, &host.Query())), S_OK);

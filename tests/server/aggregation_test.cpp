@@ -43,7 +43,7 @@ TEST_P(Aggregated, TakesAnOuterObjectOnlyTogetherWithIUnknown)
     EXPECT_EQ(CLASS_E_NOAGGREGATION, static_cast<HRESULT>(0x80040110u));
 }
 
-TEST_P(Aggregated, WithIUnknownIsMadeOrRefusedAsItsClassSays)
+TEST_P(Aggregated, WithIUnknownIsCreatedOrRefusedByItsClass)
 {
     ComPtr<IUnknown> inner;
     void* made = this;
@@ -57,7 +57,7 @@ TEST_P(Aggregated, WithIUnknownIsMadeOrRefusedAsItsClassSays)
     EXPECT_EQ(module.CanUnloadNow(), GetParam().aggregatable ? S_FALSE : S_OK) << "a refusal makes no object";
 }
 
-TEST_P(Aggregated, ReturnsItsNonDelegatingUnknownAndItsInterfacesBelongToTheOuterObject)
+TEST_P(Aggregated, ReturnsItsNonDelegatingUnknownToTheOuterObject)
 {
     if (!GetParam().aggregatable)
         return;
@@ -74,7 +74,7 @@ TEST_P(Aggregated, ReturnsItsNonDelegatingUnknownAndItsInterfacesBelongToTheOute
         << "the outer object answers";
 }
 
-TEST_P(Aggregated, GoesWithTheLastReferenceOfItsOuterObject)
+TEST_P(Aggregated, IsDestroyedWithTheLastReferenceOfItsOuterObject)
 {
     if (!GetParam().aggregatable)
         return;

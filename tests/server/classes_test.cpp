@@ -61,7 +61,7 @@ TEST_P(EveryClass, AnswersIUnknownAndItsOneInterfaceOfTheSeven)
         EXPECT_EQ(Answers(other.Interface()), other.name == GetParam().name) << other;
 }
 
-TEST_P(EveryClass, AnswersISupportErrorInfoOnlyIfItIsTheProjectChoice)
+TEST_P(EveryClass, AnswersISupportErrorInfoOnlyAsTheProjectChoice)
 {
     ASSERT_EQ(Make(), S_OK);
     EXPECT_EQ(Answers(__uuidof(ISupportErrorInfo)), std::wstring(GetParam().name) == L"QPProjectChoice");
@@ -74,7 +74,7 @@ TEST_P(EveryClass, DoesNotAnswerForIDispatchOrAFactory)
     EXPECT_FALSE(Answers(__uuidof(IClassFactory)));
 }
 
-TEST_P(EveryClass, RefusesToBeCreatedForAnInterfaceItLacksAndLeavesNothingBehind)
+TEST_P(EveryClass, IsNotCreatedForAnInterfaceThatItLacks)
 {
     void* made = this;
     EXPECT_EQ(module.Create(GetParam().Class(), __uuidof(IDispatch), &made), E_NOINTERFACE);

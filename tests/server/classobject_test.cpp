@@ -93,7 +93,7 @@ TEST_F(ClassObject, ConcurrentFirstRequestsYieldOneFactory)
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
 }
 
-TEST_F(ClassObject, AClientsReferenceToAFactoryLocksTheModuleAndItsReleaseUnlocksIt)
+TEST_F(ClassObject, AClientsFactoryLocksTheModuleUntilItsRelease)
 {
     EXPECT_EQ(module.CanUnloadNow(), S_OK);
     ComPtr<IClassFactory> factory;
@@ -129,7 +129,7 @@ TEST_F(ClassObject, AnObjectStartsWithOneReference)
     EXPECT_EQ(log->Release(), 1u);
 }
 
-TEST_F(ClassObject, LockServerHoldsTheModuleUntilItIsTakenBack)
+TEST_F(ClassObject, LockServerKeepsTheModuleLoadedUntilUnlocked)
 {
     ComPtr<IClassFactory> factory;
     ASSERT_EQ(Get(CLSID_QPUserActionLog, factory), S_OK);
@@ -159,7 +159,7 @@ TEST_F(ClassObject, EveryLiveObjectOfEveryClassHoldsTheModule)
     }
 }
 
-TEST_F(ClassObject, AfterAllObjectsTheModuleCanGoAlthoughItsFactoriesAreKept)
+TEST_F(ClassObject, AfterAllObjectsItCanUnloadDespiteCachedFactories)
 {
     std::vector<ComPtr<IUnknown>> objects;
     for (const ClassFacts& facts : kSevenClasses)

@@ -80,7 +80,7 @@ TEST_F(Exports, InitInstanceStartsTheModuleObjectThenTheBase)
     }
 }
 
-TEST_F(Exports, InitInstanceGoesOnToTheBaseWhenTheModuleObjectDoesNotStart)
+TEST_F(Exports, InitInstanceCallsTheBaseEvenIfTheModuleObjectFails)
 {
     App()->m_hInstance = nullptr; // which the module object refuses
     for (const BOOL answer : {TRUE, FALSE})
@@ -104,7 +104,7 @@ TEST_F(Exports, ExitInstanceEndsTheModuleObjectThenTheBase)
     }
 }
 
-TEST_F(Exports, UnloadAsksTheBaseOnceInsideTheUiState)
+TEST_F(Exports, UnloadCallsTheBaseOnceInsideTheUiState)
 {
     App()->InitInstance();
     g_base.calls.clear();
@@ -126,7 +126,7 @@ TEST_F(Exports, UnloadIsAllowedByTheBasesOkAloneAndNothingHeld)
     }
 }
 
-TEST_F(Exports, TheLoadersEntryHandsInstanceAndReasonOnAndReturnsTheAnswer)
+TEST_F(Exports, DllMainPassesItsArgumentsOnAndReturnsTheResult)
 {
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     for (const DWORD reason : {DLL_PROCESS_ATTACH, DLL_THREAD_ATTACH, DLL_THREAD_DETACH, DLL_PROCESS_DETACH})
@@ -143,7 +143,7 @@ TEST_F(Exports, TheLoadersEntryHandsInstanceAndReasonOnAndReturnsTheAnswer)
     }
 }
 
-TEST_F(Exports, RegistrationHandsItsDirectionDownAndASuccessIsNotLogged)
+TEST_F(Exports, RegistrationPassesItsDirectionOnAndLogsNoSuccess)
 {
     App()->InitInstance();
     std::string asked;
@@ -193,7 +193,7 @@ TEST_F(Exports, RegistrationThatFailsAtNoKeyIsLogged)
                       "error\tQPTools\tDllUnregisterServer\t47\t0x8002801C\t-\tfailed at no key\n");
 }
 
-TEST_F(Exports, AFailureAtAKeyDoesNotHideAnotherThatEndsTheRegistration)
+TEST_F(Exports, AFailureAtAKeyDoesNotHideTheFinalOne)
 {
     App()->InitInstance();
     g_registration = [](Registrar& registrar, bool add) -> HRESULT {

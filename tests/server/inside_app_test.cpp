@@ -19,7 +19,7 @@ CQptoolsApp* App()
 }
 } // namespace
 
-TEST(QptoolsApp, OneInstanceStandsFromTheLoadOnWithoutAName)
+TEST(QptoolsApp, OneInstanceExistsFromTheLoadOnWithoutAName)
 {
     ASSERT_NE(App(), nullptr);
     EXPECT_EQ(App()->m_pszAppName, nullptr);
@@ -31,7 +31,7 @@ TEST(QptoolsApp, AddsNoDataToItsBase)
     EXPECT_TRUE((std::is_base_of_v<CWinApp, CQptoolsApp>));
 }
 
-TEST(QptoolsApp, InitInstanceStartsTheModuleObjectWithTableInstanceAndLibrary)
+TEST(QptoolsApp, InitInstanceInitialisesTheModuleObject)
 {
     App()->m_hInstance = GetModuleHandleW(nullptr);
     EXPECT_EQ(App()->InitInstance(), TRUE);
@@ -45,7 +45,7 @@ TEST(QptoolsApp, InitInstanceStartsTheModuleObjectWithTableInstanceAndLibrary)
     EXPECT_EQ(App()->ExitInstance(), 0);
 }
 
-TEST(QptoolsApp, InitInstanceGoesOnWhenTheModuleObjectDoesNotStart)
+TEST(QptoolsApp, InitInstanceSucceedsIfTheModuleObjectFails)
 {
     App()->m_hInstance = nullptr; // which the module object refuses
     EXPECT_EQ(App()->InitInstance(), TRUE);
@@ -66,7 +66,7 @@ TEST(QptoolsApp, ExitInstanceEndsTheModuleObjectAndThenTheBase)
         EXPECT_EQ(entry.factory.load(), nullptr);
 }
 
-TEST_F(InsideModule, UnloadAsksTheFrameworkInsideTheUiState)
+TEST_F(InsideModule, UnloadCallsTheFrameworkInsideTheUiState)
 {
     const unsigned before = CUiState::Entries();
     EXPECT_EQ(DllCanUnloadNow(), S_OK);

@@ -28,7 +28,7 @@ protected:
 };
 INSTANTIATE_TEST_SUITE_P(Classes, Memory, testing::ValuesIn(kSevenClasses), ClassTestName);
 
-TEST_P(Memory, ThatRunsOutWhileAnObjectIsMadeIsItsStatusAndLeavesNothing)
+TEST_P(Memory, ExhaustedInCreateInstanceIsAStatusAndLeavesNothing)
 {
     const CLSID classId = GetParam().Class();
     void* made = this;

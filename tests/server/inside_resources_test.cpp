@@ -55,7 +55,7 @@ TEST_F(InModule, IconsResolveInTheModuleInsideAndNotOutside)
     EXPECT_FALSE(ResourceBytes(CurrentModule(), 385, RT_GROUP_ICON).empty());
 }
 
-TEST_F(InModule, TheActivationContextIsMadeAtTheFirstEntryAndIsActiveInside)
+TEST_F(InModule, TheActivationContextIsMadeAtTheFirstEntryAndActive)
 {
     const HANDLE outside = ActiveContext();
     {

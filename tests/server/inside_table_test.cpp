@@ -70,7 +70,7 @@ TEST_P(EachEntry, RegistersItsOwnClassAndNothingElseAndTakesItOut)
     EXPECT_TRUE(report.failures.empty());
 }
 
-TEST(ClassTable, HasNoDescriptionsCategoriesOrCookiesAndItsHookDoesNothing)
+TEST(ClassTable, HasNoDescriptionsCategoriesOrCookiesAndAnIdleHook)
 {
     for (int i = 0; i < 7; ++i)
     {

@@ -92,7 +92,7 @@ TEST_F(Entries, TheBookmarkDialogEntersOnce)
     EXPECT_EQ(Of([&] { bookmarks->ShowDialog(nullptr); }), 1u);
 }
 
-TEST_F(Entries, TheScriptDialogsEnterOnceAndTheSearchesOnlyInsideTheirFinders)
+TEST_F(Entries, TheDialogEntersOnceAndSearchesInTheirFinders)
 {
     ComPtr<IScriptActionAndCommandManager> manager;
     ASSERT_EQ(Make(CLSID_XScriptActionAndCommandManager, manager), S_OK);

@@ -103,7 +103,7 @@ TEST_F(SelectOrvoItemMethods, InitializeIsTheFirstAndShowDialogTheSecond)
     EXPECT_EQ(Call(4, none, noText, &one), S_FALSE);
 }
 
-TEST_F(SelectOrvoItemMethods, TheLookUpsFollowAndTheLastAloneTakesNoObjectForAnAnswer)
+TEST_F(SelectOrvoItemMethods, TheLookUpsFollowAndOnlyTheLastAcceptsANullObject)
 {
     EXPECT_EQ(Call(5, none, &one), E_INVALIDARG) << "GetProject";
     EXPECT_EQ(Call(6, none, &one), E_INVALIDARG) << "GetPlanType";
@@ -126,7 +126,7 @@ TEST_F(SelectDlgMethods, ShowDialogIsTheOnlyOne)
 // Methods that are not implemented null their results and return E_NOTIMPL. The results that a position nulls
 // show which method it is.
 
-TEST_F(CopyOptDlgMethods, StandInTheOrderOfUse)
+TEST_F(CopyOptDlgMethods, AreInTheOrderOfUse)
 {
     IEnumBaseDataObject* noEnum = nullptr;
     EXPECT_EQ(Call(3, noEnum, static_cast<IQPConfigFactory*>(nullptr)), E_NOTIMPL) << "Initialize";
@@ -143,14 +143,14 @@ TEST_F(BookMarkMethods, ShowDialogIsTheOnlyOne)
     EXPECT_EQ(Call(3, static_cast<IQPFObjectManager*>(nullptr)), E_NOTIMPL);
 }
 
-TEST_F(ManagerMethods, ShowScriptActionOrCommandDlgIsTheFirstAndNotThereYet)
+TEST_F(ManagerMethods, ShowScriptActionOrCommandDlgIsTheFirst)
 {
     EXPECT_EQ(Call(3, static_cast<IQPFObjectManager*>(nullptr), static_cast<IQPConfigFactory*>(nullptr),
                    static_cast<IQP_Query*>(nullptr), none, none, none, noText),
               E_NOTIMPL);
 }
 
-TEST_F(ManagerMethods, GetScriptCommandsIsTheSecondAndGetScriptsForActionTheThird)
+TEST_F(ManagerMethods, TheTwoSearchesAreSecondAndThird)
 {
     VARIANT result;
     VariantInit(&result);

@@ -184,7 +184,7 @@ TEST_F(ModuleKey, IsReadWithoutTouchingTheLastError)
     EXPECT_EQ(GetLastError(), DWORD{ERROR_FILE_NOT_FOUND});
 }
 
-TEST_F(ModuleKey, IsGivenBackForAllThreadsWhenTheModuleIsUnloaded)
+TEST_F(ModuleKey, IsFreedForAllThreadsWhenTheModuleIsUnloaded)
 {
     module_setspecific(key, &value);
     const HANDLE set = CreateEventW(nullptr, FALSE, FALSE, nullptr);
@@ -219,7 +219,7 @@ TEST_F(ModuleKey, IsKeptWhileTheModuleIsLoaded)
     EXPECT_EQ(FreeFlsSlots(), freeSlots - 1);
 }
 
-TEST_F(ModuleKey, IsGivenBackByAModuleThatRefusesToLoad)
+TEST_F(ModuleKey, IsFreedByAModuleThatRefusesToLoad)
 {
     g_entryResult = FALSE;
     EXPECT_FALSE(ModuleEntry(nullptr, DLL_PROCESS_ATTACH, nullptr));

@@ -53,7 +53,7 @@ TEST_F(Registration, GivesEveryClassItsNameAsDefaultValue)
         EXPECT_EQ(registry.Text(ClassKey(facts)), std::wstring(facts.name) + L" Class");
 }
 
-TEST_F(Registration, GivesAThreadingModelToTheFiveAggregatableClassesAndNoneToTheOtherTwo)
+TEST_F(Registration, GivesAThreadingModelToAggregatableClassesOnly)
 {
     ASSERT_EQ(module.RegisterServer(), S_OK);
     for (const ClassFacts& facts : kSevenClasses)
@@ -111,7 +111,7 @@ TEST_F(Registration, TwiceIsTheSameAsOnce)
     EXPECT_EQ(registry.Dump(), once);
 }
 
-TEST_F(Registration, TakenOutLeavesTheListOfClassesAndNothingOfItsOwn)
+TEST_F(Registration, UnregisteringLeavesNothingButTheListOfClasses)
 {
     ASSERT_EQ(module.RegisterServer(), S_OK);
     EXPECT_EQ(module.UnregisterServer(), S_OK);
@@ -121,7 +121,7 @@ TEST_F(Registration, TakenOutLeavesTheListOfClassesAndNothingOfItsOwn)
     EXPECT_EQ(logs.Book(), "");
 }
 
-TEST_F(Registration, TakenOutWithoutHavingBeenPutInIsNoFailure)
+TEST_F(Registration, UnregisteringWithoutARegistrationSucceeds)
 {
     const auto before = registry.Dump();
     EXPECT_EQ(module.UnregisterServer(), S_OK);
@@ -129,7 +129,7 @@ TEST_F(Registration, TakenOutWithoutHavingBeenPutInIsNoFailure)
     EXPECT_EQ(logs.Book(), "");
 }
 
-TEST_F(Registration, TakenOutGoesOnAfterAFailureAndSaysWhichKey)
+TEST_F(Registration, UnregisteringContinuesAfterAFailureAndNamesTheKey)
 {
     ASSERT_EQ(module.RegisterServer(), S_OK);
     registry.Deny(ClassKey(kSevenClasses[2]));
@@ -144,7 +144,7 @@ TEST_F(Registration, TakenOutGoesOnAfterAFailureAndSaysWhichKey)
               std::string::npos);
 }
 
-TEST_F(Registration, AFailureReturnsTheSystemsCodeAndTheLogBookSaysWhichKeyAndWhy)
+TEST_F(Registration, AFailureReturnsTheSystemsCodeAndReportsTheKey)
 {
     registry.Put(ClassKey(kSevenClasses[4]), L"closed");
     registry.Deny(ClassKey(kSevenClasses[4]));
@@ -156,7 +156,7 @@ TEST_F(Registration, AFailureReturnsTheSystemsCodeAndTheLogBookSaysWhichKeyAndWh
         EXPECT_NE(book.find(part), std::string::npos) << part << " in " << book;
 }
 
-TEST_F(Registration, IsTakenOutInTheOrderOfTheClasses)
+TEST_F(Registration, IsRemovedInTheOrderOfTheClasses)
 {
     for (const ClassFacts& facts : kSevenClasses)
         Close(facts);
@@ -200,7 +200,7 @@ TEST_P(FailedRegistration, LeavesAFreshMachineAsItWas)
     EXPECT_EQ(registry.Dump(), before);
 }
 
-TEST_P(FailedRegistration, PutsBackWhatAnEarlierInstallHad)
+TEST_P(FailedRegistration, RestoresAnEarlierRegistration)
 {
     PutOtherInstall();
     const auto before = registry.Dump();

@@ -280,13 +280,13 @@ TEST_F(Regsvr32, TakesEverythingOutAgainButTheListOfClasses)
     RegCloseKey(classes);
 }
 
-TEST_F(Regsvr32, TakesOutWhatIsNotThereWithoutFailure)
+TEST_F(Regsvr32, UnregistersWithoutARegistration)
 {
     EXPECT_EQ(0, Regsvr(L"/u"));
     EXPECT_EQ("", Printed(ModuleSnapshot()));
 }
 
-TEST_F(Regsvr32, FailsOnAKeyThatMayNotBeWrittenAndPutsEverythingBack)
+TEST_F(Regsvr32, FailsOnAKeyThatCannotBeWrittenAndRestoresAll)
 {
     MakeClassesKey(ProgId(kRegistered[0]), L"Somebody else's component");
     MakeClassesKey(ProgId(kRegistered[0]) + L"\\Extra", L"kept");

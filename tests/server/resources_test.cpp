@@ -68,7 +68,7 @@ TEST_F(ModuleResource, OnlyTheModulesPathIsToBeReplacedInTheScripts)
     }
 }
 
-TEST_F(ModuleResource, ScriptsOfClassesWithoutAThreadingModelLeaveTheBlockOfTheServerEmpty)
+TEST_F(ModuleResource, WithoutAThreadingModelTheServersBlockIsEmpty)
 {
     for (const ClassFacts& facts : kSevenClasses)
     {
@@ -124,7 +124,7 @@ TEST_F(ModuleResource, TheVersionBlockNamesTheModule)
     EXPECT_TRUE(holds("OriginalFilename", "qptools.DLL"));
 }
 
-TEST_F(ModuleResource, TheManifestAsksForVersion6OfTheCommonControls)
+TEST_F(ModuleResource, TheManifestRequiresVersion6OfTheCommonControls)
 {
     const std::string_view manifest = Bytes(2, RT_MANIFEST);
     EXPECT_NE(manifest.find("name=\"Microsoft.Windows.Common-Controls\" version=\"6.0.0.0\""),

@@ -41,21 +41,21 @@ std::string ResourceOf(const std::wstring& path, const wchar_t* type, int number
 }
 } // namespace
 
-TEST(TypeLibrary, OfTheSdkSaysWhatItMust)
+TEST(TypeLibrary, OfTheSdkHasTheRightContent)
 {
     const ComPtr<ITypeLib> library = Load(TypeLibraryPath());
     ASSERT_TRUE(library);
     ExpectWholeLibrary(library.get());
 }
 
-TEST(TypeLibrary, OfTheModuleSaysWhatItMust)
+TEST(TypeLibrary, OfTheModuleHasTheRightContent)
 {
     ComPtr<ITypeLib> library;
     ASSERT_EQ(S_OK, LoadTypeLib(ModulePath().c_str(), library.put()));
     ExpectWholeLibrary(library.get());
 }
 
-TEST(TypeLibrary, IsResourceOneOfTheModuleAndTheSameFileAsInTheSdk)
+TEST(TypeLibrary, IsResourceOneOfTheModuleAndEqualToTheSdksFile)
 {
     const std::string resource = ResourceOf(ModulePath(), L"TYPELIB", 1);
     EXPECT_FALSE(resource.empty());

@@ -13,7 +13,7 @@ class TypeLibraryRegistration : public RegistrationFixture
 };
 } // namespace
 
-TEST_F(TypeLibraryRegistration, IsWrittenAfterTheClassesAndTakenOutAgain)
+TEST_F(TypeLibraryRegistration, IsWrittenAfterTheClassesAndRemoved)
 {
     ASSERT_EQ(module.RegisterServer(), S_OK);
     EXPECT_EQ(registry.Text(TypeLibraryKey() + L"\\1.0"), L"qptools 1.0 Type Library");
@@ -63,7 +63,7 @@ TEST_F(TypeLibraryRegistration, OfAnEarlierInstallIsPutBackByAFailure)
     EXPECT_EQ(registry.Dump(), before);
 }
 
-TEST_F(TypeLibraryRegistration, TheTypeInformationOfTheScriptServiceIsThatOfItsInterface)
+TEST_F(TypeLibraryRegistration, TheScriptServiceHasTheTypeInformationOfItsInterface)
 {
     ComPtr<IScriptActionAndCommandManager> manager;
     ASSERT_EQ(module.Create(CLSID_XScriptActionAndCommandManager, manager), S_OK);

@@ -155,7 +155,7 @@ TEST(MessageCatalogue, RefusesAHeaderWithAnyWordFlipped)
             << offset;
 }
 
-TEST(MessageCatalogue, SaysWhatIsWrong)
+TEST(MessageCatalogue, ReportsWhatIsWrong)
 {
     using namespace std::string_literals;
     const std::string good = Good();

@@ -80,7 +80,7 @@ TEST_F(LogsOnDisk, TakesNothingBackWithoutTheLock)
     EXPECT_EQ(ReadBytes(m_log), "one\ntoo lo") << "what stands there may be another writer's";
 }
 
-TEST_F(LogsOnDisk, OverwritesNobodysLineWhenTheLockIsNeverGivenBack)
+TEST_F(LogsOnDisk, OverwritesNoLineIfTheLockIsNeverReleased)
 {
     const CFileHandle file = OpenLog();
     const CFileLock lock(file.Get());

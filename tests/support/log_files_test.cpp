@@ -93,7 +93,7 @@ TEST_F(LogFiles, WritesALogThatIsOpenInAReader)
     EXPECT_EQ(Log("UserActions"), "one\ntwo\n");
 }
 
-TEST_F(LogFiles, DoesNotDisturbTheCallerWhenTheDirectoryCannotBeMade)
+TEST_F(LogFiles, DoesNotDisturbTheCallerWithoutADirectory)
 {
     WriteBytes(m_folder.Path() / "file", "kept");
     const TestVariable directory(L"QPTOOLS_LOG_DIR", (m_folder.Path() / "file" / "logs").wstring());
@@ -181,7 +181,7 @@ bool WaitFor(const std::filesystem::path& file)
     return false;
 }
 
-TEST_F(LogFiles, LosesAndTearsNoLineWhenSeveralProcessesAppendAtOnce)
+TEST_F(LogFiles, LosesAndTearsNoLineOfSeveralProcesses)
 {
     constexpr int count = 1500;
     std::vector<OtherProcess> writers;

@@ -63,7 +63,7 @@ TEST(MessageBoxes, TakeNullTextsForEmptyOnes)
     CoErrorBox(nullptr, nullptr, nullptr, 0);
 }
 
-TEST(MessageBoxes, StandBeforeTheirParent)
+TEST(MessageBoxes, AreInFrontOfTheirParent)
 {
     const ActiveWindow active;
     const ActiveWindow parent;
@@ -75,7 +75,7 @@ TEST(MessageBoxes, StandBeforeTheirParent)
     EXPECT_EQ(boxes.Shown()[0].owner, parent.Handle());
 }
 
-TEST(MessageBoxes, StandBeforeTheActiveWindowWithoutAParent)
+TEST(MessageBoxes, AreInFrontOfTheActiveWindowWithoutAParent)
 {
     const ActiveWindow active;
     using Box = std::function<void()>;
@@ -116,7 +116,7 @@ TEST(BoxDriver, RunsWhatIsToHappenWhileABoxIsUp)
     EXPECT_EQ(shown, 1);
 }
 
-TEST(BoxDriver, FailsATestWhoseBoxNobodyExpected)
+TEST(BoxDriver, FailsATestWithAnUnexpectedBox)
 {
     EXPECT_NONFATAL_FAILURE(
         {

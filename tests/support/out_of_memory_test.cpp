@@ -232,7 +232,7 @@ TEST(InitValueWrapperWithoutMemory, StaysAsItWasWhenNothingCanBeAdded)
     XInitValueWrapper::FreeStruct(count, values);
 }
 
-TEST(ErrorLibraryWithoutMemory, DisturbsNobodyAndWritesALineWholeOrNotAtAll)
+TEST(ErrorLibraryWithoutMemory, NeverThrowsAndWritesALineWholeOrNotAtAll)
 {
     const TestFolder folder;
     const TestVariable directory(L"QPTOOLS_LOG_DIR", folder.Path().wstring());

@@ -98,7 +98,7 @@ TEST_F(Translation, KeepsTheTextsItGaveWhenTheLanguageChanges)
     EXPECT_STREQ(german, L"Pumpe");
 }
 
-TEST_F(Translation, LeavesAChangedTextToWhoeverChangedIt)
+TEST_F(Translation, LeavesAChangedTextToItsCaller)
 {
     Put("de", kGerman);
     Use(L"de");
@@ -172,7 +172,7 @@ TEST_F(Translation, NeedsNoCatalogue)
     EXPECT_TRUE(LogBook().empty()) << "a language without a catalogue is no error";
 }
 
-TEST_F(Translation, LeavesADamagedCatalogueOutWholeAndSaysSoOnce)
+TEST_F(Translation, IgnoresADamagedCatalogueAndReportsItOnce)
 {
     Put("de", kGerman.substr(0, kGerman.size() - 1));
     Use(L"de");

@@ -94,7 +94,7 @@ TEST_F(BaseList, TakesThePlaceOfAControlAndHidesIt)
     EXPECT_EQ(other.GetStyle() & LVS_TYPEMASK, LVS_REPORT);
 }
 
-TEST_F(BaseList, HasNoSizeInPlaceOfAControlThatIsNotThere)
+TEST_F(BaseList, HasNoSizeInPlaceOfAControlThatDoesNotExist)
 {
     Listener dialog;
     ASSERT_TRUE(dialog.SubclassWindow(m_window));
@@ -142,7 +142,7 @@ TEST_F(BaseList, ARowMayBePutBeforeOthersAndAddedBehindTheLast)
     }
 }
 
-TEST_F(BaseList, GivesNothingWithoutASelectionOrForAColumnThatTheRowHasNot)
+TEST_F(BaseList, GivesNothingWithoutASelectionOrTheColumn)
 {
     list.AddEntry({XQPComVariant(L"only")}, 0, -1);
     XQPComVariant value(L"kept");

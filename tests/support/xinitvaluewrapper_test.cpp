@@ -64,7 +64,7 @@ TEST(InitValueWrapper, GivesTheValueOfAName)
     EXPECT_EQ(TextOf(bag, L"kind"), L"list");
 }
 
-TEST(InitValueWrapper, ReportsANameThatIsNotThereAndLeavesTheTargetAlone)
+TEST(InitValueWrapper, ReportsAMissingNameAndLeavesTheTargetUnchanged)
 {
     OwnArray array;
     array.Add(L"title", XQPComVariant(L"Pumps"));
@@ -170,7 +170,7 @@ TEST(InitValueWrapper, TakesTheFirstOfTwoValuesOfOneName)
     EXPECT_EQ(TextOf(bag, L"title"), L"third");
 }
 
-TEST(InitValueWrapper, FindsEachOfManyNamesOfTheArrayAndOfThoseAddedLater)
+TEST(InitValueWrapper, FindsEachOfManyNamesGivenOrAddedLater)
 {
     constexpr int kMany = 3000;
     const auto name = [](int number) {

@@ -58,7 +58,7 @@ TEST(QPComBstr, MovesWithoutCopying)
     EXPECT_EQ(static_cast<wchar_t*>(third), raw);
 }
 
-TEST(QPComBstr, AssignsFromChangeableAndConstantTextAndFromItsOwnKind)
+TEST(QPComBstr, AssignsFromWritableAndConstantTextAndItsOwnType)
 {
     wchar_t changeable[] = L"changeable";
     const wchar_t* constant = L"constant";

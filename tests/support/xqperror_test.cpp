@@ -120,7 +120,7 @@ TEST_F(ErrorLibrary, TakesAnyPlainFileNameForALog)
     EXPECT_EQ(m_folder.Names().size(), 12u);
 }
 
-TEST_F(ErrorLibrary, RefusesALogNameThatIsNoPlainFileNameAndNotesItInTheLogBook)
+TEST_F(ErrorLibrary, NotesALogNameThatIsNoPlainFileNameInTheLogBook)
 {
     const std::wstring tooLong = Repeated(101);
     const std::pair<const wchar_t*, const char*> hostile[] = {
@@ -187,7 +187,7 @@ TEST_F(ErrorLibrary, NotesAnErrorWithItsStatusInTheLogBook)
               (Fields{"error", "QPTools", "Load", "12", "0x80070005", "-", "cannot load"}));
 }
 
-TEST_F(ErrorLibrary, RecordsAFailedHostCallWithItsFlagsAndReturnsTheStatus)
+TEST_F(ErrorLibrary, RecordsAFailedHostCallAndReturnsTheStatus)
 {
     EXPECT_EQ(XQPError::HandleComError(E_FAIL, L"QPTools", L"GetObject  failed", 99, true, false), E_FAIL);
     EXPECT_EQ(WithoutTime(OnlyEntry()),
@@ -214,7 +214,7 @@ TEST_F(ErrorLibrary, RecordsAnErrorSetForTheCallerAndReturnsTheStatus)
               (Fields{"error set", "QPTools", "Constructor", "7", "0x80004003", "-", "no object"}));
 }
 
-TEST_F(ErrorLibrary, RecordsAFailureThatIsNoHostCallWithItsFlagAndReturnsTheStatus)
+TEST_F(ErrorLibrary, RecordsAnotherFailureWithItsFlagAndReturnsTheStatus)
 {
     EXPECT_EQ(XQPError::HandleStandardError(L"QPTools", L"Open", 250, L"no view", kAccessDenied, true),
               kAccessDenied);

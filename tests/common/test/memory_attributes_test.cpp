@@ -169,7 +169,7 @@ TEST_F(MemoryAttributes, need_arrays_of_the_right_shape)
     EXPECT_FALSE(given);
 }
 
-TEST_F(MemoryAttributes, the_object_tells_its_type)
+TEST_F(MemoryAttributes, the_object_returns_its_type)
 {
     object->TypeName(L"scriptaction")->Type(host.Config().Type(L"scriptaction"));
     BSTR name = nullptr;

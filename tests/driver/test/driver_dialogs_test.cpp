@@ -164,7 +164,7 @@ TEST(DialogDriver, LeavesMessageBoxesToTheirAnswers)
     EXPECT_EQ(answer, IDYES);
 }
 
-TEST(BoxAnswers, TakesAnyBoxWhereTheTextsAreOfNoMatter)
+TEST(BoxAnswers, TakesAnyBoxIfTheTextsDoNotMatter)
 {
     BoxAnswers boxes;
     ShownBox seen;

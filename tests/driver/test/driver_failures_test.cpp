@@ -49,7 +49,7 @@ struct Stubborn
 };
 } // namespace
 
-TEST(DialogDriver, FailsATestWhoseDialogNobodyExpected)
+TEST(DialogDriver, FailsATestWithAnUnexpectedDialog)
 {
     INT_PTR code = 0;
     const Failures failures = CaughtFailures([&] {
@@ -62,7 +62,7 @@ TEST(DialogDriver, FailsATestWhoseDialogNobodyExpected)
     EXPECT_EQ(code, IDCANCEL);
 }
 
-TEST(DialogDriver, FailsATestWhoseDialogNeverCame)
+TEST(DialogDriver, FailsATestWhoseDialogNeverOpens)
 {
     const Failures failures = CaughtFailures([] {
         DialogDriver driver;
@@ -108,7 +108,7 @@ TEST(DialogDriver, ClosesADialogThatCannotBeCancelled)
     EXPECT_EQ(end.closes, 1);
 }
 
-TEST(DialogDriver, DestroysADialogThatDoesNotGo)
+TEST(DialogDriver, DestroysADialogThatDoesNotClose)
 {
     Stubborn end{.refusesCancel = true, .refusesClose = true};
     const Failures failures = CaughtFailures([&] {
@@ -120,7 +120,7 @@ TEST(DialogDriver, DestroysADialogThatDoesNotGo)
     EXPECT_TRUE(end.destroyed);
 }
 
-TEST(DialogDriver, FailsATestWhoseDialogGoesBeforeItsSteps)
+TEST(DialogDriver, FailsATestWhoseDialogClosesBeforeItsSteps)
 {
     const Failures failures = CaughtFailures([] {
         DialogDriver driver;
@@ -176,7 +176,7 @@ TEST(DialogDriver, ClosesADialogWhoseStepAsserts)
     EXPECT_FALSE(ranOn);
 }
 
-TEST(DialogDriver, GoesOnAfterAStepWhoseExpectationFails)
+TEST(DialogDriver, ContinuesAfterAStepWhoseExpectationFails)
 {
     const Failures failures = CaughtFailures([] {
         DialogDriver driver;
@@ -186,7 +186,7 @@ TEST(DialogDriver, GoesOnAfterAStepWhoseExpectationFails)
     EXPECT_TRUE(IsOne(failures, {"as expected", "step 1 in"}));
 }
 
-TEST(DialogDriver, GoesOnWithTheOuterDialogWhenTheInnerOneFailed)
+TEST(DialogDriver, ContinuesWithTheOuterDialogWhenTheInnerOneFailed)
 {
     const Failures failures = CaughtFailures([] {
         DialogDriver driver;
@@ -196,7 +196,7 @@ TEST(DialogDriver, GoesOnWithTheOuterDialogWhenTheInnerOneFailed)
     EXPECT_TRUE(IsOne(failures, {"nobody expected the dialog"}));
 }
 
-TEST(DialogDriver, FailsATestWhoseBoxNobodyAnswers)
+TEST(DialogDriver, FailsATestWithAnUnansweredBox)
 {
     const Failures failures = CaughtFailures([] {
         DialogDriver driver;
@@ -262,7 +262,7 @@ TEST(DialogDriver, AsksForConfirmationNoLongerThanTheBoxIsAnswered)
     EXPECT_TRUE(IsOne(failures, {"after its last step there still is the dialog"}));
 }
 
-TEST(BoxAnswers, FailsATestWithoutTheBoxThatItWouldTakeWhateverItSays)
+TEST(BoxAnswers, ExpectAnyFailsWithoutABox)
 {
     const Failures failures = CaughtFailures([] {
         BoxAnswers boxes;
@@ -271,7 +271,7 @@ TEST(BoxAnswers, FailsATestWithoutTheBoxThatItWouldTakeWhateverItSays)
     EXPECT_TRUE(IsOne(failures, {"a box was never shown"}));
 }
 
-TEST(BoxAnswers, FailsATestWhoseAnswerTheBoxDoesNotHaveWhateverItSays)
+TEST(BoxAnswers, ExpectAnyFailsForAnAnswerThatTheBoxLacks)
 {
     const Failures failures = CaughtFailures([] {
         BoxAnswers boxes;

@@ -73,7 +73,7 @@ TEST(DialogView, OpensABox)
     EXPECT_TRUE(Has(boxes.events, CBN_DROPDOWN));
 }
 
-TEST(DialogView, ChoosesAnItemWithEverythingThatABoxTells)
+TEST(DialogView, ChoosesAnItemWithAllNotificationsOfABox)
 {
     for (const int combo : {kDropDown, kDropDownList})
     {

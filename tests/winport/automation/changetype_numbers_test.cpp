@@ -33,7 +33,7 @@ TEST(ChangeType, WholeNumbers)
     ExpectRow(OfWhole(VT_UINT, 70000), {L"70000", L"-1", L"'70000'"});
 }
 
-TEST(ChangeType, ARealNumberIsRoundedAndAHalfGoesToTheEvenOne)
+TEST(ChangeType, ARealNumberIsRoundedAndAHalfToEven)
 {
     const std::pair<double, const wchar_t*> cases[] = {
         {0.0, L"0"},   {0.5, L"0"}, {1.5, L"2"}, {2.5, L"2"},   {-0.5, L"0"},    {-1.5, L"-2"},

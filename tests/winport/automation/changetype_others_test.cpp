@@ -31,7 +31,7 @@ TEST(ChangeType, AnObjectIsNoValue)
     EXPECT_EQ(0, object.m_calls);
 }
 
-TEST(ChangeType, AnAutomationObjectStandsForItsDefaultProperty)
+TEST(ChangeType, AnAutomationObjectIsItsDefaultProperty)
 {
     CCountedObject object;
     object.m_hasValue = true;

@@ -20,7 +20,7 @@ TEST(EnvironmentVariable, IsSetReadAndRemoved)
     EXPECT_EQ(LastError(), ERROR_ENVVAR_NOT_FOUND);
 }
 
-TEST(EnvironmentVariable, TellsTheSizeNeededWithTheTerminator)
+TEST(EnvironmentVariable, ReturnsTheNeededSizeWithTheTerminator)
 {
     ASSERT_TRUE(SetEnvironmentVariableW(L"WPTEST_VALUE", L"1234"));
     wchar_t buffer[8] = L"keep";
@@ -102,7 +102,7 @@ TEST(OwnCommandLine, StartsWithTheProgramAndHoldsItsArguments)
     EXPECT_EQ(GetCommandLineW(), GetCommandLineW());
 }
 
-TEST(Clock, TellsLocalTime)
+TEST(Clock, IsLocalTime)
 {
     SYSTEMTIME local{};
     GetLocalTime(&local);

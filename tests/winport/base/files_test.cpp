@@ -65,7 +65,7 @@ TEST(OpeningFiles, MakesANewFileOnlyOnce)
     EXPECT_EQ(OpenError(folder / L"a", GENERIC_WRITE, CREATE_NEW), ERROR_FILE_EXISTS);
 }
 
-TEST(OpeningFiles, OpensWhatExistsAndSaysSo)
+TEST(OpeningFiles, OpensAnExistingFileAndReportsIt)
 {
     const CScratchFolder folder;
     EXPECT_EQ(OpenError(folder / L"a", GENERIC_READ, OPEN_EXISTING), ERROR_FILE_NOT_FOUND);
@@ -274,7 +274,7 @@ TEST(FileLock, ExcludesItsOwnHandleToo)
     CloseHandle(file);
 }
 
-TEST(FileLock, IsGivenBackAsItWasTaken)
+TEST(FileLock, IsUnlockedInThePiecesThatWereLocked)
 {
     const CScratchFolder folder;
     HANDLE file = Open(folder / L"a", kReadWrite, CREATE_NEW);

@@ -189,7 +189,7 @@ TEST(RegistryKey, ListsItsSubkeysInOrder)
               ERROR_MORE_DATA);
 }
 
-TEST(RegistryKey, TellsWhatItHolds)
+TEST(RegistryKey, CountsItsSubKeysAndValues)
 {
     const CScratchKey root;
     Make(root.Handle(), L"four");
@@ -251,7 +251,7 @@ TEST(RegistryValue, KeepsTextNumbersAndBytes)
     EXPECT_EQ(std::memcmp(back, bytes, 3), 0);
 }
 
-TEST(RegistryValue, TellsItsSize)
+TEST(RegistryValue, ReturnsItsSize)
 {
     const CScratchKey root;
     SetText(root.Handle(), L"Text", L"1234");

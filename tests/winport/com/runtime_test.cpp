@@ -166,7 +166,7 @@ TEST(Identifiers, BelongToInterfaces)
     EXPECT_EQ(__uuidof(IClassFactory), IID_IClassFactory);
 }
 
-TEST(TaskMemory, IsTakenAndGivenBack)
+TEST(TaskMemory, IsAllocatedAndFreed)
 {
     auto* memory = static_cast<char*>(CoTaskMemAlloc(4));
     ASSERT_NE(memory, nullptr);
@@ -280,7 +280,7 @@ TEST_F(Creation, GivesClassObjects)
     factory->Release();
 }
 
-TEST_F(Creation, KeepsTheModuleUntilItMayGo)
+TEST_F(Creation, KeepsTheModuleUntilItIsUnused)
 {
     const CRegisteredClass registered(ModulePath());
     IUnknown* object = nullptr;

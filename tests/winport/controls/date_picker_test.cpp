@@ -207,7 +207,7 @@ TEST_P(DatePicker, ItsTextCannotBeAssigned)
     EXPECT_EQ(m_host.Text(), ShortDate(Value()));
 }
 
-TEST_P(DatePicker, TheFocusIsTold)
+TEST_P(DatePicker, TheFocusIsNotified)
 {
     SetFocus(m_host.Control());
     EXPECT_EQ(GetFocus(), m_host.Control());
@@ -293,7 +293,7 @@ TEST_P(DatePicker, AFieldWrapsWithinItself)
     EXPECT_EQ(Day(), Date(2024, 2, 29));
 }
 
-TEST_P(DatePicker, ADayThatTheYearDoesNotHaveBecomesTheLastOfItsMonth)
+TEST_P(DatePicker, ADayThatTheYearLacksBecomesTheLastOfItsMonth)
 {
     EnterField(2);
     Set(2024, 2, 29);
@@ -312,7 +312,7 @@ TEST_P(DatePicker, TheYearStaysWithinTheCalendar)
     EXPECT_EQ(Day(), Date(1752, 9, 14));
 }
 
-TEST_P(DatePicker, AChangeIsToldWithTheNewDateWhenItIsShown)
+TEST_P(DatePicker, AChangeIsNotifiedWithTheNewDateWhenItIsShown)
 {
     Set(2024, 7, 4);
     EnterField(0);
@@ -353,7 +353,7 @@ TEST_P(DatePicker, WantsCharactersAndArrowsFromItsDialog)
     EXPECT_EQ(m_host.Send(WM_GETDLGCODE), DLGC_WANTCHARS | DLGC_WANTARROWS);
 }
 
-TEST_P(DatePicker, MayBeDestroyedWhenItTellsOfAChange)
+TEST_P(DatePicker, MayBeDestroyedByTheHandlerOfAChange)
 {
     EnterField(0);
     m_host.onNotify = [&](NMHDR&) -> LRESULT {

@@ -102,7 +102,7 @@ TEST_F(DatePickerTyping, OneDigitCountsWhenItsFieldIsLeft)
     EXPECT_EQ(m_host.Codes(), (Codes{kChange, kChange}));
 }
 
-TEST_F(DatePickerTyping, LosingTheFocusIsToldBeforeWhatWasTyped)
+TEST_F(DatePickerTyping, LosingTheFocusIsNotifiedBeforeTheTypedDate)
 {
     After("r3");
     std::vector<std::string> dates;
@@ -124,7 +124,7 @@ TEST_F(DatePickerTyping, AClickTakesWhatWasTyped)
     EXPECT_EQ(m_host.Codes(), Codes{kChange});
 }
 
-TEST_F(DatePickerTyping, AMonthOrADayThatIsNotThereIsIgnored)
+TEST_F(DatePickerTyping, AnInvalidMonthOrDayIsIgnored)
 {
     for (const char* keys : {"r0r", "r00r", "r13r", "rr0r", "rr00r", "rr32r"})
     {
@@ -136,7 +136,7 @@ TEST_F(DatePickerTyping, AMonthOrADayThatIsNotThereIsIgnored)
     }
 }
 
-TEST_F(DatePickerTyping, AYearThatIsNotThereIsToldWithTheOldOne)
+TEST_F(DatePickerTyping, AnInvalidYearNotifiesWithTheOldOne)
 {
     for (const char* year : {"0000", "1000", "1234"})
     {
@@ -149,7 +149,7 @@ TEST_F(DatePickerTyping, AYearThatIsNotThereIsToldWithTheOldOne)
     EXPECT_EQ(m_host.Codes(), Codes{kChange});
 }
 
-TEST_F(DatePickerTyping, TheValueThatIsThereIsToldAgain)
+TEST_F(DatePickerTyping, AnUnchangedValueIsNotifiedAgain)
 {
     EXPECT_EQ(After("r7r"), "2024-7-31");
     EXPECT_EQ(m_host.Codes(), Codes{kChange});

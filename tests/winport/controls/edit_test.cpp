@@ -55,7 +55,7 @@ TEST(Edit, TextGivenAtCreationIsThere)
     DestroyWindow(field);
 }
 
-TEST(Edit, ANewTextIsToldToTheOwnerAndPutsTheCaretToTheFront)
+TEST(Edit, ANewTextNotifiesTheOwnerAndMovesTheCaret)
 {
     EditHost host(L"before");
     host.Select(1, 3);
@@ -65,7 +65,7 @@ TEST(Edit, ANewTextIsToldToTheOwnerAndPutsTheCaretToTheFront)
     EXPECT_EQ(host.Selection(), Range(0, 0));
 }
 
-TEST(Edit, TheSameTextIsToldAgain)
+TEST(Edit, TheSameTextIsNotifiedAgain)
 {
     EditHost host(L"same");
     SetWindowTextW(host.Control(), L"same");
@@ -80,7 +80,7 @@ TEST(Edit, ANullTextEmptiesTheField)
     EXPECT_EQ(host.Send(WM_GETTEXTLENGTH), 0);
 }
 
-TEST(Edit, TheOwnerHearsOfAChangeWhenTheTextIsAlreadyThere)
+TEST(Edit, TheOwnerIsNotifiedAfterTheTextHasChanged)
 {
     EditHost host;
     std::vector<std::wstring> seen;
@@ -164,21 +164,21 @@ TEST(Edit, ASelectionEndsWithTheText)
     EXPECT_EQ(host.Selection(), Range(4, 4));
 }
 
-TEST(Edit, ASelectionFromBehindIsToldFromTheFront)
+TEST(Edit, ASelectionFromBehindIsReadFromTheFront)
 {
     const EditHost host(L"abcd");
     host.Select(3, 1);
     EXPECT_EQ(host.Selection(), Range(1, 3));
 }
 
-TEST(Edit, TheSelectionIsAlsoToldInOneNumber)
+TEST(Edit, TheSelectionIsAlsoReturnedInOneNumber)
 {
     const EditHost host(L"abcd");
     host.Select(1, 3);
     EXPECT_EQ(host.Send(EM_GETSEL), MAKELONG(1, 3));
 }
 
-TEST(Edit, ASelectionBeyondSixteenBitsIsToldByItsPointers)
+TEST(Edit, ASelectionBeyondSixteenBitsIsReadByPointers)
 {
     const EditHost host(std::wstring(70000, L'x').c_str());
     host.Select(0, -1);
@@ -226,7 +226,7 @@ TEST(Edit, ALimitOfZeroIsTheGreatestOne)
     EXPECT_EQ(host.Send(EM_GETLIMITTEXT), 0x7FFFFFFE);
 }
 
-TEST(Edit, TypingStopsAtTheLimitAndTheOwnerHearsIt)
+TEST(Edit, TypingStopsAtTheLimitAndTheOwnerIsNotified)
 {
     EditHost host(L"abc");
     host.Send(EM_SETLIMITTEXT, 4);
@@ -287,7 +287,7 @@ TEST(Edit, WithoutScrollingWhatFitsIsTyped)
     EXPECT_EQ(host.Text(), L"short");
 }
 
-TEST(Edit, TheFocusIsToldToTheOwnerAndLeavesTheSelection)
+TEST(Edit, TheFocusIsNotifiedAndKeepsTheSelection)
 {
     EditHost host(L"abc");
     host.Select(1, 2);
@@ -343,7 +343,7 @@ TEST(Edit, ADoubleClickSelectsAWord)
     EXPECT_EQ(host.Selection(), Range(0, 4));
 }
 
-TEST(Edit, AFieldMayBeDestroyedWhenItTellsOfAChange)
+TEST(Edit, AFieldMayBeDestroyedByTheHandlerOfAChange)
 {
     EditHost host;
     host.onCommand = [&](int code) {

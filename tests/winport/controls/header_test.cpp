@@ -76,7 +76,7 @@ HDITEMW Width(int width)
 }
 } // namespace
 
-TEST(Header, ItemsGoWhereAskedAndPastTheEndAreAppended)
+TEST(Header, ItemsAreInsertedByIndexOrAppended)
 {
     const HeaderHost header;
     EXPECT_EQ(header.Insert(0, L"b", 10), 0);
@@ -98,7 +98,7 @@ TEST(Header, ItemsKeepWidthFormatAndParameter)
     EXPECT_EQ(item.lParam, 7);
 }
 
-TEST(Header, ItemsThatAreNotThereAreRefused)
+TEST(Header, ItemsThatDoNotExistAreRefused)
 {
     const HeaderHost header;
     header.Insert(0, L"a", 42);
@@ -109,7 +109,7 @@ TEST(Header, ItemsThatAreNotThereAreRefused)
     EXPECT_FALSE(header.Send(HDM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&rect)));
 }
 
-TEST(Header, ADeletedItemIsGone)
+TEST(Header, ADeletedItemIsRemoved)
 {
     const HeaderHost header;
     header.Insert(0, L"a", 10);
@@ -138,7 +138,7 @@ TEST(Header, ItemsLieSideBySide)
     EXPECT_EQ(header.Rect(2).bottom, client.bottom);
 }
 
-TEST(Header, AChangeIsToldBeforeAndAfterAndMayBeRefused)
+TEST(Header, AChangeIsNotifiedBeforeAndAfterAndMayBeRefused)
 {
     HeaderHost header;
     header.Insert(0, L"a", 10);
@@ -156,7 +156,7 @@ TEST(Header, AChangeIsToldBeforeAndAfterAndMayBeRefused)
     EXPECT_EQ(header.Get(0, HDI_WIDTH).cxy, 20);
 }
 
-TEST(Header, AChangeTellsItemAndNewValue)
+TEST(Header, AChangeNotifiesOfItemAndNewValue)
 {
     HeaderHost header;
     header.Insert(0, L"a", 10);
@@ -187,7 +187,7 @@ TEST(Header, ANewTextReplacesTheOld)
     EXPECT_EQ(header.Get(0, HDI_WIDTH).cxy, 10);
 }
 
-TEST(Header, AClickIsToldOfTheItemUnderThePointer)
+TEST(Header, AClickIsNotifiedForTheItemUnderThePointer)
 {
     HeaderHost header;
     header.Insert(0, L"a", 60);
@@ -204,7 +204,7 @@ TEST(Header, AClickIsToldOfTheItemUnderThePointer)
     EXPECT_EQ(header.Told(HDN_ITEMCLICKW), 1);
 }
 
-TEST(Header, AClickRightOfTheItemsIsToldOfNone)
+TEST(Header, AClickRightOfTheItemsIsNotNotified)
 {
     HeaderHost header;
     header.Insert(0, L"a", 60);

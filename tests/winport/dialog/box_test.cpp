@@ -256,7 +256,7 @@ TEST(SystemBox, DisablesItsOwner)
     EXPECT_EQ(GetActiveWindow(), owner.window);
 }
 
-TEST(SystemBox, EnablesItsOwnerBeforeItGoes)
+TEST(SystemBox, EnablesItsOwnerBeforeItIsDestroyed)
 {
     Owner owner;
     HWND shown = nullptr;
@@ -322,7 +322,7 @@ TEST(SystemBox, GivesTheFocusBack)
     EXPECT_EQ(GetActiveWindow(), owner.window);
 }
 
-TEST(SystemBox, MayStandBeforeAnother)
+TEST(SystemBox, MayBeInFrontOfAnother)
 {
     const Owner owner;
     int inner = 0;

@@ -27,7 +27,7 @@ DialogHost::Handler Initialize(const std::function<INT_PTR(HWND dialog, WPARAM w
 }
 } // namespace
 
-TEST(DialogBegin, ToldWhenEverythingIsThere)
+TEST(DialogBegin, IsAnnouncedWhenEverythingExists)
 {
     HWND first = nullptr;
     HWND last = nullptr;
@@ -43,7 +43,7 @@ TEST(DialogBegin, ToldWhenEverythingIsThere)
     EXPECT_EQ(parameter, reinterpret_cast<LPARAM>(&host));
 }
 
-TEST(DialogBegin, HasTheFontBeforeItIsTold)
+TEST(DialogBegin, HasTheFontBeforeWmInitDialog)
 {
     // Before WM_INITDIALOG the host has no window handle, so this test reads the font inside the handler.
     HFONT font = nullptr;
@@ -77,7 +77,7 @@ TEST(DialogBegin, TheHandlerChoosesTheFocus)
     EXPECT_EQ(host.Focus(), kPush);
 }
 
-TEST(DialogBegin, TheHandlersFocusIsLostIfItSaysTrue)
+TEST(DialogBegin, TheHandlersFocusIsLostIfItReturnsTrue)
 {
     const DialogHost host(Description(), Initialize([](HWND dialog, WPARAM, LPARAM) {
                               SetFocus(GetDlgItem(dialog, kPush));
@@ -87,14 +87,14 @@ TEST(DialogBegin, TheHandlersFocusIsLostIfItSaysTrue)
     EXPECT_EQ(host.Focus(), kEdit);
 }
 
-TEST(DialogBegin, TheFirstControlGetsTheFocusEvenIfTheHandlerChoosesNone)
+TEST(DialogBegin, TheFirstControlGetsTheFocusIfTheHandlerChoosesNone)
 {
     const DialogHost host(Description(), Initialize([](HWND, WPARAM, LPARAM) { return FALSE; }));
     host.Show();
     EXPECT_EQ(host.Focus(), kEdit);
 }
 
-TEST(DialogBegin, AControlThatTheHandlerHidOrDisabledIsPassedOver)
+TEST(DialogBegin, AControlThatTheHandlerHidOrDisabledIsSkipped)
 {
     for (const bool hide : {true, false})
     {

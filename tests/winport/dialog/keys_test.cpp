@@ -31,7 +31,7 @@ TEST_F(DialogKeys, TabSelectsTheTextOfAnEditField)
     EXPECT_EQ(end, 4u);
 }
 
-TEST_F(DialogKeys, TabGoesOnFromAControlThatIsNoStop)
+TEST_F(DialogKeys, TabContinuesFromAControlThatIsNoStop)
 {
     SetFocus(m_host.Item(kNoStop));
     m_host.Press(VK_TAB);
@@ -203,7 +203,7 @@ TEST_F(DialogKeys, TheDefaultLookFollowsTheFocusAmongPushButtons)
     EXPECT_EQ(Defaults(), Ids{IDOK});
 }
 
-TEST_F(DialogKeys, TheDefaultLookDoesNotFollowTheFocusThatAProgramGives)
+TEST_F(DialogKeys, TheDefaultLookDoesNotFollowAFocusSetByTheProgram)
 {
     SetFocus(m_host.Item(kSecondPush));
     EXPECT_EQ(Defaults(), Ids{IDOK});

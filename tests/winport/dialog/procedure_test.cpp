@@ -171,7 +171,7 @@ TEST_F(DialogProcedure, BringsTheFocusBackWhenItIsActiveAgain)
     DestroyWindow(other);
 }
 
-TEST_F(DialogProcedure, BringsTheFocusBackWhenADialogBeforeItGoes)
+TEST_F(DialogProcedure, RestoresTheFocusWhenADialogInFrontCloses)
 {
     SetFocus(m_host.Item(kOther));
     {
@@ -185,7 +185,7 @@ TEST_F(DialogProcedure, BringsTheFocusBackWhenADialogBeforeItGoes)
     EXPECT_EQ(m_host.Focus(), kOther);
 }
 
-TEST_F(DialogProcedure, GivesTheFocusToTheFirstControlIfTheOldOneIsGone)
+TEST_F(DialogProcedure, FocusesTheFirstControlIfTheOldOneIsDestroyed)
 {
     SetFocus(m_host.Item(kOther));
     const HWND other = OtherWindow();

@@ -48,14 +48,14 @@ TEST(Boxes, AreLeftByNothingButTheirButtonsWithoutCancel)
     EXPECT_EQ(Show(MB_YESNO, WM_CLOSE, 0), IDNO);
 }
 
-TEST(BoxesDeathTest, EndTheRunWithTheirTextWhenNobodyAnswers)
+TEST(BoxesDeathTest, EndTheRunWithTheirTextWithoutAnAnswer)
 {
     ::testing::GTEST_FLAG(death_test_style) = "threadsafe";
     EXPECT_DEATH(MessageBoxW(nullptr, L"What now?", L"Title", MB_OK),
                  "that nobody can send.*\n#32770 .*\"Title\"\n(.*\n)*.*Static .*\"What now\\?\"");
 }
 
-TEST(BoxesDeathTest, EndTheRunAtButtonsThatAreNotThere)
+TEST(BoxesDeathTest, EndTheRunAtUnsupportedButtons)
 {
     constexpr UINT kTryContinue = 6;
     EXPECT_DEATH(MessageBoxW(nullptr, L"Text", L"Title", kTryContinue), "no buttons of a message box 0x6");

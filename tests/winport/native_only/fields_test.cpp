@@ -20,12 +20,12 @@ HWND Make(const wchar_t* name, DWORD style)
 } // namespace
 
 // The windows belong to the thread of the death test.
-TEST(NativeOnly_Edit, AMessageThatIsNotThereEndsTheRun)
+TEST(NativeOnly_Edit, AnUnsupportedMessageEndsTheRun)
 {
     EXPECT_DEATH(ControlHost(WC_EDITW, 0).Send(kUndo), "winport has no message 0xc7 for this window:\nEdit");
 }
 
-TEST(NativeOnly_Edit, AStyleThatIsNotThereEndsTheRun)
+TEST(NativeOnly_Edit, AnUnsupportedStyleEndsTheRun)
 {
     EXPECT_DEATH(Make(WC_EDITW, kMultiline), "winport has no style 0x4");
 }
@@ -41,7 +41,7 @@ TEST(NativeOnly_Edit, TheKeysOfTheClipboardEndTheRun)
                  "winport has no clipboard key 0x2d");
 }
 
-TEST(NativeOnly_ComboBox, AMessageThatIsNotThereEndsTheRun)
+TEST(NativeOnly_ComboBox, AnUnsupportedMessageEndsTheRun)
 {
     EXPECT_DEATH(ComboHost(CBS_DROPDOWN).Send(kExtendedInterface),
                  "winport has no message 0x155 for this window:\nComboBox");
@@ -52,13 +52,13 @@ TEST(NativeOnly_ComboBox, AListThatIsAlwaysOpenEndsTheRun)
     EXPECT_DEATH(Make(WC_COMBOBOXW, CBS_SIMPLE), "winport has no style 0x1");
 }
 
-TEST(NativeOnly_DatePicker, AMessageThatIsNotThereEndsTheRun)
+TEST(NativeOnly_DatePicker, AnUnsupportedMessageEndsTheRun)
 {
     EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Send(kSetFormat),
                  "winport has no message 0x1032 for this window:\nSysDateTimePick32");
 }
 
-TEST(NativeOnly_DatePicker, AStyleThatIsNotThereEndsTheRun)
+TEST(NativeOnly_DatePicker, AnUnsupportedStyleEndsTheRun)
 {
     EXPECT_DEATH(Make(DATETIMEPICK_CLASSW, kShowNone), "winport has no style 0x2");
 }

@@ -49,24 +49,24 @@ void AskColumn(const ListViewHost& list, UINT mask)
 } // namespace
 
 // The windows belong to the thread of the death test.
-TEST(NativeOnly_ListView, AMessageThatIsNotThereEndsTheRun)
+TEST(NativeOnly_ListView, AnUnsupportedMessageEndsTheRun)
 {
     EXPECT_DEATH(ListViewHost().Send(kSetImageList),
                  "winport has no message 0x1003 for this window:\nSysListView32");
 }
 
-TEST(NativeOnly_ListView, AModeThatIsNotThereEndsTheRun)
+TEST(NativeOnly_ListView, AnUnsupportedModeEndsTheRun)
 {
     EXPECT_DEATH(ListViewHost{kListMode}, "winport has no list view mode 0x3");
 }
 
-TEST(NativeOnly_ListView, AnExtendedStyleThatIsNotThereEndsTheRun)
+TEST(NativeOnly_ListView, AnUnsupportedExtendedStyleEndsTheRun)
 {
     EXPECT_DEATH(ListViewHost().Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, kCheckBoxes),
                  "winport has no extended list view style 0x4");
 }
 
-TEST(NativeOnly_ListView, PartsOfAnItemThatAreNotThereEndTheRun)
+TEST(NativeOnly_ListView, UnsupportedPartsOfAnItemEndTheRun)
 {
     EXPECT_DEATH(InsertPart(ListViewHost(), kIndent), "winport has no part of a list view item 0x10");
     EXPECT_DEATH(InsertPart(ListViewHost(), LVIF_STATE, kChecked),
@@ -80,7 +80,7 @@ TEST(NativeOnly_ListView, SearchesByPlaceEndTheRun)
     EXPECT_DEATH(ListViewHost().Next(-1, kBelow), "winport has no list view search flag 0x200");
 }
 
-TEST(NativeOnly_ListView, RectanglesThatAreNotThereEndTheRun)
+TEST(NativeOnly_ListView, UnsupportedRectanglesEndTheRun)
 {
     EXPECT_DEATH(AskRect(ListViewHost(), kIcon), "winport has no part of a list view item 0x1");
     EXPECT_DEATH(AskRect(ListViewHost(LVS_ICON, 0), LVIR_BOUNDS),
@@ -100,13 +100,13 @@ TEST(NativeOnly_ListView, TypingEndsTheRun)
     EXPECT_DEATH(ListViewHost().Type(L"r"), "winport has no character 0x72");
 }
 
-TEST(NativeOnly_Header, AMessageThatIsNotThereEndsTheRun)
+TEST(NativeOnly_Header, AnUnsupportedMessageEndsTheRun)
 {
     EXPECT_DEATH(SendMessageW(ListViewHost().Header(), kHitTestHeader, 0, 0),
                  "winport has no message 0x1206 for this window:\nSysHeader32");
 }
 
-TEST(NativeOnly_Header, PartsOfAHeadingThatAreNotThereEndTheRun)
+TEST(NativeOnly_Header, UnsupportedPartsOfAHeadingEndTheRun)
 {
     EXPECT_DEATH(SetHeading(ListViewHost(), kHeadingOrder), "winport has no part of a heading 0x80");
     EXPECT_DEATH(SetHeading(ListViewHost(), HDI_FORMAT, kDrawnByOwner),

@@ -24,7 +24,7 @@ int OpenError(const std::wstring& path, DWORD access, DWORD disposition)
 }
 } // namespace
 
-TEST(WideCharToMultiByte, TakesNoStandInForUtf8)
+TEST(WideCharToMultiByte, TakesNoDefaultCharacterForUtf8)
 {
     char bytes[8];
     BOOL used = TRUE;
@@ -103,7 +103,7 @@ TEST(DeniedKey, NeedNotExist)
     RegCloseKey(key);
 }
 
-TEST(Creation, TellsThatTheModuleIsMissing)
+TEST(Creation, ReportsAMissingModule)
 {
     const CLSID clsid = UniqueGuid();
     HKEY key = nullptr;

@@ -38,7 +38,7 @@ LRESULT CALLBACK NoHook(int, WPARAM, LPARAM)
 }
 } // namespace
 
-TEST_F(NativeWindows, EndTheRunAtAStyleThatIsNotThere)
+TEST_F(NativeWindows, EndTheRunAtAnUnsupportedStyle)
 {
     constexpr DWORD kMaximized = 0x01000000;
     constexpr DWORD kLayered = 0x00080000;
@@ -57,7 +57,7 @@ TEST_F(NativeWindows, LeaveTheLowStyleBitsToTheirClass)
     EXPECT_NE(window, nullptr);
 }
 
-TEST_F(NativeWindows, EndTheRunAtWhatIsNotThere)
+TEST_F(NativeWindows, EndTheRunAtUnsupportedRequests)
 {
     constexpr int kKeyboardHook = 2;
     constexpr UINT kEnabledPopup = 6;
@@ -107,7 +107,7 @@ TEST_F(NativeWindows, EndTheRunAtAMessageToAnotherThread)
     EXPECT_DEATH(end(), "no end of a window of another thread");
 }
 
-TEST_F(NativeWindows, EndTheRunWhenNobodyCouldEverWakeIt)
+TEST_F(NativeWindows, EndTheRunIfNothingCouldEverWakeIt)
 {
     window = Make(kClass, WS_POPUP | WS_VISIBLE);
     Make(kClass, WS_CHILD | WS_DISABLED, 0, window);

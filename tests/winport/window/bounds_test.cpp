@@ -244,7 +244,7 @@ TEST_F(WindowBounds, TheGreatestSizeLimitsAMaximisedWindow)
     EXPECT_EQ(Line(), " ask changing ask changed move(0,19) size(2 492x373)");
 }
 
-TEST_F(WindowBounds, AMaximisedSizeThatChangesNothingIsToldAllTheSame)
+TEST_F(WindowBounds, AMaximisedWindowOfTheSameSizeIsSentItsSize)
 {
     const HWND window = MakeShown();
     limit = [](MINMAXINFO& bounds) {

@@ -22,7 +22,7 @@ protected:
 };
 } // namespace
 
-TEST_F(WindowFocus, NobodyIsActiveWithoutAWindow)
+TEST_F(WindowFocus, NoWindowIsActiveWithoutAWindow)
 {
     EXPECT_EQ(trace.Standing(), "active -, focus -");
     trace.Make(L"a", WS_POPUP);
@@ -46,7 +46,7 @@ TEST_F(WindowFocus, GoesFromOneChildToAnother)
     EXPECT_EQ(trace.Standing(), "active a, focus -");
 }
 
-TEST_F(WindowFocus, IsAlreadyThereWhenTheOldWindowHearsOfIt)
+TEST_F(WindowFocus, IsAlreadySetWhenTheOldWindowIsNotified)
 {
     const HWND window = trace.Make(L"a", kTop);
     const HWND child = trace.Make(L"c", kChild, window);
@@ -231,7 +231,7 @@ TEST_F(WindowFocus, StaysWithAnActiveWindowThatIsDisabled)
     EXPECT_EQ(trace.Standing(), "active a, focus -");
 }
 
-TEST_F(WindowFocus, ComesWithShowingUnlessTheCallSaysNo)
+TEST_F(WindowFocus, ComesWithShowingUnlessTheCallForbidsIt)
 {
     trace.Make(L"a", kTop);
     const HWND other = trace.Make(L"b", WS_POPUP);
@@ -294,7 +294,7 @@ TEST_F(WindowFocus, MayBePutElsewhereByTheWindowThatLosesIt)
     EXPECT_EQ(trace.Standing(), "active a, focus e");
 }
 
-TEST_F(WindowFocus, GoesNowhereIfTheWindowEndsWhenItIsActivated)
+TEST_F(WindowFocus, IsNotSetIfTheWindowIsDestroyedOnActivation)
 {
     trace.Make(L"n", kTop);
     const HWND first = trace.Make(L"a", kTop);
@@ -333,7 +333,7 @@ TEST_F(WindowFocus, ActivationMayBeTurnedAroundByTheWindowThatGetsIt)
                      "a WM_KILLFOCUS c", "c WM_SETFOCUS a"}));
 }
 
-TEST_F(WindowFocus, ActivationGoesOnWhateverTheWindowThatLosesItDoes)
+TEST_F(WindowFocus, ActivationProceedsWhateverTheOldWindowDoes)
 {
     const HWND third = trace.Make(L"c", kTop);
     const HWND second = trace.Make(L"b", kTop);

@@ -69,7 +69,7 @@ protected:
 };
 } // namespace
 
-TEST_F(WindowHooks, HearOfAWholeLife)
+TEST_F(WindowHooks, AreCalledForAWholeLife)
 {
     const HWND window = trace.Make(L"a", WS_POPUP | WS_VISIBLE);
     EXPECT_EQ(Heard(), (Lines{"create", "activate a instead of -", "focus a instead of -"}));
@@ -125,7 +125,7 @@ TEST_F(WindowHooks, RefuseTheFocus)
     EXPECT_EQ(trace.Standing(), "active a, focus a");
 }
 
-TEST_F(WindowHooks, StandOneBeforeTheOther)
+TEST_F(WindowHooks, AreCalledOneBeforeTheOther)
 {
     trace.Make(L"first", WS_POPUP);
     Heard();

@@ -24,7 +24,7 @@ TEST(WindowLife, BeginsWithCreationSizeAndPlace)
     EXPECT_EQ(trace.Take(), (Lines{"a WM_NCCREATE", "a WM_CREATE", "a WM_SIZE 294x175", "a WM_MOVE 13,42"}));
 }
 
-TEST(WindowLife, AWindowWithItsOwnCaptionHearsOfItsPlaceWhenItIsShown)
+TEST(WindowLife, AnOverlappedWindowReceivesItsPlaceWhenItIsShown)
 {
     WindowTrace trace;
     trace.only = kLife;
@@ -54,7 +54,7 @@ TEST(WindowLife, AVisibleWindowIsShownAtTheEnd)
                                    "a WM_ACTIVATE 1 -", "a WM_SETFOCUS -", "a WM_WINDOWPOSCHANGED"}));
 }
 
-TEST(WindowLife, AChildTellsItsParent)
+TEST(WindowLife, AChildNotifiesItsParent)
 {
     WindowTrace trace;
     const HWND outer = trace.Make(L"outer", WS_POPUP);
@@ -228,7 +228,7 @@ TEST(WindowLife, MayLoseAChildWhileItEnds)
                                    "c WM_NCDESTROY", "a WM_NCDESTROY"}));
 }
 
-TEST(WindowLife, MayBeEndedByItsParentThatHearsOfItsEnd)
+TEST(WindowLife, MayBeEndedByItsParentOnItsOwnEnd)
 {
     WindowTrace trace;
     const HWND window = trace.Make(L"a", WS_POPUP);

@@ -122,7 +122,7 @@ TEST_F(WindowPlace, ChildrenGoWithTheirParents)
     EXPECT_EQ(PlaceOf(inner), "133,182 300x200");
 }
 
-TEST_F(WindowPlace, MovesAndSizesAreTold)
+TEST_F(WindowPlace, MovesAndSizesAreSent)
 {
     const HWND parent = trace.Make(L"p", WS_POPUP | WS_CAPTION);
     const HWND child = trace.Make(L"c", WS_CHILD | WS_BORDER, parent);
@@ -169,7 +169,7 @@ TEST_F(WindowPlace, HasALeastSizeWithASizingFrame)
     EXPECT_EQ(smallest(WS_POPUP), "0,0 0x1");
 }
 
-TEST_F(WindowPlace, AFrameThatChangesIsTold)
+TEST_F(WindowPlace, AChangedFrameSendsASize)
 {
     const HWND window = trace.Make(L"a", WS_POPUP);
     SetWindowLongW(window, GWL_STYLE, static_cast<LONG>(WS_POPUP | WS_BORDER));
@@ -227,7 +227,7 @@ TEST_F(WindowPlace, HitTestKnowsTheInside)
     EXPECT_GT(SendMessageW(window, WM_NCHITTEST, 0, MAKELONG(100, 30)), kClient);
 }
 
-TEST_F(WindowPlace, ShowingAndHidingAreTold)
+TEST_F(WindowPlace, ShowingAndHidingAreSent)
 {
     const HWND parent = trace.Make(L"p", WS_POPUP);
     const HWND child = trace.Make(L"c", WS_CHILD | WS_VISIBLE, parent);

@@ -86,7 +86,7 @@ TEST_F(WindowTree, SiblingsAreInOrder)
     EXPECT_EQ(GetWindow(first, GW_CHILD), nullptr);
 }
 
-TEST_F(WindowTree, WindowsOfAThreadAreEnumeratedFromTheTopUntilOneIsEnough)
+TEST_F(WindowTree, WindowsOfAThreadAreEnumeratedFromTheTop)
 {
     const HWND outer = trace.Make(L"a", WS_POPUP);
     trace.Make(L"c", WS_CHILD, outer);

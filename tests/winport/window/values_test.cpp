@@ -191,7 +191,7 @@ TEST_F(WindowValues, IconsAreKept)
     EXPECT_EQ(SendMessageW(window, WM_SETICON, ICON_BIG, 0), big);
 }
 
-TEST_F(WindowValues, MessagesThatNobodyKnowsGiveNothing)
+TEST_F(WindowValues, UnknownMessagesReturnNothing)
 {
     const HWND window = trace.Make(L"a", WS_POPUP);
     EXPECT_EQ(SendMessageW(window, WM_USER + 77, 1, 2), 0);

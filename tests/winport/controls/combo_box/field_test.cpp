@@ -52,7 +52,7 @@ TEST_F(ComboBoxField, TheFieldGrowsWithTheBox)
     EXPECT_EQ(after.right - after.left, before.right - before.left + 50);
 }
 
-TEST_F(ComboBoxField, TypingTakesTheSelectionAwayAndTells)
+TEST_F(ComboBoxField, TypingClearsTheSelectionAndNotifies)
 {
     TakeFocus();
     m_box.Select(1);
@@ -65,7 +65,7 @@ TEST_F(ComboBoxField, TypingTakesTheSelectionAwayAndTells)
     EXPECT_EQ(m_box.Codes(), kTyped);
 }
 
-TEST_F(ComboBoxField, TheNewTextIsThereWhenTypingIsTold)
+TEST_F(ComboBoxField, TheNewTextIsSetWhenTypingIsNotified)
 {
     TakeFocus();
     m_box.Select(1);
@@ -107,7 +107,7 @@ TEST_F(ComboBoxField, ATextAssignedToTheFieldIsThatOfTheBox)
     EXPECT_EQ(m_box.Codes(), Codes{});
 }
 
-TEST_F(ComboBoxField, TheSelectionKeepsATextThatWasAssignedUntilItIsMade)
+TEST_F(ComboBoxField, AnAssignedTextStaysUntilASelectionIsMade)
 {
     m_box.Select(1);
     SetWindowTextW(m_box.Control(), L"free");

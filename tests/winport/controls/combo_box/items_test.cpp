@@ -164,7 +164,7 @@ TEST_P(ComboBoxItems, SelectByTextSelectsCopiesTheTextAndIsSilent)
     EXPECT_EQ(m_box.Codes(), Codes{});
 }
 
-TEST_P(ComboBoxItems, SelectByTextThatIsNotThereChangesNothing)
+TEST_P(ComboBoxItems, SelectingATextThatIsNotFoundChangesNothing)
 {
     m_box.Select(3);
     EXPECT_EQ(m_box.SelectText(-1, L"zeta"), CB_ERR);
@@ -234,7 +234,7 @@ TEST_P(ComboBoxItems, DeletingTheLastItemLeavesAFieldItsText)
     EXPECT_EQ(m_box.Text(), Editable() ? L"delta" : L"");
 }
 
-TEST_P(ComboBoxItems, DeletingWhatIsNotThereFails)
+TEST_P(ComboBoxItems, DeletingWhatDoesNotExistFails)
 {
     EXPECT_EQ(m_box.Delete(5), CB_ERR);
     EXPECT_EQ(m_box.Delete(-1), CB_ERR);
@@ -285,7 +285,7 @@ TEST_P(ComboBoxItems, ItemDataTravelsWithItsItem)
     EXPECT_EQ(m_box.Send(CB_GETITEMDATA, 0), value);
 }
 
-TEST_P(ComboBoxItems, AnIndexThatIsNotThereHasNeitherDataNorText)
+TEST_P(ComboBoxItems, AnIndexThatDoesNotExistHasNeitherDataNorText)
 {
     wchar_t text[20] = L"kept";
     EXPECT_EQ(m_box.Send(CB_GETITEMDATA, 5), CB_ERR);
@@ -296,7 +296,7 @@ TEST_P(ComboBoxItems, AnIndexThatIsNotThereHasNeitherDataNorText)
     EXPECT_STREQ(text, L"kept");
 }
 
-TEST_P(ComboBoxItems, AnItemTellsItsTextAndLength)
+TEST_P(ComboBoxItems, AnItemHasATextAndItsLength)
 {
     wchar_t text[20];
     EXPECT_EQ(m_box.Send(CB_GETLBTEXTLEN, 2), 6);

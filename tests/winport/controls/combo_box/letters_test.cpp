@@ -33,7 +33,7 @@ protected:
 };
 } // namespace
 
-TEST_F(ComboBoxLetters, ALetterPicksTheItemAndTellsBoth)
+TEST_F(ComboBoxLetters, ALetterPicksTheItemAndNotifiesTwice)
 {
     EXPECT_EQ(Typed(L'b'), 1);
     EXPECT_EQ(m_box.Text(), L"beta");
@@ -61,7 +61,7 @@ TEST_F(ComboBoxLetters, WithNothingSelectedTheFirstItemIsTheLastOneTried)
     EXPECT_EQ(Typed(L'a'), 0);
 }
 
-TEST_F(ComboBoxLetters, TheOnlyItemIsPickedAndToldAgain)
+TEST_F(ComboBoxLetters, TheOnlyItemIsPickedAndNotifiedAgain)
 {
     EXPECT_EQ(Typed(L'a'), 0);
     m_box.Codes();

@@ -57,7 +57,7 @@ TEST_P(ComboBoxList, TheHeightGivenIsThatOfTheOpenList)
     EXPECT_EQ(HeightOf(m_box.Control()), closed);
 }
 
-TEST_P(ComboBoxList, ShowingTellsOnceBeforeItOpens)
+TEST_P(ComboBoxList, ShowingNotifiesOnceBeforeItOpens)
 {
     std::vector<bool> open;
     m_box.onCommand = [&](int) {
@@ -102,7 +102,7 @@ TEST_P(ComboBoxList, TheListMayBeFilledWhenItIsAboutToOpen)
     EXPECT_EQ(m_box.Codes(), Codes{CBN_DROPDOWN});
 }
 
-TEST_P(ComboBoxList, AnArrowInTheClosedBoxPicksAndTellsBoth)
+TEST_P(ComboBoxList, AnArrowInTheClosedBoxPicksAndNotifiesTwice)
 {
     TakeFocus();
     m_box.Select(0);
@@ -115,7 +115,7 @@ TEST_P(ComboBoxList, AnArrowInTheClosedBoxPicksAndTellsBoth)
     EXPECT_EQ(m_box.Codes(), kPicked);
 }
 
-TEST_P(ComboBoxList, WhileAnArrowIsToldAFieldStillHasItsOldText)
+TEST_P(ComboBoxList, AFieldHasItsOldTextWhenAnArrowNotifies)
 {
     TakeFocus();
     m_box.Select(0);
@@ -174,7 +174,7 @@ TEST_P(ComboBoxList, AnArrowInAnEmptyBoxIsSilent)
     EXPECT_EQ(m_box.Codes(), Codes{});
 }
 
-TEST_P(ComboBoxList, AnArrowInTheOpenListTellsTheChangeOnly)
+TEST_P(ComboBoxList, AnArrowInTheOpenListNotifiesOfTheChangeOnly)
 {
     TakeFocus();
     m_box.Select(0);
@@ -270,7 +270,7 @@ TEST_P(ComboBoxList, OnlyAnOpenListKeepsEnterAndEscapeFromItsDialog)
     EXPECT_EQ(m_box.Send(WM_GETDLGCODE), DLGC_WANTCHARS | DLGC_WANTARROWS);
 }
 
-TEST_P(ComboBoxList, TheFocusIsToldOnce)
+TEST_P(ComboBoxList, TheFocusIsNotifiedOnce)
 {
     SetFocus(m_box.Control());
     EXPECT_EQ(GetFocus(), m_box.KeyWindow());

@@ -47,7 +47,7 @@ TEST_F(ComboBoxTyped, AnArrowGoesToTheItemThatBeginsWithTheText)
     }
 }
 
-TEST_F(ComboBoxTyped, TheNextArrowGoesOnFromThere)
+TEST_F(ComboBoxTyped, TheNextArrowContinuesFromThere)
 {
     TypeAll(L"ga");
     After(VK_DOWN);

@@ -29,7 +29,7 @@ TEST(ListViewColumns, AreInsertedWhereAsked)
     EXPECT_EQ(list.Headings(), L"a|b|c");
 }
 
-TEST(ListViewColumns, AnIndexPastTheEndIsAppendedAndTheRealIndexReturned)
+TEST(ListViewColumns, AnIndexPastTheEndAppendsAndReturnsTheRealIndex)
 {
     const ListViewHost list(LVS_REPORT, 0);
     EXPECT_EQ(list.InsertColumn(1, L"Component Name"), 0);
@@ -105,7 +105,7 @@ TEST(ListViewColumns, DeletingTheFirstLeavesTheTextsWhereTheyAre)
     EXPECT_EQ(list.TextOf(0, 1), L"one");
 }
 
-TEST(ListViewColumns, DeletingWhatIsNotThereFails)
+TEST(ListViewColumns, DeletingWhatDoesNotExistFails)
 {
     const ListViewHost list(LVS_REPORT, 1);
     EXPECT_FALSE(list.Send(LVM_DELETECOLUMN, 1));
@@ -113,7 +113,7 @@ TEST(ListViewColumns, DeletingWhatIsNotThereFails)
     EXPECT_EQ(list.ColumnCount(), 1);
 }
 
-TEST(ListViewColumns, KeepTheItemsWhenTheLastColumnGoes)
+TEST(ListViewColumns, KeepTheItemsWhenTheLastColumnIsDeleted)
 {
     ListViewHost list(LVS_REPORT, 1);
     list.Fill(2);
@@ -132,7 +132,7 @@ TEST(ListViewColumns, HaveTheWidthTheyWereGiven)
     EXPECT_EQ(ColumnOf(list, 0, LVCF_WIDTH).cx, 120);
 }
 
-TEST(ListViewColumns, AWidthOfWhatIsNotThereIsZero)
+TEST(ListViewColumns, AWidthOfWhatDoesNotExistIsZero)
 {
     const ListViewHost list(LVS_REPORT, 1);
     EXPECT_EQ(WidthOf(list, 1), 0);
@@ -182,7 +182,7 @@ TEST(ListViewColumns, TellTheNumberOfTheirSubItem)
     EXPECT_EQ(ColumnOf(list, 3, LVCF_SUBITEM).iSubItem, 5);
 }
 
-TEST(ListViewColumns, AskedForWhatIsNotThereFails)
+TEST(ListViewColumns, QueriesForMissingColumnsFail)
 {
     const ListViewHost list(LVS_REPORT, 1);
     EXPECT_EQ(ColumnOf(list, 0, LVCF_WIDTH).mask, LVCF_WIDTH);

@@ -14,7 +14,7 @@ TEST(ListViewItems, DeleteShiftsWhatFollows)
     EXPECT_EQ(list.ParamOf(1), 2);
 }
 
-TEST(ListViewItems, DeletingWhatIsNotThereFails)
+TEST(ListViewItems, DeletingWhatDoesNotExistFails)
 {
     ListViewHost list;
     EXPECT_FALSE(list.Send(LVM_DELETEITEM, 0));
@@ -25,7 +25,7 @@ TEST(ListViewItems, DeletingWhatIsNotThereFails)
     EXPECT_EQ(list.Trace(), "");
 }
 
-TEST(ListViewItems, DeleteTellsTheParentWhileTheItemIsStillThere)
+TEST(ListViewItems, DeleteNotifiesTheParentWhileTheItemIsStillThere)
 {
     ListViewHost list;
     list.Fill(2);
@@ -45,7 +45,7 @@ TEST(ListViewItems, DeleteTellsTheParentWhileTheItemIsStillThere)
     EXPECT_EQ(param, 1);
 }
 
-TEST(ListViewItems, DeletingAnItemLosesItsSelectionAndTellsSoBefore)
+TEST(ListViewItems, DeletingAnItemDeselectsItWithANotification)
 {
     ListViewHost list;
     list.Fill(3);
@@ -57,7 +57,7 @@ TEST(ListViewItems, DeletingAnItemLosesItsSelectionAndTellsSoBefore)
     EXPECT_EQ(list.Send(LVM_GETSELECTEDCOUNT), 0);
 }
 
-TEST(ListViewItems, TheSelectionOfOthersStaysWithThemWhenAnItemIsDeleted)
+TEST(ListViewItems, OtherItemsKeepTheirSelectionWhenOneIsDeleted)
 {
     ListViewHost list;
     list.Fill(4);
@@ -92,7 +92,7 @@ TEST(ListViewItems, TheFocusOfTheDeletedLastItemGoesToTheNewLast)
     EXPECT_EQ(list.Focused(), -1);
 }
 
-TEST(ListViewItems, DeleteAllTellsOfTheWholeAndThenOfEachFromTheLastOn)
+TEST(ListViewItems, DeleteAllNotifiesOnceAndThenForEachFromTheLast)
 {
     ListViewHost list;
     list.Fill(3);
@@ -101,7 +101,7 @@ TEST(ListViewItems, DeleteAllTellsOfTheWholeAndThenOfEachFromTheLastOn)
     EXPECT_EQ(list.Count(), 0);
 }
 
-TEST(ListViewItems, DeleteAllTellsOfNoSingleItemIfTheHandlerSaysSo)
+TEST(ListViewItems, DeleteAllNotifiesOnceIfTheHandlerReturnsTrue)
 {
     ListViewHost list;
     list.Fill(3);

@@ -271,7 +271,7 @@ TEST(ListViewEditors, AClickBesideTheRowsTakesTheFocusFirst)
     }
 }
 
-TEST(ListViewEditors, AClickBesideALabelTakesTheFocusFirstWithoutWholeRows)
+TEST(ListViewEditors, AClickBesideALabelTakesTheFocusFirst)
 {
     EditorHost list;
     SetFocus(MakeEditor(list));

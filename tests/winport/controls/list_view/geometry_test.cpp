@@ -85,7 +85,7 @@ TEST(ListViewGeometry, TheLabelIsInsideTheFirstColumn)
     EXPECT_EQ(list.ItemRect(0, LVIR_LABEL).right, 0);
 }
 
-TEST(ListViewGeometry, TheRectangleOfWhatIsNotThereIsRefused)
+TEST(ListViewGeometry, TheRectangleOfWhatDoesNotExistIsRefused)
 {
     ListViewHost list(LVS_REPORT, 2);
     list.Fill(2);
@@ -185,7 +185,7 @@ TEST(ListViewGeometry, EnsureVisibleOfWhatIsInSightDoesNotScroll)
     EXPECT_EQ(list.Top(), top);
 }
 
-TEST(ListViewGeometry, EnsureVisibleOfWhatIsNotThereFails)
+TEST(ListViewGeometry, EnsureVisibleOfWhatDoesNotExistFails)
 {
     ListViewHost list;
     EXPECT_FALSE(list.Send(LVM_ENSUREVISIBLE, 0, FALSE));

@@ -133,14 +133,14 @@ TEST(ListViewHeader, HasOneItemPerColumnWithTextAndWidth)
     EXPECT_EQ(list.ColumnCount(), 1);
 }
 
-TEST(ListViewHeader, AClickOnAHeadingIsToldAsColumnClickAndAsTheHeaders)
+TEST(ListViewHeader, AClickOnAHeadingNotifiesForTheListAndTheHeader)
 {
     ListViewHost list(LVS_REPORT, 3);
     ClickHeading(list, 1);
     EXPECT_EQ(list.Trace(), "column(1) hdrclick(1)");
 }
 
-TEST(ListViewHeader, TheClickComesFromTheHeaderTheColumnClickFromTheList)
+TEST(ListViewHeader, TheClickIsTheHeadersAndTheColumnClickTheLists)
 {
     ListViewHost list(LVS_REPORT, 3);
     int seen = 0;
@@ -164,7 +164,7 @@ TEST(ListViewHeader, TheClickComesFromTheHeaderTheColumnClickFromTheList)
     EXPECT_EQ(seen, 2);
 }
 
-TEST(ListViewHeader, AClickTellsTheLeftButton)
+TEST(ListViewHeader, AClickNotifiesOfTheLeftButton)
 {
     ListViewHost list(LVS_REPORT, 2);
     int button = -1;
@@ -195,7 +195,7 @@ TEST(ListViewHeader, AHeadingThatIsReleasedElsewhereIsNotClicked)
     EXPECT_EQ(list.Trace().find("hdrclick"), std::string::npos);
 }
 
-TEST(ListViewHeader, AWidthSetInTheListIsToldByTheHeader)
+TEST(ListViewHeader, AWidthSetInTheListIsNotifiedByTheHeader)
 {
     SpiedHost list;
     list.Send(LVM_SETCOLUMNWIDTH, 1, 55);
@@ -240,14 +240,14 @@ TEST(ListViewHeader, ADividerIsPulledNoFurtherThanAllowed)
     EXPECT_EQ(WidthOf(list, 1), 80);
 }
 
-TEST(ListViewHeader, AChangeOfTheFormatIsToldToo)
+TEST(ListViewHeader, AChangeOfTheFormatIsNotifiedToo)
 {
     SpiedHost list;
     SetFormat(list, 1, HDF_STRING | HDF_SORTUP);
     EXPECT_EQ(list.Told(), "changing(1,-) changed(1,-) ");
 }
 
-TEST(ListViewHeader, TheListHandsWidthChangesOnToItsParentWhoMayRefuseThem)
+TEST(ListViewHeader, TheParentIsNotifiedOfWidthChangesAndMayRefuseThem)
 {
     if (RunsOnWine())
         GTEST_SKIP() << "here a list keeps the changes of its header to itself";

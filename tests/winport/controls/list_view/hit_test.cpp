@@ -71,7 +71,7 @@ TEST(ListViewHit, OutsideOfTheListIsNoRow)
     EXPECT_EQ(list.SubItemHit(point.x, client.bottom + 5).iItem, -1);
 }
 
-TEST(ListViewHit, TheSubItemHitTellsTheColumnInEitherCase)
+TEST(ListViewHit, TheSubItemHitReturnsTheColumnInEitherCase)
 {
     ListViewHost list(LVS_REPORT, 3);
     list.Fill(2);

@@ -64,7 +64,7 @@ TEST(ListViewItems, InsertOfASubItemFails)
     EXPECT_EQ(list.Count(), 0);
 }
 
-TEST(ListViewItems, InsertTellsTheParentOnceTheItemIsThere)
+TEST(ListViewItems, InsertNotifiesTheParentOnceTheItemIsThere)
 {
     ListViewHost list;
     list.Insert(0, L"a");
@@ -135,7 +135,7 @@ TEST(ListViewItems, AListSortedDescendingInsertsTheGreaterFirst)
     EXPECT_EQ(list.Texts(), L"c|b|a");
 }
 
-TEST(ListViewItems, ASubItemTextNobodySetReadsEmpty)
+TEST(ListViewItems, AnUnsetSubItemTextReadsEmpty)
 {
     const ListViewHost list(LVS_REPORT, 3);
     list.Insert(0, L"a");
@@ -164,7 +164,7 @@ TEST(ListViewItems, ASubItemTextBeyondTheColumnsIsNotStored)
     EXPECT_EQ(list.TextOf(0, 2), L"");
 }
 
-TEST(ListViewItems, ATextOfAnItemThatIsNotThereIsRefused)
+TEST(ListViewItems, ATextOfAnItemThatDoesNotExistIsRefused)
 {
     const ListViewHost list;
     list.Insert(0, L"a");
@@ -174,7 +174,7 @@ TEST(ListViewItems, ATextOfAnItemThatIsNotThereIsRefused)
     EXPECT_EQ(list.Texts(), L"a");
 }
 
-TEST(ListViewItems, TextsAreCutToTheBufferAndTheLengthIsOfWhatWasCopied)
+TEST(ListViewItems, TextsAreCutToTheBufferAndTheCopiedLengthReturned)
 {
     const ListViewHost list;
     list.Insert(0, L"abcdef");
@@ -186,7 +186,7 @@ TEST(ListViewItems, TextsAreCutToTheBufferAndTheLengthIsOfWhatWasCopied)
     EXPECT_STREQ(text, L"abc");
 }
 
-TEST(ListViewItems, ATextOfTenThousandCharactersIsGivenBackWhole)
+TEST(ListViewItems, ATextOfTenThousandCharactersIsReadBackWhole)
 {
     const ListViewHost list(LVS_REPORT, 2);
     const std::wstring longText(10000, L'x');
@@ -211,7 +211,7 @@ TEST(ListViewItems, GetItemGivesTextParameterAndStateTogether)
     EXPECT_EQ(item.state, LVIS_SELECTED);
 }
 
-TEST(ListViewItems, GetItemOfASubItemGivesItsTextAndTheItemsParameter)
+TEST(ListViewItems, ASubItemHasItsTextAndTheItemsParameter)
 {
     const ListViewHost list(LVS_REPORT, 2);
     list.Insert(0, L"a", 7);
@@ -225,7 +225,7 @@ TEST(ListViewItems, GetItemOfASubItemGivesItsTextAndTheItemsParameter)
     EXPECT_EQ(item.lParam, 7);
 }
 
-TEST(ListViewItems, GetItemOfAnItemThatIsNotThereFails)
+TEST(ListViewItems, GetItemOfAnItemThatDoesNotExistFails)
 {
     const ListViewHost list;
     LVITEMW item = ItemOf(LVIF_PARAM, 0, 0);
@@ -250,7 +250,7 @@ TEST(ListViewItems, SetItemChangesTextAndParameter)
     EXPECT_EQ(list.ParamOf(0), 2);
 }
 
-TEST(ListViewItems, TheParameterIsTheItemsAndCannotBeSetThroughASubItem)
+TEST(ListViewItems, TheParameterCannotBeSetThroughASubItem)
 {
     const ListViewHost list(LVS_REPORT, 2);
     list.Insert(0, L"a", 1);
@@ -266,7 +266,7 @@ TEST(ListViewItems, TheParameterIsTheItemsAndCannotBeSetThroughASubItem)
     EXPECT_EQ(list.TextOf(0, 1), L"");
 }
 
-TEST(ListViewItems, ANewTextIsToldAsAChange)
+TEST(ListViewItems, ANewTextIsNotifiedAsAChange)
 {
     ListViewHost list;
     list.Fill(2);
@@ -326,7 +326,7 @@ TEST(ListViewItems, ManyItemsInNoOrderAreSortedAsTheyCome)
         ASSERT_EQ(list.ParamOf(i), i);
 }
 
-TEST(ListViewItems, ASortedListWhoseTextsWereChangedStillInsertsBeforeTheFirstThatIsNotLess)
+TEST(ListViewItems, ASortedListWithChangedTextsInsertsBeforeTheNotLess)
 {
     const ListViewHost list(LVS_REPORT | LVS_SORTASCENDING);
     for (const wchar_t* text : {L"a", L"b", L"c", L"d"})

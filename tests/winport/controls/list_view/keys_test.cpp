@@ -27,7 +27,7 @@ TEST(ListViewKeys, ArrowsStopAtTheEnds)
     EXPECT_EQ(list.Selected(), "0");
 }
 
-TEST(ListViewKeys, TheFirstArrowInAListWithoutFocusedItemTakesTheFirst)
+TEST(ListViewKeys, AnArrowInAListWithoutFocusedItemTakesTheFirst)
 {
     FilledHost list(3);
     list.SetState(-1, 0);
@@ -48,7 +48,7 @@ TEST(ListViewKeys, HomeAndEndGoToTheEnds)
     EXPECT_EQ(list.Top(), 0);
 }
 
-TEST(ListViewKeys, PageDownGoesToTheLastRowInSightAndThenAPageFurther)
+TEST(ListViewKeys, PageDownGoesToTheLastVisibleRowThenAPageFurther)
 {
     FilledHost list(60);
     list.SelectAndFocus(0);
@@ -163,7 +163,7 @@ TEST(ListViewKeys, ControlAndSpaceToggleTheFocusedRow)
     EXPECT_EQ(list.Selected(), "0");
 }
 
-TEST(ListViewKeys, ReturnIsTold)
+TEST(ListViewKeys, ReturnIsNotified)
 {
     FilledHost list(1);
     list.SelectAndFocus(0);
@@ -175,7 +175,7 @@ TEST(ListViewKeys, ReturnIsTold)
     EXPECT_EQ(codes[1], static_cast<int>(NM_RETURN));
 }
 
-TEST(ListViewKeys, EveryKeyIsTold)
+TEST(ListViewKeys, EveryKeyIsNotified)
 {
     FilledHost list(2);
     list.SelectAndFocus(0);
@@ -184,7 +184,7 @@ TEST(ListViewKeys, EveryKeyIsTold)
     EXPECT_EQ(list.Trace(), "key(46) key(113)");
 }
 
-TEST(ListViewKeys, AnEmptyListTellsOfKeysAndDoesNothing)
+TEST(ListViewKeys, AnEmptyListOnlyNotifiesOfKeys)
 {
     FilledHost list(0);
     list.Send(WM_KEYDOWN, VK_DOWN, 1);
@@ -212,7 +212,7 @@ TEST(ListViewKeys, TheListMayBeDestroyedByTheHandlerOfAKey)
     EXPECT_FALSE(IsWindow(list.Control()));
 }
 
-TEST(ListViewFocus, IsToldWhenItComesAndGoes)
+TEST(ListViewFocus, IsNotifiedWhenItIsSetAndLost)
 {
     ListViewHost list;
     list.Fill(2);

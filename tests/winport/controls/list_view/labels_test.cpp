@@ -102,7 +102,7 @@ TEST(ListViewLabels, TheItemIsSelectedAndFocused)
     EXPECT_EQ(list.Focused(), 2);
 }
 
-TEST(ListViewLabels, BeginningIsToldWithItemTextAndParameter)
+TEST(ListViewLabels, TheBeginningIsNotifiedWithTextAndParameter)
 {
     LabelHost list;
     std::wstring text;
@@ -134,7 +134,7 @@ TEST(ListViewLabels, BeginningAnsweredTrueIsRefused)
     EXPECT_EQ(list.End(), "");
 }
 
-TEST(ListViewLabels, TheEditFieldIsThereWhileTheParentIsAskedAndMayBeChanged)
+TEST(ListViewLabels, TheEditFieldExistsWhenTheParentIsAsked)
 {
     LabelHost list;
     list.answer = [&](NMHDR& header) -> LRESULT {
@@ -198,7 +198,7 @@ TEST(ListViewLabels, LosingTheFocusSendsTheText)
     EXPECT_EQ(GetFocus(), list.Window());
 }
 
-TEST(ListViewLabels, TheEndIsToldOnce)
+TEST(ListViewLabels, TheEndIsNotifiedOnce)
 {
     LabelHost list;
     int ends = 0;
@@ -252,7 +252,7 @@ TEST(ListViewLabels, TheHandlerMayDeleteTheItemAtTheEnd)
     EXPECT_EQ(list.Edit(), nullptr);
 }
 
-TEST(ListViewLabels, AnItemThatIsNotThereIsNotEdited)
+TEST(ListViewLabels, AnItemThatDoesNotExistIsNotEdited)
 {
     LabelHost list;
     EXPECT_EQ(list.Begin(3), nullptr);
@@ -302,7 +302,7 @@ TEST(ListViewLabels, TheEditFieldTakesAllKeysFromADialog)
     EXPECT_NE(wanted & DLGC_WANTARROWS, 0);
 }
 
-TEST(ListViewLabels, TheListTellsThatTheFocusWentToTheEditFieldAndCameBack)
+TEST(ListViewLabels, TheListNotifiesOfTheEditFieldsFocus)
 {
     LabelHost list;
     list.SetState(1, LVIS_SELECTED | LVIS_FOCUSED);

@@ -12,7 +12,7 @@ TEST(ListViewMouse, AClickSelectsAndFocusesTheRowAlone)
     EXPECT_EQ(list.Focused(), 2);
 }
 
-TEST(ListViewMouse, TheButtonSelectsWhenItGoesDownAndClicksWhenItComesUp)
+TEST(ListViewMouse, TheButtonSelectsOnPressAndClicksOnRelease)
 {
     FilledHost list(3, LVS_REPORT | LVS_SINGLESEL);
     list.SelectAndFocus(0);
@@ -65,7 +65,7 @@ TEST(ListViewMouse, AClickOnNothingEndsTheSelection)
     EXPECT_EQ(list.Trace(), "changing(1:3>1) changed(1:3>1) click(-1,0)");
 }
 
-TEST(ListViewMouse, OneOfSeveralSelectedRowsStaysAloneWhenTheButtonComesUp)
+TEST(ListViewMouse, OneOfSeveralSelectedRowsStaysAloneOnButtonUp)
 {
     FilledHost list(3);
     list.SetState(-1, LVIS_SELECTED, LVIS_SELECTED);
@@ -97,7 +97,7 @@ TEST(ListViewMouse, ControlOnNothingKeepsTheSelection)
     EXPECT_EQ(list.Selected(), "1");
 }
 
-TEST(ListViewMouse, AClickBesideTheLabelTellsRowAndColumnAndSelectsNothing)
+TEST(ListViewMouse, AClickBesideTheLabelNotifiesButSelectsNothing)
 {
     FilledHost list(3, LVS_REPORT, 3);
     list.SelectAndFocus(0);
@@ -124,7 +124,7 @@ TEST(ListViewMouse, AClickOnASubItemSelectsOnlyWithFullRows)
     EXPECT_EQ(list.Selected(), "1");
 }
 
-TEST(ListViewMouse, AClickTellsRowAndColumn)
+TEST(ListViewMouse, AClickNotifiesOfRowAndColumn)
 {
     FilledHost list(3, LVS_REPORT, 3);
     list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
@@ -142,7 +142,7 @@ TEST(ListViewMouse, AClickTellsRowAndColumn)
     EXPECT_EQ(point.y, middle.y);
 }
 
-TEST(ListViewMouse, ADoubleClickTellsRowAndColumn)
+TEST(ListViewMouse, ADoubleClickNotifiesOfRowAndColumn)
 {
     FilledHost list(3, LVS_REPORT, 3);
     list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);

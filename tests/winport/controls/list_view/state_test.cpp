@@ -39,7 +39,7 @@ TEST(ListViewState, IndexMinusOneSelectsAll)
     EXPECT_EQ(list.Selected(), "");
 }
 
-TEST(ListViewState, IndexMinusOneTellsOfEveryItemThatChanges)
+TEST(ListViewState, IndexMinusOneNotifiesForEveryChangedItem)
 {
     ListViewHost list;
     list.Fill(3);
@@ -59,7 +59,7 @@ TEST(ListViewState, ASelectedItemLeavesTheOthersSelected)
     EXPECT_EQ(list.Send(LVM_GETSELECTEDCOUNT), 2);
 }
 
-TEST(ListViewState, InASingleSelectionListANewSelectionEndsTheOldWithinItsOwnChange)
+TEST(ListViewState, ASingleSelectionEndsTheOldOneWithinItsChange)
 {
     ListViewHost list(LVS_REPORT | LVS_SINGLESEL);
     list.Fill(3);
@@ -101,7 +101,7 @@ TEST(ListViewState, TheFocusCanBeTakenAway)
     EXPECT_EQ(list.Focused(), -1);
 }
 
-TEST(ListViewState, AChangeIsToldBeforeAndAfter)
+TEST(ListViewState, AChangeIsNotifiedBeforeAndAfter)
 {
     ListViewHost list;
     list.Fill(2);
@@ -157,7 +157,7 @@ TEST(ListViewState, AChangeAnsweredTrueIsRefused)
     EXPECT_EQ(list.Send(LVM_GETSELECTEDCOUNT), 0);
 }
 
-TEST(ListViewState, WhatIsAlreadySoIsNotTold)
+TEST(ListViewState, AnUnchangedStateIsNotNotified)
 {
     ListViewHost list;
     list.Fill(2);
@@ -167,7 +167,7 @@ TEST(ListViewState, WhatIsAlreadySoIsNotTold)
     EXPECT_EQ(list.Trace(), "");
 }
 
-TEST(ListViewState, AMovedFocusIsToldOfTheOldItemWithinTheChangeOfTheNew)
+TEST(ListViewState, TheOldItemsFocusChangesWithinTheNewItemsChange)
 {
     ListViewHost list;
     list.Fill(2);
@@ -188,7 +188,7 @@ TEST(ListViewState, InASingleSelectionListNotAllCanBeSelected)
     EXPECT_EQ(list.Selected(), "");
 }
 
-TEST(ListViewState, SelectionAndFocusOfASingleSelectionListMoveOneAfterTheOther)
+TEST(ListViewState, ASingleSelectionMovesSelectionThenFocus)
 {
     ListViewHost list(LVS_REPORT | LVS_SINGLESEL);
     list.Fill(2);
@@ -199,7 +199,7 @@ TEST(ListViewState, SelectionAndFocusOfASingleSelectionListMoveOneAfterTheOther)
                             "changed(1:0>3)");
 }
 
-TEST(ListViewState, OfAnItemThatIsNotThere)
+TEST(ListViewState, OfAnItemThatDoesNotExist)
 {
     ListViewHost list;
     list.Fill(2);
