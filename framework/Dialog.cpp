@@ -217,6 +217,11 @@ void CDialog::EnableItem(int id, bool enable) const noexcept
         ::EnableWindow(item, enable);
 }
 
+bool CDialog::IsItemChecked(int id) const noexcept
+{
+    return SendDlgItemMessageW(m_hWnd, id, BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
 CRect CDialog::ItemRect(int id) const noexcept
 {
     CRect rect;

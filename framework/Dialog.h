@@ -61,6 +61,9 @@ protected:
     void ShowItem(int id, bool show) const noexcept;
     void EnableItem(int id, bool enable) const noexcept;
 
+    /// Whether the check box or radio button `id` is checked; false if there is no such control.
+    bool IsItemChecked(int id) const noexcept;
+
     /// In client coordinates of the dialog; empty if there is no such control.
     CRect ItemRect(int id) const noexcept;
 

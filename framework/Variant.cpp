@@ -32,6 +32,18 @@ HRESULT CopyResolved(const VARIANT& source, Variant& copy) noexcept
     return RefersToNothing(source) ? S_OK : VariantCopyInd(target, const_cast<VARIANT*>(&source));
 }
 
+bool CopyConverted(const VARIANT& source, VARTYPE type, Variant& copy)
+{
+    Variant resolved;
+    HRESULT status = CopyResolved(source, resolved);
+    VARIANT* const target = copy.put();
+    if (status >= 0)
+        status = VariantChangeType(target, const_cast<VARIANT*>(&resolved.get()), 0, type);
+    if (status == E_OUTOFMEMORY)
+        ThrowOutOfMemory();
+    return status >= 0;
+}
+
 void ReplaceReference(Variant& value)
 {
     Variant resolved;

@@ -30,6 +30,15 @@ public:
     /// A VT_BSTR with a copy of `text`. Throws ComException(E_OUTOFMEMORY).
     static Variant OfText(std::wstring_view text);
 
+    /// A VT_I4.
+    static Variant OfNumber(LONG number) noexcept
+    {
+        Variant made;
+        made.m_value.vt = VT_I4;
+        made.m_value.lVal = number;
+        return made;
+    }
+
     /// A VT_UNKNOWN that takes over the reference of `object`, which may be null.
     template <class T>
     static Variant OfObject(ComPtr<T>&& object) noexcept
@@ -84,6 +93,10 @@ private:
 /// Writes a copy of `source` to `copy`, with VT_BYREF resolved. A null address reads as no value: `copy` is
 /// empty and the status S_OK. Returns the status of VariantCopyInd, and `copy` is empty if that failed.
 HRESULT CopyResolved(const VARIANT& source, Variant& copy) noexcept;
+
+/// Writes a copy of `source`, converted to `type` with VT_BYREF resolved, to `copy`. Returns false, with
+/// `copy` empty, if it cannot be converted. Throws ComException(E_OUTOFMEMORY).
+bool CopyConverted(const VARIANT& source, VARTYPE type, Variant& copy);
 
 /// The rest of ResolveReference, for a VT_BYREF.
 void ReplaceReference(Variant& value);

@@ -74,8 +74,9 @@ inline constexpr FixedText kTypeScriptAction = L"scriptaction";
 inline constexpr FixedText kTypeScriptCommand = L"scriptcommand";
 inline constexpr FixedText kTypeCompBase = L"orvocompbase";
 inline constexpr FixedText kTypeDefaultImpl = L"dodefaultimpl";
-inline constexpr FixedText kClassRelationship = L"XDORelationship"; ///< for IsDerivedFromClass
-inline constexpr FixedText kClassScriptAction = L"XDOScriptAction"; ///< class name and type name
+inline constexpr FixedText kClassRelationship = L"XDORelationship";   ///< for IsDerivedFromClass
+inline constexpr FixedText kClassScriptAction = L"XDOScriptAction";   ///< class name and type name
+inline constexpr FixedText kClassScriptCommand = L"XDOScriptCommand"; ///< type name
 
 // Keys of IQPConfigObject::Get.
 

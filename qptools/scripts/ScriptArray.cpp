@@ -2,8 +2,6 @@
 
 #include "FixedText.h"
 
-#include <utility>
-
 namespace qptools
 {
 namespace
@@ -16,12 +14,6 @@ SAFEARRAY* CreateArray(ULONG rows, ULONG columns) noexcept
 } // namespace
 
 ScriptArray::ScriptArray(ULONG rows, ULONG columns) noexcept : m_array(CreateArray(rows, columns)) {}
-
-ScriptArray::~ScriptArray()
-{
-    if (m_array)
-        SafeArrayDestroy(m_array);
-}
 
 HRESULT ScriptArray::PutText(LONG row, LONG column, BSTR text) noexcept
 {
@@ -43,7 +35,7 @@ HRESULT ScriptArray::PutObject(LONG row, LONG column, IUnknown* object) noexcept
 HRESULT ScriptArray::Put(LONG row, LONG column, VARIANT& value) noexcept
 {
     LONG cell[] = {row, column};
-    return SafeArrayPutElement(m_array, cell, &value);
+    return SafeArrayPutElement(m_array.get(), cell, &value);
 }
 
 void ScriptArray::MoveTo(VARIANT* target) noexcept
@@ -52,6 +44,6 @@ void ScriptArray::MoveTo(VARIANT* target) noexcept
         return;
     VariantClear(target);
     target->vt = VT_ARRAY | VT_VARIANT;
-    target->parray = std::exchange(m_array, nullptr);
+    target->parray = m_array.detach();
 }
 } // namespace qptools

@@ -1,6 +1,8 @@
 // The two-dimensional array of variants that the script service returns.
 #pragma once
 
+#include "SafeArray.h"
+
 #include <windows.h>
 
 #include <oleauto.h>
@@ -13,12 +15,9 @@ class ScriptArray
 public:
     /// Creates the array with empty cells. Check IsCreated afterwards.
     ScriptArray(ULONG rows, ULONG columns) noexcept;
-    ~ScriptArray();
-    ScriptArray(const ScriptArray&) = delete;
-    ScriptArray& operator=(const ScriptArray&) = delete;
 
     /// Returns false if the array could not be created.
-    bool IsCreated() const noexcept { return m_array != nullptr; }
+    bool IsCreated() const noexcept { return static_cast<bool>(m_array); }
 
     // Put a copy of a text, of which null is empty, or a reference to an object into a cell. Return the
     // status of SafeArrayPutElement.
@@ -34,6 +33,6 @@ public:
 private:
     HRESULT Put(LONG row, LONG column, VARIANT& value) noexcept;
 
-    SAFEARRAY* m_array;
+    SafeArray m_array;
 };
 } // namespace qptools

@@ -4,16 +4,37 @@
 #include "XScriptActionFinder.h"
 #include "XScriptCommandFinder.h"
 
+#include "XDlgScriptAction.h"
+#include "XDlgScriptCommand.h"
+
+#include "HostConstants.h"
+
 #include "InModule.h"
 
 namespace qptools
 {
-HRESULT XScriptActionAndCommandManager::ShowScriptActionOrCommandDlg(
-    IQPFObjectManager* /*pObjectManager*/, IQPConfigFactory* /*pCF*/, IQP_Query* /*pQuery*/,
-    IQP_BaseDataObject* /*pProject*/, IQP_BaseDataObject* /*pPTS*/, IQP_BaseDataObject* /*pScriptAction*/,
-    BSTR /*bstrTypename*/)
+namespace
 {
-    return InModule(*this, [] { return E_NOTIMPL; });
+/// Tells only by which button the dialog ended: a write that failed is not reported.
+HRESULT Show(CDialog&& dialog)
+{
+    return dialog.DoModal() == IDOK ? S_OK : S_FALSE;
+}
+} // namespace
+
+HRESULT XScriptActionAndCommandManager::ShowScriptActionOrCommandDlg(
+    IQPFObjectManager* pObjectManager, IQPConfigFactory* pCF, IQP_Query* pQuery, IQP_BaseDataObject* pProject,
+    IQP_BaseDataObject* pPTS, IQP_BaseDataObject* pScriptAction, BSTR bstrTypename)
+{
+    return InModule(*this, [&]() -> HRESULT {
+        const std::wstring_view type(bstrTypename, SysStringLen(bstrTypename));
+        if (type == kClassScriptAction.View())
+            return Show(XDlgScriptAction(pCF, pQuery, pProject, pPTS, pScriptAction, nullptr));
+        if (type == kClassScriptCommand.View())
+            return Show(
+                XDlgScriptCommand(pObjectManager, pCF, pQuery, pProject, pPTS, pScriptAction, nullptr));
+        return E_INVALIDARG;
+    });
 }
 
 // The two methods that search enter the UI state inside the search alone: the rest runs in the host's, on

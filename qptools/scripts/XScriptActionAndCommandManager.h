@@ -11,15 +11,23 @@
 namespace qptools
 {
 /// Returns arrays that a caller can walk without knowing the data model: the commands to offer for a context
-/// and the scripts to run for an action. It runs neither.
+/// and the scripts to run for an action. It runs neither. It also shows the property dialogs of both.
 ///
-/// The status of both methods is that of the last step only: once a row was filled, it does not tell that the
-/// walk ended early. Callers read the rows.
+/// The status of the two methods that return arrays is that of the last step only: once a row was filled, it
+/// does not tell that the walk ended early. Callers read the rows.
 class XScriptActionAndCommandManager final
     : public ComObject<XScriptActionAndCommandManager, DispatchTail<IScriptActionAndCommandManager>>
 {
 public:
-    /// Not implemented: returns E_NOTIMPL. It will open the property dialog of a script action or command.
+    /// Shows the property dialog of a script action (`bstrTypename` "XDOScriptAction") or of a script command
+    /// ("XDOScriptCommand") and returns when it is closed. `pScriptAction` is the object to edit in either
+    /// case, `pPTS` the plan type set; only the command needs `pObjectManager`, and `pProject` may be null.
+    /// If another argument is null, the dialog opens with empty controls and writes nothing. The object is
+    /// not saved.
+    ///
+    /// Returns S_OK if the dialog ended with OK, also if the host then refused the attributes; S_FALSE if it
+    /// ended without OK; E_INVALIDARG, without a dialog, for any other type name: it is compared exactly.
+    /// E_OUTOFMEMORY on out of memory.
     HRESULT STDMETHODCALLTYPE ShowScriptActionOrCommandDlg(IQPFObjectManager* pObjectManager,
                                                            IQPConfigFactory* pCF, IQP_Query* pQuery,
                                                            IQP_BaseDataObject* pProject,
