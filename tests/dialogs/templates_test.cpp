@@ -14,6 +14,12 @@ constexpr DWORD kChild = WS_CHILD | WS_VISIBLE;
 constexpr DWORD kDefaultButton = kChild | WS_TABSTOP | BS_DEFPUSHBUTTON;
 constexpr DWORD kButton = kChild | WS_TABSTOP | BS_PUSHBUTTON;
 constexpr DWORD kFrame = kChild | BS_GROUPBOX;
+constexpr DWORD kLabel = kChild | WS_GROUP | SS_LEFT;
+constexpr DWORD kEdit = kChild | WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL;
+constexpr DWORD kDropList = kChild | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWNLIST | CBS_SORT;
+constexpr DWORD kCheck = kChild | WS_TABSTOP | BS_AUTOCHECKBOX;
+constexpr DWORD kRadio = kChild | BS_AUTORADIOBUTTON;
+constexpr DWORD kFirstRadio = kRadio | WS_GROUP | WS_TABSTOP;
 
 class Templates : public testing::Test
 {
@@ -28,14 +34,15 @@ protected:
     ModuleUnderTest module;
 };
 
-void ExpectFrame(const DialogResource& dialog, const wchar_t* title, short width, short height)
+void ExpectFrame(const DialogResource& dialog, const wchar_t* title, short width, short height,
+                 const wchar_t* font = L"MS Shell Dlg")
 {
     EXPECT_EQ(dialog.title, title);
     EXPECT_EQ(dialog.width, width);
     EXPECT_EQ(dialog.height, height);
     EXPECT_EQ(dialog.style, kDialogStyle);
     EXPECT_EQ(dialog.exStyle, 0u);
-    EXPECT_EQ(dialog.font, L"MS Shell Dlg");
+    EXPECT_EQ(dialog.font, font);
     EXPECT_EQ(dialog.pointSize, 8);
 }
 
@@ -68,4 +75,71 @@ TEST_F(Templates, ChoiceAmongGivenObjects)
     EXPECT_EQ(dialog.controls, (Controls{{L"button", 1, L"OK", 268, 7, 50, 14, kDefaultButton},
                                          {L"button", 2, L"Cancel", 268, 24, 50, 14, kButton},
                                          {L"button", 206, L"Static", 7, 7, 250, 175, kFrame}}));
+}
+
+TEST_F(Templates, ScriptAction)
+{
+    const DialogResource dialog = Dialog(213);
+    ExpectFrame(dialog, L"Script Action Properties", 322, 254, L"MS Sans Serif");
+    EXPECT_EQ(dialog.controls,
+              (Controls{{L"edit", 250, L"", 91, 20, 210, 14, kEdit},
+                        {L"button", 271, L"Script", 7, 48, 308, 38, kFrame},
+                        {L"combo", 256, L"", 91, 62, 210, 100, kDropList},
+                        {L"button", 272, L"Configuration Type/Plantype", 7, 93, 308, 57, kFrame},
+                        {L"static", 267, L"Plantype", 14, 108, 65, 12, kLabel},
+                        {L"combo", 266, L"", 91, 108, 210, 100, kDropList},
+                        {L"static", 269, L"Configuration Type", 14, 124, 65, 12, kLabel},
+                        {L"combo", 268, L"", 91, 124, 210, 100, kDropList},
+                        {L"static", 255, L"Action Type", 14, 170, 65, 12, kLabel},
+                        {L"combo", 254, L"", 91, 170, 210, 100, kDropList},
+                        {L"button", 264, L"Enabled", 7, 232, 85, 15, kCheck | BS_LEFTTEXT},
+                        {L"button", 261, L"Before/After", 174, 188, 127, 30, kFrame},
+                        {L"button", 262, L"After", 253, 200, 31, 10, kFirstRadio},
+                        {L"button", 263, L"Before", 189, 200, 37, 10, kRadio},
+                        {L"static", 260, L"Processing Sequence", 13, 190, 73, 21, kLabel},
+                        {L"edit", 251, L"", 91, 190, 43, 14, kEdit},
+                        {L"button", 1, L"OK", 212, 233, 50, 14, kDefaultButton},
+                        {L"button", 2, L"Cancel", 265, 233, 50, 14, kButton},
+                        {L"button", 273, L"Name", 7, 6, 308, 38, kFrame},
+                        {L"button", 274, L"Action Properties", 7, 156, 308, 70, kFrame}}));
+}
+
+TEST_F(Templates, ScriptCommand)
+{
+    const DialogResource dialog = Dialog(214);
+    ExpectFrame(dialog, L"Script Command Properties", 322, 329, L"MS Sans Serif");
+    EXPECT_EQ(dialog.controls,
+              (Controls{{L"static", 303, L"Name", 14, 20, 65, 14, kLabel},
+                        {L"edit", 300, L"", 91, 20, 210, 14, kEdit},
+                        {L"static", 320, L"Prompt", 14, 38, 65, 14, kLabel},
+                        {L"edit", 302, L"", 91, 38, 210, 14, kEdit},
+                        {L"button", 321, L"Script/VBA Macro", 7, 68, 308, 57, kFrame},
+                        {L"static", 307, L"Script", 14, 82, 65, 12, kLabel},
+                        {L"combo", 306, L"", 91, 82, 210, 100, kDropList},
+                        {L"static", 309, L"VBA Macro", 14, 98, 65, 12, kLabel},
+                        {L"combo", 308, L"", 91, 98, 210, 100, kDropList},
+                        {L"button", 322, L"Configuration Type/Plantype", 7, 128, 308, 57, kFrame},
+                        {L"static", 317, L"Plantype", 14, 143, 65, 12, kLabel},
+                        {L"combo", 316, L"", 91, 143, 210, 100, kDropList},
+                        {L"static", 319, L"Configuration Type", 14, 159, 65, 12, kLabel},
+                        {L"combo", 318, L"", 91, 159, 210, 100, kDropList},
+                        {L"button", 1, L"OK", 212, 308, 50, 14, kDefaultButton},
+                        {L"button", 2, L"Cancel", 265, 308, 50, 14, kButton},
+                        {L"button", 323, L"Name/Prompt", 7, 6, 308, 58, kFrame},
+                        {L"button", 324, L"Command Properties", 7, 190, 150, 91, kFrame},
+                        {L"button", 350, L"Display in context menu", 14, 229, 120, 13, kCheck},
+                        {L"button", 353, L"Visible", 14, 211, 82, 10, kCheck},
+                        {L"static", 355, L"Script execution", 13, 289, 69, 8, kLabel},
+                        {L"combo", 356, L"", 93, 287, 214, 51, kDropList},
+                        {L"button", 354, L"Display in properties dialog", 14, 253, 99, 10, kCheck},
+                        {L"button", 361, L"Options (Display on Properties Sheet)", 160, 190, 155, 91,
+                         kFrame | WS_DISABLED},
+                        {L"static", 362, L"Element", 169, 204, 28, 9, kLabel | WS_DISABLED},
+                        {L"static", 363, L"Name", 168, 253, 22, 10, kLabel | WS_DISABLED},
+                        {L"combo", 360, L"", 167, 264, 143, 44,
+                         kChild | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWN | CBS_SORT | CBS_AUTOHSCROLL |
+                             WS_DISABLED},
+                        {L"button", 357, L"Page", 227, 212, 33, 10, kFirstRadio},
+                        {L"button", 358, L"Group", 227, 227, 35, 10, kRadio},
+                        {L"button", 359, L"Attribute", 227, 242, 42, 10, kRadio}}));
 }

@@ -34,7 +34,7 @@ protected:
         command->Set(L"m_name", L"Deburr")->Set(L"m_strPrompt", L"Deburr now")->Set(L"m_pScript", drill);
         command->Set(L"m_strType", L"cell")->Set(L"m_bVisible", 1)->Set(L"m_lUserInterfaceType", 3);
         command->Set(L"m_nameShort", L"0")->Set(L"customizationobjectid", L"2");
-        command->Set(L"customizationobjecttype", 0);
+        command->Set(L"customizationobjecttype", LONG{0});
     }
 
     HRESULT Show(Steps steps)
