@@ -27,10 +27,6 @@ public:
     {
         return SendText(CB_FINDSTRING, static_cast<WPARAM>(after), text);
     }
-    LRESULT FindExact(int after, const wchar_t* text) const
-    {
-        return SendText(CB_FINDSTRINGEXACT, static_cast<WPARAM>(after), text);
-    }
     LRESULT SelectText(int after, const wchar_t* text) const
     {
         return SendText(CB_SELECTSTRING, static_cast<WPARAM>(after), text);

@@ -190,16 +190,6 @@ LVHITTESTINFO ListViewHost::Hit(int x, int y) const
     return question;
 }
 
-LVHITTESTINFO ListViewHost::SubItemHit(int x, int y) const
-{
-    LVHITTESTINFO question{};
-    question.pt = {x, y};
-    const auto index = static_cast<int>(Send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&question)));
-    if (index != question.iItem)
-        question.iItem = -4711;
-    return question;
-}
-
 RECT ListViewHost::Client() const
 {
     RECT rect{};

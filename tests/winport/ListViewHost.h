@@ -38,7 +38,6 @@ public:
     RECT ItemRect(int item, int part = LVIR_BOUNDS) const;
     RECT SubItemRect(int item, int subItem, int part = LVIR_BOUNDS) const;
     LVHITTESTINFO Hit(int x, int y) const;
-    LVHITTESTINFO SubItemHit(int x, int y) const;
     RECT Client() const;
     int Top() const { return static_cast<int>(Send(LVM_GETTOPINDEX)); }
     int PerPage() const { return static_cast<int>(Send(LVM_GETCOUNTPERPAGE)); }

@@ -195,12 +195,10 @@ using HGDIOBJ = void*;
 #define BS_PUSHBUTTON 0x0u
 #define BS_DEFPUSHBUTTON 0x1u
 #define BS_AUTOCHECKBOX 0x3u
-#define BS_RADIOBUTTON 0x4u
 #define BS_GROUPBOX 0x7u
 #define BS_AUTORADIOBUTTON 0x9u
 #define BS_TYPEMASK 0xFu
 #define BS_LEFTTEXT 0x20u
-#define BS_NOTIFY 0x4000u
 #define BST_UNCHECKED 0u
 #define BST_CHECKED 1u
 #define BST_PUSHED 4u
@@ -216,16 +214,12 @@ using HGDIOBJ = void*;
 
 // Edit fields.
 #define ES_LEFT 0x0u
-#define ES_CENTER 0x1u
-#define ES_RIGHT 0x2u
 #define ES_AUTOHSCROLL 0x80u
 
 // Combo boxes.
-#define CBS_SIMPLE 0x1u
 #define CBS_DROPDOWN 0x2u
 #define CBS_DROPDOWNLIST 0x3u
 #define CBS_AUTOHSCROLL 0x40u
 #define CBS_SORT 0x100u
 #define CBS_HASSTRINGS 0x200u
-#define CB_OKAY 0
 #define CB_ERR (-1)

@@ -104,21 +104,8 @@ TEST(Header, ItemsThatDoNotExistAreRefused)
     header.Insert(0, L"a", 42);
     EXPECT_EQ(header.Get(1, HDI_WIDTH).mask, 0U);
     EXPECT_FALSE(header.Set(1, Width(10)));
-    EXPECT_FALSE(header.Send(HDM_DELETEITEM, 1));
     RECT rect{};
     EXPECT_FALSE(header.Send(HDM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&rect)));
-}
-
-TEST(Header, ADeletedItemIsRemoved)
-{
-    const HeaderHost header;
-    header.Insert(0, L"a", 10);
-    header.Insert(1, L"b", 20);
-    EXPECT_TRUE(header.Send(HDM_DELETEITEM, 0));
-    EXPECT_EQ(header.Count(), 1);
-    EXPECT_EQ(header.TextOf(0), L"b");
-    EXPECT_EQ(header.Rect(0).left, 0);
-    EXPECT_EQ(header.Rect(0).right, 20);
 }
 
 TEST(Header, ItemsLieSideBySide)

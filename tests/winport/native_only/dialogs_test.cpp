@@ -9,7 +9,9 @@
 namespace
 {
 constexpr DWORD kStyle = DS_SETFONT | WS_POPUP | WS_CAPTION;
+constexpr DWORD kRadioByHand = 0x4;
 constexpr DWORD kOwnerDrawn = 0xB;
+constexpr DWORD kAllEvents = 0x4000;
 constexpr DWORD kEtched = 0x10;
 constexpr UINT kGetImage = 0x00F6;
 constexpr UINT kSetImage = 0x0172;
@@ -41,8 +43,8 @@ protected:
 TEST_F(NativeDialogs, EndTheRunAtButtonsAndStaticsOfAnotherKind)
 {
     EXPECT_DEATH(Make(WC_BUTTONW, kOwnerDrawn), "no style 0xb .*\n.*Button");
-    EXPECT_DEATH(Make(WC_BUTTONW, BS_RADIOBUTTON), "no style 0x4 .*\n.*Button");
-    EXPECT_DEATH(Make(WC_BUTTONW, BS_NOTIFY), "no style 0x4000 .*\n.*Button");
+    EXPECT_DEATH(Make(WC_BUTTONW, kRadioByHand), "no style 0x4 .*\n.*Button");
+    EXPECT_DEATH(Make(WC_BUTTONW, kAllEvents), "no style 0x4000 .*\n.*Button");
     EXPECT_DEATH(Make(WC_STATICW, kEtched), "no style 0x10 .*\n.*Static");
 }
 

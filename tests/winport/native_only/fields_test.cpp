@@ -9,6 +9,7 @@ namespace
 {
 constexpr DWORD kMultiline = 0x4;
 constexpr DWORD kShowNone = 0x2;
+constexpr DWORD kAlwaysOpen = 0x1;
 constexpr UINT kUndo = 0xC7;
 constexpr UINT kExtendedInterface = 0x155;
 constexpr UINT kSetFormat = DTM_FIRST + 50;
@@ -49,7 +50,7 @@ TEST(NativeOnly_ComboBox, AnUnsupportedMessageEndsTheRun)
 
 TEST(NativeOnly_ComboBox, AListThatIsAlwaysOpenEndsTheRun)
 {
-    EXPECT_DEATH(Make(WC_COMBOBOXW, CBS_SIMPLE), "winport has no style 0x1");
+    EXPECT_DEATH(Make(WC_COMBOBOXW, kAlwaysOpen), "winport has no style 0x1");
 }
 
 TEST(NativeOnly_DatePicker, AnUnsupportedMessageEndsTheRun)

@@ -23,8 +23,6 @@ LRESULT Header::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         return static_cast<LRESULT>(m_headings.size());
     case HDM_INSERTITEMW:
         return Insert(wParam, *reinterpret_cast<const HDITEMW*>(lParam));
-    case HDM_DELETEITEM:
-        return Delete(wParam);
     case HDM_GETITEMW:
         return Get(wParam, reinterpret_cast<HDITEMW*>(lParam));
     case HDM_SETITEMW:
@@ -64,14 +62,6 @@ LRESULT Header::Insert(WPARAM index, const HDITEMW& item)
     Apply(&added, item);
     m_headings.insert(m_headings.begin() + static_cast<std::ptrdiff_t>(at), std::move(added));
     return static_cast<LRESULT>(at);
-}
-
-LRESULT Header::Delete(WPARAM index)
-{
-    if (!Has(index))
-        return FALSE;
-    m_headings.erase(m_headings.begin() + static_cast<std::ptrdiff_t>(index));
-    return TRUE;
 }
 
 LRESULT Header::Get(WPARAM index, HDITEMW* item) const

@@ -27,7 +27,6 @@ public:
 private:
     bool Has(WPARAM index) const { return index < m_headings.size(); }
     LRESULT Insert(WPARAM index, const HDITEMW& item);
-    LRESULT Delete(WPARAM index);
     LRESULT Get(WPARAM index, HDITEMW* item) const;
     LRESULT Set(WPARAM index, const HDITEMW& item);
     LRESULT GetRect(WPARAM index, RECT* rect) const;

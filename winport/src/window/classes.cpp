@@ -15,8 +15,7 @@ namespace
 constexpr DWORD kDialogStyles = DS_ABSALIGN | DS_3DLOOK | DS_FIXEDSYS | DS_SETFONT | DS_MODALFRAME |
                                 DS_SETFOREGROUND | DS_CONTROL | DS_CENTER;
 constexpr DWORD kListStyles = LVS_TYPEMASK | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SORTASCENDING |
-                              LVS_SORTDESCENDING | LVS_SHAREIMAGELISTS | LVS_AUTOARRANGE | LVS_EDITLABELS |
-                              LVS_NOCOLUMNHEADER | LVS_NOSORTHEADER;
+                              LVS_EDITLABELS | LVS_NOCOLUMNHEADER;
 constexpr DWORD kComboStyles = CBS_DROPDOWNLIST | CBS_AUTOHSCROLL | CBS_SORT | CBS_HASSTRINGS;
 constexpr int kDialogExtra = 32;
 constexpr DWORD kAnyStyle = 0xFFFF;
@@ -28,8 +27,8 @@ const WindowClass* BuiltInClass(const std::wstring& name)
          0x00F8},
         {WC_STATICW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeStatic, SS_TYPEMASK | SS_NOPREFIX, 0x0170,
          0x0174},
-        {WC_EDITW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeEdit,
-         ES_LEFT | ES_CENTER | ES_RIGHT | ES_AUTOHSCROLL, 0x00B0, 0x00DF},
+        {WC_EDITW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeEdit, ES_LEFT | ES_AUTOHSCROLL, 0x00B0,
+         0x00DF},
         {WC_COMBOBOXW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeComboBox, kComboStyles, 0x0140, 0x016F},
         {WC_LISTVIEWW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeListView, kListStyles},
         {WC_HEADERW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeHeader,

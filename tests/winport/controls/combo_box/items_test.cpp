@@ -124,15 +124,6 @@ TEST_P(ComboBoxItems, FindMatchesABeginningIgnoringCase)
     EXPECT_EQ(m_box.Find(-1, L"alphas"), CB_ERR);
 }
 
-TEST_P(ComboBoxItems, FindExactMatchesTheWholeTextIgnoringCase)
-{
-    EXPECT_EQ(m_box.FindExact(-1, L"alpha"), 1);
-    EXPECT_EQ(m_box.FindExact(1, L"alpha"), 4);
-    EXPECT_EQ(m_box.FindExact(4, L"alpha"), 1);
-    EXPECT_EQ(m_box.FindExact(50, L"alpha"), 1);
-    EXPECT_EQ(m_box.FindExact(-1, L"al"), CB_ERR);
-}
-
 TEST_P(ComboBoxItems, NoTextMatchesNothing)
 {
     m_box.Insert(-1, L"");
@@ -140,7 +131,6 @@ TEST_P(ComboBoxItems, NoTextMatchesNothing)
     for (const wchar_t* nothing : {L"", static_cast<const wchar_t*>(nullptr)})
     {
         EXPECT_EQ(m_box.Find(-1, nothing), CB_ERR);
-        EXPECT_EQ(m_box.FindExact(-1, nothing), CB_ERR);
         EXPECT_EQ(m_box.SelectText(-1, nothing), CB_ERR);
     }
     EXPECT_EQ(m_box.Selected(), 1);
@@ -151,7 +141,6 @@ TEST_P(ComboBoxItems, NothingIsFoundInAnEmptyBox)
     m_box.Send(CB_RESETCONTENT);
     EXPECT_EQ(m_box.Find(-1, L"a"), CB_ERR);
     EXPECT_EQ(m_box.SelectText(0, L"a"), CB_ERR);
-    EXPECT_EQ(m_box.FindExact(3, L"a"), CB_ERR);
 }
 
 TEST_P(ComboBoxItems, SelectByTextSelectsCopiesTheTextAndIsSilent)

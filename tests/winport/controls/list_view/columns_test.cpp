@@ -69,59 +69,6 @@ TEST(ListViewColumns, InsertingTheFirstLeavesTheItemTextWhereItIs)
     EXPECT_EQ(list.TextOf(0, 2), L"one");
 }
 
-TEST(ListViewColumns, DeletingOneShiftsTheTextsOfSubItemsLeft)
-{
-    const ListViewHost list(LVS_REPORT, 4);
-    list.Insert(0, L"a");
-    list.SetText(0, 1, L"one");
-    list.SetText(0, 2, L"two");
-    list.SetText(0, 3, L"three");
-    EXPECT_TRUE(list.Send(LVM_DELETECOLUMN, 1));
-    EXPECT_EQ(list.Headings(), L"c0|c2|c3");
-    EXPECT_EQ(list.TextOf(0, 1), L"two");
-    EXPECT_EQ(list.TextOf(0, 2), L"three");
-    EXPECT_EQ(list.TextOf(0, 3), L"");
-}
-
-TEST(ListViewColumns, DeletingTheLastTakesItsTextsWithIt)
-{
-    const ListViewHost list(LVS_REPORT, 3);
-    list.Insert(0, L"a");
-    list.SetText(0, 1, L"one");
-    list.SetText(0, 2, L"two");
-    EXPECT_TRUE(list.Send(LVM_DELETECOLUMN, 2));
-    EXPECT_EQ(list.TextOf(0, 1), L"one");
-    EXPECT_EQ(list.TextOf(0, 2), L"");
-}
-
-TEST(ListViewColumns, DeletingTheFirstLeavesTheTextsWhereTheyAre)
-{
-    const ListViewHost list(LVS_REPORT, 3);
-    list.Insert(0, L"a");
-    list.SetText(0, 1, L"one");
-    EXPECT_TRUE(list.Send(LVM_DELETECOLUMN, 0));
-    EXPECT_EQ(list.Headings(), L"c1|c2");
-    EXPECT_EQ(list.TextOf(0, 0), L"a");
-    EXPECT_EQ(list.TextOf(0, 1), L"one");
-}
-
-TEST(ListViewColumns, DeletingWhatDoesNotExistFails)
-{
-    const ListViewHost list(LVS_REPORT, 1);
-    EXPECT_FALSE(list.Send(LVM_DELETECOLUMN, 1));
-    EXPECT_FALSE(list.Send(LVM_DELETECOLUMN, static_cast<WPARAM>(-1)));
-    EXPECT_EQ(list.ColumnCount(), 1);
-}
-
-TEST(ListViewColumns, KeepTheItemsWhenTheLastColumnIsDeleted)
-{
-    ListViewHost list(LVS_REPORT, 1);
-    list.Fill(2);
-    EXPECT_TRUE(list.Send(LVM_DELETECOLUMN, 0));
-    EXPECT_EQ(list.ColumnCount(), 0);
-    EXPECT_EQ(list.Count(), 2);
-}
-
 TEST(ListViewColumns, HaveTheWidthTheyWereGiven)
 {
     const ListViewHost list(LVS_REPORT, 0);

@@ -3,6 +3,20 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+
+namespace
+{
+// What a click tells of itself.
+std::string ClickedAt(ListViewHost& list, int x, int y)
+{
+    list.ClickAt(x, y);
+    const std::string told = list.Trace();
+    return told.substr(std::min(told.find("click("), told.size()));
+}
+} // namespace
+
 TEST(ListViewHit, FindsTheRowUnderThePoint)
 {
     ListViewHost list;
@@ -41,7 +55,6 @@ TEST(ListViewHit, RightOfTheColumnsIsNowhere)
     ListViewHost list;
     list.Fill(2);
     EXPECT_EQ(list.Hit(200, list.MiddleOf(1).y).iItem, -1);
-    EXPECT_EQ(list.SubItemHit(200, list.MiddleOf(1).y).iItem, -1);
     list.Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT);
     EXPECT_EQ(list.Hit(200, list.MiddleOf(1).y).iItem, -1);
 }
@@ -68,10 +81,9 @@ TEST(ListViewHit, OutsideOfTheListIsNoRow)
     EXPECT_EQ(list.Hit(point.x, client.bottom + 5).iItem, -1);
     EXPECT_EQ(list.Hit(-5, point.y).iItem, -1);
     EXPECT_EQ(list.Hit(point.x, -5).iItem, -1);
-    EXPECT_EQ(list.SubItemHit(point.x, client.bottom + 5).iItem, -1);
 }
 
-TEST(ListViewHit, TheSubItemHitReturnsTheColumnInEitherCase)
+TEST(ListViewHit, AClickNotifiesTheColumnInEitherCase)
 {
     ListViewHost list(LVS_REPORT, 3);
     list.Fill(2);
@@ -81,21 +93,17 @@ TEST(ListViewHit, TheSubItemHitReturnsTheColumnInEitherCase)
         for (int column = 0; column < 3; ++column)
         {
             const POINT point = list.MiddleOf(1, column);
-            const LVHITTESTINFO hit = list.SubItemHit(point.x, point.y);
-            EXPECT_EQ(hit.iItem, 1);
-            EXPECT_EQ(hit.iSubItem, column);
+            EXPECT_EQ(ClickedAt(list, point.x, point.y), "click(1," + std::to_string(column) + ")");
         }
     }
 }
 
-TEST(ListViewHit, TheSubItemHitFollowsSidewaysScrolling)
+TEST(ListViewHit, TheColumnOfAClickFollowsSidewaysScrolling)
 {
     ListViewHost list(LVS_REPORT, 5);
     list.Fill(2);
     list.Send(LVM_SCROLL, 90, 0);
-    const LVHITTESTINFO hit = list.SubItemHit(2, list.MiddleOf(1).y);
-    EXPECT_EQ(hit.iItem, 1);
-    EXPECT_EQ(hit.iSubItem, 1);
+    EXPECT_EQ(ClickedAt(list, 2, list.MiddleOf(1).y), "click(1,1)");
 }
 
 TEST(ListViewHit, ColumnsEndWhereTheNextOnesStart)
@@ -103,15 +111,18 @@ TEST(ListViewHit, ColumnsEndWhereTheNextOnesStart)
     ListViewHost list(LVS_REPORT, 3);
     list.Fill(1);
     const int y = list.MiddleOf(0).y;
-    EXPECT_EQ(list.SubItemHit(79, y).iSubItem, 0);
-    EXPECT_EQ(list.SubItemHit(80, y).iSubItem, 1);
-    EXPECT_EQ(list.SubItemHit(159, y).iSubItem, 1);
-    EXPECT_EQ(list.SubItemHit(160, y).iSubItem, 2);
+    const auto column = [&](int x) {
+        const std::string told = ClickedAt(list, x, y);
+        return told.substr(told.find(',') + 1, 1);
+    };
+    EXPECT_EQ(column(79), "0");
+    EXPECT_EQ(column(80), "1");
+    EXPECT_EQ(column(159), "1");
+    EXPECT_EQ(column(160), "2");
 }
 
 TEST(ListViewHit, InAnEmptyListIsNowhere)
 {
     const ListViewHost list;
     EXPECT_EQ(list.Hit(5, 40).iItem, -1);
-    EXPECT_EQ(list.SubItemHit(5, 40).iItem, -1);
 }

@@ -366,6 +366,7 @@ TEST(ListViewLabels, TheEditFieldLiesOverTheLabel)
     GetWindowRect(edit, &rect);
     POINT middle{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
     MapWindowPoints(nullptr, list.Control(), &middle, 1);
-    EXPECT_EQ(list.SubItemHit(middle.x, middle.y).iItem, 1);
-    EXPECT_EQ(list.SubItemHit(middle.x, middle.y).iSubItem, 0);
+    const LVHITTESTINFO hit = list.Hit(middle.x, middle.y);
+    EXPECT_EQ(hit.iItem, 1);
+    EXPECT_EQ(hit.flags, LVHT_ONITEMLABEL);
 }

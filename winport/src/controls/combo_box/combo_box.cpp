@@ -10,7 +10,7 @@ namespace
 constexpr int kFrame = 3;
 constexpr int kClosedHeight = kCharacterHeight + 8;
 constexpr int kFieldId = 1001;
-constexpr DWORD kKind = CBS_SIMPLE | CBS_DROPDOWN | CBS_DROPDOWNLIST;
+constexpr DWORD kKind = CBS_DROPDOWNLIST; // both bits
 
 int ButtonWidth()
 {
@@ -100,10 +100,9 @@ LRESULT CComboBox::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam)
     case CB_SETCURSEL:
         return Select(static_cast<int>(wParam));
     case CB_FINDSTRING:
-    case CB_FINDSTRINGEXACT:
-        return Find(static_cast<int>(wParam), TextIn(lParam), message == CB_FINDSTRINGEXACT);
+        return Find(static_cast<int>(wParam), TextIn(lParam));
     case CB_SELECTSTRING:
-        if (const int found = Find(static_cast<int>(wParam), TextIn(lParam), false); found >= 0)
+        if (const int found = Find(static_cast<int>(wParam), TextIn(lParam)); found >= 0)
             return Select(found);
         return CB_ERR;
     case CB_SHOWDROPDOWN:

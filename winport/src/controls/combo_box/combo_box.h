@@ -42,7 +42,7 @@ private:
     LRESULT Insert(int at, const wchar_t* text);
     LRESULT Delete(WPARAM index);
     LRESULT Reset();
-    int Find(int after, const wchar_t* text, bool whole) const;
+    int Find(int after, const wchar_t* text) const;
     LRESULT Select(int index);
     void ShowSelected();
     void MatchField(bool select);

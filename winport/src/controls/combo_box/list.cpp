@@ -55,11 +55,11 @@ LRESULT CComboBox::Reset()
     m_items.clear();
     m_caret = 0;
     Select(-1);
-    return CB_OKAY;
+    return 0;
 }
 
 // Behind the item `after` and round to it again; whatever is no item's index is before the first.
-int CComboBox::Find(int after, const wchar_t* text, bool whole) const
+int CComboBox::Find(int after, const wchar_t* text) const
 {
     const std::wstring_view wanted = text;
     const int count = Count();
@@ -71,7 +71,7 @@ int CComboBox::Find(int after, const wchar_t* text, bool whole) const
     {
         const int index = (after + step) % count;
         const std::wstring_view candidate = m_items[static_cast<std::size_t>(index)].text;
-        if (CompareNoCase(whole ? candidate : candidate.substr(0, wanted.size()), wanted) == 0)
+        if (CompareNoCase(candidate.substr(0, wanted.size()), wanted) == 0)
             return index;
     }
     return CB_ERR;
@@ -128,7 +128,7 @@ void CComboBox::Open()
 // The keys go on from the item that begins with the text of the field.
 void CComboBox::MatchField(bool select)
 {
-    const int found = Find(-1, TextOfField().c_str(), false);
+    const int found = Find(-1, TextOfField().c_str());
     m_caret = std::max(found, 0);
     m_selected = select ? found : -1;
 }
@@ -221,7 +221,7 @@ void CComboBox::OnCharacter(WPARAM character)
 void CComboBox::Search(wchar_t character)
 {
     const wchar_t typed[] = {character, 0};
-    const int found = Find(m_caret, typed, false);
+    const int found = Find(m_caret, typed);
     if (found < 0)
         return;
     if (!m_open)

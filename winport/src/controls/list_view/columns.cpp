@@ -26,9 +26,8 @@ void ListView::MakeHeaderWindow()
 {
     if (m_header)
         return;
-    const DWORD buttons = Style() & LVS_NOSORTHEADER ? 0 : HDS_BUTTONS;
-    m_header = CreateWindowExW(0, WC_HEADERW, nullptr, WS_CHILD | HDS_HORZ | HDS_FULLDRAG | buttons, 0, 0, 0,
-                               0, Handle(), nullptr, m_window.instance, nullptr);
+    m_header = CreateWindowExW(0, WC_HEADERW, nullptr, WS_CHILD | HDS_HORZ | HDS_FULLDRAG | HDS_BUTTONS, 0, 0,
+                               0, 0, Handle(), nullptr, m_window.instance, nullptr);
     SendMessageW(m_header, WM_SETFONT, reinterpret_cast<WPARAM>(m_window.font), FALSE);
     PlaceHeader();
 }
@@ -85,19 +84,6 @@ LRESULT ListView::OnInsertColumn(WPARAM index, LPARAM parameter)
             row->subTexts.insert(row->subTexts.begin() + static_cast<std::ptrdiff_t>(at), std::wstring());
     }
     return place;
-}
-
-LRESULT ListView::OnDeleteColumn(WPARAM index, LPARAM)
-{
-    if (!SendMessageW(m_header, HDM_DELETEITEM, index, 0))
-        return FALSE;
-    for (const auto& row : m_rows)
-    {
-        if (index > 0 && row->subTexts.size() >= index)
-            row->subTexts.erase(row->subTexts.begin() + static_cast<std::ptrdiff_t>(index) - 1);
-    }
-    ScrollTo(m_top, m_left);
-    return TRUE;
 }
 
 LRESULT ListView::OnGetColumn(WPARAM index, LPARAM parameter)

@@ -144,13 +144,10 @@ LRESULT ListView::OnDoubleClick(WPARAM, LPARAM point)
 
 void ListView::TellClick(UINT code, LPARAM point)
 {
-    LVHITTESTINFO hit{};
-    hit.pt = PointOf(point);
-    OnSubItemHitTest(0, reinterpret_cast<LPARAM>(&hit));
     NMITEMACTIVATE told{};
-    told.iItem = hit.iItem;
-    told.iSubItem = hit.iSubItem;
-    told.ptAction = hit.pt;
+    told.ptAction = PointOf(point);
+    told.iSubItem = ColumnAt(static_cast<int>(told.ptAction.x));
+    told.iItem = told.iSubItem < 0 ? -1 : RowAt(told.ptAction);
     Notify(told.hdr, code);
 }
 } // namespace winport

@@ -22,12 +22,10 @@ void ListView::CheckItem(const LVITEMW& item) const
 // text or put a row elsewhere, that place can be found by halving.
 int ListView::PlaceFor(const ListRow& row, int asked) const
 {
-    const DWORD order = Style() & (LVS_SORTASCENDING | LVS_SORTDESCENDING);
-    if (!order)
+    if (!(Style() & LVS_SORTASCENDING))
         return asked < 0 ? -1 : std::min(asked, Count());
     const auto comesBefore = [&](const std::unique_ptr<ListRow>& other) {
-        const int compared = CompareNames(other->text, row.text, 0);
-        return order & LVS_SORTASCENDING ? compared < 0 : compared > 0;
+        return CompareNames(other->text, row.text, 0) < 0;
     };
     const auto place = m_ordered ? std::partition_point(m_rows.begin(), m_rows.end(), comesBefore)
                                  : std::find_if_not(m_rows.begin(), m_rows.end(), comesBefore);
@@ -48,7 +46,7 @@ LRESULT ListView::OnInsertItem(WPARAM, LPARAM parameter)
     const int index = PlaceFor(*added, item.iItem);
     if (index < 0)
         return -1;
-    m_ordered = m_ordered && (Style() & (LVS_SORTASCENDING | LVS_SORTDESCENDING));
+    m_ordered = m_ordered && (Style() & LVS_SORTASCENDING);
     m_rows.insert(m_rows.begin() + index, std::move(added));
     for (int* place : {&m_focus, &m_anchor})
         *place += *place >= index;

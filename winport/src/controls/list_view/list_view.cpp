@@ -12,14 +12,12 @@ const ListView::Entry ListView::kEntries[] = {
     {LVM_SETITEMW, &ListView::OnSetItem},
     {LVM_DELETEITEM, &ListView::OnDeleteItem},
     {LVM_DELETEALLITEMS, &ListView::OnDeleteAllItems},
-    {LVM_SETITEMCOUNT, &ListView::OnSetItemCount},
     {LVM_SORTITEMS, &ListView::OnSortItems},
     {LVM_SETITEMSTATE, &ListView::OnSetItemState},
     {LVM_GETITEMSTATE, &ListView::OnGetItemState},
     {LVM_GETSELECTEDCOUNT, &ListView::OnGetSelectedCount},
     {LVM_GETNEXTITEM, &ListView::OnGetNextItem},
     {LVM_INSERTCOLUMNW, &ListView::OnInsertColumn},
-    {LVM_DELETECOLUMN, &ListView::OnDeleteColumn},
     {LVM_GETCOLUMNW, &ListView::OnGetColumn},
     {LVM_GETCOLUMNWIDTH, &ListView::OnGetColumnWidth},
     {LVM_SETCOLUMNWIDTH, &ListView::OnSetColumnWidth},
@@ -27,7 +25,6 @@ const ListView::Entry ListView::kEntries[] = {
     {LVM_GETITEMRECT, &ListView::OnGetItemRect},
     {LVM_GETSUBITEMRECT, &ListView::OnGetSubItemRect},
     {LVM_HITTEST, &ListView::OnHitTest},
-    {LVM_SUBITEMHITTEST, &ListView::OnSubItemHitTest},
     {LVM_ENSUREVISIBLE, &ListView::OnEnsureVisible},
     {LVM_SCROLL, &ListView::OnScroll},
     {LVM_GETTOPINDEX, &ListView::OnGetTopIndex},
@@ -94,8 +91,7 @@ LRESULT ListView::OnStyleChanged(WPARAM which, LPARAM)
 
 LRESULT ListView::OnSetExtendedStyle(WPARAM mask, LPARAM style)
 {
-    constexpr DWORD kKnown =
-        LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_FLATSB | LVS_EX_REGIONAL | LVS_EX_LABELTIP;
+    constexpr DWORD kKnown = LVS_EX_GRIDLINES | LVS_EX_FULLROWSELECT | LVS_EX_REGIONAL | LVS_EX_LABELTIP;
     const DWORD before = m_extendedStyle;
     const DWORD chosen = mask ? static_cast<DWORD>(mask) : ~0U;
     const DWORD after = (before & ~chosen) | (static_cast<DWORD>(style) & chosen);

@@ -45,7 +45,6 @@ private:
     LRESULT OnSetItem(WPARAM, LPARAM item);
     LRESULT OnGetItemText(WPARAM index, LPARAM item);
     LRESULT OnSetItemText(WPARAM index, LPARAM item);
-    LRESULT OnSetItemCount(WPARAM count, LPARAM) { return m_rows.reserve(count), TRUE; }
     LRESULT OnSortItems(WPARAM parameter, LPARAM compare);
     int PlaceFor(const ListRow& row, int asked) const;
     bool SetText(int index, int subItem, LPCWSTR text);
@@ -55,7 +54,6 @@ private:
 
     // Columns: listviewcolumns.cpp.
     LRESULT OnInsertColumn(WPARAM index, LPARAM column);
-    LRESULT OnDeleteColumn(WPARAM index, LPARAM);
     LRESULT OnGetColumn(WPARAM index, LPARAM column);
     LRESULT OnGetColumnWidth(WPARAM index, LPARAM);
     LRESULT OnSetColumnWidth(WPARAM index, LPARAM width);
@@ -89,7 +87,6 @@ private:
     LRESULT OnGetItemRect(WPARAM index, LPARAM rect);
     LRESULT OnGetSubItemRect(WPARAM index, LPARAM rect);
     LRESULT OnHitTest(WPARAM, LPARAM hit);
-    LRESULT OnSubItemHitTest(WPARAM, LPARAM hit);
     LRESULT OnEnsureVisible(WPARAM index, LPARAM);
     LRESULT OnScroll(WPARAM x, LPARAM y);
     LRESULT OnScrollBarDown(WPARAM what, LPARAM);

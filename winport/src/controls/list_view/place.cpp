@@ -133,15 +133,6 @@ LRESULT ListView::OnHitTest(WPARAM, LPARAM pointer)
     return hit.iItem;
 }
 
-LRESULT ListView::OnSubItemHitTest(WPARAM, LPARAM pointer)
-{
-    auto& hit = *reinterpret_cast<LVHITTESTINFO*>(pointer);
-    hit.iSubItem = ColumnAt(static_cast<int>(hit.pt.x));
-    hit.iItem = hit.iSubItem < 0 ? -1 : RowAt(hit.pt);
-    hit.flags = hit.iItem < 0 ? LVHT_NOWHERE : LVHT_ONITEMLABEL;
-    return hit.iItem;
-}
-
 // Goes as far as there are rows and columns to see.
 void ListView::ScrollTo(int top, int left)
 {
