@@ -32,7 +32,7 @@ private:
     UINT m_check = BST_UNCHECKED;
     bool m_pushed = false;
     bool m_focus = false;
-    bool m_pressing = false; ///< the mouse or the space key went down here
+    bool m_pressing = false; ///< the mouse button or the space key was pressed here and is still down
 };
 
 LRESULT Button::DialogCode() const
@@ -153,7 +153,7 @@ void Button::Press(bool byMouse)
     m_pushed = true;
 }
 
-// Without a click.
+// Releases the button without a click.
 void Button::ComeUp()
 {
     m_pressing = false;
@@ -182,7 +182,7 @@ void Button::CheckByClick()
         SetCheck(BST_CHECKED);
 }
 
-// The Tab key reaches a group of radio buttons at the one that is marked.
+// Only the checked button of a radio group is a tab stop.
 void Button::SetCheck(WPARAM check)
 {
     if (Kind() != BS_AUTOCHECKBOX && !IsRadio())

@@ -16,7 +16,7 @@ constexpr int kDay = 1;
 constexpr int kYear = 2;
 constexpr int kLastYear = 9999;
 
-// The first day of the calendar that the control knows.
+// The first day of the Gregorian calendar, and the first that the control accepts.
 constexpr CivilDate kFirst{1752, 9, 14};
 
 bool IsBeforeFirst(const CivilDate& date)
@@ -40,7 +40,7 @@ bool IsDate(const CivilDate& date)
            date.day <= DaysInMonth(date.year, date.month) && !IsBeforeFirst(date);
 }
 
-// The automation's first day, 0, was a Saturday.
+// Day 0 of automation dates is a Saturday.
 WORD WeekdayOf(const CivilDate& date)
 {
     constexpr int week = 7;
@@ -106,7 +106,7 @@ bool CDatePicker::Set(DWORD kind, const SYSTEMTIME* value)
     return true;
 }
 
-// The weekday goes with the date, and so does the text.
+// Updates the weekday and the text to the date.
 void CDatePicker::Show()
 {
     m_value.wDayOfWeek = WeekdayOf(DateOf(m_value));
@@ -154,7 +154,7 @@ void CDatePicker::EnterField(int field)
     m_field = field;
 }
 
-// Digits become the field's value when it can take no more of them or is left.
+// Typed digits become the value of the field when it is full or is left.
 void CDatePicker::OnCharacter(WPARAM character)
 {
     if (character < L'0' || character > L'9' || m_field < 0)
@@ -179,8 +179,7 @@ void CDatePicker::EndTyping()
     Change(IsDate(date) ? date : DateOf(m_value));
 }
 
-// Month and day begin again at their end; the year stops at the end of the calendar. What was typed is
-// dropped.
+// Month and day wrap around; the year stops at the limits of the calendar. Discards typed digits.
 void CDatePicker::Turn(int by)
 {
     CivilDate date = DateOf(m_value);

@@ -68,7 +68,7 @@ LRESULT CEdit::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
-// Keys by which an open combo box closes are its own, not the dialog's.
+// The keys that close an open combo box are handled by it, not by the dialog.
 LRESULT CEdit::DialogCode(const MSG* message) const
 {
     constexpr LRESULT code = DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_HASSETSEL;
@@ -78,7 +78,7 @@ LRESULT CEdit::DialogCode(const MSG* message) const
                                                                                 : code;
 }
 
-/// The combo box whose field this is, or null.
+// Returns the combo box to which this edit control belongs, or null.
 HWND CEdit::Combo() const
 {
     const Window* parent = m_window.parent;
@@ -90,7 +90,7 @@ bool CEdit::ComboTakes(WPARAM key) const
     return Combo() && (key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT || key == VK_F4);
 }
 
-// The field of a combo box keeps it to itself.
+// The field of a combo box does not notify its parent.
 void CEdit::SetContent(const wchar_t* text)
 {
     m_window.text = text ? text : L"";
@@ -118,7 +118,7 @@ void CEdit::SetSelection(int first, int last)
     m_caret = first == -1 ? m_caret : within(last);
 }
 
-// What does not fit is cut off.
+// Truncates what exceeds the limit.
 void CEdit::Replace(std::wstring_view text)
 {
     const std::size_t selected = Last() - First();
@@ -153,7 +153,7 @@ void CEdit::OnChar(wchar_t character)
         Replace({&character, 1});
 }
 
-// The selection, or what lies between the caret and `end` if nothing is selected.
+// Deletes the selection, or the text between the caret and `end` if nothing is selected.
 void CEdit::DeleteTo(std::size_t end)
 {
     if (m_anchor == m_caret)
@@ -196,7 +196,7 @@ void CEdit::MoveTo(std::size_t caret)
         m_anchor = caret;
 }
 
-// The beginning of the word that follows, or the end of the text.
+// Returns the start of the next word, or the end of the text.
 std::size_t CEdit::NextWord(std::size_t from) const
 {
     const std::wstring& text = m_window.text;
@@ -225,7 +225,7 @@ void CEdit::OnClick(WPARAM keys, int x)
     SetFocus(Handle());
 }
 
-// The word with the blanks behind it.
+// Selects the word with the blanks after it.
 void CEdit::SelectWord(int x)
 {
     const std::size_t at = CharacterAt(x);

@@ -1,4 +1,4 @@
-// The edit field of one line: a text, a caret, a selection, a limit.
+// The edit control, of a single line: text, caret, selection, limit.
 #pragma once
 
 #include "window/window.h"

@@ -7,7 +7,7 @@ namespace winport
 namespace
 {
 constexpr UINT kKnownParts = HDI_WIDTH | HDI_TEXT | HDI_FORMAT | HDI_LPARAM;
-constexpr int kDivider = 4; // the pixels on either side of a border at which it can be taken
+constexpr int kDivider = 4; // the width in pixels, on either side of a border, of the area that drags it
 } // namespace
 
 std::unique_ptr<Control> MakeHeader(Window& window)
@@ -136,8 +136,8 @@ int Header::HeadingAt(int x) const
     return -1;
 }
 
-// Left of a border it is the visible heading's that ends there; right of it, that of the last one without
-// width.
+// To the left of a border, this is the visible heading that ends there; to the right, the last heading of
+// width 0 if there is one.
 int Header::DividerAt(int x) const
 {
     int found = -1;

@@ -1,4 +1,4 @@
-// A header: a row of headings whose widths are those of the columns beneath.
+// The header: a row of headings, whose widths are those of the columns below.
 #pragma once
 
 #include "window/window.h"
@@ -22,7 +22,7 @@ public:
 
     const std::vector<Heading>& Headings() const { return m_headings; }
     int LeftOf(std::size_t index) const;
-    int HeadingAt(int x) const; ///< -1 for none
+    int HeadingAt(int x) const; ///< index, -1 if there is none
 
 private:
     bool Has(WPARAM index) const { return index < m_headings.size(); }
@@ -38,8 +38,8 @@ private:
     void Release(int x);
 
     std::vector<Heading> m_headings;
-    int m_pressed = -1;  ///< the heading on which the button went down
-    int m_dragged = -1;  ///< the heading whose right border is pulled
+    int m_pressed = -1;  ///< index of the heading on which the mouse button was pressed
+    int m_dragged = -1;  ///< index of the heading whose right border is dragged
     int m_dragStart = 0; ///< the width that the dragged heading would have at x = 0
 };
 } // namespace winport

@@ -1,4 +1,4 @@
-// Texts and icons that stand in a dialog.
+// The static control: texts and icons of a dialog.
 #include "window/window.h"
 
 #include <utility>

@@ -1,4 +1,4 @@
-// Makes dialogs of their templates.
+// Creates dialogs from their templates.
 #include "dialog.h"
 #include "window/thread.h"
 
@@ -8,14 +8,14 @@ namespace winport
 {
 namespace
 {
-/// The one font.
+// The only font.
 HFONT TheFont()
 {
     static int font = 0;
     return reinterpret_cast<HFONT>(&font);
 }
 
-// Multiplies and divides, halves away from 0.
+// Rounds halves away from 0.
 int Scale(int value, int numerator, int denominator)
 {
     const int product = value * numerator;
@@ -71,7 +71,7 @@ Frame FrameOf(DWORD style, DWORD exStyle)
     return {measured.frame, measured.frame + measured.caption};
 }
 
-// A dialog of its own stands on the screen, as far as it fits.
+// Moves a top-level dialog onto the screen, as far as it fits.
 POINT KeptOnScreen(POINT place, SIZE size)
 {
     const LONG right = kScreenWidth - size.cx;
@@ -79,7 +79,7 @@ POINT KeptOnScreen(POINT place, SIZE size)
     return {std::max<LONG>(0, std::min(place.x, right)), std::max<LONG>(0, std::min(place.y, bottom))};
 }
 
-// The template gives the place of the client area, from the owner's.
+// The template gives the position of the client area, relative to that of the owner.
 POINT PlaceOf(const TemplateItem& dialog, Frame frame, SIZE size, HWND owner)
 {
     POINT place{PixelsAcross(dialog.x), PixelsDown(dialog.y)};
@@ -105,7 +105,7 @@ HWND MakeDialogWindow(const TemplateItem& dialog, HWND owner, HINSTANCE module)
                            size.cy, owner, nullptr, module, nullptr);
 }
 
-// A number in place of a text names an icon.
+// A number instead of a text identifies an icon.
 void GiveIcon(HWND control, WORD number, HINSTANCE module)
 {
     if (const HICON icon = number ? LoadIconW(module, MAKEINTRESOURCEW(number)) : nullptr)
@@ -151,7 +151,8 @@ HWND FirstControl(HWND dialog)
     return first ? first : GetNextDlgGroupItem(dialog, nullptr, FALSE);
 }
 
-// The handler of WM_INITDIALOG says whether the first control gets the focus, or has chosen one itself.
+// The handler of WM_INITDIALOG returns TRUE to have the focus set to the first control, FALSE if it has set
+// the focus itself.
 void Initialize(HWND dialog, LPARAM parameter)
 {
     const auto first = reinterpret_cast<WPARAM>(FirstControl(dialog));
@@ -203,7 +204,7 @@ HWND CreateDialogIndirectParamW(HINSTANCE module, LPCDLGTEMPLATEW description, H
     return Alive(dialog) ? dialog : nullptr;
 }
 
-// A modal loop of the system would end now. There is none here: every dialog is modeless for the system.
+// Would end a modal loop of the system. There is none: every dialog is created modeless.
 BOOL EndDialog(HWND dialog, INT_PTR)
 {
     const Window* window = OwnWindow(dialog, "end of a dialog of another thread");
@@ -216,7 +217,7 @@ BOOL EndDialog(HWND dialog, INT_PTR)
                  SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_HIDEWINDOW);
     const HWND owner = Alive(dialog) ? GetWindow(dialog, GW_OWNER) : nullptr;
     if (owner && active)
-        SetActiveWindow(owner); // disabled or not
+        SetActiveWindow(owner); // even if it is disabled
     PostMessageW(dialog, WM_NULL, 0, 0);
     return TRUE;
 }

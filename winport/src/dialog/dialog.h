@@ -53,13 +53,13 @@ Template ReadTemplate(LPCDLGTEMPLATEW description);
 /// Moves the focus to a control as WM_NEXTDLGCTL does. The text of an edit control is selected.
 void GiveFocusTo(HWND dialog, HWND control);
 
-/// Draws `button` as the default button; null draws the button that Enter presses so again.
+/// Draws `button` as the default button. Null draws the button of the default identifier so again.
 void MoveDefaultLook(HWND dialog, HWND button);
 
-/// The answer of a control to WM_GETDLGCODE.
+/// Sends WM_GETDLGCODE to a control and returns the answer.
 LRESULT DialogCode(HWND control);
 
-/// The group of a control, in order: from a control with WS_GROUP up to the next one, past the end of the
-/// dialog.
+/// Returns the group of a control, in order: from a control with WS_GROUP up to the next one. A group may
+/// wrap around the end of the dialog.
 std::vector<Window*> GroupOf(const Window& member);
 } // namespace winport

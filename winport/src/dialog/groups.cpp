@@ -1,4 +1,4 @@
-// Which control comes next: by the Tab key, and by the arrows within a group.
+// The next control: by Tab in the dialog, by the arrow keys within a group.
 #include "dialog.h"
 #include "window/thread.h"
 
@@ -18,7 +18,7 @@ bool IsTabStop(const Window& control)
     return IsReachable(control) && (control.style & WS_TABSTOP);
 }
 
-// The child of the dialog that has `window` in it; null for none.
+// Returns the child of the dialog that is or contains `window`, null if there is none.
 const Window* ChildAround(const Window& dialog, const Window* window)
 {
     while (window && window->parent != &dialog)
@@ -26,7 +26,7 @@ const Window* ChildAround(const Window& dialog, const Window* window)
     return window;
 }
 
-// Goes around from the one behind `from`, which comes last.
+// Searches from the control after `from`, wraps around, and checks `from` last.
 const Window* NextOf(const std::vector<Window*>& controls, const Window* from, bool back,
                      bool (*fits)(const Window&))
 {

@@ -1,4 +1,4 @@
-// The controls of a dialog by their identifiers.
+// Access to the controls of a dialog by identifier.
 #include "window/window.h"
 
 #include <cwctype>
@@ -9,7 +9,8 @@ namespace winport
 {
 namespace
 {
-// The number at the start of a text: blanks, a sign, digits. Nothing without a digit or beyond the range.
+// Parses the number at the start of a text: white space, a sign, digits. Returns nothing if there is no digit
+// or the number is out of range.
 std::optional<UINT> NumberIn(const std::wstring& text, bool isSigned)
 {
     std::size_t at = 0;

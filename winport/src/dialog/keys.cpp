@@ -9,7 +9,7 @@ namespace winport
 {
 namespace
 {
-// The child of the dialog that has the window in it.
+// Returns the child of the dialog that is or contains the window.
 HWND ControlAround(HWND dialog, HWND window)
 {
     while (window && window != dialog && GetParent(window) != dialog)
@@ -29,7 +29,7 @@ void Press(HWND dialog, int id)
         SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
 }
 
-// Hidden or disabled, the Cancel button does not keep the user in.
+// Escape works even if the Cancel button is hidden or disabled.
 void Cancel(HWND dialog)
 {
     SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED),
@@ -65,7 +65,7 @@ void OnEnter(HWND dialog)
     Press(dialog, HIWORD(defaultId) == DC_HASDEFID ? LOWORD(defaultId) : IDOK);
 }
 
-// False if the key is none of the dialog's.
+// Returns false if the dialog does not handle the key.
 bool OnKey(HWND dialog, const MSG& message, LRESULT wanted)
 {
     switch (message.wParam)
@@ -92,7 +92,7 @@ bool OnKey(HWND dialog, const MSG& message, LRESULT wanted)
     }
 }
 
-// The letter behind a single ampersand; 0 for none.
+// Returns the character after a single ampersand, 0 if there is none.
 wchar_t MnemonicOf(HWND control)
 {
     const Window* window = FindWindowOf(control);
@@ -127,7 +127,7 @@ bool OnMnemonic(HWND dialog, HWND from, wchar_t letter)
         const HWND control = controls[(start + step) % controls.size()];
         if (!AnswersTo(control, Upper(letter)))
             continue;
-        // A label's letter is that of the next control that Tab reaches.
+        // The mnemonic of a label selects the next tab stop.
         const bool label = DialogCode(control) & DLGC_STATIC;
         GiveFocusTo(dialog, label ? GetNextDlgTabItem(dialog, control, FALSE) : control);
         if (!label)

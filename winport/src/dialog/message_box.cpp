@@ -1,4 +1,4 @@
-// Message boxes: dialogs that the system makes.
+// Message boxes, which are dialogs created without a template.
 #include "dialog.h"
 
 #include <algorithm>
@@ -21,11 +21,11 @@ struct ButtonKind
     const wchar_t* text;
 };
 
-// What the box's procedure is told about its run.
+// The state that the dialog procedure of a box shares with its loop.
 struct BoxRun
 {
     int answer = 0;
-    bool single = false; //< a single OK, which Escape presses, too
+    bool single = false; ///< OK is the only button, and Escape presses it
 };
 
 std::vector<ButtonKind> ButtonsOf(UINT type)
@@ -82,7 +82,7 @@ INT_PTR CALLBACK BoxProcedure(HWND box, UINT message, WPARAM wParam, LPARAM)
     return TRUE;
 }
 
-// The widest line of a text, and how many there are.
+// Returns the width of the longest line and the height of all lines.
 SIZE Measure(const std::wstring& text)
 {
     SIZE size{0, kCharacterHeight};
@@ -149,13 +149,13 @@ HWND MakeBox(HWND owner, const std::wstring& text, const wchar_t* title, UINT ty
         SendMessageW(shown, STM_SETICON, reinterpret_cast<WPARAM>(LoadIconW(nullptr, icon)), 0);
     }
     AddButtons(box, buttons, type, top);
-    // Behind the buttons, as the start of a group: the arrows stay among the buttons.
+    // After the buttons, with WS_GROUP: the arrow keys move between the buttons only.
     AddChild(box, WC_STATICW, text.c_str(), SS_NOPREFIX | WS_GROUP,
              {textLeft, kGap, textLeft + size.cx, kGap + size.cy}, kTextId);
     return box;
 }
 
-// Keeps windows disabled while a box is up.
+// Keeps windows disabled while a box is shown.
 class DisabledWindows
 {
 public:

@@ -1,4 +1,4 @@
-// What every dialog does with its messages after its own procedure.
+// Default handling of the messages of a dialog, after its own procedure.
 #include "dialog.h"
 #include "window/thread.h"
 
@@ -100,7 +100,7 @@ LRESULT Default(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam)
     return DefWindowProcW(dialog, message, wParam, lParam);
 }
 
-// These answers are the procedure's own.
+// The result of these messages is the return value of the procedure, not DWLP_MSGRESULT.
 bool AnswersDirectly(UINT message)
 {
     return message == WM_INITDIALOG || (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC);

@@ -1,4 +1,4 @@
-// Reads dialog templates: sequences of 16-bit units with controls at even ones.
+// Reads dialog templates: sequences of 16-bit units. Controls start at even units.
 #include "dialog.h"
 
 #include "base/text.h"
@@ -63,7 +63,7 @@ void ReadStyles(Reader& reader, bool extended, TemplateItem* item)
 {
     if (extended)
     {
-        reader.Long(); // help
+        reader.Long(); // help identifier
         item->exStyle = reader.Long();
         item->style = reader.Long();
         return;
@@ -72,15 +72,16 @@ void ReadStyles(Reader& reader, bool extended, TemplateItem* item)
     item->exStyle = reader.Long();
 }
 
-// Points, then weight, slant and character set, then the name: there is one font only.
+// Skips the size, the weight, slant and character set of the extended form, and the name: there is only one
+// font.
 void SkipFont(Reader& reader, bool extended)
 {
     reader.Skip(extended ? 3 : 1);
     reader.Text();
 }
 
-// The extended form counts the bytes behind the count, the classic one the count, too. A classic count of 1
-// has nothing behind it.
+// The extended form counts the bytes that follow the count. The classic form includes the count itself, and a
+// count of 1 is followed by nothing.
 void ReadData(Reader& reader, bool extended, TemplateItem* item)
 {
     const WORD* start = reader.Here();

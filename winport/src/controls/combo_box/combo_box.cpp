@@ -10,7 +10,7 @@ namespace
 constexpr int kFrame = 3;
 constexpr int kClosedHeight = kCharacterHeight + 8;
 constexpr int kFieldId = 1001;
-constexpr DWORD kKind = CBS_DROPDOWNLIST; // both bits
+constexpr DWORD kKind = CBS_DROPDOWNLIST; // all bits of the kind
 
 int ButtonWidth()
 {
@@ -147,7 +147,7 @@ LRESULT CComboBox::HandleText(UINT message, WPARAM wParam, LPARAM lParam)
     return message == WM_SETTEXT ? CB_ERR : Default(message, wParam, lParam);
 }
 
-// The focus of a box with a field is its field's.
+// A box with a field passes the focus on to it.
 LRESULT CComboBox::HandleFocus(UINT message)
 {
     if (message == WM_SETFOCUS && m_field)
@@ -167,7 +167,7 @@ LRESULT CComboBox::ToField(UINT message, WPARAM wParam, LPARAM lParam) const
     return m_field ? SendMessageW(m_field, message, wParam, lParam) : 0;
 }
 
-// The height of the template is that of the box with its list open.
+// The height given at creation includes the open list.
 void CComboBox::Create()
 {
     const RECT& rect = m_window.rect;

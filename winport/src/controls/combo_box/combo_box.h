@@ -1,5 +1,5 @@
-// The combo box: items, a selection, a list that drops down; as a drop-down also a field to type in, which is
-// a child window of the class Edit. The list itself has no window.
+// The combo box: items, a selection, a drop-down list. With CBS_DROPDOWN it also has a field to type in, a
+// child window of the class Edit. The list has no window.
 #pragma once
 
 #include "window/window.h"
@@ -62,11 +62,12 @@ private:
 
     std::vector<Item> m_items;
     int m_selected = -1;
-    int m_caret =
-        0;          ///< the index from which letters go on; a key goes to it first if it is not the selection
-    int m_rows = 0; ///< that the open list shows
+    /// Index from which the search for a typed letter starts. A key selects it first if it is not the
+    /// selection.
+    int m_caret = 0;
+    int m_rows = 0; ///< number of rows of the open list
     bool m_open = false;
-    bool m_picked = false; ///< by a key; the next text that is typed leaves the selection as it is
+    bool m_picked = false; ///< a key has selected an item; the next change of the field keeps the selection
     HWND m_field = nullptr;
 };
 } // namespace winport

@@ -1,4 +1,4 @@
-// The combo box: its items, its list, its keys.
+// The items, the list and the keys of a combo box.
 #include "combo_box.h"
 
 #include "automation/names.h"
@@ -45,7 +45,7 @@ LRESULT CComboBox::Delete(WPARAM index)
     else if (m_selected == at)
     {
         m_selected = -1;
-        m_window.text.clear(); // a field keeps its text
+        m_window.text.clear(); // the field keeps its text
     }
     return Count();
 }
@@ -58,7 +58,8 @@ LRESULT CComboBox::Reset()
     return 0;
 }
 
-// Behind the item `after` and round to it again; whatever is no item's index is before the first.
+// Searches from the item after `after`, wraps around, and checks `after` last. An `after` out of range starts
+// at the first item.
 int CComboBox::Find(int after, const wchar_t* text) const
 {
     const std::wstring_view wanted = text;
@@ -111,7 +112,7 @@ std::wstring CComboBox::TextOfField() const
     return field ? field->text : std::wstring();
 }
 
-// Who fills the list when it hears that it opens has filled it before the text of the field is looked up.
+// The text of the field is looked up after CBN_DROPDOWN, because its handler may fill the list.
 void CComboBox::Open()
 {
     if (m_open || !NotifyCommand(CBN_DROPDOWN) || m_open)
@@ -125,7 +126,7 @@ void CComboBox::Open()
         ShowSelected();
 }
 
-// The keys go on from the item that begins with the text of the field.
+// Keys continue from the item that begins with the text of the field.
 void CComboBox::MatchField(bool select)
 {
     const int found = Find(-1, TextOfField().c_str());
@@ -141,7 +142,7 @@ void CComboBox::Close(bool accepted)
     NotifyCommand(CBN_CLOSEUP);
 }
 
-// False if the key is none of the list's. Where there is a field the keys of a line are the field's.
+// Returns false if the list does not handle the key. A field handles Left, Right, Home and End itself.
 bool CComboBox::OnListKey(WPARAM key, bool alt)
 {
     const bool turns = key == VK_UP || key == VK_DOWN || key == VK_PRIOR || key == VK_NEXT;
@@ -185,7 +186,7 @@ int CComboBox::TargetOf(WPARAM key) const
     }
 }
 
-// A field gets the new text when the owner has heard of the choice.
+// The text of a field changes after CBN_SELCHANGE.
 void CComboBox::Pick(int index)
 {
     m_selected = m_caret = index;
@@ -217,7 +218,7 @@ void CComboBox::OnCharacter(WPARAM character)
         Search(static_cast<wchar_t>(character));
 }
 
-// The next item that begins with the character is picked, and an open list closes.
+// Selects the next item that begins with the character, and closes an open list.
 void CComboBox::Search(wchar_t character)
 {
     const wchar_t typed[] = {character, 0};

@@ -1,4 +1,4 @@
-// The columns of a list view, which are the headings of its header.
+// The columns of a list view. They are the headings of its header.
 #include "list_view.h"
 
 #include <algorithm>
@@ -76,7 +76,7 @@ LRESULT ListView::OnInsertColumn(WPARAM index, LPARAM parameter)
         heading.fmt = HDF_LEFT | HDF_STRING;
     heading.mask |= HDI_WIDTH | HDI_FORMAT;
     const LRESULT place = SendMessageW(m_header, HDM_INSERTITEMW, index, reinterpret_cast<LPARAM>(&heading));
-    // A row's own text stays in the first column.
+    // The text of the row itself stays in the first column.
     const std::size_t at = place > 0 ? static_cast<std::size_t>(place) - 1 : 0;
     for (const auto& row : m_rows)
     {
@@ -119,7 +119,7 @@ LRESULT ListView::OnSetColumnWidth(WPARAM index, LPARAM width)
     return SendMessageW(m_header, HDM_SETITEMW, index, reinterpret_cast<LPARAM>(&heading));
 }
 
-// What the header tells goes on to the parent, who may refuse a change.
+// Passes the notifications of the header on to the parent, which may refuse a change.
 LRESULT ListView::OnNotify(WPARAM id, LPARAM parameter)
 {
     const auto& header = *reinterpret_cast<const NMHDR*>(parameter);

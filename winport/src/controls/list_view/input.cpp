@@ -5,7 +5,7 @@
 
 namespace winport
 {
-// The row to which a key moves the focus, -1 for a key that moves nothing.
+// Returns the row to which a key moves the focus, -1 if the key moves nothing.
 int ListView::TargetOf(WPARAM key) const
 {
     const int step = PerPage() - 1;
@@ -80,7 +80,7 @@ LRESULT ListView::OnChar(WPARAM character, LPARAM)
     return 0;
 }
 
-// A row that is one of several selected ones stays so until the button comes up.
+// One of several selected rows keeps the selection as it is until the mouse button is released.
 void ListView::PressRow(int index, WPARAM keys)
 {
     if ((keys & MK_SHIFT) && !IsSingle())
@@ -115,7 +115,7 @@ LRESULT ListView::OnButtonDown(WPARAM keys, LPARAM point)
     return 0;
 }
 
-// The focus comes first, so that an editor in the list ends before the selection changes.
+// Takes the focus first, so that an editor in the list ends before the selection changes.
 LRESULT ListView::PressNothing(WPARAM keys)
 {
     SetFocus(Handle());

@@ -18,8 +18,8 @@ void ListView::CheckItem(const LVITEMW& item) const
         Missing(&m_window, "text that the parent is asked for", 0);
 }
 
-// In an ordered list a row goes before the first that is not less, or not greater. While nobody changed a
-// text or put a row elsewhere, that place can be found by halving.
+// A sorted list inserts a row before the first one that is not less. While the rows are known to be sorted, a
+// binary search finds it.
 int ListView::PlaceFor(const ListRow& row, int asked) const
 {
     if (!(Style() & LVS_SORTASCENDING))
@@ -75,7 +75,7 @@ LRESULT ListView::OnDeleteItem(WPARAM parameter, LPARAM)
     return TRUE;
 }
 
-// The handler may have refused the loss of selection or focus.
+// A handler may have refused the loss of selection or focus.
 void ListView::RemoveRow(int index)
 {
     m_selected -= Row(index).selected;
@@ -143,7 +143,7 @@ LRESULT ListView::OnSetItemText(WPARAM index, LPARAM parameter)
     return OnSetItem(0, reinterpret_cast<LPARAM>(&item));
 }
 
-// Only texts in existing columns are kept.
+// A text without a column is not stored.
 bool ListView::SetText(int index, int subItem, LPCWSTR text)
 {
     ListRow& row = Row(index);
@@ -173,7 +173,7 @@ const std::wstring& ListView::TextOf(int index, int subItem) const
     return subItem > 0 && at < row.subTexts.size() ? row.subTexts[at] : none;
 }
 
-// The comparison may ask the list, so the rows stay in their places until it is done.
+// The comparison may call the list, so the rows are moved after the sort.
 LRESULT ListView::OnSortItems(WPARAM parameter, LPARAM function)
 {
     const auto compare = reinterpret_cast<PFNLVCOMPARE>(function);

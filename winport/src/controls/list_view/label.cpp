@@ -1,4 +1,4 @@
-// Editing the label of a row in place.
+// Editing of a label in place.
 #include "list_view.h"
 
 #include <utility>
@@ -43,7 +43,7 @@ LRESULT ListView::OnEditLabel(WPARAM parameter, LPARAM)
     return reinterpret_cast<LRESULT>(m_edit);
 }
 
-// The edit field is there already when the parent is asked, so that it can change the text.
+// LVN_BEGINLABELEDIT is sent when the edit control exists, so that the parent can change its text.
 bool ListView::OpenEdit(int index)
 {
     const RECT place = IsReport() ? LabelRect(index) : RECT{};
@@ -62,8 +62,8 @@ bool ListView::OpenEdit(int index)
     return !refused && Alive(m_edit);
 }
 
-// The row may have been deleted meanwhile. The edit then ends in the row that has its index now, or silently
-// if there is none.
+// If the row was deleted meanwhile, the edit ends in the row that now has its index, or without a
+// notification if there is none.
 void ListView::EndEdit(bool cancelled)
 {
     if (!m_edit || m_ending)
@@ -75,7 +75,7 @@ void ListView::EndEdit(bool cancelled)
     m_ending = false;
 }
 
-// A text that equals the row's is told like one that was given up.
+// An unchanged text is notified like a cancelled edit.
 void ListView::CommitLabel(bool cancelled)
 {
     std::wstring text = winport::TextOf(m_edit);
@@ -89,7 +89,8 @@ void ListView::CommitLabel(bool cancelled)
     Change(m_edited, item);
 }
 
-// While a label is edited the parent receives what the edit field notifies, but for its size and its end.
+// While a label is edited, the parent receives the notifications of the edit control except EN_UPDATE and
+// EN_KILLFOCUS.
 LRESULT ListView::OnCommand(WPARAM parameter, LPARAM control)
 {
     const int code = HIWORD(parameter);
@@ -108,7 +109,7 @@ void ListView::CloseEdit()
         DestroyWindow(edit);
 }
 
-// A list that is hidden or destroyed while a label is edited tells nothing of its end.
+// If the list is hidden or destroyed while a label is edited, there is no notification of the end.
 LRESULT CALLBACK ListView::EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam)
 {
     const HWND list = GetParent(edit);

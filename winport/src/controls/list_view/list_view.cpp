@@ -2,7 +2,7 @@
 
 namespace winport
 {
-// The closed set of messages that a list view answers itself.
+// The messages that a list view handles itself.
 const ListView::Entry ListView::kEntries[] = {
     {LVM_GETITEMCOUNT, &ListView::OnGetItemCount},
     {LVM_INSERTITEMW, &ListView::OnInsertItem},

@@ -1,5 +1,5 @@
-// A list view: rows with texts in columns, their selection and focus, scrolling, and editing of labels.
-// Report mode; in icon mode a list takes rows and columns until it is switched over.
+// The list view in report mode: rows with texts in columns, selection and focus, scrolling, label editing. In
+// icon mode it only takes rows and columns until it is switched to report mode.
 #pragma once
 
 #include "controls/header.h"
@@ -9,7 +9,7 @@ namespace winport
 struct ListRow
 {
     std::wstring text;
-    std::vector<std::wstring> subTexts; ///< from the second column on, as far as any was set
+    std::vector<std::wstring> subTexts; ///< of the second column and up, as far as they were set
     LPARAM param = 0;
     bool selected = false;
 };
@@ -21,11 +21,12 @@ public:
     using Control::Handle;
     LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
 
-    /// The procedure of the edit field of a label.
+    /// The window procedure of the edit control of a label.
     static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
-    /// The edit field of a label ends it by this message, so that the list may be destroyed meanwhile.
+    /// The edit control of a label ends the edit by this message, so that the list may be destroyed
+    /// meanwhile.
     static constexpr UINT kEndLabel = WM_APP - 1;
 
     using Handler = LRESULT (ListView::*)(WPARAM, LPARAM);
@@ -36,7 +37,7 @@ private:
     };
     static const Entry kEntries[];
 
-    // Rows: listviewitems.cpp.
+    // Rows: items.cpp.
     LRESULT OnGetItemCount(WPARAM, LPARAM) { return Count(); }
     LRESULT OnInsertItem(WPARAM, LPARAM item);
     LRESULT OnDeleteItem(WPARAM index, LPARAM);
@@ -52,7 +53,7 @@ private:
     void CheckItem(const LVITEMW& item) const;
     void RemoveRow(int index);
 
-    // Columns: listviewcolumns.cpp.
+    // Columns: columns.cpp.
     LRESULT OnInsertColumn(WPARAM index, LPARAM column);
     LRESULT OnGetColumn(WPARAM index, LPARAM column);
     LRESULT OnGetColumnWidth(WPARAM index, LPARAM);
@@ -66,7 +67,7 @@ private:
     void MakeHeaderWindow();
     void PlaceHeader() const;
 
-    // Selection and focus: listviewstate.cpp.
+    // Selection and focus: state.cpp.
     LRESULT OnSetItemState(WPARAM index, LPARAM item);
     LRESULT OnGetItemState(WPARAM index, LPARAM mask);
     LRESULT OnGetSelectedCount(WPARAM, LPARAM) { return m_selected; }
@@ -83,7 +84,7 @@ private:
     void Toggle(int index);
     LRESULT Tell(UINT code, int index, UINT changed = 0, UINT before = 0, UINT after = 0);
 
-    // Where things are: listviewplace.cpp.
+    // Positions and scrolling: place.cpp.
     LRESULT OnGetItemRect(WPARAM index, LPARAM rect);
     LRESULT OnGetSubItemRect(WPARAM index, LPARAM rect);
     LRESULT OnHitTest(WPARAM, LPARAM hit);
@@ -105,7 +106,7 @@ private:
     int Hit(POINT point) const;
     void ScrollTo(int top, int left);
 
-    // Keyboard and mouse: listviewinput.cpp.
+    // Keyboard and mouse: input.cpp.
     LRESULT OnKeyDown(WPARAM key, LPARAM);
     LRESULT OnChar(WPARAM character, LPARAM);
     LRESULT OnButtonDown(WPARAM keys, LPARAM point);
@@ -120,7 +121,7 @@ private:
     LRESULT PressNothing(WPARAM keys);
     void TellClick(UINT code, LPARAM point);
 
-    // Labels: listviewlabel.cpp.
+    // Labels: label.cpp.
     LRESULT OnEditLabel(WPARAM index, LPARAM);
     LRESULT OnGetEditControl(WPARAM, LPARAM) { return reinterpret_cast<LRESULT>(m_edit); }
     LRESULT OnEndLabel(WPARAM cancelled, LPARAM) { return EndEdit(cancelled != FALSE), 0; }
@@ -131,7 +132,7 @@ private:
     void CommitLabel(bool cancelled);
     void CloseEdit();
 
-    // The window itself: listview.cpp.
+    // The window itself: list_view.cpp.
     LRESULT OnCreate(WPARAM, LPARAM) { return OnStyleChanged(static_cast<WPARAM>(GWL_STYLE), 0); }
     LRESULT OnDestroy(WPARAM, LPARAM);
     LRESULT OnStyleChanged(WPARAM which, LPARAM);
@@ -148,16 +149,18 @@ private:
     std::vector<std::unique_ptr<ListRow>> m_rows;
     HWND m_header = nullptr;
     HWND m_edit = nullptr;
-    int m_edited = -1; ///< index of the row whose label is edited; rows that come or go do not change it
+    /// Index of the row whose label is edited. Inserting and deleting rows does not change it.
+    int m_edited = -1;
     bool m_ending = false;
     int m_focus = -1;
-    int m_anchor = -1; ///< where a range of selected rows begins
+    int m_anchor = -1; ///< index of the first row of a selected range
     int m_selected = 0;
-    int m_top = 0;  ///< the first row in sight
-    int m_left = 0; ///< pixels scrolled out of sight on the left
+    int m_top = 0;  ///< index of the first visible row
+    int m_left = 0; ///< horizontal scroll position in pixels
     bool m_pressed = false;
-    int m_keptSelected = -1; ///< the row that becomes the only selected one when the button comes up
-    bool m_ordered = true;   ///< the rows are known to be in the order of their texts
+    /// Index of the row that becomes the only selected one when the mouse button is released.
+    int m_keptSelected = -1;
+    bool m_ordered = true; ///< the rows are known to be sorted by their texts
     DWORD m_extendedStyle = 0;
 };
 } // namespace winport

@@ -1,4 +1,4 @@
-// Where the rows and columns of a list view are, and what lies under a point.
+// Positions of the rows and columns of a list view, hit tests, scrolling.
 #include "list_view.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@ constexpr int kHeaderHeight = kCharacterHeight + 4;
 constexpr int kRowHeight = kCharacterHeight + 1;
 constexpr int kLabelGap = 2;
 
-// What a scroll bar asks for.
+// The requests of a scroll bar.
 constexpr WORD kLineBack = 0;
 constexpr WORD kLineOn = 1;
 constexpr WORD kPageBack = 2;
@@ -116,7 +116,7 @@ int ListView::ColumnAt(int x) const
     return Columns() ? Columns()->HeadingAt(x + m_left) : -1;
 }
 
-// The row that a click at this point selects: beside the label only where whole rows are selected.
+// Returns the row that a click at this point selects. Beyond the label that takes LVS_EX_FULLROWSELECT.
 int ListView::Hit(POINT point) const
 {
     const int row = RowAt(point);
@@ -133,7 +133,7 @@ LRESULT ListView::OnHitTest(WPARAM, LPARAM pointer)
     return hit.iItem;
 }
 
-// Goes as far as there are rows and columns to see.
+// Scrolls no further than the last row and column.
 void ListView::ScrollTo(int top, int left)
 {
     if (!IsReport() || !Alive(Handle()))

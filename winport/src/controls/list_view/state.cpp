@@ -1,4 +1,4 @@
-// Selection and focus of the rows of a list view, and how the parent is told of changes.
+// Selection and focus of the rows of a list view, and the notifications of changes.
 #include "list_view.h"
 
 #include <algorithm>
@@ -44,7 +44,7 @@ UINT ListView::ChangesBy(int index, const LVITEMW& item) const
     return changed;
 }
 
-// True if the item is as it was to become or the parent did not object.
+// Returns false if the parent refused the change or a handler removed the item.
 bool ListView::Change(int index, const LVITEMW& item)
 {
     const UINT changed = ChangesBy(index, item);
