@@ -64,10 +64,12 @@
 #define WM_USER 0x0400u
 #define WM_APP 0x8000u
 
+#define SC_MINIMIZE 0xF020u
 #define SC_MAXIMIZE 0xF030u
 #define SC_CLOSE 0xF060u
 #define SC_RESTORE 0xF120u
 #define SIZE_RESTORED 0
+#define SIZE_MINIMIZED 1
 #define SIZE_MAXIMIZED 2
 #define WA_INACTIVE 0
 #define WA_ACTIVE 1

@@ -50,6 +50,7 @@ using HGDIOBJ = void*;
 #define WS_DISABLED 0x08000000u
 #define WS_CLIPSIBLINGS 0x04000000u
 #define WS_CLIPCHILDREN 0x02000000u
+#define WS_MINIMIZE 0x20000000u
 #define WS_MAXIMIZE 0x01000000u
 #define WS_CAPTION 0x00C00000u
 #define WS_BORDER 0x00800000u
@@ -84,6 +85,7 @@ using HGDIOBJ = void*;
 #define SW_MAXIMIZE 3
 #define SW_SHOWNOACTIVATE 4
 #define SW_SHOW 5
+#define SW_MINIMIZE 6
 #define SW_SHOWNA 8
 #define SW_RESTORE 9
 
@@ -155,6 +157,8 @@ using HGDIOBJ = void*;
 #define VK_DOWN 0x28
 #define VK_INSERT 0x2D
 #define VK_DELETE 0x2E
+#define VK_ADD 0x6B
+#define VK_SUBTRACT 0x6D
 #define VK_F2 0x71
 #define VK_F4 0x73
 #define MK_LBUTTON 0x0001

@@ -1,8 +1,9 @@
-// Date pickers: digits typed into a field, and the months that are too short for the day.
+// Date pickers: digits typed into a field, keys that turn it, and the months that are too short for the day.
 #include "ControlHost.h"
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -38,31 +39,23 @@ protected:
                std::to_string(value.wDay);
     }
 
-    // r and l move to the field on that side, u and d change it by one; anything else is typed. Returns the
-    // date.
-    std::string After(const char* keys)
+    // r and l move to the field on that side, u, d, p (plus) and m (minus) change it by one, h and e are Home
+    // and End; anything else is typed. Returns the date.
+    std::string After(const std::string& keys)
     {
-        for (; *keys; ++keys)
+        static const std::map<char, WORD> acts{{'r', VK_RIGHT}, {'l', VK_LEFT}, {'u', VK_UP},
+                                               {'d', VK_DOWN},  {'p', VK_ADD},  {'m', VK_SUBTRACT},
+                                               {'h', VK_HOME},  {'e', VK_END}};
+        for (const char key : keys)
         {
-            switch (*keys)
+            const auto act = acts.find(key);
+            if (act != acts.end())
             {
-            case 'r':
-                m_host.Press(VK_RIGHT);
-                break;
-            case 'l':
-                m_host.Press(VK_LEFT);
-                break;
-            case 'u':
-                m_host.Press(VK_UP);
-                break;
-            case 'd':
-                m_host.Press(VK_DOWN);
-                break;
-            default:
-                m_host.Send(WM_KEYDOWN, static_cast<WPARAM>(*keys), 1);
-                m_host.Send(WM_CHAR, static_cast<WPARAM>(*keys), 1);
-                break;
+                m_host.Press(act->second);
+                continue;
             }
+            m_host.Send(WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+            m_host.Send(WM_CHAR, static_cast<WPARAM>(key), 1);
         }
         return Day();
     }
@@ -211,6 +204,59 @@ TEST_F(DatePickerTyping, AnArrowToAMonthThatIsTooShortTakesItsFirstDay)
     EXPECT_EQ(After("u"), "2024-2-29");
     Set(2024, 12, 31);
     EXPECT_EQ(After("u"), "2024-1-31");
+}
+
+TEST_F(DatePickerTyping, EndSetsAFieldToItsLastValue)
+{
+    Set(2024, 2, 15);
+    EXPECT_EQ(After("re"), "2024-12-15");
+    EXPECT_EQ(After("e"), "2024-12-15");
+    Set(2024, 2, 15);
+    EXPECT_EQ(After("re"), "2024-2-29");
+    EXPECT_EQ(m_host.Codes(), Codes{kChange});
+    EXPECT_EQ(After("re"), "9999-2-28");
+}
+
+TEST_F(DatePickerTyping, HomeSetsTheYearToItsFirstValue)
+{
+    EXPECT_EQ(After("rrrh"), "1752-9-14");
+    EXPECT_EQ(m_host.Codes(), Codes{kChange});
+}
+
+TEST_F(DatePickerTyping, HomeSetsMonthAndDayToTheirLastValue)
+{
+    Set(2024, 2, 15);
+    EXPECT_EQ(After("rh"), "2024-12-15");
+    EXPECT_EQ(After("rh"), "2024-12-31");
+}
+
+TEST_F(DatePickerTyping, HomeAndEndDiscardTypedDigits)
+{
+    EXPECT_EQ(After("r1e"), "2024-12-31");
+    EXPECT_EQ(After("1h"), "2024-12-31");
+    EXPECT_EQ(After("r"), "2024-12-31");
+    EXPECT_EQ(m_host.Codes(), (Codes{kChange, kChange}));
+}
+
+TEST_F(DatePickerTyping, WithoutAFieldHomeAndEndOnlyNotify)
+{
+    EXPECT_EQ(After("he"), "2024-7-31");
+    EXPECT_EQ(m_host.Codes(), (Codes{kChange, kChange}));
+}
+
+TEST_F(DatePickerTyping, PlusAndMinusOfTheKeypadWorkLikeArrows)
+{
+    EXPECT_EQ(After("rrp"), "2024-7-1");
+    EXPECT_EQ(After("mm"), "2024-7-30");
+    EXPECT_EQ(m_host.Codes(), (Codes{kChange, kChange, kChange}));
+}
+
+TEST_F(DatePickerTyping, LeftInTheFirstFieldLeavesTheFields)
+{
+    EXPECT_EQ(After("rlu"), "2024-7-31");
+    EXPECT_EQ(After("ru"), "2024-8-31");
+    EXPECT_EQ(After("lllrru"), "2024-8-31");
+    EXPECT_EQ(After("ru"), "2024-9-1");
 }
 
 TEST_F(DatePickerTyping, MayBeDestroyedByWhatWasTyped)

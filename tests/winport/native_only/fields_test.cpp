@@ -63,9 +63,3 @@ TEST(NativeOnly_DatePicker, AnUnsupportedStyleEndsTheRun)
 {
     EXPECT_DEATH(Make(DATETIMEPICK_CLASSW, kShowNone), "winport has no style 0x2");
 }
-
-TEST(NativeOnly_DatePicker, HomeAndEndEndTheRun)
-{
-    EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Press(VK_HOME), "winport has no key 0x24");
-    EXPECT_DEATH(ControlHost(DATETIMEPICK_CLASSW, 0).Press(VK_END), "winport has no key 0x23");
-}

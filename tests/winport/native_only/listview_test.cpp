@@ -95,11 +95,6 @@ TEST(NativeOnly_ListView, ColumnsThatFitThemselvesOrHaveMoreEndTheRun)
     EXPECT_DEATH(AskColumn(ListViewHost(), kColumnImage), "winport has no part of a list view column 0x10");
 }
 
-TEST(NativeOnly_ListView, TypingEndsTheRun)
-{
-    EXPECT_DEATH(ListViewHost().Type(L"r"), "winport has no character 0x72");
-}
-
 TEST(NativeOnly_Header, AnUnsupportedMessageEndsTheRun)
 {
     EXPECT_DEATH(SendMessageW(ListViewHost().Header(), kHitTestHeader, 0, 0),

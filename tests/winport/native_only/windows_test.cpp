@@ -67,6 +67,8 @@ TEST_F(NativeWindows, EndTheRunAtUnsupportedRequests)
     EXPECT_DEATH(SetWindowsHookExW(WH_CBT, NoHook, nullptr, 0), "no hook of another thread");
     EXPECT_DEATH(GetWindow(window, kEnabledPopup), "no GetWindow relation 0x6");
     EXPECT_DEATH(ShowWindow(window, kMinimized), "no way to show 0x2");
+    ShowWindow(window, SW_MINIMIZE);
+    EXPECT_DEATH(ShowWindow(window, SW_SHOWNOACTIVATE), "no way to show a minimised window 0x4");
     const INITCOMMONCONTROLSEX classes{sizeof(classes), 0x4};
     EXPECT_DEATH(InitCommonControlsEx(&classes), "no group of control classes 0x4");
     constexpr UINT kRootOwner = 3;

@@ -124,17 +124,20 @@ void CDatePicker::OnKey(WPARAM key)
         EnterField((m_field + 1) % kFields);
         break;
     case VK_LEFT:
-        EnterField(m_field > 0 ? m_field - 1 : kFields - 1);
+        EnterField(m_field - 1); // below 0, where there is no field
         break;
     case VK_UP:
+    case VK_ADD:
         Turn(1);
         break;
     case VK_DOWN:
+    case VK_SUBTRACT:
         Turn(-1);
         break;
     case VK_HOME:
     case VK_END:
-        Missing(&m_window, "key", key);
+        TurnToEnd(key == VK_END);
+        break;
     default:
         break;
     }
@@ -194,6 +197,21 @@ void CDatePicker::Turn(int by)
         date.day = Wrapped(date.day + by, 1, DaysInMonth(date.year, date.month));
     else if (m_field >= 0)
         date.year = std::min(date.year + by, kLastYear);
+    date.day = std::min(date.day, DaysInMonth(date.year, date.month));
+    Change(IsBeforeFirst(date) ? kFirst : date);
+}
+
+// Home differs from End in the year only. Discards typed digits.
+void CDatePicker::TurnToEnd(bool last)
+{
+    CivilDate date = DateOf(m_value);
+    m_typed.clear();
+    if (m_field == kMonth)
+        date.month = 12;
+    else if (m_field == kDay)
+        date.day = DaysInMonth(date.year, date.month);
+    else if (m_field == kYear)
+        date.year = last ? kLastYear : kFirst.year;
     date.day = std::min(date.day, DaysInMonth(date.year, date.month));
     Change(IsBeforeFirst(date) ? kFirst : date);
 }

@@ -26,10 +26,11 @@ private:
     void EnterField(int field);
     void EndTyping();
     void Turn(int by);
+    void TurnToEnd(bool last);
     void Change(const CivilDate& date);
 
     SYSTEMTIME m_value{};
-    int m_field = -1;     ///< month, day, year; -1 before the first was entered
+    int m_field = -1;     ///< month, day, year; below 0 there is no field
     std::wstring m_typed; ///< digits that are not the field's value yet
 };
 } // namespace winport

@@ -1,4 +1,4 @@
-// The least and the greatest size of a window, and the maximised one.
+// The least and the greatest size of a window, and the maximised and the minimised window.
 #include "thread.h"
 
 #include <algorithm>
@@ -32,13 +32,42 @@ int Within(int size, LONG least, LONG greatest)
     return std::max(std::min(size, static_cast<int>(greatest)), static_cast<int>(least));
 }
 
-void ChangeState(Window& window, const RECT& to)
+// Sets the style. Children keep their position in the client area, whose origin depends on the style.
+void SetState(Window& window, DWORD state)
+{
+    const RECT before = window.ClientOnScreen();
+    window.style = (window.style & ~(WS_MAXIMIZE | WS_MINIMIZE)) | state;
+    const RECT after = window.ClientOnScreen();
+    for (Window* child : window.children)
+    {
+        const RECT& rect = child->rect;
+        Place(*child, rect.left + after.left - before.left, rect.top + after.top - before.top,
+              rect.right - rect.left, rect.bottom - rect.top);
+    }
+}
+
+// `state` is WS_MAXIMIZE, WS_MINIMIZE or 0.
+void ChangeState(Window& window, DWORD state, const RECT& to, UINT flags)
 {
     const bool visible = window.style & WS_VISIBLE;
-    window.style ^= WS_MAXIMIZE;
+    SetState(window, state);
     window.placeUntold = false;
     SetWindowPos(window.handle, HWND_TOP, to.left, to.top, to.right - to.left, to.bottom - to.top,
-                 kStateChanged | SWP_FRAMECHANGED | (visible ? 0 : SWP_SHOWWINDOW));
+                 flags | kStateChanged | SWP_FRAMECHANGED | (visible ? 0 : SWP_SHOWWINDOW));
+}
+
+void KeepPlace(Window& window)
+{
+    if (!(window.style & (WS_MAXIMIZE | WS_MINIMIZE)))
+        window.restored = window.rect;
+}
+
+// A restored window gets the focus and WM_ACTIVATE, even if it was active while it was minimised.
+void ActivateRestored(HWND handle)
+{
+    SetFocus(handle);
+    if (FindWindowOf(handle))
+        SendMessageW(handle, WM_ACTIVATE, WA_ACTIVE, 0);
 }
 } // namespace
 
@@ -61,13 +90,32 @@ void Maximise(HWND handle)
     if (!window)
         return;
     const POINT at = bounds.ptMaxPosition;
-    window->restored = window->rect;
-    ChangeState(*window, {at.x, at.y, at.x + bounds.ptMaxSize.x, at.y + bounds.ptMaxSize.y});
+    const bool minimised = window->style & WS_MINIMIZE;
+    KeepPlace(*window);
+    ChangeState(*window, WS_MAXIMIZE, {at.x, at.y, at.x + bounds.ptMaxSize.x, at.y + bounds.ptMaxSize.y}, 0);
+    if (minimised)
+        ActivateRestored(handle);
+}
+
+// The window stays active.
+void Minimise(HWND handle)
+{
+    if (GetFocus() == handle)
+        SetFocus(nullptr);
+    Window* window = FindWindowOf(handle);
+    if (!window)
+        return;
+    KeepPlace(*window);
+    window->restoresToMaximised = window->style & WS_MAXIMIZE;
+    ChangeState(*window, WS_MINIMIZE, kMinimisedPlace, SWP_NOACTIVATE | SWP_NOZORDER);
 }
 
 void Restore(HWND handle)
 {
     Window& window = *FindWindowOf(handle);
-    ChangeState(window, window.restored);
+    const bool minimised = window.style & WS_MINIMIZE;
+    ChangeState(window, 0, window.restored, 0);
+    if (minimised)
+        ActivateRestored(handle);
 }
 } // namespace winport

@@ -34,8 +34,12 @@ void OnSystemCommand(HWND handle, WPARAM command)
 {
     if (command == SC_CLOSE)
         SendMessageW(handle, WM_CLOSE, 0, 0);
-    else if (command == SC_MAXIMIZE || command == SC_RESTORE)
-        ShowWindow(handle, command == SC_MAXIMIZE ? SW_SHOWMAXIMIZED : SW_RESTORE);
+    else if (command == SC_MAXIMIZE)
+        ShowWindow(handle, SW_SHOWMAXIMIZED);
+    else if (command == SC_MINIMIZE)
+        ShowWindow(handle, SW_MINIMIZE);
+    else if (command == SC_RESTORE)
+        ShowWindow(handle, SW_RESTORE);
 }
 
 void OnSystemKey(Window& window, WPARAM key, LPARAM flags)

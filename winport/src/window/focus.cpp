@@ -64,11 +64,12 @@ void TellActive(HWND next, HWND before)
         SendMessageW(next, WM_ACTIVATE, WA_ACTIVE, other);
 }
 
+// A window that is disabled or minimised, or inside of one, cannot get the focus.
 bool IsAbleInside(const Window& window)
 {
     for (const Window* at = &window; at; at = at->parent)
     {
-        if (!at->Enabled())
+        if (!at->Enabled() || (at->style & WS_MINIMIZE))
             return false;
     }
     return true;

@@ -53,6 +53,8 @@ bool ClientOrigin(HWND handle, POINT* origin)
 
 RECT Window::ClientOnScreen() const
 {
+    if (style & WS_MINIMIZE)
+        return {rect.left, rect.top, rect.left, rect.top};
     RECT client{rect.left + frame, rect.top + frame + caption, rect.right - frame, rect.bottom - frame};
     if ((style & WS_VSCROLL) && client.right - client.left >= kScrollBarWidth)
         client.right -= kScrollBarWidth;
@@ -100,9 +102,11 @@ void SendSize(HWND handle)
     RECT client{};
     if (!GetClientRect(handle, &client))
         return;
-    const bool maximised = FindWindowOf(handle)->style & WS_MAXIMIZE;
-    SendMessageW(handle, WM_SIZE, maximised ? SIZE_MAXIMIZED : SIZE_RESTORED,
-                 MAKELPARAM(client.right, client.bottom));
+    const DWORD style = FindWindowOf(handle)->style;
+    const WPARAM state = style & WS_MINIMIZE   ? SIZE_MINIMIZED
+                         : style & WS_MAXIMIZE ? SIZE_MAXIMIZED
+                                               : SIZE_RESTORED;
+    SendMessageW(handle, WM_SIZE, state, MAKELPARAM(client.right, client.bottom));
 }
 
 void SendMove(HWND handle)

@@ -27,8 +27,8 @@ LONG_PTR SetStyle(HWND handle, DWORD Window::*style, int index, DWORD value)
     if (!(window = FindWindowOf(handle)))
         return 0;
     const bool extended = index == GWL_EXSTYLE;
-    const DWORD maximised = window->style & WS_MAXIMIZE;
-    CheckStyles(*window, extended ? 0 : change.styleNew & ~maximised, extended ? change.styleNew : 0);
+    const DWORD state = window->style & (WS_MAXIMIZE | WS_MINIMIZE);
+    CheckStyles(*window, extended ? 0 : change.styleNew & ~state, extended ? change.styleNew : 0);
     window->*style = extended ? change.styleNew : CompleteStyle(*window, change.styleNew);
     window->exStyle = CompleteExStyle(window->style, window->exStyle);
     SendMessageW(handle, WM_STYLECHANGED, which, reinterpret_cast<LPARAM>(&change));

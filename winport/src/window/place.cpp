@@ -10,9 +10,16 @@ namespace
 constexpr UINT kNothing = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER;
 constexpr UINT kSomething = SWP_SHOWWINDOW | SWP_HIDEWINDOW | SWP_FRAMECHANGED;
 
-// Clears the flags of changes that change nothing.
+// Clears the flags of changes that change nothing. A minimised window cannot be moved.
 void Reduce(Window& window, WINDOWPOS* change)
 {
+    if (window.style & WS_MINIMIZE)
+    {
+        change->x = kMinimisedPlace.left;
+        change->y = kMinimisedPlace.top;
+        change->cx = kMinimisedPlace.right - kMinimisedPlace.left;
+        change->cy = kMinimisedPlace.bottom - kMinimisedPlace.top;
+    }
     const POINT origin = OriginOf(window);
     const RECT& rect = window.rect;
     change->cx = std::max(change->cx, 0);
@@ -85,6 +92,7 @@ UINT FlagsToShow(const Window& window, int how)
     case SW_SHOWNORMAL:
     case SW_SHOWMAXIMIZED:
     case SW_RESTORE:
+    case SW_MINIMIZE:
         flags |= SWP_SHOWWINDOW;
         break;
     default:
@@ -93,13 +101,26 @@ UINT FlagsToShow(const Window& window, int how)
     return window.parent ? flags | SWP_NOACTIVATE | SWP_NOZORDER : flags;
 }
 
-// True if that way to show makes the window maximised or ends it.
-bool ChangesState(const Window& window, int how)
+// Maximises, minimises or restores the window. Returns false if that way to show does not change its state.
+bool ChangeState(const Window& window, int how)
 {
     const bool maximised = window.style & WS_MAXIMIZE;
-    if (how == SW_SHOWMAXIMIZED && window.parent)
+    const bool minimised = window.style & WS_MINIMIZE;
+    if ((how == SW_SHOWMAXIMIZED || how == SW_MINIMIZE) && window.parent)
         Missing(&window, "way to show a child", static_cast<unsigned>(how));
-    return maximised ? how == SW_SHOWNORMAL || how == SW_RESTORE : how == SW_SHOWMAXIMIZED;
+    if (how == SW_SHOWNOACTIVATE && minimised)
+        Missing(&window, "way to show a minimised window", static_cast<unsigned>(how));
+    const bool restores = how == SW_SHOWNORMAL || how == SW_RESTORE;
+    const bool toMaximised = restores && minimised && window.restoresToMaximised;
+    if (toMaximised || (how == SW_SHOWMAXIMIZED && !maximised))
+        Maximise(window.handle);
+    else if (how == SW_MINIMIZE && !minimised)
+        Minimise(window.handle);
+    else if (restores && (maximised || minimised))
+        Restore(window.handle);
+    else
+        return false;
+    return true;
 }
 } // namespace
 } // namespace winport
@@ -149,12 +170,7 @@ BOOL ShowWindow(HWND handle, int how)
         return FALSE;
     const UINT flags = FlagsToShow(*window, how);
     const bool visible = window->style & WS_VISIBLE;
-    if (ChangesState(*window, how))
-    {
-        how == SW_SHOWMAXIMIZED ? Maximise(handle) : Restore(handle);
-        return visible;
-    }
-    if (visible == (how != SW_HIDE))
+    if (ChangeState(*window, how) || visible == (how != SW_HIDE))
         return visible;
     SendMessageW(handle, WM_SHOWWINDOW, how != SW_HIDE, 0);
     if (FindWindowOf(handle))

@@ -11,7 +11,7 @@ namespace winport
 /// Flags of WM_WINDOWPOSCHANGED: the client area has kept its size, or its position.
 constexpr UINT kSameClientSize = 0x0800;
 constexpr UINT kSameClientPlace = 0x1000;
-/// Flag of both messages about a window's place: it is maximised or restored.
+/// Flag of both messages about a window's place: it is maximised, minimised or restored.
 constexpr UINT kStateChanged = 0x8000;
 
 struct Hook
@@ -111,8 +111,13 @@ void Place(Window& window, int x, int y, int width, int height);
 /// Applies the minimum and maximum size of a window that has them: WM_GETMINMAXINFO is sent.
 void KeepTrackSize(const Window& window, int* width, int* height);
 
-/// Maximises a window to the screen, or restores its former position; shows it.
+/// Where every minimised window is.
+constexpr RECT kMinimisedPlace{-32000, -32000, -32000 + 160, -32000 + 24};
+
+/// Changes the state of a top-level window and shows it: maximised to the screen, minimised, or at its former
+/// position.
 void Maximise(HWND handle);
+void Minimise(HWND handle);
 void Restore(HWND handle);
 
 /// Makes `next`, which may be null, the active window of the thread. Returns false if a hook refused.

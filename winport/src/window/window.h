@@ -50,13 +50,14 @@ struct Window
     HINSTANCE instance = nullptr;
     DWORD style = 0;
     DWORD exStyle = 0;
-    RECT rect{};                   ///< the whole window, in pixels of the screen
-    RECT restored{};               ///< its position before it was maximised
-    int frame = 0;                 ///< width of the frame
-    int caption = 0;               ///< height of the caption
-    Window* parent = nullptr;      ///< of a child window; null for a top-level one
-    Window* owner = nullptr;       ///< of a top-level window
-    std::vector<Window*> children; ///< from top to bottom; also the order of the Tab key
+    RECT rect{};                      ///< the whole window, in pixels of the screen
+    RECT restored{};                  ///< its position before it was maximised or minimised
+    bool restoresToMaximised = false; ///< it was maximised when it was minimised
+    int frame = 0;                    ///< width of the frame
+    int caption = 0;                  ///< height of the caption
+    Window* parent = nullptr;         ///< of a child window; null for a top-level one
+    Window* owner = nullptr;          ///< of a top-level window
+    std::vector<Window*> children;    ///< from top to bottom; also the order of the Tab key
     LONG_PTR id = 0;
     std::wstring text;
     LONG_PTR userData = 0;

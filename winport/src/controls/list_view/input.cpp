@@ -1,6 +1,8 @@
 // Keyboard and mouse in a list view.
 #include "list_view.h"
 
+#include "base/text.h"
+
 #include <algorithm>
 
 namespace winport
@@ -72,12 +74,34 @@ LRESULT ListView::OnKeyDown(WPARAM key, LPARAM)
     return 0;
 }
 
-// Nothing is searched for by typing.
+// Characters typed in quick succession form a prefix to search for. The first one starts at the row after the
+// focused one, the others at the focused one.
 LRESULT ListView::OnChar(WPARAM character, LPARAM)
 {
-    if (character > VK_SPACE)
-        Missing(&m_window, "character", character);
+    constexpr ULONGLONG kPause = 450;
+    if (character <= VK_SPACE)
+        return 0;
+    const ULONGLONG now = GetTickCount64();
+    if (now - m_typedAt >= kPause)
+        m_typed.clear();
+    m_typedAt = now;
+    m_typed += static_cast<wchar_t>(character);
+    const int found = FindPrefix(m_typed, m_typed.size() == 1 ? m_focus + 1 : std::max(m_focus, 0));
+    if (found >= 0)
+        MoveTo(found);
     return 0;
+}
+
+// Searches from the row `first` and wraps around. Returns -1 if no text begins with the prefix.
+int ListView::FindPrefix(std::wstring_view prefix, int first) const
+{
+    for (int step = 0; step < Count(); ++step)
+    {
+        const int index = (first + step) % Count();
+        if (CompareNoCase(std::wstring_view(Row(index).text).substr(0, prefix.size()), prefix) == 0)
+            return index;
+    }
+    return -1;
 }
 
 // One of several selected rows keeps the selection as it is until the mouse button is released.

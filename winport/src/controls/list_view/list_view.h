@@ -109,6 +109,7 @@ private:
     // Keyboard and mouse: input.cpp.
     LRESULT OnKeyDown(WPARAM key, LPARAM);
     LRESULT OnChar(WPARAM character, LPARAM);
+    int FindPrefix(std::wstring_view prefix, int first) const;
     LRESULT OnButtonDown(WPARAM keys, LPARAM point);
     LRESULT OnButtonUp(WPARAM, LPARAM point);
     LRESULT OnDoubleClick(WPARAM, LPARAM point);
@@ -158,6 +159,8 @@ private:
     int m_top = 0;  ///< index of the first visible row
     int m_left = 0; ///< horizontal scroll position in pixels
     bool m_pressed = false;
+    std::wstring m_typed;    ///< prefix typed so far
+    ULONGLONG m_typedAt = 0; ///< time of its last character
     /// Index of the row that becomes the only selected one when the mouse button is released.
     int m_keptSelected = -1;
     bool m_ordered = true; ///< the rows are known to be sorted by their texts
