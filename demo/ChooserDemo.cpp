@@ -128,7 +128,7 @@ void CChooserDemo::AskForSomethingNew()
     ComPtr<IQP_BaseDataObject> project;
     const HRESULT status = choice->ShowDialogEx(root.get(), Bstr(m_texts.chooseTemplate).get(), TRUE,
                                                 &canceled, &create, project.put(), 0);
-    PrintLine(std::wstring(L"  to be made without a template: ") + (create ? L"yes" : L"no"));
+    PrintLine(L"  chosen: " + (create ? L"a new one, without a template" : NameOf(project.get())));
     m_expect(status == S_OK && canceled == 0 && create == 1 && !project, L"something new is asked for");
 }
 
@@ -174,6 +174,7 @@ void CChooserDemo::FindNoScripts()
     ReadMessage(boxes, "script-picker-no-scripts");
     ComPtr<IQP_BaseDataObject> script;
     const HRESULT status = choice->ShowDialog(project.get(), Bstr(L"script").get(), script.put());
+    PrintLine(L"  chosen: " + NameOf(script.get()));
     m_expect(status == S_FALSE && !script, L"no dialog opens where there are no scripts");
 }
 
@@ -188,6 +189,7 @@ void CChooserDemo::AskForOtherItems()
     ReadMessage(boxes, "script-picker-other-items");
     ComPtr<IQP_BaseDataObject> item;
     const HRESULT status = choice->ShowDialog(panel.get(), Bstr(L"orvoitem").get(), item.put());
+    PrintLine(L"  chosen: " + NameOf(item.get()));
     m_expect(status == S_FALSE && !item, L"no dialog opens for items that are no scripts");
 }
 

@@ -273,7 +273,7 @@ const std::vector<CommandCase>& CommandCases()
           {L"Tool list", L"script Create tool list", kOnce}},
          31,
          kTurningMenuCalls},
-        {{L"Context menu of a robot, by type: a macro takes the place of a script of its name", L"Body Shop",
+        {{L"Context menu of a robot, by type: a macro replaces an earlier script of its name", L"Body Shop",
           L"robot", nullptr},
          kContextMenu,
          {{L"Park", L"macro ModRobot.Park", kEach},
