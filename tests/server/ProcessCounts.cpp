@@ -25,17 +25,30 @@ LONG_PTR NextHandle()
     return reinterpret_cast<LONG_PTR>(event);
 }
 
-int Atoms()
+// Numbers of atoms are given out from the lowest free one on. So many free ones in a row are the end of a
+// table: to ask for each number that there can be takes seconds under Wine.
+constexpr int kEndOfAtoms = 250;
+
+/// Counts the names in a table of atoms. `nameOf` returns 0 for a number without a name.
+template <class NameOf>
+int CountAtoms(NameOf&& nameOf)
 {
     int count = 0;
+    int unused = 0;
     wchar_t name[256];
-    for (UINT atom = 0xC000; atom <= 0xFFFF; ++atom)
+    for (UINT atom = 0xC000; atom <= 0xFFFF && unused < kEndOfAtoms; ++atom)
     {
-        count += GetClipboardFormatNameW(atom, name, 256) > 0; // registered messages and window classes
-        count += GlobalGetAtomNameW(static_cast<ATOM>(atom), name, 256) > 0;
-        count += GetAtomNameW(static_cast<ATOM>(atom), name, 256) > 0;
+        const bool isUsed = nameOf(static_cast<ATOM>(atom), name, 256) > 0;
+        count += isUsed;
+        unused = isUsed ? 0 : unused + 1;
     }
     return count;
+}
+
+// Registered messages and window classes are names of clipboard formats.
+int Atoms()
+{
+    return CountAtoms(&GetClipboardFormatNameW) + CountAtoms(&GlobalGetAtomNameW) + CountAtoms(&GetAtomNameW);
 }
 
 std::size_t BytesOf(HANDLE heap)

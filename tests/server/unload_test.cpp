@@ -14,13 +14,41 @@
 
 namespace
 {
-/// A process has 1,088 TLS slots: a module that loses one at each load ends its host before this.
-/// QP_UNLOAD_CYCLES holds another number for a long run.
-int Cycles()
+/// QP_UNLOAD_CYCLES holds the number of cycles for a long run.
+int CyclesOr(int usual)
 {
     const char* asked = std::getenv("QP_UNLOAD_CYCLES");
-    return asked ? std::atoi(asked) : 1'250;
+    return asked ? std::atoi(asked) : usual;
 }
+
+/// Loads the common controls that the module asks for in its manifest, as a host with windows has them.
+/// Without it they are loaded and unloaded with the module, which takes most of a cycle's time.
+class CommonControls
+{
+public:
+    CommonControls()
+    {
+        const std::wstring path = ModulePath();
+        ACTCTXW request = {};
+        request.cbSize = sizeof(request);
+        request.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID;
+        request.lpSource = path.c_str();
+        request.lpResourceName = MAKEINTRESOURCEW(2);
+        const HANDLE context = CreateActCtxW(&request);
+        ULONG_PTR cookie = 0;
+        EXPECT_TRUE(context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &cookie));
+        m_library = LoadLibraryW(L"comctl32.dll");
+        EXPECT_NE(m_library, nullptr);
+        DeactivateActCtx(0, cookie);
+        ReleaseActCtx(context);
+    }
+    ~CommonControls() { FreeLibrary(m_library); }
+    CommonControls(const CommonControls&) = delete;
+    CommonControls& operator=(const CommonControls&) = delete;
+
+private:
+    HMODULE m_library;
+};
 
 /// What the process holds apart from memory and atoms is to the piece what it was.
 void ExpectSame(const ProcessCounts& before, const ProcessCounts& after)
@@ -31,6 +59,23 @@ void ExpectSame(const ProcessCounts& before, const ProcessCounts& after)
     // Atoms belong to the desktop: those of a process that ended earlier may be deleted during the test.
     EXPECT_LE(after.atoms, before.atoms);
     EXPECT_LE(after.heapBytes, before.heapBytes + 8'192);
+}
+
+/// Has the module loaded, used and unloaded `cycles` times. Compares the process with what it was after the
+/// first `settling` cycles, in which the system fills its caches.
+void Repeat(int cycles, int settling)
+{
+    UnloadingHost host;
+    ProcessCounts before = {};
+    for (int cycle = 0; cycle < cycles; ++cycle)
+    {
+        if (cycle == settling)
+            before = ProcessCounts::Take();
+        host.Work(cycle % 25 == 0);
+        ASSERT_TRUE(UnloadingHost::IsLoaded());
+        ASSERT_TRUE(UnloadingHost::Unload()) << "cycle " << cycle;
+    }
+    ExpectSame(before, ProcessCounts::Take());
 }
 
 class Unload : public testing::Test
@@ -83,20 +128,19 @@ private:
 };
 } // namespace
 
+// A process has 64 + 1,024 TLS slots, some of which are taken: a module that loses one at each load ends its
+// host before the 1,088th. The usual 1,150 loads are beyond that. The free slots of both kinds are counted as
+// well, so that a single one lost in the 1,050 cycles after the first 100 is seen.
 TEST_F(Unload, LeavesTheProcessAsItWas)
 {
-    UnloadingHost host;
-    ProcessCounts before = {};
-    const int cycles = Cycles();
-    for (int cycle = 0; cycle < cycles; ++cycle)
-    {
-        if (cycle == 100)
-            before = ProcessCounts::Take();
-        host.Work(cycle % 25 == 0);
-        ASSERT_TRUE(UnloadingHost::IsLoaded());
-        ASSERT_TRUE(UnloadingHost::Unload()) << "cycle " << cycle;
-    }
-    ExpectSame(before, ProcessCounts::Take());
+    const CommonControls held;
+    Repeat(CyclesOr(1'150), 100);
+}
+
+// Here the common controls come and go with the module. How many slots there are was shown above.
+TEST_F(Unload, TakesAlongTheLibrariesThatCameWithIt)
+{
+    Repeat(CyclesOr(100), 30);
 }
 
 TEST_F(Unload, LeavesNothingInThreadsThatLiveOn)
