@@ -6,6 +6,9 @@
 
 #include "Bstr.h"
 
+#include "qptypes.h"
+
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -90,14 +93,38 @@ std::string CellText(SAFEARRAY* array, LONG row, LONG column, UINT dimensions)
     SafeArrayGetElement(array, index.data(), cell.put());
     return ArgumentText(cell.get());
 }
+
+std::string Joined(const std::vector<std::string>& parts, const char* before, const char* behind)
+{
+    std::string text = before;
+    for (const std::string& part : parts)
+        text += (&part == &parts.front() ? "" : ", ") + part;
+    return text + behind;
+}
+
+/// The elements of an array of variants of one dimension.
+std::string SetText(SAFEARRAY* array)
+{
+    LONG low = 0;
+    LONG high = -1;
+    if (SafeArrayGetDim(array) != 1 || FAILED(SafeArrayGetLBound(array, 1, &low)) ||
+        FAILED(SafeArrayGetUBound(array, 1, &high)))
+        return "<array>";
+    std::vector<std::string> elements;
+    for (LONG index = low; index <= high; ++index)
+    {
+        Variant element;
+        SafeArrayGetElement(array, &index, element.put());
+        elements.push_back(ArgumentText(element.get()));
+    }
+    std::sort(elements.begin(), elements.end());
+    return Joined(elements, "[", "]");
+}
 } // namespace
 
 std::string ArgumentList(const std::vector<std::string>& arguments)
 {
-    std::string list = "(";
-    for (const std::string& argument : arguments)
-        list += (list.size() > 1 ? ", " : "") + argument;
-    return list + ')';
+    return Joined(arguments, "(", ")");
 }
 
 std::string ArgumentText(BSTR text)
@@ -119,6 +146,18 @@ std::string ArgumentText(const GUID& id)
     for (int i = 0; i < 8; ++i)
         text += Formatted(i == 2 ? "-%02X" : "%02X", static_cast<unsigned>(id.Data4[i]));
     return text + '}';
+}
+
+std::string ArgumentText(const ParameterBag& bag)
+{
+    std::vector<std::string> parameters;
+    for (const tagINITVALUE* entry = bag.values; entry && entry != bag.values + bag.count; ++entry)
+    {
+        const bool isArray = entry->varValue.vt == (VT_ARRAY | VT_VARIANT) && entry->varValue.parray;
+        parameters.push_back(Utf8FromWide(TextOf(entry->bstrParamName)) + " = " +
+                             (isArray ? SetText(entry->varValue.parray) : ArgumentText(entry->varValue)));
+    }
+    return Joined(parameters, "{", "}");
 }
 
 std::string ArgumentText(SAFEARRAY** array)

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+struct tagINITVALUE;
+
 namespace refhost
 {
 std::string ArgumentText(BSTR text);
@@ -15,6 +17,15 @@ std::string ArgumentText(const VARIANT& value);
 std::string ArgumentText(const GUID& id);
 /// The elements of a name list or of an array of name/value pairs.
 std::string ArgumentText(SAFEARRAY** array);
+
+/// A bag of named values.
+struct ParameterBag
+{
+    ULONG count;
+    const tagINITVALUE* values;
+};
+/// `{name = value, ...}`; the elements of an array in it by their texts, because their order says nothing.
+std::string ArgumentText(const ParameterBag& bag);
 inline std::string ArgumentText(int number)
 {
     return std::to_string(number);

@@ -25,6 +25,11 @@ constexpr HRESULT kSomeHidden = static_cast<HRESULT>(0x80040344);
 
 /// All objects of a plant belong to one client.
 constexpr LONG kClientId = 1;
+
+NameUsed UsedOf(const Attribute& attribute, const std::string& name)
+{
+    return name == attribute.key ? NameUsed::Key : NameUsed::Column;
+}
 } // namespace
 
 HostDataObject::HostDataObject(Core core, const Kind& kind, long long id) : m_row{std::move(core), kind, id}
@@ -97,7 +102,13 @@ HRESULT HostDataObject::GetAttribute(BSTR name, VARIANT* value)
 {
     return Call(
         "IQP_BaseDataObject::GetAttribute", std::tuple(Out{value}),
-        [&] { return m_row.Read(Known(name), *value); }, name);
+        [&] {
+            const std::string asked = Utf8FromWide(TextOf(name));
+            const Attribute* attribute = m_row.kind.FindAttribute(asked);
+            Require(attribute != nullptr);
+            return m_row.Read(*attribute, *value, UsedOf(*attribute, asked));
+        },
+        name);
 }
 
 HRESULT HostDataObject::GetAttributes(SAFEARRAY** names, SAFEARRAY** values)
@@ -226,12 +237,13 @@ HRESULT HostDataObject::ReadAll(SAFEARRAY* names, SAFEARRAY** values) const
     bool unknown = false;
     for (const std::wstring& name : ReadNames(names))
     {
-        const Attribute* attribute = m_row.kind.FindAttribute(Utf8FromWide(name));
+        const std::string asked = Utf8FromWide(name);
+        const Attribute* attribute = m_row.kind.FindAttribute(asked);
         unknown = unknown || !attribute;
         if (!attribute)
             continue;
         Pair pair{name};
-        if (m_row.Read(*attribute, *pair.value.put()) == E_ACCESSDENIED)
+        if (m_row.Read(*attribute, *pair.value.put(), UsedOf(*attribute, asked)) == E_ACCESSDENIED)
             hidden = true;
         else
             pairs.push_back(std::move(pair));

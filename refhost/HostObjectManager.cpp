@@ -3,10 +3,29 @@
 #include "HostCall.h"
 #include "IpdClient.h"
 #include "SessionDataManager.h"
+#include "VbaLoader.h"
+
+#include <algorithm>
 
 namespace refhost
 {
-HostObjectManager::HostObjectManager(Core core) : m_core(std::move(core)) {}
+namespace
+{
+template <class Made>
+ComPtr<IQPFObject> MakeService(const Core& core)
+{
+    ComPtr<IQPFObject> service;
+    Check(service.queryFrom(Made::Make(core).get()));
+    return service;
+}
+} // namespace
+
+HostObjectManager::HostObjectManager(Core core)
+    : m_core(std::move(core)), m_services{{{kSessionDataManagerClass, &MakeService<SessionDataManager>, {}},
+                                           {kIpdClientClass, &MakeService<IpdClient>, {}},
+                                           {kVbaLoaderClass, &MakeService<VbaLoader>, {}}}}
+{
+}
 
 ComPtr<IQPFObjectManager> HostObjectManager::Make(const Core& core)
 {
@@ -32,16 +51,14 @@ HRESULT HostObjectManager::GetObject(CLSID clsid, LONG autoCreate, IQPFObject** 
     return Call(
         "IQPFObjectManager::GetObject", std::tuple(Out{object}),
         [&]() -> HRESULT {
-            const bool wantsData = clsid == kSessionDataManagerClass;
-            if (!wantsData && clsid != kIpdClientClass)
+            const auto known = std::find_if(m_services.begin(), m_services.end(),
+                                            [&](const Service& entry) { return entry.clsid == clsid; });
+            if (known == m_services.end())
                 return CLASS_E_CLASSNOTAVAILABLE;
-            ComPtr<IQPFObject>& service = wantsData ? m_ptrDataManager : m_ptrIpdClient;
-            if (!service && autoCreate && wantsData)
-                Check(service.queryFrom(SessionDataManager::Make(m_core).get()));
-            else if (!service && autoCreate)
-                Check(service.queryFrom(IpdClient::Make(m_core).get()));
-            Check(service.copyTo(object));
-            return service ? S_OK : S_FALSE;
+            if (!known->object && autoCreate)
+                known->object = known->make(m_core);
+            Check(known->object.copyTo(object));
+            return known->object ? S_OK : S_FALSE;
         },
         clsid, autoCreate);
 }

@@ -8,6 +8,8 @@
 
 #include "qpobjects.h"
 
+#include <array>
+
 namespace refhost
 {
 /// Each service is created on first use and remains the same object for the manager's lifetime.
@@ -19,8 +21,8 @@ public:
     /// Not implemented: E_NOTIMPL.
     HRESULT STDMETHODCALLTYPE GetRunningObjects(CLSID clsid, IEnumQPFObject** objects) override;
 
-    /// The key store and the gateway to server-side objects; CLASS_E_CLASSNOTAVAILABLE for any other class,
-    /// S_FALSE and null if the service does not exist yet and `autoCreate` is 0.
+    /// The key store, the gateway to server-side objects and the macro loader; CLASS_E_CLASSNOTAVAILABLE for
+    /// any other class, S_FALSE and null if the service does not exist yet and `autoCreate` is 0.
     HRESULT STDMETHODCALLTYPE GetObject(CLSID clsid, LONG autoCreate, IQPFObject** object) override;
 
 private:
@@ -32,8 +34,14 @@ private:
     HRESULT Call(const char* method, const Outputs& outputs, Body&& body,
                  const Arguments&... arguments) noexcept;
 
+    struct Service
+    {
+        CLSID clsid;
+        ComPtr<IQPFObject> (*make)(const Core& core);
+        ComPtr<IQPFObject> object; ///< null until its first use
+    };
+
     const Core m_core;
-    ComPtr<IQPFObject> m_ptrDataManager;
-    ComPtr<IQPFObject> m_ptrIpdClient;
+    std::array<Service, 3> m_services;
 };
 } // namespace refhost

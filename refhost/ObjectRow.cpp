@@ -1,5 +1,6 @@
 #include "ObjectRow.h"
 
+#include "ObjectStore.h"
 #include "PlantError.h"
 #include "SqlVariant.h"
 #include "StatusError.h"
@@ -23,31 +24,37 @@ std::string ObjectRow::Label() const
 }
 
 /// Value and limit come by one statement, so that a read stays one round trip to the database.
-HRESULT ObjectRow::Read(const Attribute& attribute, VARIANT& value) const
+HRESULT ObjectRow::Read(const Attribute& attribute, VARIANT& value, NameUsed name) const
 {
     Statement statement(core->database, "SELECT " + Quoted(attribute.column) + ", (" + kLimitOfColumn +
                                             InSqlQuotes(attribute.column) + ") FROM " + Quoted(kind.table) +
                                             " WHERE \"id\" = ?1");
     if (!statement.Bind(1, id).Step())
         throw PlantError(Label() + " is gone");
-    if (!statement.IsNull(1) && statement.Integer(1) == static_cast<long long>(Limit::Hidden))
+    const Limit limit = statement.IsNull(1) ? Limit::None : static_cast<Limit>(statement.Integer(1));
+    if (limit == Limit::Hidden)
         return E_ACCESSDENIED;
+    if (limit == Limit::KeyOnly && name == NameUsed::Column)
+        return S_FALSE;
     return ReadColumn(core, attribute, statement, value);
 }
 
 void ObjectRow::Write(const Attribute& attribute, const VARIANT& value) const
 {
-    Require(!IsLimited(attribute), E_ACCESSDENIED);
+    const Limit limit = LimitOf(attribute);
+    Require(limit == Limit::None || limit == Limit::KeyOnly, E_ACCESSDENIED);
     const SqlValue stored = ToColumn(*core, attribute, value);
     Statement statement(core->database, "UPDATE " + Quoted(kind.table) + " SET " + Quoted(attribute.column) +
                                             " = ?1 WHERE \"id\" = ?2 RETURNING \"id\"");
     if (!statement.Bind(1, stored).Bind(2, id).Step())
         throw PlantError(Label() + " is gone");
+    if (limit == Limit::KeyOnly)
+        StoreLimit(core->database, id, attribute, Limit::None);
 }
 
-bool ObjectRow::IsLimited(const Attribute& attribute) const
+Limit ObjectRow::LimitOf(const Attribute& attribute) const
 {
     Statement statement(core->database, kLimitOfColumn + InSqlQuotes(attribute.column));
-    return statement.Bind(1, id).Step();
+    return statement.Bind(1, id).Step() ? static_cast<Limit>(statement.Integer(0)) : Limit::None;
 }
 } // namespace refhost

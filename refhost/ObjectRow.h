@@ -12,6 +12,13 @@
 
 namespace refhost
 {
+/// By which of its names an attribute is read.
+enum class NameUsed
+{
+    Key,
+    Column
+};
+
 /// Holds no data: every read and write goes to the database.
 struct ObjectRow
 {
@@ -23,15 +30,15 @@ struct ObjectRow
     std::string Label() const;
 
     /// Writes the attribute's value into `value`, which is empty, and returns S_OK. Writes nothing and
-    /// returns S_FALSE if there is no value, E_ACCESSDENIED if the attribute is hidden. Throws PlantError if
-    /// the row no longer exists.
-    HRESULT Read(const Attribute& attribute, VARIANT& value) const;
+    /// returns S_FALSE if there is no value under that name, E_ACCESSDENIED if the attribute is hidden.
+    /// Throws PlantError if the row no longer exists.
+    HRESULT Read(const Attribute& attribute, VARIANT& value, NameUsed name = NameUsed::Key) const;
 
     /// Throws StatusError for a value that does not fit (see ToColumn) and, with E_ACCESSDENIED, for an
     /// attribute that is locked or hidden; PlantError if the row no longer exists.
     void Write(const Attribute& attribute, const VARIANT& value) const;
 
 private:
-    bool IsLimited(const Attribute& attribute) const;
+    Limit LimitOf(const Attribute& attribute) const;
 };
 } // namespace refhost

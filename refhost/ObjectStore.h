@@ -19,6 +19,6 @@ long long InsertObject(Database& database, const Kind& kind, const std::string& 
 /// Sets the rights of an object; std::nullopt removes its rights service.
 void StoreRights(Database& database, long long object, std::optional<long> rights);
 
-/// Sets what the user may not do with one attribute of an object.
+/// Sets the limit of one attribute of an object.
 void StoreLimit(Database& database, long long object, const Attribute& attribute, Limit limit);
 } // namespace refhost

@@ -5,6 +5,7 @@
 #include "HostObjectManager.h"
 #include "HostQuery.h"
 #include "HostText.h"
+#include "KeyStore.h"
 #include "ObjectStore.h"
 #include "PlantCore.h"
 #include "SampleLoader.h"
@@ -106,6 +107,12 @@ void Plant::SetLimit(std::wstring_view table, std::wstring_view name, std::wstri
     if (!attribute)
         throw PlantError(std::string(kind.table) + " has no column " + Utf8FromWide(column));
     StoreLimit(m_core->database, KnownNumber(*m_core, kind, Utf8FromWide(name)), *attribute, limit);
+}
+
+void Plant::SetSetting(std::wstring_view section, std::wstring_view name, bool on)
+{
+    const StoredValue flag{VT_BOOL, static_cast<long long>(on ? 1 : 0)};
+    KeyStore(m_core->database).Set(kScopeSettings, Utf8FromWide(section), Utf8FromWide(name), flag);
 }
 
 ComPtr<IQPConfigFactory> Plant::ConfigFactory()

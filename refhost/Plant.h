@@ -51,8 +51,11 @@ public:
     /// service.
     void SetRights(std::wstring_view table, std::wstring_view name, std::optional<long> rights);
 
-    /// Sets what the user may not do with an attribute of an object. `column` is the attribute's column name.
+    /// Sets the limit of an attribute of an object. `column` is the attribute's column name.
     void SetLimit(std::wstring_view table, std::wstring_view name, std::wstring_view column, Limit limit);
+
+    /// Writes a flag of the settings, such as "properties", "enablemcmscriptactions".
+    void SetSetting(std::wstring_view section, std::wstring_view name, bool on);
 
     ComPtr<IQPFObjectManager> ObjectManager();
 

@@ -160,6 +160,7 @@ void Loader::Run()
     {
         LimitAttributes(loaded, "locked", Limit::Locked);
         LimitAttributes(loaded, "hidden", Limit::Hidden);
+        LimitAttributes(loaded, "keyonly", Limit::KeyOnly);
         for (std::size_t column = 0; column < loaded.table.Columns().size(); ++column)
             FillColumn(loaded, column);
     }
@@ -174,7 +175,8 @@ void Loader::CheckColumns(const LoadedTable& loaded) const
     for (const std::string& column : table.Columns())
     {
         const bool known = column == "key" || column == "locked" || column == "hidden" ||
-                           (column == "rights" && loaded.kind->hasRights) || loaded.kind->FindColumn(column);
+                           column == "keyonly" || (column == "rights" && loaded.kind->hasRights) ||
+                           loaded.kind->FindColumn(column);
         if (!known)
             table.Fail(table.HeaderLine(), std::string(loaded.kind->table) + " has no column " + column);
     }

@@ -3,6 +3,7 @@
 #include "ConfigSchema.h"
 #include "Database.h"
 #include "PlantError.h"
+#include "ScriptSchema.h"
 
 #include <algorithm>
 #include <string>
@@ -15,7 +16,7 @@ using enum ColumnType;
 
 /// Identify a SQLite file as a plant, and the version of its tables.
 constexpr long long kApplicationId = 0x51504C54;
-constexpr long long kSchemaVersion = 3;
+constexpr long long kSchemaVersion = 4;
 
 Kind RootKind()
 {
@@ -74,60 +75,6 @@ Kind PlanTypeKind()
              {"m_strConfigTypeName", "configtypename"}},
             {{"scriptactions", "scriptaction", "\"orvoplantype\" = ?1"},
              {"scriptcommands", "scriptcommand", "\"orvoplantype\" = ?1"}}};
-}
-
-Kind ScriptKind()
-{
-    return {"script",
-            "script",
-            "XDOScript",
-            true,
-            {{"m_name", "name"},
-             {"m_pDODefaultImpl", "dodefaultimpl", Object, "project"},
-             {"m_strLanguageType", "languagetype"},
-             {"m_creationDate", "creationdate"},
-             {"m_modificationDate", "modificationdate"}},
-            {}};
-}
-
-Kind ScriptActionKind()
-{
-    return {"scriptaction",
-            "scriptaction",
-            "XDOScriptAction",
-            true,
-            {{"m_name", "name"},
-             {"m_prompt", "prompt"},
-             {"m_pScript", "script", Object, "script"},
-             {"m_pType", "type"},
-             {"m_pPlanType", "orvoplantype", Object, "plantype"},
-             {"m_pOrvoPlanTypeSet", "orvoplantypeset", Object, "plantypeset"},
-             {"m_actionType", "actiontype", Number},
-             {"m_beforeAfter", "beforeafter", Number},
-             {"m_iSequence", "sequence", Number},
-             {"m_bEnabled", "enabled", Flag}},
-            {}};
-}
-
-Kind ScriptCommandKind()
-{
-    return {"scriptcommand",
-            "scriptcommand",
-            "XDOScriptCommand",
-            true,
-            {{"m_name", "name"},
-             {"m_strPrompt", "prompt"},
-             {"m_nameShort", "nameshort"},
-             {"m_pScript", "script", Object, "script"},
-             {"m_strVBAMacroName", "vbamacroname"},
-             {"m_strType", "type"},
-             {"m_pPlanType", "orvoplantype", Object, "plantype"},
-             {"m_pOrvoPlanTypeSet", "orvoplantypeset", Object, "plantypeset"},
-             {"m_bVisible", "visible", Flag},
-             {"m_lUserInterfaceType", "userinterfacetype", Number},
-             {"m_strCustomizationObjectId", "customizationobjectid"},
-             {"m_lCustomizationObjectType", "customizationobjecttype", Number}},
-            {}};
 }
 
 Kind ItemKind()
@@ -296,7 +243,8 @@ const std::vector<Kind>& Kinds()
                                             CompBaseKind(),     SubComponentKind(),
                                             RelationshipKind(), ConfigPageKind(),
                                             ConfigGroupKind(),  ConfigAttributeKind(),
-                                            ConfigValueKind()};
+                                            ConfigValueKind(),  VbaProjectKind(),
+                                            VbaMacroKind()};
     return kinds;
 }
 

@@ -94,6 +94,27 @@ TEST_F(AttributeLimits, each_refused_row_has_a_status_and_the_others_are_written
     }
 }
 
+TEST_F(AttributeLimits, a_value_may_be_there_for_its_key_alone_until_it_is_written)
+{
+    const ComPtr<IQP_BaseDataObject> planType = plant->Add(L"plantype", L"Welding");
+    EXPECT_EQ(action->SetAttribute(Text(L"m_pPlanType"), Value(planType)), S_OK);
+    plant->SetLimit(L"scriptaction", L"A", L"orvoplantype", refhost::Limit::KeyOnly);
+    Value value;
+    EXPECT_EQ(Read(action.get(), L"m_pPlanType", value), S_OK);
+    EXPECT_EQ(value->vt, VT_UNKNOWN);
+    EXPECT_EQ(Read(action.get(), L"orvoplantype", value), S_FALSE);
+    EXPECT_EQ(value->vt, VT_EMPTY);
+    Array names(NameArray({L"orvoplantype", L"m_pPlanType"}));
+    Array values;
+    EXPECT_EQ(action->GetAttributes(names.Address(), values.Fresh()), S_OK);
+    Cell(values.get(), 0, 1, value);
+    EXPECT_EQ(value->vt, VT_EMPTY);
+    Cell(values.get(), 1, 1, value);
+    EXPECT_EQ(value->vt, VT_UNKNOWN);
+    EXPECT_EQ(action->SetAttribute(Text(L"m_pPlanType"), Value(planType)), S_OK);
+    EXPECT_EQ(Read(action.get(), L"orvoplantype", value), S_OK);
+}
+
 TEST_F(AttributeLimits, hold_for_one_object)
 {
     const ComPtr<IQP_BaseDataObject> other = plant->Add(L"scriptaction", L"B");

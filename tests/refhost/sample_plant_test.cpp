@@ -63,8 +63,10 @@ TEST_F(Sample, holds_as_much_as_its_readers_count_on)
     EXPECT_EQ(Count(L"configattribute"), 16U);
     EXPECT_EQ(Count(L"configvalue"), 12U);
     EXPECT_EQ(Count(L"script"), 40U);
-    EXPECT_EQ(Count(L"scriptaction"), 60U);
-    EXPECT_EQ(Count(L"scriptcommand"), 60U);
+    EXPECT_EQ(Count(L"scriptaction"), 63U);
+    EXPECT_EQ(Count(L"scriptcommand"), 69U);
+    EXPECT_EQ(Count(L"vbaproject"), 4U);
+    EXPECT_EQ(Count(L"vbamacro"), 9U);
     EXPECT_EQ(Count(L"orvoitem"), 7U);
     EXPECT_EQ(Count(L"orvowsc"), 2U);
     EXPECT_EQ(Count(L"orvocompbase"), 3U);
@@ -75,7 +77,7 @@ TEST_F(Sample, holds_as_much_as_its_readers_count_on)
 TEST_F(Sample, has_every_kind_of_action)
 {
     EXPECT_EQ(Distinct(*plant, L"scriptaction", L"actiontype"),
-              (std::set<std::wstring>{L"0", L"1", L"2", L"3", L"4", L"5"}));
+              (std::set<std::wstring>{L"0", L"1", L"2", L"25", L"3", L"4", L"5"}));
     EXPECT_EQ(Distinct(*plant, L"scriptaction", L"beforeafter"), (std::set<std::wstring>{L"0", L"1"}));
     EXPECT_GE(Distinct(*plant, L"scriptaction", L"sequence").size(), 5U);
     EXPECT_EQ(Search(*plant, L"scriptaction").Is(L"enabled", 0).Found().size(), 4U);
@@ -86,7 +88,7 @@ TEST_F(Sample, has_every_kind_of_action)
 TEST_F(Sample, has_every_kind_of_command)
 {
     EXPECT_EQ(Distinct(*plant, L"scriptcommand", L"userinterfacetype"),
-              (std::set<std::wstring>{L"1", L"2", L"3"}));
+              (std::set<std::wstring>{L"0", L"1", L"2", L"3"}));
     EXPECT_EQ(Search(*plant, L"scriptcommand").Is(L"visible", false).Found(),
               (Names{L"Weld hidden", L"Machine hidden"}));
     const ComPtr<IQP_BaseDataObject> welding = Find(L"plantype", L"Welding");
@@ -108,6 +110,53 @@ TEST_F(Sample, has_scripts_and_commands_that_the_user_may_not_run)
     const ComPtr<IQP_BaseDataObject> nameless = Find(L"script", L"unnamed-1");
     Value name;
     EXPECT_EQ(Read(nameless.get(), L"name", name), S_FALSE);
+}
+
+TEST_F(Sample, has_records_bound_to_a_type_and_a_plan_type_at_once)
+{
+    for (const auto& [table, name, type] : {std::tuple(L"scriptaction", L"Part: twice bound", L"m_pType"),
+                                            std::tuple(L"scriptcommand", L"Robot twice bound", L"m_strType")})
+    {
+        const ComPtr<IQP_BaseDataObject> record = Find(table, name);
+        Value value;
+        EXPECT_EQ(Read(record.get(), L"orvoplantype", value), S_FALSE)
+            << "not marked as bound to a plan type";
+        EXPECT_EQ(Read(record.get(), L"m_pPlanType", value), S_OK);
+        EXPECT_NE(ReadText(record.get(), type), L"<none>");
+    }
+}
+
+TEST_F(Sample, has_records_that_the_user_may_run_and_not_change)
+{
+    for (const auto& [table, name] :
+         {std::pair(L"scriptaction", L"Part: fixed"), std::pair(L"scriptcommand", L"Robot fixed")})
+    {
+        ComPtr<IQPObjectRights> rights;
+        ASSERT_EQ(rights.queryFrom(Find(table, name).get()), S_OK);
+        EXPECT_EQ(rights->HasRight(QPRT_change), S_FALSE);
+    }
+}
+
+TEST_F(Sample, has_every_placement_of_a_command)
+{
+    EXPECT_EQ(Distinct(*plant, L"scriptcommand", L"customizationobjecttype"),
+              (std::set<std::wstring>{L"-1", L"0", L"1", L"2"}));
+    EXPECT_EQ(Distinct(*plant, L"scriptcommand", L"customizationobjectid"),
+              (std::set<std::wstring>{L"", L"4", L"12", L"42", L"102", L"131", L"999", L"cycletime",
+                                      L"torqueclass"}));
+    EXPECT_TRUE(Search(*plant, L"configpage").Is(L"number", 999).Found().empty());
+    EXPECT_EQ(Search(*plant, L"scriptcommand").Is(L"nameshort", L"2").Found(), Names{L"Robot other mode"});
+    EXPECT_EQ(Search(*plant, L"scriptcommand").Is(L"vbamacroname", L"ModRobot.Park").Found(),
+              (Names{L"Robot park macro", L"Robot two ways"}));
+}
+
+TEST_F(Sample, has_macros_of_projects_and_of_none)
+{
+    const ComPtr<IQP_BaseDataObject> north = Find(L"project", L"Body Plant North");
+    EXPECT_EQ(Search(*plant, L"vbaproject").Is(L"dodefaultimpl", north).Found(),
+              (Names{L"Body shop macros", L"Paint macros"}));
+    EXPECT_EQ(Search(*plant, L"vbaproject").IsNothing(L"dodefaultimpl").Found(), Names{L"Company macros"});
+    EXPECT_EQ(Search(*plant, L"vbamacro").Is(L"name", L"ModWelding.CheckAll").Found().size(), 2U);
 }
 
 TEST_F(Sample, has_masters_where_they_matter)
@@ -133,8 +182,8 @@ TEST_F(Sample, has_trees_of_children)
     EXPECT_EQ(Children(project, L"orvoplantypeset"), (Names{L"Machining"}));
     EXPECT_EQ(Children(project, L"orvoplantype"), (Names{L"Turning", L"Milling", L"Measuring"}));
     EXPECT_EQ(Children(project, L"script").size(), 7U);
-    EXPECT_EQ(Children(project, L"scriptactions").size(), 11U);
-    EXPECT_EQ(Children(project, L"scriptcommands").size(), 7U);
+    EXPECT_EQ(Children(project, L"scriptactions").size(), 14U);
+    EXPECT_EQ(Children(project, L"scriptcommands").size(), 16U);
     const ComPtr<IQP_BaseDataObject> set = Find(L"plantypeset", L"Body Shop");
     EXPECT_EQ(Children(set, L"orvoplantype"), (Names{L"Welding", L"Painting", L"Assembly", L"Inspection"}));
     EXPECT_EQ(Children(set, L"scriptactions").size(), 41U);

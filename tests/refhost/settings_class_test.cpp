@@ -54,6 +54,22 @@ TEST_F(CreatedSettings, answer_from_the_plant_while_the_class_is_offered)
     EXPECT_FALSE(later);
 }
 
+TEST_F(CreatedSettings, follow_the_plants_own_switch)
+{
+    const refhost::SettingsClass offered(*plant);
+    ComPtr<IQPHostSettings> settings;
+    ASSERT_EQ(Create(__uuidof(IQPHostSettings), settings.putVoid()), S_OK);
+    for (const bool on : {true, false})
+    {
+        plant->SetSetting(L"properties", L"enablemcmscriptactions", on);
+        Value value;
+        EXPECT_EQ(settings->GetValue(Text(L"properties"), Text(L"enablemcmscriptactions"), VT_BOOL,
+                                     &value.get(), 1),
+                  S_OK);
+        EXPECT_EQ(value->boolVal, on ? VARIANT_TRUE : VARIANT_FALSE);
+    }
+}
+
 TEST_F(CreatedSettings, are_the_same_store_as_the_object_managers)
 {
     const refhost::SettingsClass offered(*plant);
