@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
@@ -285,4 +286,18 @@ TEST(DatePickerCalendar, F4AndAltWithAnArrowDoNothing)
     }
     EXPECT_EQ(GetFocus(), host.Control());
     EXPECT_EQ(host.Codes(), Codes{});
+}
+
+TEST(DatePickerCalendar, AClickOnItsButtonKeepsTheDate)
+{
+    ControlHost host(DATETIMEPICK_CLASSW, WS_TABSTOP, 200, 24);
+    const std::wstring before = host.Text();
+    for (int i = 0; i < 2; ++i)
+    {
+        host.Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(190, 12));
+        host.Send(WM_LBUTTONUP, 0, MAKELPARAM(190, 12));
+    }
+    EXPECT_EQ(host.Text(), before);
+    const Codes codes = host.Codes();
+    EXPECT_EQ(std::count(codes.begin(), codes.end(), kChange), 0);
 }
