@@ -1,5 +1,6 @@
 #include "EmptyModule.h"
 
+#include "Resources.h"
 #include "winport_module.h"
 
 #include <objbase.h>
@@ -89,14 +90,13 @@ void RegisterEmptyModule()
     wchar_t id[64];
     StringFromGUID2(kEmptyClass, id, static_cast<int>(std::size(id)));
     const HMODULE module = LoadLibraryW(L"qp_empty.dll");
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(module, path, MAX_PATH);
+    const std::wstring path = ModulePath(module);
     FreeLibrary(module);
 
     const std::wstring name = L"CLSID\\" + std::wstring(id) + L"\\InprocServer32";
     HKEY key = nullptr;
     RegCreateKeyExW(HKEY_CLASSES_ROOT, name.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr);
-    RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(path),
-                   static_cast<DWORD>((length + 1) * sizeof(wchar_t)));
+    RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(path.c_str()),
+                   static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t)));
     RegCloseKey(key);
 }

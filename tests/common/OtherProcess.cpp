@@ -1,5 +1,7 @@
 #include "OtherProcess.h"
 
+#include "Resources.h"
+
 #include <windows.h>
 
 #ifndef _WIN32
@@ -13,8 +15,7 @@ namespace
 {
 std::filesystem::path OwnFolder()
 {
-    wchar_t path[1024];
-    return std::filesystem::path(std::wstring(path, GetModuleFileNameW(nullptr, path, 1024))).parent_path();
+    return std::filesystem::path(ModulePath(nullptr)).parent_path();
 }
 } // namespace
 

@@ -1,8 +1,10 @@
 #include "LetterModel.h"
 
-#include "ComPtr.h"
+#include "NameInPlant.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
+
+#include "ComPtr.h"
 
 #include "qpservices.h"
 
@@ -10,11 +12,6 @@
 
 namespace
 {
-std::string Narrow(const std::wstring& text)
-{
-    return {text.begin(), text.end()}; // the sample's texts are ASCII
-}
-
 HRESULT Read(IQP_BaseDataObject* object, const wchar_t* attribute, XQPComVariant& value)
 {
     return object->GetAttribute(XQPComBSTR(attribute), &value);
@@ -262,16 +259,6 @@ bool TakeCommand(LetterTable& table, IQP_BaseDataObject* command, HRESULT& statu
     return true;
 }
 } // namespace
-
-std::string NameInPlant(IUnknown* object)
-{
-    ComPtr<IQP_BaseDataObject> data;
-    std::wstring name;
-    HRESULT ignored = S_OK;
-    if (data.queryFrom(object) >= 0)
-        ReadsText(data.get(), L"name", name, ignored);
-    return Narrow(name);
-}
 
 TextRows TextOf(const ModelResult& result)
 {

@@ -33,6 +33,3 @@ ModelResult ScriptsByTheLetter(const ScriptContext& context, int actionType, int
 
 /// The rows in the form of RowsOf for a real result; names are read from the objects.
 TextRows TextOf(const ModelResult& result);
-
-/// The attribute "name" of an object of the sample plant, empty if it has none.
-std::string NameInPlant(IUnknown* object);

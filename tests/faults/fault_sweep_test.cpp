@@ -3,6 +3,7 @@
 #include "FaultWays.h"
 #include "LetterModel.h"
 #include "ModuleUnderTest.h"
+#include "NameInPlant.h"
 #include "Plant.h"
 #include "SampleFolder.h"
 #include "XQPComBSTR.h"

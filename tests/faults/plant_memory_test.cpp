@@ -4,6 +4,7 @@
 #include "HostWork.h"
 #include "LetterModel.h"
 #include "MemorySweep.h"
+#include "NameInPlant.h"
 #include "Plant.h"
 #include "SampleFolder.h"
 #include "XQPComBSTR.h"

@@ -5,6 +5,7 @@
 #include "ArrayText.h"
 #include "Calls.h"
 #include "ModuleUnderTest.h"
+#include "NameInPlant.h"
 #include "Plant.h"
 #include "SampleFolder.h"
 #include "XQPComBSTR.h"
@@ -49,18 +50,6 @@ inline std::string Table(const std::string& table)
 inline const std::string kReset = "IQP_Query::ResetSearch(0)";
 inline const std::string kResult = "IQP_Query::GetSearchResult()";
 inline const std::string kNext = "IEnumBaseDataObject::RemNext(1)";
-
-/// The object's attribute "name".
-inline std::string NameInPlant(IUnknown* object)
-{
-    ComPtr<IQP_BaseDataObject> data;
-    data.queryFrom(object);
-    XQPComVariant name;
-    if (!data || data->GetAttribute(XQPComBSTR(L"name"), &name) != S_OK || name.Type() != VT_BSTR)
-        return "";
-    const std::wstring text(name.Value().bstrVal);
-    return {text.begin(), text.end()}; // the sample's names are ASCII
-}
 
 /// A manager created by COM, on a plant of its own.
 class ScriptPlant : public ::testing::Test

@@ -5,6 +5,7 @@
 #include "DialogDriver.h"
 #include "LogBook.h"
 #include "ModuleUnderTest.h"
+#include "NameInPlant.h"
 #include "Plant.h"
 #include "SampleFolder.h"
 #include "XQPComBSTR.h"
@@ -21,20 +22,6 @@
 
 using Lines = std::vector<std::string>;
 using Cells = std::vector<Texts>; ///< row by row
-
-/// The object's attribute "name"; "null" for none. The sample's names are ASCII.
-inline std::string NameInPlant(IUnknown* object)
-{
-    ComPtr<IQP_BaseDataObject> data;
-    data.queryFrom(object);
-    if (!data)
-        return "null";
-    XQPComVariant name;
-    const HRESULT status = data->GetAttribute(XQPComBSTR(L"name"), &name);
-    EXPECT_EQ(status, S_OK);
-    const std::wstring text = name.GetString();
-    return {text.begin(), text.end()};
-}
 
 /// All cells of the one list that is shown.
 inline Cells CellsOf(const DialogView& view)

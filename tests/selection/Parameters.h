@@ -1,6 +1,7 @@
 // Parameter arrays as a host hands them over.
 #pragma once
 
+#include "BorrowedValues.h"
 #include "XQPComVariant.h"
 
 #include "qptools.h"
@@ -37,11 +38,7 @@ public:
     }
     Parameters& Object(const std::wstring& name, IUnknown* object, VARTYPE type = VT_UNKNOWN)
     {
-        VARIANT value;
-        VariantInit(&value);
-        value.vt = type;
-        value.punkVal = object;
-        return Add(name, value);
+        return Add(name, ObjectReference(object, type));
     }
     /// The entry `number`.
     Parameters& Entry(int number, const std::wstring& prompt, IUnknown* object)

@@ -1,15 +1,13 @@
 // Where the built module and its type library lie, found from where the test program itself lies.
 #pragma once
 
-#include <windows.h>
+#include "Resources.h"
 
 #include <string>
 
 inline std::wstring ProgramFolder()
 {
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring program(path, length);
+    const std::wstring program = ModulePath(nullptr);
     return program.substr(0, program.find_last_of(L'\\'));
 }
 

@@ -2,6 +2,7 @@
 #include "ModuleUnderTest.h"
 #include "VtableSlot.h"
 
+#include "Resources.h"
 #include "qptools.h"
 
 #include <oleauto.h>
@@ -42,10 +43,8 @@ protected:
 /// Whether this platform has type libraries: the module's own then loads from the module.
 bool HasTypeLibraries(const ModuleUnderTest& module)
 {
-    wchar_t path[1024] = {};
-    GetModuleFileNameW(module.Handle(), path, 1024);
     ComPtr<ITypeLib> library;
-    return LoadTypeLibEx(path, REGKIND_NONE, library.put()) >= 0;
+    return LoadTypeLibEx(ModulePath(module.Handle()).c_str(), REGKIND_NONE, library.put()) >= 0;
 }
 } // namespace
 

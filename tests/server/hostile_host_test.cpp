@@ -1,6 +1,7 @@
 // Hosts that answer what no host should: odd types of values, exceptions, many threads.
 #include "MemoryHost.h"
 #include "ModuleUnderTest.h"
+#include "OddValues.h"
 #include "SevenClasses.h"
 #include "XQPComBSTR.h"
 
@@ -16,23 +17,6 @@
 
 namespace
 {
-/// Every type of a value there is and many that there are not: 377 in all. The values are all zeros.
-std::vector<VARIANT> OddValues()
-{
-    std::vector<VARIANT> values;
-    const auto add = [&](unsigned type) {
-        VARIANT value = {};
-        value.vt = static_cast<VARTYPE>(type);
-        values.push_back(value);
-    };
-    for (const unsigned flags : {0u, unsigned{VT_ARRAY}, unsigned{VT_VECTOR}, unsigned{VT_RESERVED}})
-        for (unsigned type = 0; type < 92; ++type)
-            add(flags | type);
-    for (unsigned bit = 7; bit < 16; ++bit)
-        add(1u << bit);
-    return values;
-}
-
 /// A data object that answers every read with the same value.
 class OddObject final : public IQP_BaseDataObject
 {

@@ -57,9 +57,8 @@ protected:
     {
         m_module = LoadLibraryW((m_folder / "qptools.dll").c_str());
         ASSERT_NE(m_module, nullptr) << GetLastError();
-        wchar_t path[MAX_PATH];
-        GetModuleFileNameW(m_module, path, MAX_PATH);
-        ASSERT_TRUE(fs::equivalent(path, m_folder / "qptools.dll")) << "another module was loaded";
+        ASSERT_TRUE(fs::equivalent(ModulePath(m_module), m_folder / "qptools.dll"))
+            << "another module was loaded";
     }
 
     void Unload()

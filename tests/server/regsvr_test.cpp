@@ -248,9 +248,8 @@ TEST_F(Regsvr32, MakesEveryClassCreatableByProgId)
                                          Identifier(kComponentInterfaces[i].id), object.putVoid()));
         EXPECT_TRUE(object);
     }
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(GetModuleHandleW(L"qptools.dll"), path, MAX_PATH);
-    EXPECT_EQ(0, _wcsicmp(ModulePath().c_str(), path)) << Narrow(path);
+    const std::wstring path = ModulePath(GetModuleHandleW(L"qptools.dll"));
+    EXPECT_EQ(0, _wcsicmp(ModulePath().c_str(), path.c_str())) << Narrow(path.c_str());
 }
 
 TEST_F(Regsvr32, FindsOneClassUnderBothSpellingsOfItsProgId)

@@ -140,9 +140,8 @@ TEST_F(ModuleResource, TheManifestAndTheVersionBlockNameOneVersion)
 
 TEST_F(ModuleResource, TheCatalogueBesideTheProgramNamesTheSameVersion)
 {
-    wchar_t program[MAX_PATH];
-    ASSERT_NE(GetModuleFileNameW(nullptr, program, MAX_PATH), 0u);
-    const auto path = std::filesystem::path(program).parent_path() / "locale" / "de" / "qptools.mo";
+    const auto path =
+        std::filesystem::path(ModulePath(nullptr)).parent_path() / "locale" / "de" / "qptools.mo";
     std::ifstream file(path, std::ios::binary);
     const std::string catalogue{std::istreambuf_iterator<char>(file), {}};
     EXPECT_NE(catalogue.find("Project-Id-Version: qptools " QP_VERSION "\n"), std::string::npos);

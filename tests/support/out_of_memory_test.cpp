@@ -1,3 +1,4 @@
+#include "BorrowedValues.h"
 #include "Bstr.h"
 #include "CTranslator.h"
 #include "CatalogueBytes.h"
@@ -51,15 +52,6 @@ int FailEachAllocation(Operation&& operation)
     return 0;
 }
 
-VARIANT Number(LONG value)
-{
-    VARIANT variant;
-    VariantInit(&variant);
-    variant.vt = VT_I4;
-    variant.lVal = value;
-    return variant;
-}
-
 TEST(QPComBstrWithoutMemory, ThrowsAndStaysAsItWas)
 {
     const wchar_t* const text = L"a longer text than fits anywhere";
@@ -99,7 +91,7 @@ TEST(QPComBstrWithoutMemory, NeedsNoneToReadCompareMoveAndForTheEmptyText)
 TEST(QPComVariantWithoutMemory, ThrowsAndStaysAsItWas)
 {
     const XQPComVariant text(L"text");
-    XQPComVariant number(Number(5));
+    XQPComVariant number(NumberValue(5));
     ExpectOutOfMemory([&] { XQPComVariant made(L"text"); });
     ExpectOutOfMemory([&] { XQPComVariant made(static_cast<const wchar_t*>(nullptr)); });
     ExpectOutOfMemory([&] { XQPComVariant made(text); });
@@ -114,8 +106,8 @@ TEST(QPComVariantWithoutMemory, ThrowsAndStaysAsItWas)
 
 TEST(QPComVariantWithoutMemory, ReturnsTheStatusOfAConversionAndKeepsItsValue)
 {
-    XQPComVariant number(Number(5));
-    const VARIANT source = Number(6);
+    XQPComVariant number(NumberValue(5));
+    const VARIANT source = NumberValue(6);
     {
         const FaultyMemory memory(1);
         EXPECT_EQ(number.ChangeType(VT_BSTR), E_OUTOFMEMORY);
@@ -144,7 +136,7 @@ TEST(VariantWithoutMemory, ThrowsAndStaysAsItWas)
     ExpectOutOfMemory([&] { ResolveReference(value); });
     ExpectOutOfMemory([&] { ConvertToText(value); });
     EXPECT_EQ(value->pbstrVal, &raw);
-    *value.put() = Number(5);
+    *value.put() = NumberValue(5);
     ExpectOutOfMemory([&] { ConvertToText(value); });
     EXPECT_EQ(value->lVal, 5);
     SysFreeString(text);
@@ -181,7 +173,7 @@ TEST(InitValueWrapperWithoutMemory, ReportsThatItCannotGive)
     XInitValueWrapper bag(0, nullptr);
     bag.SetData(L"a", XQPComVariant(L"1").Value());
     bag.SetData(L"b", XQPComVariant(L"2").Value());
-    XQPComVariant target(Number(5));
+    XQPComVariant target(NumberValue(5));
     int refused = 0;
     const int failures = FailEachAllocation([&] {
         ULONG count = 99;

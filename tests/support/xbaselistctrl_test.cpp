@@ -1,5 +1,6 @@
 #include "XBaseListCtrl.h"
 
+#include "BorrowedValues.h"
 #include "CountedUnknown.h"
 
 #include <gtest/gtest.h>
@@ -51,14 +52,6 @@ protected:
 private:
     void OnDeleteItem(NMHDR*, LRESULT*) { ++goneRows; }
 };
-
-VARIANT Number(LONG value)
-{
-    VARIANT number{};
-    number.vt = VT_I4;
-    number.lVal = value;
-    return number;
-}
 } // namespace
 
 TEST_F(BaseList, IsAReportWithOneSelectedRowOverItsWholeWidth)
@@ -115,8 +108,8 @@ TEST_F(BaseList, IsNotMadeWithoutAParent)
 
 TEST_F(BaseList, ShowsTextsAndKeepsTheValuesOfTheSelectedRow)
 {
-    EXPECT_TRUE(list.AddEntry({XQPComVariant(L"first"), XQPComVariant(Number(1))}, 0, -1));
-    EXPECT_TRUE(list.AddEntry({XQPComVariant(L"second"), XQPComVariant(Number(2))}, 1, -1));
+    EXPECT_TRUE(list.AddEntry({XQPComVariant(L"first"), XQPComVariant(NumberValue(1))}, 0, -1));
+    EXPECT_TRUE(list.AddEntry({XQPComVariant(L"second"), XQPComVariant(NumberValue(2))}, 1, -1));
     EXPECT_EQ(list.GetItemText(0, 0), L"first");
     EXPECT_EQ(list.GetItemText(1, 1), L"2");
     list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
@@ -130,9 +123,9 @@ TEST_F(BaseList, ShowsTextsAndKeepsTheValuesOfTheSelectedRow)
 
 TEST_F(BaseList, ARowMayBePutBeforeOthersAndAddedBehindTheLast)
 {
-    list.AddEntry({XQPComVariant(L"b"), XQPComVariant(Number(2))}, 0, -1);
-    list.AddEntry({XQPComVariant(L"a"), XQPComVariant(Number(1))}, 0, -1);
-    list.AddEntry({XQPComVariant(L"c"), XQPComVariant(Number(3))}, 99, -1);
+    list.AddEntry({XQPComVariant(L"b"), XQPComVariant(NumberValue(2))}, 0, -1);
+    list.AddEntry({XQPComVariant(L"a"), XQPComVariant(NumberValue(1))}, 0, -1);
+    list.AddEntry({XQPComVariant(L"c"), XQPComVariant(NumberValue(3))}, 99, -1);
     for (int row = 0; row < 3; ++row)
     {
         list.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
@@ -178,7 +171,7 @@ TEST_F(BaseList, ShowsNothingOfValuesWithoutAText)
 
 TEST_F(BaseList, ShowsNumbersAndDatesAsConverted)
 {
-    EXPECT_EQ(Shown(Number(-7)), L"-7");
+    EXPECT_EQ(Shown(NumberValue(-7)), L"-7");
     VARIANT date{};
     date.vt = VT_DATE;
     date.date = 40000.5;

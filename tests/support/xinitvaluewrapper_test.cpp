@@ -1,5 +1,6 @@
 #include "XInitValueWrapper.h"
 
+#include "BorrowedValues.h"
 #include "CountedUnknown.h"
 
 #include <gtest/gtest.h>
@@ -44,15 +45,6 @@ std::wstring TextOf(const XInitValueWrapper& bag, const wchar_t* name)
     XQPComVariant value;
     return bag.GetData(name, value.Value()) ? std::wstring(value.GetString()) : std::wstring(L"(none)");
 }
-
-VARIANT Reference(IUnknown* object)
-{
-    VARIANT variant;
-    VariantInit(&variant);
-    variant.vt = VT_UNKNOWN;
-    variant.punkVal = object;
-    return variant;
-}
 } // namespace
 
 TEST(InitValueWrapper, GivesTheValueOfAName)
@@ -82,7 +74,7 @@ TEST(InitValueWrapper, ReleasesWhatTheTargetHeld)
     OwnArray array;
     array.Add(L"title", XQPComVariant(L"Pumps"));
     const XInitValueWrapper bag(array.Count(), array.Values());
-    XQPComVariant target(Reference(&object));
+    XQPComVariant target(ObjectReference(&object));
     EXPECT_TRUE(bag.GetData(L"title", target.Value()));
     EXPECT_EQ(object.References(), 1);
 }
@@ -91,7 +83,7 @@ TEST(InitValueWrapper, HoldsNoReferenceItselfAndGivesCopies)
 {
     CountedUnknown object;
     OwnArray array;
-    array.Add(L"title", XQPComVariant(L"Pumps")).Add(L"object", Reference(&object));
+    array.Add(L"title", XQPComVariant(L"Pumps")).Add(L"object", ObjectReference(&object));
     XQPComVariant title;
     {
         const XInitValueWrapper bag(array.Count(), array.Values());
@@ -252,7 +244,7 @@ TEST(InitValueWrapper, GivesItsContentsInOrderAsAnArrayOfItsOwn)
     CountedUnknown object;
     OwnArray array;
     array.Add(L"title", XQPComVariant(L"Pumps"))
-        .Add(L"object", Reference(&object))
+        .Add(L"object", ObjectReference(&object))
         .Add(L"", XQPComVariant().Value());
     ULONG count = 99;
     tagINITVALUE* values = nullptr;
@@ -297,7 +289,7 @@ TEST(InitValueWrapper, FreesAnArrayThatACalleeReturned)
     CountedUnknown object;
     auto* values = static_cast<tagINITVALUE*>(CoTaskMemAlloc(2 * sizeof(tagINITVALUE)));
     values[0].bstrParamName = SysAllocString(L"object");
-    values[0].varValue = XQPComVariant(Reference(&object)).Detach();
+    values[0].varValue = XQPComVariant(ObjectReference(&object)).Detach();
     values[1].bstrParamName = nullptr;
     values[1].varValue = XQPComVariant(L"text").Detach();
     EXPECT_EQ(object.References(), 2);

@@ -1,5 +1,6 @@
 #include "XQPComVariant.h"
 
+#include "BorrowedValues.h"
 #include "CountedUnknown.h"
 
 #include <gtest/gtest.h>
@@ -9,15 +10,6 @@
 
 namespace
 {
-VARIANT Number(LONG value)
-{
-    VARIANT variant;
-    VariantInit(&variant);
-    variant.vt = VT_I4;
-    variant.lVal = value;
-    return variant;
-}
-
 VARIANT Real(double value)
 {
     VARIANT variant;
@@ -41,15 +33,6 @@ VARIANT Null()
     VARIANT variant;
     VariantInit(&variant);
     variant.vt = VT_NULL;
-    return variant;
-}
-
-VARIANT Reference(IUnknown* object)
-{
-    VARIANT variant;
-    VariantInit(&variant);
-    variant.vt = VT_UNKNOWN;
-    variant.punkVal = object;
     return variant;
 }
 } // namespace
@@ -94,7 +77,7 @@ TEST(QPComVariant, CopiesAnotherOneAndStaysApartFromIt)
 TEST(QPComVariant, CopiesAPlainVariantThatStaysTheCallers)
 {
     CountedUnknown object;
-    const VARIANT reference = Reference(&object);
+    const VARIANT reference = ObjectReference(&object);
     {
         const XQPComVariant value(reference);
         XQPComVariant assigned;
@@ -108,7 +91,7 @@ TEST(QPComVariant, MovesWithoutCopying)
 {
     CountedUnknown object;
     {
-        XQPComVariant first(Reference(&object));
+        XQPComVariant first(ObjectReference(&object));
         XQPComVariant second(std::move(first));
         XQPComVariant third(L"before");
         third = std::move(second);
@@ -131,12 +114,12 @@ TEST(QPComVariant, AssignsFromItselfAndFromItsOwnText)
 TEST(QPComVariant, GivesTheAddressOfItsValueForAnOutArgument)
 {
     CountedUnknown object;
-    XQPComVariant value(Reference(&object));
+    XQPComVariant value(ObjectReference(&object));
     VARIANT* const out = &value;
     EXPECT_EQ(object.References(), 1) << "what was held is released";
     EXPECT_EQ(out, std::addressof(value.Value()));
     EXPECT_EQ(out->vt, VT_EMPTY);
-    *out = Number(7);
+    *out = NumberValue(7);
     EXPECT_EQ(value.GetInt(), 7);
 }
 
@@ -144,7 +127,7 @@ TEST(QPComVariant, IsPassedByValueAndStillOwnsWhatItHolds)
 {
     CountedUnknown object;
     {
-        const XQPComVariant value(Reference(&object));
+        const XQPComVariant value(ObjectReference(&object));
         const VARIANT passed = value;
         EXPECT_EQ(passed.vt, VT_UNKNOWN);
         EXPECT_EQ(passed.punkVal, &object);
@@ -156,7 +139,7 @@ TEST(QPComVariant, IsPassedByValueAndStillOwnsWhatItHolds)
 TEST(QPComVariant, ClearsAndDetaches)
 {
     CountedUnknown object;
-    XQPComVariant value(Reference(&object));
+    XQPComVariant value(ObjectReference(&object));
     VARIANT detached = value.Detach();
     EXPECT_EQ(value.Type(), VT_EMPTY);
     EXPECT_EQ(object.References(), 2);
@@ -182,8 +165,8 @@ TEST(QPComVariant, ConvertsInPlace)
 TEST(QPComVariant, ConvertsFromASource)
 {
     CountedUnknown object;
-    XQPComVariant value(Reference(&object));
-    const VARIANT source = Number(42);
+    XQPComVariant value(ObjectReference(&object));
+    const VARIANT source = NumberValue(42);
     EXPECT_EQ(value.ChangeType(VT_BSTR, &source), S_OK);
     EXPECT_EQ(value.Type(), VT_BSTR);
     EXPECT_STREQ(value.GetString(), L"42");
@@ -207,8 +190,8 @@ TEST(QPComVariant, KeepsItsValueWhenAConversionFails)
 
 TEST(QPComVariant, ReadsNumbersAsIntegers)
 {
-    EXPECT_EQ(XQPComVariant(Number(-7)).GetInt(), -7);
-    EXPECT_EQ(XQPComVariant(Number(2147483647)).GetInt(), 2147483647);
+    EXPECT_EQ(XQPComVariant(NumberValue(-7)).GetInt(), -7);
+    EXPECT_EQ(XQPComVariant(NumberValue(2147483647)).GetInt(), 2147483647);
     EXPECT_EQ(XQPComVariant(Real(2.6)).GetInt(), 3);
     EXPECT_EQ(XQPComVariant(L"12").GetInt(), 12);
     EXPECT_EQ(XQPComVariant(L"-3").GetInt(), -3);
@@ -236,8 +219,8 @@ TEST(QPComVariant, ReadsZeroFromWhatIsNoNumber)
     EXPECT_EQ(XQPComVariant(L"12 pumps").GetInt(), 0);
     EXPECT_EQ(XQPComVariant(Null()).GetInt(), 0);
     EXPECT_EQ(XQPComVariant(Real(3e9)).GetInt(), 0) << "beyond an integer";
-    EXPECT_EQ(XQPComVariant(Reference(&object)).GetInt(), 0);
-    EXPECT_EQ(XQPComVariant(Reference(nullptr)).GetInt(), 0);
+    EXPECT_EQ(XQPComVariant(ObjectReference(&object)).GetInt(), 0);
+    EXPECT_EQ(XQPComVariant(ObjectReference(nullptr)).GetInt(), 0);
 }
 
 TEST(QPComVariant, LeavesItsTypeAloneWhenItIsRead)
@@ -245,7 +228,7 @@ TEST(QPComVariant, LeavesItsTypeAloneWhenItIsRead)
     XQPComVariant value(L"12");
     EXPECT_EQ(value.GetInt(), 12);
     EXPECT_EQ(value.Type(), VT_BSTR);
-    XQPComVariant number(Number(12));
+    XQPComVariant number(NumberValue(12));
     EXPECT_STREQ(number.GetString(), L"12");
     EXPECT_EQ(number.Type(), VT_I4);
 }
@@ -254,7 +237,7 @@ TEST(QPComVariant, ReadsItsValueAsTextThatItOwns)
 {
     XQPComVariant value(L"pump");
     EXPECT_EQ(value.GetString(), value.Value().bstrVal);
-    XQPComVariant number(Number(-12));
+    XQPComVariant number(NumberValue(-12));
     EXPECT_STREQ(number.GetString(), L"-12");
     number = L"13";
     EXPECT_STREQ(number.GetString(), L"13");
@@ -266,13 +249,13 @@ TEST(QPComVariant, ReadsTheEmptyTextFromWhatHasNoText)
     VARIANT nullText;
     VariantInit(&nullText);
     nullText.vt = VT_BSTR;
-    for (const VARIANT& odd : {Null(), Reference(&object), Reference(nullptr), nullText})
+    for (const VARIANT& odd : {Null(), ObjectReference(&object), ObjectReference(nullptr), nullText})
     {
         XQPComVariant value(odd);
         ASSERT_NE(value.GetString(), nullptr);
         EXPECT_STREQ(value.GetString(), L"");
     }
-    XQPComVariant was(Number(5));
+    XQPComVariant was(NumberValue(5));
     EXPECT_STREQ(was.GetString(), L"5");
     was = Null();
     EXPECT_STREQ(was.GetString(), L"") << "not the text of the value before";

@@ -1,5 +1,7 @@
 #include "WinportSupport.h"
 
+#include <gtest/gtest.h>
+
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
@@ -98,12 +100,24 @@ void DenyUserKey(const std::wstring& path, bool deny)
 #endif
 }
 
-int RunAgain(const std::string& test)
+std::wstring ProgramPath()
 {
     wchar_t path[MAX_PATH];
+    const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
+    EXPECT_GT(length, 0u);
+    return {path, length};
+}
+
+std::wstring TestModulePath()
+{
+    const std::wstring program = ProgramPath();
+    return program.substr(0, program.find_last_of(L"/\\") + 1) + L"wptestmodule.dll";
+}
+
+int RunAgain(const std::string& test)
+{
     char program[4 * MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    WideCharToMultiByte(CP_UTF8, 0, path, -1, program, sizeof(program), nullptr, nullptr);
+    WideCharToMultiByte(CP_UTF8, 0, ProgramPath().c_str(), -1, program, sizeof(program), nullptr, nullptr);
 #ifdef _WIN32
     const char* quiet = " >NUL 2>&1";
 #else

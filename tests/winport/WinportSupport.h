@@ -59,6 +59,12 @@ private:
 /// Makes a key beneath HKEY_CURRENT_USER refuse access, or grant it again.
 void DenyUserKey(const std::wstring& path, bool deny);
 
-/// Runs this very program again with one test, which may be a disabled one; returns its exit status, 0 for
+/// The full path of the test program.
+std::wstring ProgramPath();
+
+/// The full path of the tests' module, which is beside the program.
+std::wstring TestModulePath();
+
+/// Runs this program again with one test, which may be a disabled one; returns its exit status, 0 for
 /// success.
 int RunAgain(const std::string& test);

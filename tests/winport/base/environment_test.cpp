@@ -89,9 +89,7 @@ TEST(CommandLineWords, LeavesBackslashesOfTheProgramAlone)
 
 TEST(CommandLineWords, NamesTheProgramForAnEmptyLine)
 {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    EXPECT_EQ(Split(L""), Words{path});
+    EXPECT_EQ(Split(L""), Words{ProgramPath()});
 }
 
 TEST(OwnCommandLine, StartsWithTheProgramAndHoldsItsArguments)

@@ -145,27 +145,21 @@ TEST_F(Modules, HaveExportsByName)
 TEST_F(Modules, LieBesideTheProgram)
 {
     const CTestModule module;
-    wchar_t program[MAX_PATH];
     wchar_t path[MAX_PATH];
-    ASSERT_GT(GetModuleFileNameW(nullptr, program, MAX_PATH), 0u);
     const DWORD length = GetModuleFileNameW(module.Get(), path, MAX_PATH);
     EXPECT_EQ(length, std::wcslen(path));
-    const std::wstring folder =
-        std::wstring(program).substr(0, std::wstring(program).find_last_of(L"/\\") + 1);
-    EXPECT_EQ(std::wstring(path), folder + L"wptestmodule.dll");
+    EXPECT_EQ(std::wstring(path), TestModulePath());
     EXPECT_EQ(LoadLibraryW(path), module.Get());
     FreeLibrary(module.Get());
 }
 
 TEST_F(Modules, CutAPathThatDoesNotFit)
 {
-    wchar_t program[MAX_PATH];
     wchar_t path[6] = L"xxxxx";
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
     SetLastError(0);
     EXPECT_EQ(GetModuleFileNameW(nullptr, path, 5), 5u);
     EXPECT_EQ(LastError(), ERROR_INSUFFICIENT_BUFFER);
-    EXPECT_EQ(std::wstring(path, 4), std::wstring(program).substr(0, 4));
+    EXPECT_EQ(std::wstring(path, 4), ProgramPath().substr(0, 4));
 }
 
 TEST_F(Modules, AreFoundByAnAddressInside)

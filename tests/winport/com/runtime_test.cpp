@@ -60,14 +60,6 @@ private:
     std::wstring m_key;
 };
 
-std::wstring ModulePath()
-{
-    wchar_t program[MAX_PATH];
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    const std::wstring path = program;
-    return path.substr(0, path.find_last_of(L"/\\") + 1) + L"wptestmodule.dll";
-}
-
 bool IsLoaded()
 {
     return GetModuleHandleW(L"wptestmodule.dll") != nullptr;
@@ -222,7 +214,7 @@ TEST_F(Creation, NeedsARegisteredClass)
 
 TEST_F(Creation, LoadsTheModuleAndAsksItsFactory)
 {
-    const CRegisteredClass registered(ModulePath());
+    const CRegisteredClass registered(TestModulePath());
     IUnknown* object = nullptr;
     ASSERT_EQ(Create(registered.Id(), &object), S_OK);
     EXPECT_NE(object, nullptr);
@@ -232,7 +224,7 @@ TEST_F(Creation, LoadsTheModuleAndAsksItsFactory)
 
 TEST_F(Creation, FailsAsTheFactoryFails)
 {
-    const CRegisteredClass registered(ModulePath());
+    const CRegisteredClass registered(TestModulePath());
     CCountedFactory outer;
     auto* object = reinterpret_cast<IUnknown*>(16);
     EXPECT_EQ(Create(registered.Id(), &object, nullptr, kSample), E_NOINTERFACE);
@@ -244,7 +236,7 @@ TEST_F(Creation, FailsAsTheFactoryFails)
 TEST_F(Creation, FailsWhenTheModuleDoesNotKnowTheClass)
 {
     const CLSID unknown = UniqueGuid();
-    const CRegisteredClass registered(ModulePath(), unknown);
+    const CRegisteredClass registered(TestModulePath(), unknown);
     IUnknown* object = nullptr;
     EXPECT_EQ(Create(unknown, &object), CLASS_E_CLASSNOTAVAILABLE);
 }
@@ -259,7 +251,7 @@ TEST_F(Creation, FailsWithoutTheModule)
 
 TEST_F(Creation, IsInProcessHere)
 {
-    const CRegisteredClass registered(ModulePath());
+    const CRegisteredClass registered(TestModulePath());
     IUnknown* object = nullptr;
     EXPECT_EQ(Create(registered.Id(), &object, nullptr, IID_IUnknown, CLSCTX_LOCAL_SERVER),
               REGDB_E_CLASSNOTREG);
@@ -269,7 +261,7 @@ TEST_F(Creation, IsInProcessHere)
 
 TEST_F(Creation, GivesClassObjects)
 {
-    const CRegisteredClass registered(ModulePath());
+    const CRegisteredClass registered(TestModulePath());
     IClassFactory* factory = nullptr;
     ASSERT_EQ(CoGetClassObject(registered.Id(), CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
                                reinterpret_cast<void**>(&factory)),
@@ -282,7 +274,7 @@ TEST_F(Creation, GivesClassObjects)
 
 TEST_F(Creation, KeepsTheModuleUntilItIsUnused)
 {
-    const CRegisteredClass registered(ModulePath());
+    const CRegisteredClass registered(TestModulePath());
     IUnknown* object = nullptr;
     ASSERT_EQ(Create(registered.Id(), &object), S_OK);
     CoFreeUnusedLibrariesEx(0, 0);
@@ -298,7 +290,7 @@ TEST_F(Creation, KeepsTheModuleUntilItIsUnused)
 
 TEST_F(Creation, IsByProgIdToo)
 {
-    const CRegisteredClass registered(ModulePath());
+    const CRegisteredClass registered(TestModulePath());
     const std::wstring progId = L"Winport.Test." + std::to_wstring(GetCurrentProcessId());
     SetDefault(progId + L"\\CLSID", Text(registered.Id()));
     CLSID clsid{};

@@ -10,14 +10,6 @@ namespace
 const GUID kLibrary = {0x3B1E7C52, 0x6C0D, 0x4E7B, {0x9A, 0x7E, 0x51, 0xD0, 0xF4, 0xA2, 0xC8, 0x01}};
 const wchar_t kKey[] = L"TypeLib\\{3B1E7C52-6C0D-4E7B-9A7E-51D0F4A2C801}";
 
-std::wstring ModulePath()
-{
-    wchar_t program[MAX_PATH];
-    GetModuleFileNameW(nullptr, program, MAX_PATH);
-    const std::wstring path = program;
-    return path.substr(0, path.find_last_of(L"/\\") + 1) + L"wptestmodule.dll";
-}
-
 // The default value of a key beneath the library's; "?" if there is none.
 std::wstring Registered(const wchar_t* path)
 {
@@ -36,7 +28,7 @@ std::wstring Registered(const wchar_t* path)
 
 TEST(TypeLibraries, AreRegisteredAndUnregistered)
 {
-    std::wstring path = ModulePath();
+    std::wstring path = TestModulePath();
     ITypeLib* library = nullptr;
     ASSERT_EQ(LoadTypeLibEx(path.c_str(), REGKIND_NONE, &library), S_OK);
     ASSERT_EQ(RegisterTypeLib(library, path.data(), nullptr), S_OK);
@@ -59,7 +51,7 @@ TEST(TypeLibraries, AreRegisteredAndUnregistered)
 TEST(TypeLibraries, AreLoadedOnlyWhereTheyAre)
 {
     auto* library = reinterpret_cast<ITypeLib*>(16);
-    EXPECT_LT(LoadTypeLib((ModulePath() + L"\\2").c_str(), &library), 0);
+    EXPECT_LT(LoadTypeLib((TestModulePath() + L"\\2").c_str(), &library), 0);
     EXPECT_EQ(library, nullptr);
     EXPECT_EQ(LoadTypeLib(L"wpnosuchmodule.dll", &library), TYPE_E_CANTLOADLIBRARY);
     EXPECT_EQ(LoadTypeLib(nullptr, &library), E_INVALIDARG);
