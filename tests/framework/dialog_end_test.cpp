@@ -98,7 +98,7 @@ TEST_F(SystemEndDialog, CancelsWhileTheDialogOpens)
 
 TEST_F(SystemEndDialog, CancelsFromATimerOfTheHost)
 {
-    driver.reset(); // nobody is in front of the dialog
+    driver.reset(); // no step is run in this dialog
     static HWND window;
     dialog.onInit = [this] {
         window = dialog.m_hWnd;
@@ -206,7 +206,7 @@ TEST_F(SystemEndDialog, IsDistinguishedFromTheEndOfTheOwner)
 
 TEST_F(SystemEndDialog, IsDistinguishedFromTheEndOfTheProgram)
 {
-    driver.reset(); // nobody is in front of the dialog
+    driver.reset(); // no step is run in this dialog
     dialog.onInit = [] {
         SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR timer, DWORD) {
             KillTimer(nullptr, timer);

@@ -63,6 +63,15 @@ private:
     std::vector<SAFEARRAY*> m_arrays;
 };
 
+/// Whether the system converts a zero of that type to a text, which winport does not for all.
+bool HasTextOfZero(VARTYPE type)
+{
+    VARIANT zero{};
+    zero.vt = static_cast<VARTYPE>(type & ~VT_BYREF);
+    XQPComVariant text;
+    return text.ChangeType(VT_BSTR, &zero) >= 0;
+}
+
 /// The text of a value that is all zeros.
 std::wstring TextOfZero(VARTYPE type)
 {
@@ -80,10 +89,11 @@ std::wstring TextOfZero(VARTYPE type)
     case VT_UINT:
     case VT_R4:
     case VT_R8:
-    case VT_CY:
-    case VT_DECIMAL:
     case VT_BOOL:
         return L"0";
+    case VT_CY:
+    case VT_DECIMAL:
+        return HasTextOfZero(type) ? L"0" : L"";
     case VT_DATE:
         return L"12:00:00 AM";
     default:
