@@ -11,8 +11,6 @@
 
 #include "Bstr.h"
 
-#include <gtest/gtest.h>
-
 #include <memory>
 #include <utility>
 
@@ -31,8 +29,8 @@ std::wstring NameOf(IQP_BaseDataObject* object)
 } // namespace
 
 CChooserDemo::CChooserDemo(refhost::Plant& plant, CPictures& pictures, const std::wstring& language,
-                           std::function<void(bool, const std::wstring&)> expect)
-    : m_plant(plant), m_pictures(pictures), m_texts(HostTextsIn(language)), m_expect(std::move(expect))
+                           Expectation expect)
+    : CDialogDemo(plant, pictures, std::move(expect)), m_texts(HostTextsIn(language))
 {
 }
 
@@ -46,7 +44,6 @@ void CChooserDemo::Run()
     AskForOtherItems();
     ChooseAmongObjects();
     LookUpContexts();
-    m_expect(!testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed(), L"every dialog could be used");
 }
 
 void CChooserDemo::ChooseProject()
@@ -260,27 +257,6 @@ void CChooserDemo::LookUpContexts()
         table.AddRow({name, kind, NameOf(project.get()), NameOf(planType.get())});
     }
     table.Print();
-}
-
-void CChooserDemo::Picture(const char* name) const
-{
-    m_expect(m_pictures.Take(name), L"a picture is taken of the dialog");
-}
-
-void CChooserDemo::ReadMessage(BoxAnswers& boxes, const char* picture) const
-{
-    boxes.ExpectAny(IDOK, [this, &boxes, picture] {
-        Picture(picture);
-        const ShownBox& box = boxes.Shown().back();
-        PrintLine(L"    message \"" + box.title + L"\": " + Indented(box.text));
-    });
-}
-
-ComPtr<IQP_BaseDataObject> CChooserDemo::Find(const wchar_t* table, const wchar_t* name)
-{
-    ComPtr<IQP_BaseDataObject> object = m_plant.Find(table, name);
-    m_expect(static_cast<bool>(object), std::wstring(L"the plant has the ") + table + L" \"" + name + L"\"");
-    return object;
 }
 
 ComPtr<IQPProjectChoice> CChooserDemo::NewProjectChoice(const wchar_t* buttonText)

@@ -4,11 +4,14 @@
 #include "Created.h"
 #include "DemoLog.h"
 #include "HostCalls.h"
+#include "PropertyDemo.h"
 
 #include "ObjectPlaces.h"
 
 #include "Bstr.h"
 #include "Utf8.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 
@@ -106,7 +109,7 @@ bool CDemo::Run()
     PrintLine(Underlined(L"Commands"));
     for (const CommandCase& search : CommandCases())
         ShowCommands(search);
-    ShowChoosers();
+    ShowDialogs();
     PrintLine(Underlined(L"User action log"));
     ShowLog();
     PrintLine(Underlined(L"What it cost the host"));
@@ -116,18 +119,22 @@ bool CDemo::Run()
 
 bool CDemo::RunDialogs()
 {
-    ShowChoosers();
+    ShowDialogs();
     return Conclude();
 }
 
-void CDemo::ShowChoosers()
+void CDemo::ShowDialogs()
 {
+    const auto expect = [this](bool held, const std::wstring& what) {
+        Expect(held, what);
+    };
     PrintLine(Underlined(L"Choosers"));
     // The order of two lists is that of the objects' addresses.
     const refhost::ObjectsInOrder inOrder;
-    CChooserDemo(*m_plant, m_pictures, m_language, [this](bool held, const std::wstring& what) {
-        Expect(held, what);
-    }).Run();
+    CChooserDemo(*m_plant, m_pictures, m_language, expect).Run();
+    PrintLine(Underlined(L"Properties of scripts"));
+    CPropertyDemo(*m_plant, m_pictures, expect).Run();
+    Expect(!testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed(), L"every dialog could be used");
 }
 
 bool CDemo::Conclude() const

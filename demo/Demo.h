@@ -30,7 +30,7 @@ public:
     bool RunDialogs();
 
 private:
-    void ShowChoosers();
+    void ShowDialogs();
     bool Conclude() const;
     void ShowScripts(const ActionCase& search);
     void ShowCommands(const CommandCase& search);

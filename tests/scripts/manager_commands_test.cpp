@@ -350,12 +350,12 @@ TEST_F(ScriptCommands, OnlyTheSearchRunsInsideTheUiState)
     EXPECT_EQ(CUiState::Entries() - entries, 1u);
 }
 
-TEST_F(ScriptCommands, TheDialogIsNotThereYetAndEntersTheUiState)
+TEST_F(ScriptCommands, AnUnknownDialogEntersTheUiStateAndLeavesIt)
 {
     const unsigned entries = CUiState::Entries();
     EXPECT_EQ(
         manager->ShowScriptActionOrCommandDlg(nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr),
-        E_NOTIMPL);
+        E_INVALIDARG);
     EXPECT_EQ(CUiState::Entries() - entries, 1u);
     EXPECT_EQ(CUiState::Depth(), 0);
 }

@@ -147,7 +147,8 @@ TEST_F(ManagerMethods, ShowScriptActionOrCommandDlgIsTheFirst)
 {
     EXPECT_EQ(Call(3, static_cast<IQPFObjectManager*>(nullptr), static_cast<IQPConfigFactory*>(nullptr),
                    static_cast<IQP_Query*>(nullptr), none, none, none, noText),
-              E_NOTIMPL);
+              E_INVALIDARG)
+        << "no type name";
 }
 
 TEST_F(ManagerMethods, TheTwoSearchesAreSecondAndThird)
