@@ -77,7 +77,8 @@ void PrintCommandFields(const DialogView& view)
                        {L"VBA Macro", kMacro},
                        {L"Plantype", kCommandPlanType},
                        {L"Configuration Type", kCommandConfigType},
-                       {L"Script execution", kExecution}});
+                       {L"Script execution", kExecution},
+                       {L"Element", kElement}});
 }
 
 /// Prints what the user does.
