@@ -7,6 +7,7 @@
 #include "HostText.h"
 #include "HostVariant.h"
 #include "HostWork.h"
+#include "KeptObjects.h"
 
 #include "Bstr.h"
 
@@ -34,6 +35,12 @@ NameUsed UsedOf(const Attribute& attribute, const std::string& name)
 
 HostDataObject::HostDataObject(Core core, const Kind& kind, long long id) : m_row{std::move(core), kind, id}
 {
+    KeptObjects::Created(static_cast<IQP_BaseDataObject*>(this), kind.table);
+}
+
+HostDataObject::~HostDataObject()
+{
+    KeptObjects::Destroyed(static_cast<IQP_BaseDataObject*>(this));
 }
 
 ComPtr<IQP_BaseDataObject> HostDataObject::Make(const Core& core, const Kind& kind, long long id)

@@ -71,7 +71,7 @@ public:
 private:
     friend class HostObject<HostDataObject, IQP_BaseDataObject, IQPObjectRights>;
     HostDataObject(Core core, const Kind& kind, long long id);
-    ~HostDataObject() = default;
+    ~HostDataObject();
     static void* operator new(std::size_t size) { return ObjectPlaces::Take(size); }
     static void operator delete(void* place) noexcept { ObjectPlaces::Give(place); }
 
