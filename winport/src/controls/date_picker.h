@@ -1,5 +1,5 @@
-// The date picker: a date with its time, shown as the short date. It has neither the calendar nor the arrows
-// of the real one, but the keys that move between the fields, turn them and type into them.
+// The date picker: a date with its time, shown as a short date, and the keys that move between its fields and
+// change them. It has no calendar and no arrows to click.
 #pragma once
 
 #include "window/window.h"

@@ -12,7 +12,8 @@ bool MayBeActive(const Window& window)
     return window.Visible() && window.Enabled();
 }
 
-// The window that comes after another one, from top to bottom and from the top again.
+// Returns the next window that can be active, from top to bottom and then from the top, null if there is
+// none.
 const Window* NextBelow(const Window& leaving)
 {
     std::vector<Window*> others = TopLevelWindows();
@@ -27,7 +28,7 @@ const Window* NextBelow(const Window& leaving)
     return nullptr;
 }
 
-// The focus goes to `next`, which may be null.
+// Moves the focus to `next`, which may be null.
 void MoveFocus(HWND next)
 {
     ThreadState& state = ThisThread();
