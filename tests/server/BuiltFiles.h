@@ -12,7 +12,7 @@ inline std::wstring ProgramFolder()
 }
 
 /// The module, which the build puts beside the test programs.
-inline std::wstring ModulePath()
+inline std::wstring BuiltModulePath()
 {
     return ProgramFolder() + L"\\qptools.dll";
 }

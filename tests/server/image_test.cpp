@@ -21,7 +21,7 @@ const std::vector<std::string> kExports = {"DllCanUnloadNow", "DllGetClassObject
 
 const CPortableImage& Module()
 {
-    static const CPortableImage image(ModulePath());
+    static const CPortableImage image(BuiltModulePath());
     return image;
 }
 
@@ -50,7 +50,7 @@ class ModuleResources : public testing::Test
 {
 protected:
     ModuleResources()
-        : m_module(LoadLibraryExW(ModulePath().c_str(), nullptr,
+        : m_module(LoadLibraryExW(BuiltModulePath().c_str(), nullptr,
                                   LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE))
     {
     }
@@ -90,7 +90,7 @@ protected:
 
     std::wstring VersionText(const std::wstring& name) const
     {
-        const std::wstring path = ModulePath();
+        const std::wstring path = BuiltModulePath();
         DWORD ignored = 0;
         std::vector<BYTE> block(GetFileVersionInfoSizeW(path.c_str(), &ignored));
         WORD* translation = nullptr;
@@ -256,7 +256,7 @@ TEST_F(ModuleResources, GiveTheVersionInTexts)
 
 TEST_F(ModuleResources, GiveTheVersionInNumbers)
 {
-    const std::wstring path = ModulePath();
+    const std::wstring path = BuiltModulePath();
     DWORD ignored = 0;
     std::vector<BYTE> block(GetFileVersionInfoSizeW(path.c_str(), &ignored));
     ASSERT_TRUE(GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()));

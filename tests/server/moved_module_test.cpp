@@ -30,7 +30,7 @@ protected:
     {
         fs::remove_all(m_folder);
         fs::create_directories(m_folder);
-        fs::copy_file(ModulePath(), m_folder / "qptools.dll");
+        fs::copy_file(BuiltModulePath(), m_folder / "qptools.dll");
     }
     ~MovedModule() override
     {

@@ -14,7 +14,7 @@ constexpr int kEnd = 7;
 int main(int, char** arguments)
 {
     const char* way = arguments[1];
-    const LoadedModule& module = *new LoadedModule(ModulePath()); // never unloaded
+    const LoadedModule& module = *new LoadedModule(BuiltModulePath()); // never unloaded
     module.CatchException();
     const HANDLE called = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     std::thread([&] {

@@ -89,7 +89,7 @@ Snapshot ExpectedFor(const RegisteredClass& component)
         {key + L"\\VersionIndependentProgID", L"key"},
         {key + L"\\VersionIndependentProgID -> (default)", component.prefix + component.name},
         {key + L"\\InprocServer32", L"key"},
-        {key + L"\\InprocServer32 -> (default)", ModulePath()}};
+        {key + L"\\InprocServer32 -> (default)", BuiltModulePath()}};
     if (component.apartment)
         expected[key + L"\\InprocServer32 -> ThreadingModel"] = L"Apartment";
     if (component.programmable)
@@ -118,7 +118,7 @@ constexpr int kRegistrationFailed = 5;
 /// Runs regsvr32 silently on the module and returns its exit code.
 int Regsvr(const std::wstring& options)
 {
-    std::wstring command = L"regsvr32.exe /s " + options + L" \"" + ModulePath() + L"\"";
+    std::wstring command = L"regsvr32.exe /s " + options + L" \"" + BuiltModulePath() + L"\"";
     STARTUPINFOW start = {sizeof start};
     PROCESS_INFORMATION process = {};
     if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
@@ -224,7 +224,7 @@ TEST_F(Regsvr32, RegistersTheTypeLibrary)
     ASSERT_TRUE(found.count(key + L" -> (default)"));
     EXPECT_EQ(L"qptools 1.0 Type Library", found.at(key + L" -> (default)"));
     ASSERT_TRUE(found.count(key + L"\\0\\win64 -> (default)")) << Printed(found);
-    EXPECT_EQ(0, _wcsicmp(ModulePath().c_str(), found.at(key + L"\\0\\win64 -> (default)").c_str()));
+    EXPECT_EQ(0, _wcsicmp(BuiltModulePath().c_str(), found.at(key + L"\\0\\win64 -> (default)").c_str()));
 
     ComPtr<ITypeLib> library;
     ASSERT_EQ(S_OK, LoadRegTypeLib(Identifier(Narrow(kLibraryId)), 1, 0, LOCALE_NEUTRAL, library.put()));
@@ -249,7 +249,7 @@ TEST_F(Regsvr32, MakesEveryClassCreatableByProgId)
         EXPECT_TRUE(object);
     }
     const std::wstring path = ModulePath(GetModuleHandleW(L"qptools.dll"));
-    EXPECT_EQ(0, _wcsicmp(ModulePath().c_str(), path.c_str())) << Narrow(path.c_str());
+    EXPECT_EQ(0, _wcsicmp(BuiltModulePath().c_str(), path.c_str())) << Narrow(path.c_str());
 }
 
 TEST_F(Regsvr32, FindsOneClassUnderBothSpellingsOfItsProgId)
@@ -308,7 +308,7 @@ TEST_F(Regsvr32, FailsOnAKeyThatCannotBeWrittenAndRestoresAll)
 TEST_F(Regsvr32, GivesTheSystemsOwnCodeOfAFailure)
 {
     const CLockedClassesKey locked(ClassKey(kRegistered.front()));
-    const HMODULE module = LoadLibraryW(ModulePath().c_str());
+    const HMODULE module = LoadLibraryW(BuiltModulePath().c_str());
     ASSERT_NE(nullptr, module);
     using Register = HRESULT(STDAPICALLTYPE*)();
     const auto run =

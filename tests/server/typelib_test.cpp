@@ -51,13 +51,13 @@ TEST(TypeLibrary, OfTheSdkHasTheRightContent)
 TEST(TypeLibrary, OfTheModuleHasTheRightContent)
 {
     ComPtr<ITypeLib> library;
-    ASSERT_EQ(S_OK, LoadTypeLib(ModulePath().c_str(), library.put()));
+    ASSERT_EQ(S_OK, LoadTypeLib(BuiltModulePath().c_str(), library.put()));
     ExpectWholeLibrary(library.get());
 }
 
 TEST(TypeLibrary, IsResourceOneOfTheModuleAndEqualToTheSdksFile)
 {
-    const std::string resource = ResourceOf(ModulePath(), L"TYPELIB", 1);
+    const std::string resource = ResourceOf(BuiltModulePath(), L"TYPELIB", 1);
     EXPECT_FALSE(resource.empty());
     EXPECT_TRUE(BytesOf(TypeLibraryPath()) == resource);
 }

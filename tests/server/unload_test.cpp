@@ -28,7 +28,7 @@ class CommonControls
 public:
     CommonControls()
     {
-        const std::wstring path = ModulePath();
+        const std::wstring path = BuiltModulePath();
         ACTCTXW request = {};
         request.cbSize = sizeof(request);
         request.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID;
@@ -151,7 +151,7 @@ TEST_F(Unload, LeavesNothingInThreadsThatLiveOn)
     {
         if (round == 5)
             before = ProcessCounts::Take();
-        const LoadedModule module(ModulePath());
+        const LoadedModule module(BuiltModulePath());
         module.CatchException();
         for (CallingThread& thread : threads)
             thread.Call(module);
@@ -167,7 +167,7 @@ TEST_F(Unload, LeavesNothingOfThreadsThatEndedBefore)
     {
         if (round == 5)
             before = ProcessCounts::Take();
-        const LoadedModule module(ModulePath());
+        const LoadedModule module(BuiltModulePath());
         CallingThread threads[2]; // end first
         for (CallingThread& thread : threads)
             thread.Call(module);
@@ -184,7 +184,7 @@ TEST_F(Unload, LetsThreadsEndAfterIt)
         if (round == 5)
             before = ProcessCounts::Take();
         CallingThread thread; // ends last
-        const LoadedModule module(ModulePath());
+        const LoadedModule module(BuiltModulePath());
         thread.Call(module);
     }
     ExpectSame(before, ProcessCounts::Take());
@@ -195,9 +195,9 @@ TEST_F(Unload, OfOneCopyLeavesTheOtherAtWork)
     namespace fs = std::filesystem;
     const fs::path copy =
         fs::temp_directory_path() / ("qptools-copy-" + std::to_string(GetCurrentProcessId()) + ".dll");
-    fs::copy_file(ModulePath(), copy, fs::copy_options::overwrite_existing);
+    fs::copy_file(BuiltModulePath(), copy, fs::copy_options::overwrite_existing);
     {
-        const LoadedModule first(ModulePath());
+        const LoadedModule first(BuiltModulePath());
         CallingThread thread;
         for (int round = 0; round < 10; ++round)
         {
