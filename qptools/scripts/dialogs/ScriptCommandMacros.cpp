@@ -14,8 +14,6 @@
 
 #include "qpservices.h"
 
-#include <algorithm>
-
 namespace qptools
 {
 namespace
@@ -91,12 +89,11 @@ HRESULT XDlgScriptCommand::LoadVBAProjects(std::vector<ComPtr<IQP_BaseDataObject
     const HRESULT status = SearchProject(m_ptrQuery.get(), kTableVbaProject, m_ptrProject.get(), found);
     if (status < 0 || !found)
         return status;
+    std::set<IQP_BaseDataObject*> known;
     WalkBatches(found.get(), [&](IQP_BaseDataObject* project) {
         // On purpose the reference that the enumerator handed over is never released.
         project->AddRef();
-        const bool isNew = std::ranges::none_of(
-            projects, [&](const ComPtr<IQP_BaseDataObject>& known) { return known.get() == project; });
-        if (isNew)
+        if (known.insert(project).second)
             projects.emplace_back(project);
         return BatchStep::NextObject;
     });

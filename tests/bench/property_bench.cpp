@@ -1,0 +1,163 @@
+// The property dialogs beside their floors: opened and cancelled, and with the first drop-down of a list.
+#include "BareProperties.h"
+#include "ModuleUnderTest.h"
+#include "XQPComBSTR.h"
+
+#include "Resources.h"
+
+#include "qptools.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cwchar>
+#include <map>
+#include <memory>
+
+namespace
+{
+constexpr UINT kActionDialog = 213;
+constexpr UINT kCommandDialog = 214;
+
+/// Fails the run rather than measure something else than was meant.
+void Require(bool holds, const char* what)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "qp_bench: %s\n", what);
+    std::abort();
+}
+
+/// While it lives, each dialog of the thread is shown, one of its lists opened, and Cancel pressed.
+class DroppingUser
+{
+public:
+    /// `combo`: the list to open; 0 for none. `counted`: whose items are counted at the end.
+    DroppingUser(int combo, int counted)
+        : m_hook(SetWindowsHookExW(WH_CBT, &DroppingUser::OnEvent, nullptr, GetCurrentThreadId()))
+    {
+        s_combo = combo;
+        s_counted = counted;
+        s_items = 0;
+    }
+    ~DroppingUser() { UnhookWindowsHookEx(m_hook); }
+    DroppingUser(const DroppingUser&) = delete;
+    DroppingUser& operator=(const DroppingUser&) = delete;
+
+    static std::size_t Items() { return s_items; }
+
+private:
+    static LRESULT CALLBACK OnEvent(int code, WPARAM window, LPARAM details)
+    {
+        const auto dialog = reinterpret_cast<HWND>(window);
+        wchar_t name[32] = {};
+        if ((code == HCBT_ACTIVATE || code == HCBT_DESTROYWND) && GetClassNameW(dialog, name, 32) &&
+            std::wcscmp(name, L"#32770") == 0)
+        {
+            if (code == HCBT_DESTROYWND)
+                s_items = static_cast<std::size_t>(SendDlgItemMessageW(dialog, s_counted, CB_GETCOUNT, 0, 0));
+            else
+                Operate(dialog);
+        }
+        return CallNextHookEx(nullptr, code, window, details);
+    }
+
+    static void Operate(HWND dialog)
+    {
+        if (s_combo)
+            PostMessageW(GetDlgItem(dialog, s_combo), CB_SHOWDROPDOWN, TRUE, 0);
+        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+    }
+
+    static inline int s_combo = 0;
+    static inline int s_counted = 0;
+    static inline std::size_t s_items = 0;
+    HHOOK m_hook;
+};
+
+PropertyBenchHost& Host(std::size_t entries)
+{
+    static std::map<std::size_t, std::unique_ptr<PropertyBenchHost>> hosts;
+    auto& host = hosts[entries];
+    if (!host)
+        host = std::make_unique<PropertyBenchHost>(entries);
+    return *host;
+}
+
+/// The combo box of a list.
+int ComboOf(DroppedList list)
+{
+    switch (list)
+    {
+    case DroppedList::Scripts:
+        return 256;
+    case DroppedList::PlanTypes:
+        return 266;
+    case DroppedList::ConfigTypes:
+        return 268;
+    case DroppedList::Macros:
+        return 308;
+    default:
+        return 0;
+    }
+}
+
+/// The entries of a list. The types are the scripts' and commands' own as well.
+std::size_t Entries(DroppedList list, std::size_t entries)
+{
+    if (list == DroppedList::None)
+        return PropertyBenchHost::kActionTypes;
+    return list == DroppedList::ConfigTypes ? entries + 2 : entries;
+}
+
+template <DroppedList List>
+void Service(benchmark::State& state)
+{
+    const auto entries = static_cast<std::size_t>(state.range(0));
+    PropertyBenchHost& host = Host(entries);
+    const ModuleUnderTest module;
+    const MemorySettings::Offered settings(host.host.Settings());
+    constexpr int kActionTypes = 254;
+    const DroppingUser user(ComboOf(List), List == DroppedList::None ? kActionTypes : ComboOf(List));
+    ComPtr<IScriptActionAndCommandManager> service;
+    Require(module.Create(CLSID_XScriptActionAndCommandManager, service) == S_OK, "no service");
+    const bool isCommand = List == DroppedList::Macros;
+    const XQPComBSTR type(isCommand ? L"XDOScriptCommand" : L"XDOScriptAction");
+    for (auto _ : state)
+        Require(service->ShowScriptActionOrCommandDlg(
+                    host.Manager(), host.Factory(), host.Query(), host.Project(), host.PlanTypes(),
+                    isCommand ? host.Command() : host.Action(), type) == S_FALSE,
+                "the dialog was not cancelled");
+    Require(DroppingUser::Items() == Entries(List, entries), "entries are missing");
+}
+
+template <DroppedList List>
+void Bare(benchmark::State& state)
+{
+    const auto entries = static_cast<std::size_t>(state.range(0));
+    PropertyBenchHost& host = Host(entries);
+    const ModuleUnderTest module;
+    const MemorySettings::Offered settings(host.host.Settings());
+    const bool isCommand = List == DroppedList::Macros;
+    const std::string_view dialog =
+        ResourceBytes(module.Handle(), isCommand ? kCommandDialog : kActionDialog, MAKEINTRESOURCEW(5));
+    for (auto _ : state)
+        Require((isCommand ? MacrosFloor(host, dialog) : ActionFloor(host, dialog, List)) ==
+                    Entries(List, entries),
+                "entries are missing");
+}
+
+#define BESIDE_ITS_FLOOR(list, name, entries)                                                                \
+    BENCHMARK(Service<DroppedList::list>)                                                                    \
+        ->Name(name "/service")                                                                              \
+        ->Arg(entries)                                                                                       \
+        ->Unit(benchmark::kMicrosecond);                                                                     \
+    BENCHMARK(Bare<DroppedList::list>)->Name(name "/floor")->Arg(entries)->Unit(benchmark::kMicrosecond)
+
+BESIDE_ITS_FLOOR(None, "Script action opened", 30);
+BESIDE_ITS_FLOOR(Scripts, "List of scripts", 10000);
+BESIDE_ITS_FLOOR(PlanTypes, "List of plan types", 10000);
+BESIDE_ITS_FLOOR(ConfigTypes, "List of configured types", 10000);
+BESIDE_ITS_FLOOR(Macros, "List of macros", 1000);
+} // namespace
