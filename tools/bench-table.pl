@@ -59,6 +59,8 @@ sub fields {
 sub tables {
     my @tables = (machine(), beside_floor('GetScriptsForAction', 1.15, 0), beside_floor('GetScriptCommands', 1.3, 10_000),
         one_prompt(2.5), beside_floor('Script picker', 1.3, 10_000), beside_floor('QPSelectDlg', 1.3, 10_000), lookup(1.2),
+        (map { beside_floor($_, 1.3, 0) } 'Script action opened', 'List of scripts', 'List of plan types',
+            'List of configured types', 'List of macros'),
         lines(), first());
     flat('GetScriptsForAction', 10_000, 100_000, 0.2);
     return join "\n", @tables, limits();

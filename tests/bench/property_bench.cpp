@@ -139,6 +139,7 @@ void Bare(benchmark::State& state)
     PropertyBenchHost& host = Host(entries);
     const ModuleUnderTest module;
     const MemorySettings::Offered settings(host.host.Settings());
+    const DroppingUser sameHook(0, 0);
     const bool isCommand = List == DroppedList::Macros;
     const std::string_view dialog =
         ResourceBytes(module.Handle(), isCommand ? kCommandDialog : kActionDialog, MAKEINTRESOURCEW(5));
