@@ -107,6 +107,11 @@ sub sizes { return sort { $a <=> $b } keys %{ $time{ $_[0] }{service} } }
 sub number {
     my ($value) = @_;
     my $text = $value < 10 ? sprintf('%.2f', $value) : $value < 100 ? sprintf('%.1f', $value) : sprintf('%.0f', $value);
+    return count($text);
+}
+
+sub count {
+    my ($text) = @_;
     1 while $text =~ s/^(\d+)(\d{3})/$1,$2/;
     return $text;
 }
@@ -125,8 +130,8 @@ sub beside_floor {
     my @rows;
     for my $n (sizes($subject)) {
         my ($service, $floor) = (of($subject, 'service', $n), of($subject, 'floor', $n));
-        limit("`$subject`, " . number($n) . ' rows: times the floor', $service / $floor, 0, $most) if $n >= $smallest;
-        push @rows, [number($n), number($service), number($floor), sprintf('%.2f', $service / $floor),
+        limit("`$subject`, " . count($n) . ' rows: times the floor', $service / $floor, 0, $most) if $n >= $smallest;
+        push @rows, [count($n), number($service), number($floor), sprintf('%.2f', $service / $floor),
             number($service * 1000 / $n), $has_list ? number(of($subject, 'list', $n)) : ()];
     }
     return table("`$subject`", ['rows', 'µs', 'floor, µs', 'times the floor', 'ns a row',
@@ -138,7 +143,7 @@ sub beside_floor {
 sub flat {
     my ($subject, $small, $large, $part) = @_;
     my ($service, $floor) = map { (of($subject, $_, $large) / $large) / (of($subject, $_, $small) / $small) } 'service', 'floor';
-    limit("`$subject`, a row of " . number($large) . ' beside one of ' . number($small) . ', the floor\'s being 1',
+    limit("`$subject`, a row of " . count($large) . ' beside one of ' . count($small) . ', the floor\'s being 1',
         $service / $floor, 1 - $part, 1 + $part);
 }
 
@@ -149,9 +154,9 @@ sub one_prompt {
     my @rows;
     for my $n (sizes($subject)) {
         my ($different, $same) = (of($subject, 'service', $n), of($subject, 'one prompt', $n));
-        limit("`$subject`, " . number($n) . ' rows with one prompt: times as long as all different', $same / $different, 0,
+        limit("`$subject`, " . count($n) . ' rows with one prompt: times as long as all different', $same / $different, 0,
             $most);
-        push @rows, [number($n), number($different), number($same), sprintf('%.2f', $same / $different),
+        push @rows, [count($n), number($different), number($same), sprintf('%.2f', $same / $different),
             number($same * 1000 / $n)];
     }
     return table("`$subject`, all rows with one prompt",
