@@ -33,10 +33,9 @@ TEST_F(GermanAction, TranslatesItsTitleAndLabels)
     Show({Sees(Titled(L"Eigenschaften der Skriptaktion")), Sees(Shows(271, L"Skript")),
           Sees(Shows(272, L"Konfigurationstyp/Plantyp")), Sees(Shows(267, L"Plantyp")),
           Sees(Shows(269, L"Konfigurationstyp")), Sees(Shows(255, L"Aktionstyp")),
-          Sees(Shows(264, L"Aktiviert")), Sees(Shows(kBeforeAfter, L"Davor/Danach")),
-          Sees(Shows(262, L"Danach")), Sees(Shows(263, L"Davor")),
-          Sees(Shows(260, L"Reihenfolge der Ausf\u00FChrung")), Sees(Shows(IDOK, L"OK")),
-          Sees(Shows(IDCANCEL, L"Abbrechen")), Sees(Shows(273, L"Name")),
+          Sees(Shows(264, L"Aktiviert")), Sees(Shows(kBeforeAfter, L"Vor/Nach")), Sees(Shows(262, L"Nach")),
+          Sees(Shows(263, L"Vor")), Sees(Shows(260, L"Reihenfolge der Ausf\u00FChrung")),
+          Sees(Shows(IDOK, L"OK")), Sees(Shows(IDCANCEL, L"Abbrechen")), Sees(Shows(273, L"Name")),
           Sees(Shows(274, L"Eigenschaften der Aktion")), Presses(IDCANCEL)});
 }
 
