@@ -2,6 +2,8 @@
 
 #include "Wnd.h"
 
+#include <algorithm>
+
 namespace
 {
 /// Calls `visit` for the radio buttons from `first` to the end of its group; other controls are skipped.
@@ -22,6 +24,18 @@ void ForEachRadio(HWND first, Visit&& visit)
 HWND ItemOf(const CDataExchange& exchange, int id)
 {
     return exchange.Failed() ? nullptr : GetDlgItem(exchange.Dialog(), id);
+}
+
+/// Whether the text is nothing but decimal digits, with or without a sign and blanks around.
+bool IsNumber(const std::wstring& text)
+{
+    constexpr wchar_t blanks[] = L" \t";
+    constexpr wchar_t digits[] = L"0123456789";
+    std::size_t place = std::min(text.find_first_not_of(blanks), text.size());
+    if (place < text.size() && (text[place] == L'-' || text[place] == L'+'))
+        ++place;
+    const std::size_t end = std::min(text.find_first_not_of(digits, place), text.size());
+    return end > place && text.find_first_not_of(blanks, end) == std::wstring::npos;
 }
 } // namespace
 
@@ -52,9 +66,10 @@ void DDX_Text(CDataExchange* pDX, int id, int& value)
         SetDlgItemInt(pDX->Dialog(), id, static_cast<UINT>(value), TRUE);
         return;
     }
-    BOOL isNumber = FALSE;
-    const UINT number = GetDlgItemInt(pDX->Dialog(), id, &isNumber, TRUE);
-    if (isNumber)
+    // The system would take "12x" for 12.
+    BOOL isInRange = FALSE;
+    const UINT number = GetDlgItemInt(pDX->Dialog(), id, &isInRange, TRUE);
+    if (isInRange && IsNumber(WindowText(item)))
         value = static_cast<int>(number);
     else
         pDX->Fail();

@@ -29,7 +29,8 @@ void DDX_Control(CDataExchange* pDX, int id, CWnd& control);
 
 void DDX_Text(CDataExchange* pDX, int id, std::wstring& value);
 
-/// An integer. Text that is not one fails the exchange and leaves `value` unchanged.
+/// An integer: decimal digits, with or without a sign and blanks around. Any other text, also one out of
+/// range, fails the exchange and leaves `value` unchanged.
 void DDX_Text(CDataExchange* pDX, int id, int& value);
 
 /// BST_UNCHECKED (0) or BST_CHECKED (1).

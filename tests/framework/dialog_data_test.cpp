@@ -166,6 +166,31 @@ TEST_F(DialogData, NoNumberInAFieldFailsTheExchangeThere)
     EXPECT_EQ(on, 0) << "not moved behind the failure";
 }
 
+TEST_F(DialogData, ANumberIsTheWholeText)
+{
+    int number = 0;
+    dialog.exchange = [&](CDataExchange* pDX) {
+        DDX_Text(pDX, kNumberEdit, number);
+    };
+    Run([&](DialogView& view) {
+        for (const wchar_t* text : {L"12", L"+12", L" 12", L"12  ", L" 0012 "})
+        {
+            number = 0;
+            view.SetText(kNumberEdit, text);
+            EXPECT_TRUE(dialog.UpdateData(true)) << text;
+            EXPECT_EQ(number, 12) << text;
+        }
+        number = 7;
+        for (const wchar_t* text :
+             {L"", L" ", L"-", L"12x", L"1 2", L"1.5", L"--1", L"- 1", L"0x1", L"2147483648"})
+        {
+            view.SetText(kNumberEdit, text);
+            EXPECT_FALSE(dialog.UpdateData(true)) << text;
+            EXPECT_EQ(number, 7) << text;
+        }
+    });
+}
+
 TEST_F(DialogData, TheDefaultButtonDoesNothingIfTheExchangeFails)
 {
     int number = 7;
