@@ -71,7 +71,8 @@ std::vector<Row> RowsIn(SAFEARRAY* array)
 
 SAFEARRAY* ArrayOf(const std::vector<Row>& rows, const MemoryObject::ArrayShape& shape)
 {
-    std::array<SAFEARRAYBOUND, 2> bounds{};
+    // Of more dimensions than two, those behind are empty.
+    std::array<SAFEARRAYBOUND, 4> bounds{};
     bounds[0] = {static_cast<ULONG>(rows.size()), shape.firstRow};
     bounds[1] = {2, shape.firstColumn};
     SAFEARRAY* array = SafeArrayCreate(shape.type, shape.dimensions, bounds.data());
