@@ -16,6 +16,10 @@ protected:
     static constexpr int kPlanType = 266;
     static constexpr int kConfigType = 268;
 
+    static constexpr const wchar_t* kWarning = L"Script Action Properties Warning";
+    static constexpr const wchar_t* kNoType = L"Neither a configuration type nor a plantype selected.";
+    static constexpr const wchar_t* kNoScript = L"No script selected.";
+
     ActionFixture()
     {
         values = host.Config().Type(L"scriptaction")->Attribute(L"actiontype");
@@ -26,6 +30,48 @@ protected:
     }
 
     HRESULT Show(Steps steps) { return PropertyFixture::Show(L"XDOScriptAction", action, std::move(steps)); }
+
+    /// Opens the dialog, runs the steps and cancels: nothing is written.
+    void Open(const Steps& steps)
+    {
+        EXPECT_EQ(Show(steps + Steps{Presses(IDCANCEL)}), S_FALSE);
+        EXPECT_EQ(Written(), "");
+    }
+
+    /// Makes the record one of a plan type.
+    void BindToPlanType(const ComPtr<MemoryObject>& planType)
+    {
+        action->Set(L"orvoplantype", planType)->Set(L"m_pType", L"")->Set(L"m_pPlanType", planType);
+    }
+
+    /// Whether the last write has these pairs, one after the other.
+    ::testing::AssertionResult Wrote(const std::string& pairs) const
+    {
+        const std::string written = Written();
+        return written.find(pairs) == std::string::npos ? ::testing::AssertionFailure() << written
+                                                        : ::testing::AssertionSuccess();
+    }
+
+    // What is seen after a load that ended early: the rest is as in a new record.
+
+    static Steps NoEntries()
+    {
+        return {Sees(Offers(kScript, {})), Sees(Offers(kConfigType, {})), Sees(Offers(kPlanType, {}))};
+    }
+    static Steps NoNumbers()
+    {
+        return {Sees(NoneChosen(kActionType)), Sees(Checked(kAfter)), Sees(Unchecked(kBefore)),
+                Sees(Shows(kSequence, L"0")), Sees(Unchecked(kEnabled))};
+    }
+    static Steps EndsAtOnce() { return Steps{Sees(Shows(kName, L""))} + NoEntries() + NoNumbers(); }
+    static Steps EndsAtTheScript()
+    {
+        return Steps{Sees(Shows(kName, L"Deburr"))} + NoEntries() + NoNumbers();
+    }
+    static Steps EndsAtThePlanType()
+    {
+        return Steps{Sees(Chosen(kScript, L"Drill")), Sees(Chosen(kConfigType, L"cell"))} + NoNumbers();
+    }
 
     MemoryAttribute* values = nullptr; ///< of the action type
     ComPtr<MemoryObject> action = host.Object("action");
