@@ -30,7 +30,7 @@ public:
     }
 
     /// The address for a callee that reads the array and may exchange it.
-    SAFEARRAY** address() noexcept { return &m_array; }
+    SAFEARRAY** Address() noexcept { return &m_array; }
 
     /// Transfers the array to the caller.
     SAFEARRAY* detach() noexcept { return std::exchange(m_array, nullptr); }

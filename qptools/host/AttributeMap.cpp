@@ -122,7 +122,7 @@ HRESULT ReadSeveral(IQP_BaseDataObject* object, std::span<const BSTR> names, Att
     if (status < 0)
         return status;
     SafeArray answer;
-    status = object->GetAttributes(asked.address(), answer.put());
+    status = object->GetAttributes(asked.Address(), answer.put());
     if (status != S_OK && status != kSomeUnknown && status != kSomeUnreadable)
         return status;
     const HRESULT stored = StoreRows(answer.get(), map);
@@ -187,8 +187,8 @@ HRESULT WriteSeveral(IQP_BaseDataObject* object, std::span<const AttributePair> 
     if (status < 0)
         return status;
     SafeArray answer;
-    status = languageId == 0 ? object->SetAttributes(sent.address(), answer.put())
-                             : object->SetAttributesMultiLingual(sent.address(), languageId, answer.put());
+    status = languageId == 0 ? object->SetAttributes(sent.Address(), answer.put())
+                             : object->SetAttributesMultiLingual(sent.Address(), languageId, answer.put());
     if (status < 0)
         return status;
     std::wstring refused;

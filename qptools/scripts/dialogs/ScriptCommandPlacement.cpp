@@ -102,7 +102,7 @@ std::optional<std::wstring> AttributeId(IQPAttribute* attribute)
 }
 } // namespace
 
-const XDlgScriptCommand::PlacementKind XDlgScriptCommand::s_placementKinds[] = {
+const XDlgScriptCommand::PlacementKind XDlgScriptCommand::kPlacementKinds[] = {
     {kPage, &XDlgScriptCommand::FillPages, &XDlgScriptCommand::PageNameFromId,
      &XDlgScriptCommand::TakePageId},
     {kGroup, &XDlgScriptCommand::FillGroups, &XDlgScriptCommand::GroupNameFromId,
@@ -114,8 +114,8 @@ const XDlgScriptCommand::PlacementKind XDlgScriptCommand::s_placementKinds[] = {
 const XDlgScriptCommand::PlacementKind* XDlgScriptCommand::CheckedKind() const
 {
     const auto* const found = std::ranges::find_if(
-        s_placementKinds, [this](const PlacementKind& kind) { return IsItemChecked(kind.button); });
-    return found == std::end(s_placementKinds) ? nullptr : found;
+        kPlacementKinds, [this](const PlacementKind& kind) { return IsItemChecked(kind.button); });
+    return found == std::end(kPlacementKinds) ? nullptr : found;
 }
 
 HRESULT XDlgScriptCommand::FillPages(IQPType* type)
@@ -204,9 +204,9 @@ void XDlgScriptCommand::TakeAttributeId(const std::wstring& name)
 void XDlgScriptCommand::LoadPlacement()
 {
     const ComPtr<IQPType> type = StoredType();
-    if (m_customizationType < 0 || m_customizationType >= std::ssize(s_placementKinds))
+    if (m_customizationType < 0 || m_customizationType >= std::ssize(kPlacementKinds))
         return;
-    const PlacementKind& kind = s_placementKinds[m_customizationType];
+    const PlacementKind& kind = kPlacementKinds[m_customizationType];
     CheckRadioButton(m_hWnd, kPage, kAttribute, kind.button);
     if ((this->*kind.fill)(type.get()) != S_OK)
         return;
@@ -269,7 +269,7 @@ bool XDlgScriptCommand::SavePlacement()
     const PlacementKind* const kind = CheckedKind();
     if (!kind)
         return true;
-    m_customizationType = static_cast<int>(kind - s_placementKinds);
+    m_customizationType = static_cast<int>(kind - kPlacementKinds);
     const std::wstring name = m_placementBox.GetWindowText();
     if (name.empty())
     {

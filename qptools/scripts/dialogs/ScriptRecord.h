@@ -1,6 +1,6 @@
 // The attributes of a script action or a script command, as a table: how each is read and what is written.
 //
-//     const ScriptRecordEntry XDlgScriptAction::s_record[] = {
+//     const ScriptRecordEntry XDlgScriptAction::kRecord[] = {
 //         TextEntry<&XDlgScriptAction::m_strName>(L"m_name"),
 //         RecordEntry<&XDlgScriptAction::LoadScript, &XDlgScriptAction::ScriptValue>(L"m_pScript"),
 //         ReadOnlyEntry<&XDlgScriptAction::LoadPlanTypeMark>(L"orvoplantype"),

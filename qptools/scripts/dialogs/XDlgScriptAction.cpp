@@ -30,7 +30,7 @@ constexpr wchar_t kWarning[] = L"Script Action Properties Warning";
 } // namespace
 
 // The mark "orvoplantype" comes before the two types, whose load depends on it.
-const ScriptRecordEntry XDlgScriptAction::s_record[] = {
+const ScriptRecordEntry XDlgScriptAction::kRecord[] = {
     TextEntry<&XDlgScriptAction::m_strName>(L"m_name"),
     TextEntry<&XDlgScriptAction::m_strPrompt>(L"m_prompt"),
     RecordEntry<&XDlgScriptAction::LoadScript, &XDlgScriptAction::ScriptValue>(L"m_pScript"),
@@ -48,7 +48,7 @@ XDlgScriptAction::XDlgScriptAction(IQPConfigFactory* pCF, IQP_Query* pQuery, IQP
     : ScriptPropertyDialog(kTemplate, pCF, pQuery, pProject, pPTS, pScriptAction, parent)
 {
     if (IsComplete())
-        m_ptrConfigType = OpenRecord(kTypeScriptAction, s_record, L"XDlgScriptAction::XDlgScriptAction", 61);
+        m_ptrConfigType = OpenRecord(kTypeScriptAction, kRecord, L"XDlgScriptAction::XDlgScriptAction", 61);
 }
 
 const CMessageMap& XDlgScriptAction::GetMessageMap() const

@@ -26,7 +26,7 @@ protected:
     void OnOK() override;
 
 private:
-    static const ScriptRecordEntry s_record[];
+    static const ScriptRecordEntry kRecord[];
 
     void LoadActionTypes();
     void ApplyRights();

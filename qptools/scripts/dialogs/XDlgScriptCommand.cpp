@@ -39,7 +39,7 @@ const std::wstring& ExecutionText(ExecutionMode mode)
 } // namespace
 
 // The mark "orvoplantype" comes before the two types, whose load depends on it.
-const ScriptRecordEntry XDlgScriptCommand::s_record[] = {
+const ScriptRecordEntry XDlgScriptCommand::kRecord[] = {
     TextEntry<&XDlgScriptCommand::m_strName>(L"m_name"),
     TextEntry<&XDlgScriptCommand::m_strPromptText>(L"m_strPrompt"),
     RecordEntry<&XDlgScriptCommand::LoadScript, &XDlgScriptCommand::ScriptValue>(L"m_pScript"),
@@ -62,7 +62,7 @@ XDlgScriptCommand::XDlgScriptCommand(IQPFObjectManager* pObjectManager, IQPConfi
       m_ptrObjectManager(pObjectManager)
 {
     if (m_ptrObjectManager && IsComplete())
-        OpenRecord(kTypeScriptCommand, s_record, L"XDlgScriptCommand::XDlgScriptCommand", 70);
+        OpenRecord(kTypeScriptCommand, kRecord, L"XDlgScriptCommand::XDlgScriptCommand", 70);
 }
 
 const CMessageMap& XDlgScriptCommand::GetMessageMap() const

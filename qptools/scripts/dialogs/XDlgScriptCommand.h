@@ -34,13 +34,13 @@ protected:
     void OnOK() override;
 
 private:
-    static const ScriptRecordEntry s_record[];
+    static const ScriptRecordEntry kRecord[];
 
     /// Bits of m_lUserInterfaceType. Higher bits are not kept.
     static constexpr int kInContextMenu = 1;
     static constexpr int kInProperties = 2;
 
-    /// m_customizationType if the command has no place. Other values are indexes of s_placementKinds.
+    /// m_customizationType if the command has no place. Other values are indexes of kPlacementKinds.
     static constexpr int kNowhere = -1;
 
     /// Where a command may be placed, as the user chooses it and customizationobjecttype holds it.
@@ -52,7 +52,7 @@ private:
         std::wstring (XDlgScriptCommand::*nameFromId)() const;
         void (XDlgScriptCommand::*takeId)(const std::wstring& name);
     };
-    static const PlacementKind s_placementKinds[];
+    static const PlacementKind kPlacementKinds[];
 
     void FillExecutionModes();
     void LoadFromCommand();
