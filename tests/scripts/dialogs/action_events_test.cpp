@@ -100,7 +100,7 @@ public:
     static ActionEvent Leaves(const char* name, Steps before, DialogStep event, std::wstring shown,
                               Calls written = {}, void (ActionEvents::*given)() = nullptr)
     {
-        return Row(Stays(name, std::move(before), std::move(event), s_controls, {kBefore, kEnabled},
+        return Row(Stays(name, std::move(before), std::move(event), kControls, {kBefore, kEnabled},
                          std::move(shown), std::move(written)),
                    given);
     }
@@ -111,8 +111,8 @@ public:
                    given);
     }
 
-    static inline const std::vector<int> s_controls = {kName,   kSequence, kActionType, kScript,     kAfter,
-                                                       kBefore, kEnabled,  kPlanType,   kConfigType, IDOK};
+    static inline const std::vector<int> kControls = {kName,   kSequence, kActionType, kScript,     kAfter,
+                                                      kBefore, kEnabled,  kPlanType,   kConfigType, IDOK};
 
 protected:
     /// The entries of the plan types, the configured types and the scripts, the selected ones in brackets.
@@ -140,7 +140,7 @@ TEST_P(ActionEvents, LeaveThis)
     if (GetParam().given)
         (this->*GetParam().given)();
     ExpectBoxes(GetParam().written);
-    const EventTable table{.controls = s_controls,
+    const EventTable table{.controls = kControls,
                            .buttons = {kAfter, kBefore, kEnabled},
                            .selection = &ActionEvents::Lists,
                            .record = host.calls,
@@ -261,8 +261,7 @@ INSTANTIATE_TEST_SUITE_P(
         E::Leaves("WithoutAScript", {}, Presses(IDOK), L"/[cell]/", {kScriptWarning}, &E::NoScriptStored),
         E::Leaves("WithoutAScriptInTheList", {Drops(E::kScriptBox)}, Presses(IDOK), L"/[cell]/",
                   {kScriptWarning}, &E::NoScripts),
-        E::Row(Stays("WithNothing", {}, Presses(IDOK), E::s_controls, {E::kAfterRadio}, L"//",
-                     {kTypeWarning}),
+        E::Row(Stays("WithNothing", {}, Presses(IDOK), E::kControls, {E::kAfterRadio}, L"//", {kTypeWarning}),
                &E::NothingStored),
         E::Ends("AfterAWarning", {Drops(E::kPlanTypeBox), Chooses(E::kConfigTypeBox, L"cell")}, Presses(IDOK),
                 "0", {kSaved})),
@@ -284,9 +283,9 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(E::Leaves("Name", {}, Enters(E::kNameEdit, L"New"), L"/[cell]/[Drill]"),
                       E::Leaves("Sequence", {}, Enters(E::kSequenceEdit, L"5"), L"/[cell]/[Drill]"),
                       E::Leaves("ActionType", {}, Chooses(E::kTypeBox, L"Open"), L"/[cell]/[Drill]"),
-                      E::Row(Stays("After", {}, Checks(E::kAfterRadio), E::s_controls,
+                      E::Row(Stays("After", {}, Checks(E::kAfterRadio), E::kControls,
                                    {E::kAfterRadio, E::kEnabledBox}, L"/[cell]/[Drill]")),
-                      E::Row(Stays("Disabled", {}, Unchecks(E::kEnabledBox), E::s_controls, {E::kBeforeRadio},
+                      E::Row(Stays("Disabled", {}, Unchecks(E::kEnabledBox), E::kControls, {E::kBeforeRadio},
                                    L"/[cell]/[Drill]"))),
     NameOfEvent<::testing::TestParamInfo<ActionEvent>>);
 } // namespace

@@ -4,6 +4,8 @@
 #include "ReferenceValues.h"
 
 #include <optional>
+#include <thread>
+#include <utility>
 
 namespace
 {
@@ -24,6 +26,24 @@ protected:
             names = view.Items(kActionType);
         }});
         return names;
+    }
+
+    /// The same on a thread that has no driver yet.
+    Texts OfferedHere()
+    {
+        Texts names;
+        DialogDriver user;
+        user.OnDialog({[&](DialogView& view) { names = view.Items(kActionType); }, Presses(IDCANCEL)});
+        EXPECT_EQ(service->ShowScriptActionOrCommandDlg(manager, factory, query, owner.get(), planTypes.get(),
+                                                        action.get(), XQPComBSTR(L"XDOScriptAction")),
+                  S_FALSE);
+        return names;
+    }
+
+    template <class Body>
+    static void OnAThread(Body&& body)
+    {
+        std::thread(std::forward<Body>(body)).join();
     }
 
     MemoryAttributeType* Entry(std::size_t index) { return values->values.objects.at(index).get(); }
@@ -120,6 +140,31 @@ TEST_F(ActionTypeList, ReleasesTheService)
     const ULONG held = host.Settings().References();
     Offered();
     EXPECT_EQ(host.Settings().References(), held);
+}
+
+TEST_F(ActionTypeList, LeavesTheThreadInItsApartment)
+{
+    HRESULT again = E_FAIL;
+    OnAThread([&] {
+        OfferedHere();
+        again = CoInitialize(nullptr);
+        // That of this test and that of the dialog.
+        CoUninitialize();
+        CoUninitialize();
+    });
+    EXPECT_EQ(again, S_FALSE) << "initialised already";
+}
+
+TEST_F(ActionTypeList, LacksMcmTypesInAnotherApartment)
+{
+    Setting(true);
+    Texts names;
+    OnAThread([&] {
+        EXPECT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
+        names = OfferedHere();
+        CoUninitialize();
+    });
+    EXPECT_EQ(names, kOff);
 }
 
 TEST_F(ActionTypeList, McmTypesAre24To26)
