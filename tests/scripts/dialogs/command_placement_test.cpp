@@ -84,6 +84,13 @@ TEST_F(CommandPlacement, ComparesIdentifiersAsNumbersInDecimals)
     ShowPlaced(kPage, L"Minus");
 }
 
+TEST_F(CommandPlacement, TakesAnIdentifierWithASuccessStatus)
+{
+    cell->Page(L"Text", 0)->Set(6, 44, S_FALSE);
+    Place(0, L"44");
+    ShowPlaced(kPage, L"Text");
+}
+
 TEST_F(CommandPlacement, SkipsIdentifiersThatAreNoNumber)
 {
     cell->Page(L"Broken", 0)->Set(6, L"forty");
@@ -192,6 +199,8 @@ TEST_F(CommandPlacement, HasNoElementsIfTheLastTypeCannotBeRead)
     last.Set(L"isplantype", L"no flag");
     Show(look);
     last.Set(L"isplantype", false)->Fail(L"typename", E_FAIL);
+    Show(look);
+    last.Set(L"typename", L"scriptcommand", S_FALSE);
     Show(look);
     last.Set(L"typename", L"scriptcommand");
     line->Fail(L"typename", E_FAIL);

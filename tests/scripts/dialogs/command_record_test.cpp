@@ -49,6 +49,23 @@ TEST_F(CommandRecord, ConvertsWhatItReads)
                                 {"m_lUserInterfaceType", "I4 2"}}));
 }
 
+TEST_F(CommandRecord, TakesAnythingButZeroForVisible)
+{
+    for (const int visible : {1, 2, -1, 0x10000})
+    {
+        command->Set(L"m_bVisible", visible);
+        Show({Sees(Checked(kVisible)), Presses(IDOK)});
+        EXPECT_EQ(Written(), Write());
+    }
+}
+
+TEST_F(CommandRecord, TakesTheWordForInvisible)
+{
+    command->Set(L"m_bVisible", L"False");
+    Show({Sees(Unchecked(kVisible)), Presses(IDOK)});
+    EXPECT_EQ(Written(), Write({{"m_bVisible", "I4 0"}}));
+}
+
 TEST_F(CommandRecord, SkipsWhatCannotBeConverted)
 {
     for (const wchar_t* name : {L"m_name", L"m_strPrompt", L"m_strVBAMacroName", L"m_strType", L"m_nameShort",

@@ -180,6 +180,25 @@ TEST_F(CommandSaves, TheOldIdentifierOfAListThatWasNotOpened)
     ExpectSaved({Checks(kGroup), Enters(kElement, L"Usage")}, {{"customizationobjecttype", "I4 1"}});
 }
 
+/// Each drop-down reads the list anew.
+TEST_F(CommandSaves, TheOldIdentifierOfAnElementThatIsGone)
+{
+    const auto goneFrom = [](auto& list) {
+        return [&list](DialogView&) {
+            list.objects.erase(list.objects.begin());
+        };
+    };
+    ExpectSaved({Drops(kElement), Types("Escape"), goneFrom(cell->pages), Drops(kElement), Types("Escape"),
+                 Enters(kElement, L"General")},
+                {});
+    ExpectSaved({Checks(kGroup), Drops(kElement), Types("Escape"), goneFrom(cell->groups), Drops(kElement),
+                 Types("Escape"), Enters(kElement, L"Usage")},
+                {{"customizationobjecttype", "I4 1"}});
+    ExpectSaved({Checks(kAttribute), Drops(kElement), Types("Escape"), goneFrom(cell->attributes),
+                 Drops(kElement), Types("Escape"), Enters(kElement, L"weight")},
+                {{"customizationobjecttype", "I4 2"}});
+}
+
 /// What was read of a kind stays, also while others are shown.
 TEST_F(CommandSaves, ANameOfAListThatWasReadBefore)
 {
