@@ -11,12 +11,6 @@ using namespace command_dialog;
 const std::string kLoaderClass = "{3F0E8D7B-52A6-4B39-9C14-7D60E82BA145}";
 const std::string kNullClass = "{00000000-0000-0000-0000-000000000000}";
 
-ULONG References(const ComPtr<MemoryObject>& object)
-{
-    object->AddRef();
-    return object->Release();
-}
-
 class CommandMacros : public CommandFixture
 {
 protected:

@@ -9,6 +9,7 @@
 #include "MemoryHost.h"
 #include "ModuleUnderTest.h"
 #include "RegisteredProgId.h"
+#include "Untouched.h"
 #include "XQPComBSTR.h"
 
 #include "qptools.h"
@@ -20,12 +21,6 @@
 namespace
 {
 using namespace command_dialog;
-
-ULONG References(const ComPtr<MemoryObject>& object)
-{
-    object->AddRef();
-    return object->Release();
-}
 
 void Drop(HWND dialog, int combo)
 {
