@@ -10,9 +10,6 @@ namespace qptools
 {
 namespace
 {
-/// The user's default language, as VarCmp takes it.
-constexpr LCID kUserLanguage = 0x400;
-
 /// What GetAttributes returns if it delivers some of the attributes only.
 constexpr HRESULT kSomeUnknown = static_cast<HRESULT>(0x8004035E);
 constexpr HRESULT kSomeUnreadable = static_cast<HRESULT>(0x80040344);
@@ -103,7 +100,7 @@ HRESULT StoreRows(SAFEARRAY* answer, AttributeMap& map)
     {
         Variant name;
         Variant value;
-        // The columns are taken to begin at 0, whatever the array says.
+        // On purpose columns 0 and 1, whatever the lower bound: only the results of a write begin there.
         status = rows.Read(row, 0, name);
         if (status >= 0)
             status = rows.Read(row, 1, value);
@@ -203,12 +200,16 @@ HRESULT WriteSeveral(IQP_BaseDataObject* object, std::span<const AttributePair> 
 
 bool AttributeMap::Order::Less(const VARIANT& left, const VARIANT& right) noexcept
 {
-    return VarCmp(const_cast<VARIANT*>(&left), const_cast<VARIANT*>(&right), kUserLanguage, 0) == VARCMP_LT;
+    return VarCmp(const_cast<VARIANT*>(&left), const_cast<VARIANT*>(&right), LOCALE_USER_DEFAULT, 0) ==
+           static_cast<HRESULT>(VARCMP_LT);
 }
 
 void AttributeMap::Store(Variant name, Variant value)
 {
-    m_values.insert_or_assign(std::move(name), std::move(value));
+    // A name that does not even equal itself would replace the value of another.
+    if (VarCmp(const_cast<VARIANT*>(&name.get()), const_cast<VARIANT*>(&name.get()), LOCALE_USER_DEFAULT,
+               0) == static_cast<HRESULT>(VARCMP_EQ))
+        m_values.insert_or_assign(std::move(name), std::move(value));
 }
 
 const VARIANT* AttributeMap::Find(BSTR name) const

@@ -14,11 +14,12 @@ namespace qptools
 /// The status of WriteAttributePairs if the host refused some of the attributes.
 inline constexpr HRESULT kAttributesRefused = static_cast<HRESULT>(0x8004082A);
 
-/// What the host answered, by name. Names are compared by VarCmp, so that they are found in any of its types.
+/// Attribute values by name. Names are compared by VarCmp in the user's locale.
 class AttributeMap
 {
 public:
-    /// Adds or replaces the value of `name`. Both are copies of the host's, with VT_BYREF resolved.
+    /// Adds or replaces the value of `name`. Both are copies of the host's, with VT_BYREF resolved. Does
+    /// nothing if the name has a type that cannot be compared, such as VT_NULL or an object.
     void Store(Variant name, Variant value);
 
     /// Null if there is no such name; else valid until the map is changed.
@@ -56,9 +57,10 @@ private:
 ///
 /// Several: returns the status of GetAttributes. 0x8004035E and 0x80040344 are the host's way to say that it
 /// delivered only a part: the map is filled all the same. With any other status but S_OK, the map is
-/// unchanged. If the answer cannot be read, the status of the failure: DISP_E_TYPEMISMATCH if it is not a
-/// two-dimensional array of variants, and then nothing is read of it. E_FAIL if the array of names cannot be
-/// created. Throws ComException(E_OUTOFMEMORY).
+/// unchanged. If the answer cannot be read, the status of the failure, and the rows before it are kept:
+/// DISP_E_TYPEMISMATCH if it is not a two-dimensional array of variants, and then nothing is read of it.
+/// E_FAIL if the array of names cannot be created; the status of SafeArrayPutElement if a name cannot be put.
+/// Throws ComException(E_OUTOFMEMORY).
 HRESULT ReadAttributeMap(IQP_BaseDataObject* object, std::span<const BSTR> names, AttributeMap& map);
 
 /// An attribute to be written.

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 using qptools::AttributeMap;
@@ -40,6 +41,18 @@ protected:
     ComPtr<MemoryObject> object = host.Object("object");
     AttributeMap map;
 };
+
+TEST_F(AttributeRead, OfANameThatNothingEqualsTouchesNoOtherValue)
+{
+    map.Store(Variant::OfText(L"name"), Variant::OfNumber(1));
+    Variant null;
+    null.put()->vt = VT_NULL;
+    map.Store(std::move(null), Variant::OfNumber(2));
+    map.Store(Variant::OfObject(ComPtr<IQP_BaseDataObject>(object.get())), Variant::OfNumber(3));
+    map.Store(Variant::OfObject(ComPtr<IUnknown>()), Variant::OfNumber(4));
+    EXPECT_EQ(Value(L"name"), "I4 1");
+    EXPECT_EQ(map.Size(), 1u);
+}
 
 TEST_F(AttributeRead, OfNoNameIsNoCall)
 {

@@ -73,7 +73,7 @@ void ActionTypes::LoadFrom(IQPAttributeTypeEnum* values, bool showsMcm)
         Variant number;
         if (!Read(entry, kKeyName, VT_BSTR, name) || !Read(entry, kKeyValue, VT_I4, number))
             return BatchStep::NextBatch;
-        // What has no number has 0, what has no name the empty one.
+        // A missing number counts as 0, a missing name as empty.
         const LONG value = number.Type() == VT_I4 ? number->lVal : 0;
         if (showsMcm || !IsMcmAction(value))
         {

@@ -71,7 +71,7 @@ HRESULT XDlgScriptCommand::LoadMacros()
         return status;
     if (!m_ptrObjectManager)
         return E_POINTER;
-    // Not tested: without a class the object manager is asked for the null one.
+    // On purpose the result is not checked: if it fails, GetObject is called with the null identifier.
     CLSID loaderClass{};
     CLSIDFromProgID(L"VBALoader.VBALoaderManager", &loaderClass);
     ComPtr<IQPFObject> object;

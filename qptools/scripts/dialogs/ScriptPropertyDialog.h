@@ -37,9 +37,9 @@ protected:
     /// its OK writes nothing.
     bool IsComplete() const noexcept;
 
-    /// Gets the configured type `typeName` and makes `record` the attributes of the dialog. If the type
-    /// cannot be got, that is reported with `function` and `line`, and the dialog has no attributes. Returns
-    /// the type, which may be null.
+    /// Gets the configured type `typeName` and makes `record` the attributes of the dialog. If the call
+    /// fails and returns no type, that is reported with `function` and `line`, and the dialog has no
+    /// attributes. Any other answer counts. Returns the type, which may be null.
     ComPtr<IQPType> OpenRecord(const FixedText& typeName, std::span<const ScriptRecordEntry> record,
                                const wchar_t* function, ULONG line);
 
@@ -47,7 +47,7 @@ protected:
     /// read, or of an attribute, after which none is loaded. What was loaded before stays.
     HRESULT LoadRecord();
 
-    /// Writes the attributes. The status is for no one: a failure is not shown.
+    /// Writes the attributes. Failures are ignored, on purpose.
     void SaveRecord() const;
 
     /// Whether the user may change the object. Only S_OK means yes; no rights interface means no.
@@ -109,8 +109,9 @@ protected:
     ByName<IQPType> m_configTypes;
 
 private:
-    /// Reads what `value` refers to into `object`, and its name. `name` is null if that is no text. Returns
-    /// S_OK if the value is no reference.
+    /// Queries the object that `value` refers to and reads its name. Returns S_OK, with nothing changed, if
+    /// the value is no reference; E_NOINTERFACE for a null reference and for an object that is no data
+    /// object; the status of a failed read. `name` stays empty if it is not text.
     static HRESULT LoadObject(const VARIANT& value, ComPtr<IQP_BaseDataObject>& object, Variant& name);
 
     std::span<const ScriptRecordEntry> m_record;
