@@ -43,7 +43,7 @@ bool IsListed(IQPConfigObject* object, int member)
     return object->GetProperty(member, listed.put()) >= 0 && ValueWord(listed.get()) != 0;
 }
 
-/// Walks `elements` and adds those that `nameOf` gives a name for to the list and the combo box. Of equal
+/// Adds every element for which `nameOf` returns a name to the list and the combo box. Of equal
 /// names the box shows each and the list keeps the last.
 template <class Enumerator, class List, class NameOf>
 void AddElements(const ComPtr<Enumerator>& elements, List& list, const CComboBox& box, NameOf&& nameOf)
@@ -203,6 +203,7 @@ void XDlgScriptCommand::TakeAttributeId(const std::wstring& name)
 
 void XDlgScriptCommand::LoadPlacement()
 {
+    // On purpose also for a command without a place.
     const ComPtr<IQPType> type = StoredType();
     if (m_customizationType < 0 || m_customizationType >= std::ssize(kPlacementKinds))
         return;
@@ -251,7 +252,7 @@ ComPtr<IQPType> XDlgScriptCommand::ShownType() const
     return found == m_configTypes.end() ? ComPtr<IQPType>() : found->second;
 }
 
-/// On purpose the walk goes on after the warning; without a type nothing is listed.
+/// On purpose the function continues after the warning; without a type the list stays empty.
 void XDlgScriptCommand::FillPlacementNames()
 {
     m_placementBox.ResetContent();

@@ -248,6 +248,7 @@ HRESULT XDlgScriptCommand::LoadExecution(const VARIANT& value)
     if (!CopyConverted(value, VT_BSTR, text))
         return S_OK;
     m_strExecution = text.View();
+    // On purpose only "0": a command that has the words for it is once for all until it is edited here.
     m_executionBox.SetCurSel(m_strExecution == L"0" ? kOnceForAll : kForEach);
     return S_OK;
 }

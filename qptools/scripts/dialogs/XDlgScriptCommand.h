@@ -36,7 +36,7 @@ protected:
 private:
     static const ScriptRecordEntry kRecord[];
 
-    /// Bits of m_lUserInterfaceType. Higher bits are not kept.
+    /// Bits of m_uiType. Higher bits are not kept.
     static constexpr int kInContextMenu = 1;
     static constexpr int kInProperties = 2;
 
