@@ -180,8 +180,7 @@ TEST_F(NoVbaProjects, AreFoundIfACriterionIsRefused)
 
 TEST_F(NoVbaProjects, AreInABatchThatFails)
 {
-    projects->statuses[0] = E_FAIL;
-    // The batch is released.
+    projects->statuses[0] = E_FAIL; // the batch is released
     ShowList({});
     EXPECT_EQ(Asked(), Searching("vbaproject"));
 }
@@ -277,16 +276,14 @@ TEST_F(CommandMacros, AreListedOnceByExactText)
           Presses(IDCANCEL)});
 }
 
-TEST_F(CommandMacros, OfANullArrayAreNone)
+TEST_F(CommandMacros, OfANullArrayOrAnEmptyReplyAreNone)
 {
+    openOfFirst = openOfSecond = 2;
     host.Loader().givesArray = false;
     host.Loader().count = 3;
     ShowList({});
-}
-
-TEST_F(CommandMacros, OfAnEmptyReplyAreNone)
-{
-    host.Loader().Clear();
+    host.Loader().givesArray = true;
+    host.Loader().Clear()->count.reset();
     ShowList({});
 }
 
