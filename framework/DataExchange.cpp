@@ -2,7 +2,9 @@
 
 #include "Wnd.h"
 
-#include <algorithm>
+#include <climits>
+#include <cwchar>
+#include <optional>
 
 namespace
 {
@@ -26,16 +28,16 @@ HWND ItemOf(const CDataExchange& exchange, int id)
     return exchange.Failed() ? nullptr : GetDlgItem(exchange.Dialog(), id);
 }
 
-/// Whether the text is nothing but decimal digits, with or without a sign and blanks around.
-bool IsNumber(const std::wstring& text)
+/// The number that the whole text is: decimal digits, with or without a sign and blanks around. The system's
+/// GetDlgItemInt would take "12x" for 12.
+std::optional<int> NumberIn(const std::wstring& text)
 {
-    constexpr wchar_t blanks[] = L" \t";
-    constexpr wchar_t digits[] = L"0123456789";
-    std::size_t place = std::min(text.find_first_not_of(blanks), text.size());
-    if (place < text.size() && (text[place] == L'-' || text[place] == L'+'))
-        ++place;
-    const std::size_t end = std::min(text.find_first_not_of(digits, place), text.size());
-    return end > place && text.find_first_not_of(blanks, end) == std::wstring::npos;
+    wchar_t* end = nullptr;
+    const long long number = std::wcstoll(text.c_str(), &end, 10);
+    const auto length = static_cast<std::size_t>(end - text.c_str());
+    const bool isWhole = length > 0 && text.find_first_not_of(L" \t", length) == std::wstring::npos;
+    const bool isInRange = number >= INT_MIN && number <= INT_MAX;
+    return isWhole && isInRange ? std::optional(static_cast<int>(number)) : std::nullopt;
 }
 } // namespace
 
@@ -66,11 +68,8 @@ void DDX_Text(CDataExchange* pDX, int id, int& value)
         SetDlgItemInt(pDX->Dialog(), id, static_cast<UINT>(value), TRUE);
         return;
     }
-    // The system would take "12x" for 12.
-    BOOL isInRange = FALSE;
-    const UINT number = GetDlgItemInt(pDX->Dialog(), id, &isInRange, TRUE);
-    if (isInRange && IsNumber(WindowText(item)))
-        value = static_cast<int>(number);
+    if (const std::optional<int> number = NumberIn(WindowText(item)))
+        value = *number;
     else
         pDX->Fail();
 }

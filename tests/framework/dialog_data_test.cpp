@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+
 namespace
 {
 using Events = std::vector<std::string>;
@@ -180,9 +182,15 @@ TEST_F(DialogData, ANumberIsTheWholeText)
             EXPECT_TRUE(dialog.UpdateData(true)) << text;
             EXPECT_EQ(number, 12) << text;
         }
+        for (const int limit : {INT_MAX, INT_MIN})
+        {
+            view.SetText(kNumberEdit, std::to_wstring(limit));
+            EXPECT_TRUE(dialog.UpdateData(true));
+            EXPECT_EQ(number, limit);
+        }
         number = 7;
         for (const wchar_t* text :
-             {L"", L" ", L"-", L"12x", L"1 2", L"1.5", L"--1", L"- 1", L"0x1", L"2147483648"})
+             {L"", L" ", L"-", L"12x", L"1 2", L"1.5", L"--1", L"- 1", L"0x1", L"2147483648", L"-2147483649"})
         {
             view.SetText(kNumberEdit, text);
             EXPECT_FALSE(dialog.UpdateData(true)) << text;

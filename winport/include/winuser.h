@@ -191,7 +191,6 @@ WINUSERAPI int GetDlgCtrlID(HWND window);
 WINUSERAPI LRESULT SendDlgItemMessageW(HWND dialog, int id, UINT message, WPARAM wParam, LPARAM lParam);
 WINUSERAPI BOOL SetDlgItemTextW(HWND dialog, int id, LPCWSTR text);
 WINUSERAPI BOOL SetDlgItemInt(HWND dialog, int id, UINT value, BOOL isSigned);
-WINUSERAPI UINT GetDlgItemInt(HWND dialog, int id, BOOL* translated, BOOL isSigned);
 WINUSERAPI BOOL CheckRadioButton(HWND dialog, int first, int last, int checked);
 WINUSERAPI HWND GetNextDlgTabItem(HWND dialog, HWND from, BOOL previous);
 WINUSERAPI HWND GetNextDlgGroupItem(HWND dialog, HWND from, BOOL previous);

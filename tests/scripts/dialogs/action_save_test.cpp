@@ -186,8 +186,8 @@ TEST_F(ActionSave, ASequenceMayHaveASignAndBlanks)
                                                               {L"12  ", "12"},
                                                               {L" -12 ", "-12"},
                                                               {L"0012", "12"},
-                                                              {L"2147483646", "2147483646"},
-                                                              {L"-2147483647", "-2147483647"}};
+                                                              {L"2147483647", "2147483647"},
+                                                              {L"-2147483648", "-2147483648"}};
     for (const auto& [text, number] : numbers)
     {
         Save({Enters(kSequence, text), Checks(kAfter)});

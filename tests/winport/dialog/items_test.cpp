@@ -26,13 +26,6 @@ protected:
         return description.Add(0x80, 50, L"Push", WS_GROUP, 0, 48, 50, 12);
     }
 
-    int IntOf(const wchar_t* text, BOOL isSigned, BOOL* translated) const
-    {
-        SetDlgItemTextW(m_host.Window(), 10, text);
-        *translated = 7;
-        return static_cast<int>(GetDlgItemInt(m_host.Window(), 10, translated, isSigned));
-    }
-
     std::vector<int> Marked() const
     {
         std::vector<int> marked;
@@ -98,57 +91,6 @@ TEST_F(DialogItems, GetMessages)
 {
     EXPECT_EQ(SendDlgItemMessageW(m_host.Window(), 20, WM_GETTEXTLENGTH, 0, 0), 5);
     EXPECT_EQ(SendDlgItemMessageW(m_host.Window(), 99, WM_GETTEXTLENGTH, 0, 0), 0);
-}
-
-TEST_F(DialogItems, AreReadAsIntegers)
-{
-    const struct
-    {
-        const wchar_t* text;
-        int value;
-    } cases[] = {{L"5", 5},    {L"  12", 12},
-                 {L"\t7", 7},  {L"-3", -3},
-                 {L"+4", 4},   {L"007", 7},
-                 {L"12 ", 12}, {L"2147483647", INT_MAX},
-                 {L"0", 0},    {L"-2147483648", INT_MIN},
-                 {L"  -0", 0}};
-    for (const auto& [text, value] : cases)
-    {
-        BOOL translated = FALSE;
-        EXPECT_EQ(IntOf(text, TRUE, &translated), value) << text;
-        EXPECT_EQ(translated, TRUE) << text;
-    }
-}
-
-TEST_F(DialogItems, AreNoIntegersWithoutDigitsOrBeyondTheRange)
-{
-    for (const wchar_t* text : {L"", L" ", L"-", L"+", L"- 3", L"--3", L"x12", L"2147483648", L"-2147483649",
-                                L"99999999999999999999"})
-    {
-        BOOL translated = TRUE;
-        EXPECT_EQ(IntOf(text, TRUE, &translated), 0) << text;
-        EXPECT_EQ(translated, FALSE) << text;
-    }
-}
-
-TEST_F(DialogItems, AreReadAsUnsignedIntegers)
-{
-    BOOL translated = FALSE;
-    EXPECT_EQ(static_cast<UINT>(IntOf(L"4294967294", FALSE, &translated)), 4294967294u);
-    EXPECT_TRUE(translated);
-    EXPECT_EQ(IntOf(L"4294967296", FALSE, &translated), 0);
-    EXPECT_FALSE(translated);
-    EXPECT_EQ(IntOf(L" ", FALSE, &translated), 0);
-    EXPECT_FALSE(translated);
-}
-
-TEST_F(DialogItems, AreNoIntegersIfTheyAreNotThere)
-{
-    BOOL translated = TRUE;
-    EXPECT_EQ(GetDlgItemInt(m_host.Window(), 99, &translated, TRUE), 0u);
-    EXPECT_FALSE(translated);
-    SetDlgItemTextW(m_host.Window(), 10, L"8");
-    EXPECT_EQ(GetDlgItemInt(m_host.Window(), 10, nullptr, TRUE), 8u);
 }
 
 TEST_F(DialogItems, TakeIntegers)
