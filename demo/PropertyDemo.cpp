@@ -45,7 +45,8 @@ constexpr int kAfterwards = 0;
 constexpr int kContextMenu = 1;
 
 constexpr wchar_t kAction[] = L"Weld: number spots";
-constexpr wchar_t kCommand[] = L"Weld report";
+constexpr wchar_t kCommand[] = L"Paint drying";
+constexpr wchar_t kPromptText[] = L"Drying time";
 
 /// Prints the fields that are not empty, each with its label.
 void PrintFields(const DialogView& view, std::initializer_list<std::pair<const wchar_t*, int>> fields)
@@ -161,8 +162,8 @@ void CPropertyDemo::LeaveActionWithoutScript()
 
 void CPropertyDemo::ChangeCommand()
 {
-    PrintCommand(L"A command is to run a macro instead of its script", L"Weld report",
-                 L"script Report weld spots");
+    PrintCommand(L"A command is to run a macro instead of its script", kPromptText,
+                 L"script Check drying time");
     BoxAnswers boxes;
     ReadMessage(boxes, "script-command-no-type");
     ReadMessage(boxes, "script-command-nothing-to-run");
@@ -176,13 +177,13 @@ void CPropertyDemo::ChangeCommand()
                    },
                    PressOk,
                    [](DialogView& view) {
-                       view.Choose(kCommandPlanType, L"Welding");
+                       view.Choose(kCommandPlanType, L"Painting");
                        Says(L"the list of macros is opened and left, and OK is pressed");
                        view.DropDown(kMacro);
                    },
                    PressOk,
                    [](DialogView& view) {
-                       view.Choose(kMacro, L"ModWelding.CheckAll");
+                       view.Choose(kMacro, L"ModPaint.Mix");
                        view.Click(kInGroup);
                        Says(L"a group of the properties sheet is wanted, none is named, and OK is pressed");
                        PressOk(view);
@@ -194,16 +195,16 @@ void CPropertyDemo::ChangeCommand()
                        PressOk(view);
                    }});
     m_expect(ShowCommand(kCommand), L"the script command is changed");
-    PrintCommand(L"The command then", L"Weld report", L"macro ModWelding.CheckAll");
+    PrintCommand(L"The command then", kPromptText, L"macro ModPaint.Mix");
 }
 
 void CPropertyDemo::RestoreCommand()
 {
     DialogDriver user;
     user.OnDialog({[](DialogView& view) {
-                       view.Choose(kCommandScript, L"Report weld spots");
+                       view.Choose(kCommandScript, L"Check drying time");
                        view.Click(kOnPage);
-                       view.Choose(kElement, L"General");
+                       view.Choose(kElement, L"Drying");
                    },
                    PressOk});
     m_expect(ShowCommand(kCommand), L"the script command is changed back");
@@ -268,7 +269,7 @@ void CPropertyDemo::PrintCommand(const wchar_t* heading, const std::wstring& pro
     Variant result;
     const HRESULT status =
         manager->GetScriptCommands(m_plant.NewQuery().get(), Find(L"plantypeset", L"Body Shop").get(),
-                                   Bstr(L"orvoplantype_workcell").get(), Find(L"plantype", L"Welding").get(),
+                                   Bstr(L"orvoplantype_workcell").get(), Find(L"plantype", L"Painting").get(),
                                    kContextMenu, nullptr, result.put());
     CTable table({L"Command", L"Runs"});
     const long rows = status == S_OK ? RowsOf(result.get(), 3) : 0;

@@ -8,8 +8,7 @@
 #include <string>
 
 /// Opens both dialogs on the sample plant, changes a script action and a script command as a user would, and
-/// prints what the script service finds before and after. At the end both are as they were, but for the place
-/// of the command on the properties sheet.
+/// prints what the script service finds before and after. At the end both are as they were.
 class CPropertyDemo : public CDialogDemo
 {
 public:
@@ -33,8 +32,8 @@ private:
     /// to be this.
     void PrintActions(const wchar_t* heading, const std::wstring& first);
 
-    /// Prints what the command with that prompt runs in the context menu of a weld; that is expected to be
-    /// this.
+    /// Prints what the command with that prompt runs in the context menu of a painting step; that is expected
+    /// to be this.
     void PrintCommand(const wchar_t* heading, const std::wstring& prompt, const std::wstring& runs);
 
     ComPtr<IScriptActionAndCommandManager> NewManager();
