@@ -285,6 +285,15 @@ PropertyBenchHost::PropertyBenchHost(std::size_t entries)
     m_command->Set(L"m_name", L"Command")->Set(L"customizationobjecttype", LONG{-1});
 }
 
+void PropertyBenchHost::ReleaseKept(std::size_t lists)
+{
+    for (const ComPtr<MemoryObject>& project : m_found)
+    {
+        for (std::size_t list = 0; list < lists; ++list)
+            project->Release();
+    }
+}
+
 std::size_t ActionFloor(PropertyBenchHost& host, std::string_view dialog, DroppedList list)
 {
     ComPtr<IQPType> type;

@@ -24,6 +24,10 @@ public:
     IQP_BaseDataObject* Action() { return m_action.get(); }
     IQP_BaseDataObject* Command() { return m_command.get(); }
 
+    /// Releases the references to the VBA projects that so many lists of macros have kept, as they do on
+    /// purpose.
+    void ReleaseKept(std::size_t lists);
+
     MemoryHost host;
 
 private:

@@ -129,6 +129,8 @@ void Service(benchmark::State& state)
                     host.Manager(), host.Factory(), host.Query(), host.Project(), host.PlanTypes(),
                     isCommand ? host.Command() : host.Action(), type) == S_FALSE,
                 "the dialog was not cancelled");
+    if (isCommand)
+        host.ReleaseKept(static_cast<std::size_t>(state.iterations()));
     Require(DroppingUser::Items() == Entries(List, entries), "entries are missing");
 }
 
