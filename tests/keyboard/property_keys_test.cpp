@@ -83,7 +83,7 @@ TEST_F(ActionByKeyboard, EveryFieldIsChanged)
     user.Does(Steps{Types("N", Shows(kName, L"N")), Types("Tab", FocusOn(kScript)),
                     Types("alt+Down", Dropped(kScript)), Types("Home Down", Chosen(kScript, L"Archive plan")),
                     Types("Return", Undropped(kScript)), Types("Tab", FocusOn(kPlanType)),
-                    Types("alt+Down", Dropped(kPlanType)), Types("p", Chosen(kPlanType, L"Painting")),
+                    Types("alt+Down", Dropped(kPlanType)), Types("Up", Chosen(kPlanType, L"Painting")),
                     Types("Return", Undropped(kPlanType)), Types("Tab", FocusOn(kConfigType)),
                     Types("Tab", FocusOn(kActionType)), Types("r", Chosen(kActionType, L"Release")),
                     Types("Tab", FocusOn(kEnabled)), Types("space", Unchecked(kEnabled)),
