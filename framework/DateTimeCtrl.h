@@ -8,6 +8,17 @@
 class CDateTimeCtrl : public CWnd
 {
 public:
+    using CWnd::Create;
+
+    /// Creates the picker as a child of `parent` with exactly this style, showing the current date. Returns
+    /// false if it cannot be created.
+    bool Create(DWORD style, const RECT& rect, HWND parent, UINT id)
+    {
+        const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_DATE_CLASSES};
+        InitCommonControlsEx(&classes);
+        return CWnd::Create(DATETIMEPICK_CLASSW, L"", style, rect, parent, id);
+    }
+
     /// Returns false if the picker has no date.
     bool GetTime(SYSTEMTIME& time) const noexcept
     {

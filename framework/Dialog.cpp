@@ -222,6 +222,18 @@ bool CDialog::IsItemChecked(int id) const noexcept
     return SendDlgItemMessageW(m_hWnd, id, BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
+void CDialog::SetDefaultButton(int id) const noexcept
+{
+    SendMessage(DM_SETDEFID, static_cast<WPARAM>(id));
+    for (HWND item = GetWindow(m_hWnd, GW_CHILD); item; item = GetWindow(item, GW_HWNDNEXT))
+    {
+        const LRESULT code = SendMessageW(item, WM_GETDLGCODE, 0, 0);
+        const bool isChosen = GetDlgCtrlID(item) == id;
+        if (code & (isChosen ? DLGC_UNDEFPUSHBUTTON : DLGC_DEFPUSHBUTTON))
+            SendMessageW(item, BM_SETSTYLE, isChosen ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+    }
+}
+
 CRect CDialog::ItemRect(int id) const noexcept
 {
     CRect rect;

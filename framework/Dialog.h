@@ -64,6 +64,10 @@ protected:
     /// Whether the check box or radio button `id` is checked; false if there is no such control.
     bool IsItemChecked(int id) const noexcept;
 
+    /// Enter presses the push button `id` while no other push button has the focus, and of all buttons it
+    /// alone looks like the default one, even if the template has several. Call it in OnInitDialog.
+    void SetDefaultButton(int id) const noexcept;
+
     /// In client coordinates of the dialog; empty if there is no such control.
     CRect ItemRect(int id) const noexcept;
 

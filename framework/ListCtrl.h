@@ -17,6 +17,8 @@ public:
     /// Returns the index of the new column, or -1. `format` is LVCFMT_*, `width` is in pixels.
     int InsertColumn(int index, LPCWSTR caption, int format, int width) const noexcept;
 
+    int GetColumnCount() const noexcept { return Int(::SendMessageW(GetHeader(), HDM_GETITEMCOUNT, 0, 0)); }
+
     /// In pixels.
     int GetColumnWidth(int column) const noexcept
     {
@@ -42,6 +44,12 @@ public:
 
     /// Sets the state bits (LVIS_*) in `mask` of a row, or of all rows for -1, to those of `state`.
     bool SetItemState(int index, UINT state, UINT mask) const noexcept;
+
+    /// The state bits (LVIS_*) of a row that are in `mask`; 0 if there is no such row.
+    UINT GetItemState(int index, UINT mask) const noexcept
+    {
+        return static_cast<UINT>(SendMessage(LVM_GETITEMSTATE, Index(index), mask));
+    }
 
     /// The index of the first row after `after` (-1: from the start) with all of the flags LVNI_*, or -1.
     int GetNextItem(int after, UINT flags) const noexcept

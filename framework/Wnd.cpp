@@ -2,6 +2,8 @@
 
 #include "Dialog.h"
 
+#include <wingdi.h>
+
 #include <utility>
 
 namespace
@@ -108,6 +110,19 @@ CRect CWnd::ScreenToClient(CRect rect) const noexcept
 void CWnd::MoveWindow(const CRect& rect, bool repaint) const noexcept
 {
     ::MoveWindow(m_hWnd, rect.left, rect.top, rect.Width(), rect.Height(), repaint);
+}
+
+SIZE CWnd::TextExtent(const std::wstring& text) const noexcept
+{
+    SIZE size{};
+    const HDC context = GetDC(m_hWnd);
+    const HFONT font = GetFont();
+    const HGDIOBJ before = font ? SelectObject(context, font) : nullptr;
+    GetTextExtentPoint32W(context, text.c_str(), static_cast<int>(text.size()), &size);
+    if (before)
+        SelectObject(context, before);
+    ReleaseDC(m_hWnd, context);
+    return size;
 }
 
 bool CWnd::PreTranslateMessage(MSG&)

@@ -43,6 +43,11 @@ public:
     {
         return ::SendMessageW(m_hWnd, message, wParam, lParam);
     }
+    /// Returns false if the message cannot be posted.
+    bool PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const noexcept
+    {
+        return ::PostMessageW(m_hWnd, message, wParam, lParam) != FALSE;
+    }
     LRESULT SendText(UINT message, WPARAM wParam, LPCWSTR text) const noexcept
     {
         return SendMessage(message, wParam, reinterpret_cast<LPARAM>(text));
@@ -54,6 +59,18 @@ public:
     bool IsWindowEnabled() const noexcept { return ::IsWindowEnabled(m_hWnd) != FALSE; }
     bool ShowWindow(int how) const noexcept { return ::ShowWindow(m_hWnd, how) != FALSE; }
     void SetFocus() const noexcept { ::SetFocus(m_hWnd); }
+    bool HasFocus() const noexcept { return m_hWnd && ::GetFocus() == m_hWnd; }
+
+    /// Null for the font of the system. Neither function passes ownership.
+    HFONT GetFont() const noexcept { return reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)); }
+    void SetFont(HFONT font, bool redraw = true) const noexcept
+    {
+        SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(font), redraw);
+    }
+
+    /// The size in pixels of a line of text in the font of the window.
+    SIZE TextExtent(const std::wstring& text) const noexcept;
+
     HWND GetDlgItem(int id) const noexcept { return ::GetDlgItem(m_hWnd, id); }
     DWORD GetStyle() const noexcept { return static_cast<DWORD>(::GetWindowLongW(m_hWnd, GWL_STYLE)); }
 
