@@ -94,7 +94,7 @@ void CDialog::NoticeSystemEnd(UINT message, WPARAM wParam, LPARAM lParam) noexce
         return;
     m_endedBySystem = true;
     // The loop may be waiting when this comes from outside of it.
-    PostMessageW(m_hWnd, WM_NULL, 0, 0);
+    ::PostMessageW(m_hWnd, WM_NULL, 0, 0);
 }
 
 bool CDialog::IsRunning() noexcept
@@ -146,7 +146,7 @@ void CDialog::EndDialog(INT_PTR code) noexcept
     m_running = false;
     // The loop may be waiting when this comes from outside of it.
     if (m_hWnd)
-        PostMessageW(m_hWnd, WM_NULL, 0, 0);
+        ::PostMessageW(m_hWnd, WM_NULL, 0, 0);
 }
 
 bool CDialog::UpdateData(bool save)
@@ -227,10 +227,10 @@ void CDialog::SetDefaultButton(int id) const noexcept
     SendMessage(DM_SETDEFID, static_cast<WPARAM>(id));
     for (HWND item = GetWindow(m_hWnd, GW_CHILD); item; item = GetWindow(item, GW_HWNDNEXT))
     {
-        const LRESULT code = SendMessageW(item, WM_GETDLGCODE, 0, 0);
+        const LRESULT code = ::SendMessageW(item, WM_GETDLGCODE, 0, 0);
         const bool isChosen = GetDlgCtrlID(item) == id;
         if (code & (isChosen ? DLGC_UNDEFPUSHBUTTON : DLGC_DEFPUSHBUTTON))
-            SendMessageW(item, BM_SETSTYLE, isChosen ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
+            ::SendMessageW(item, BM_SETSTYLE, isChosen ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON, TRUE);
     }
 }
 
