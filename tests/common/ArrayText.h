@@ -24,3 +24,9 @@ TextRows RowsOf(const VARIANT& result, const std::function<std::string(IUnknown*
 
 /// The number of columns of such an array; -1 for any other value.
 int ColumnsOf(const VARIANT& result);
+
+class MemoryRecord;
+
+/// Any array with its element type and bounds: "VARIANT 0..1, 0..1: BSTR 'Name' = BSTR 'a'; EMPTY = EMPTY" if
+/// it has rows of two variants, else the part before the colon. "null" for no array.
+std::string ArrayLine(SAFEARRAY* array, const MemoryRecord& record);

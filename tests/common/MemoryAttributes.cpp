@@ -1,6 +1,8 @@
 // Attributes of a MemoryObject: several at once, and writing.
 #include "MemoryObject.h"
 
+#include "ArrayText.h"
+
 #include <algorithm>
 #include <array>
 
@@ -203,6 +205,10 @@ HRESULT MemoryObject::SetAttributes(SAFEARRAY** pairs, SAFEARRAY** results)
 {
     const MemoryRecord::CallScope call;
     *results = nullptr;
+    if (onWrite)
+        onWrite();
+    if (m_record.recording)
+        written = ArrayLine(pairs ? *pairs : nullptr, m_record);
     if (!IsArray(pairs, 2, VT_VARIANT))
         return E_INVALIDARG;
     if (m_record.recording)

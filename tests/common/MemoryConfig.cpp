@@ -29,6 +29,53 @@ HRESULT HandOut(Object* object, HRESULT status, bool null, Interface** result)
     ComPtr<Interface>(null ? nullptr : object).copyTo(result);
     return object ? status : E_INVALIDARG;
 }
+
+/// Another pointer to a type.
+class TypeCopy final : public IQPType
+{
+public:
+    TypeCopy(MemoryRecord& record, MemoryType& type) : m_life(record), m_type(&type) {}
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
+    {
+        if (iid == __uuidof(IQPType) || iid == __uuidof(IQPConfigObject) || iid == __uuidof(IUnknown))
+            return Give(static_cast<IQPType*>(this), result);
+        return Refuse(result);
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
+    ULONG STDMETHODCALLTYPE Release() override
+    {
+        const ULONG left = --m_count;
+        if (left == 0)
+            delete this;
+        return left;
+    }
+    HRESULT STDMETHODCALLTYPE Get(BSTR key, VARIANT* value) override { return m_type->Get(key, value); }
+    HRESULT STDMETHODCALLTYPE GetProperty(int member, VARIANT* value) override
+    {
+        return m_type->GetProperty(member, value);
+    }
+    HRESULT STDMETHODCALLTYPE GetPageEnum(IQPPageEnum** list) override { return m_type->GetPageEnum(list); }
+    HRESULT STDMETHODCALLTYPE GetGroupEnum(IQPGroupEnum** list) override
+    {
+        return m_type->GetGroupEnum(list);
+    }
+    HRESULT STDMETHODCALLTYPE GetDisplayAttributeEnum(LONG mask, IQPAttributeEnum** list) override
+    {
+        return m_type->GetDisplayAttributeEnum(mask, list);
+    }
+    HRESULT STDMETHODCALLTYPE GetAttribute(BSTR name, IQPAttribute** attribute) override
+    {
+        return m_type->GetAttribute(name, attribute);
+    }
+
+private:
+    ~TypeCopy() = default;
+
+    const MemoryRecord::Life m_life;
+    const ComPtr<MemoryType> m_type;
+    ULONG m_count = 0;
+};
 } // namespace
 
 MemoryAttribute* MemoryAttribute::Value(const wchar_t* name, const MemoryValue& value)
@@ -136,6 +183,20 @@ HRESULT MemoryFactory::GetType(BSTR typeName, BSTR configName, IQPType** type)
     const MemoryRecord::CallScope call;
     if (m_record.recording)
         m_record.Record("GetType(" + Utf8OrNull(typeName) + ", " + Utf8OrNull(configName) + ")");
+    return TypeNamed(typeName, configName, type);
+}
+
+MemoryType* MemoryFactory::Find(const wchar_t* name) const
+{
+    const XQPComBSTR text(name);
+    return ::Find(types.objects, text);
+}
+
+HRESULT MemoryFactory::TypeNamed(BSTR typeName, BSTR configName, IQPType** type) const
+{
     const BSTR wanted = SysStringLen(configName) ? configName : typeName;
-    return HandOut(Find(types.objects, wanted), typeStatus, typeNull, type);
+    MemoryType* const found = ::Find(types.objects, wanted);
+    const ComPtr<IQPType> given(found && typeCopies ? new TypeCopy(m_record, *found)
+                                                    : static_cast<IQPType*>(found));
+    return HandOut(given.get(), typeStatus, typeNull, type);
 }

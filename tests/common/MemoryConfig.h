@@ -205,6 +205,16 @@ public:
     HRESULT typeStatus = S_OK;
     bool typeNull = false;
 
+    /// Whether each call of GetType hands out another pointer, which answers what the type answers. Its calls
+    /// are recorded as those of the type.
+    bool typeCopies = false;
+
+    /// The type of that name in the record; null if there is none.
+    MemoryType* Find(const wchar_t* name) const;
+
+    /// GetType without a record of the call.
+    HRESULT TypeNamed(BSTR typeName, BSTR configName, IQPType** type) const;
+
     /// Adds a type with the keys "typename" and "captionsingular", which are its name, and "isplantype".
     MemoryType* Type(const wchar_t* name, bool isPlanType = false);
 

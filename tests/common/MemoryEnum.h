@@ -32,6 +32,19 @@ public:
     /// 0. The object is handed out all the same.
     std::map<std::size_t, HRESULT> statuses;
 
+    /// Counts that RemNext reports in place of the objects that it handed out, by the number of the call.
+    std::map<std::size_t, ULONG> counts;
+
+    /// What Reset returns. The list begins again all the same.
+    HRESULT resetStatus = S_OK;
+
+    /// Begins again. Not a call of the host: for the tests and for those who hand the list out.
+    void Rewind() noexcept
+    {
+        m_next = 0;
+        m_calls = 0;
+    }
+
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
     {
         if (iid == __uuidof(Enum) || iid == __uuidof(IUnknown))
@@ -55,15 +68,18 @@ public:
         ULONG given = 0;
         while (given < count && m_next < m_objects.size())
             m_objects[m_next++].copyTo(&objects[given++]);
-        *fetched = given;
+        const auto counted = counts.find(m_calls);
+        *fetched = counted == counts.end() ? given : counted->second;
         return Status(given == count ? S_OK : S_FALSE);
     }
 
     HRESULT STDMETHODCALLTYPE Reset() override
     {
-        m_next = 0;
-        m_calls = 0;
-        return S_OK;
+        const MemoryRecord::CallScope call;
+        if (m_record.recording)
+            m_record.Record(m_name + "Reset()");
+        Rewind();
+        return resetStatus;
     }
 
     HRESULT STDMETHODCALLTYPE GetSingleNext(Element** object) override

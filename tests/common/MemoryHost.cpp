@@ -54,6 +54,7 @@ MemoryHost::~MemoryHost()
     m_ptrFactory->types.objects.clear();
     m_ptrManager->object.reset();
     m_ptrLoader->Clear();
+    CutTrees();
     assert(LiveObjects() == 0);
 }
 
@@ -75,7 +76,38 @@ ComPtr<IUnknown> MemoryHost::ReferenceTo(std::string name, const ComPtr<MemoryOb
     return ComPtr<IUnknown>(new MemoryReference(*this, name, object));
 }
 
-ComPtr<MemoryEnum> MemoryHost::List(const std::vector<ComPtr<MemoryObject>>& objects)
+ComPtr<MemoryEnum> MemoryHost::List(const MemoryObjects& objects)
 {
     return ComPtr<MemoryEnum>(new MemoryEnum(*this, objects));
+}
+
+ComPtr<MemoryEnum> MemoryHost::List(const MemoryObjects& objects, const std::string& name)
+{
+    return ComPtr<MemoryEnum>(new MemoryEnum(*this, objects, name));
+}
+
+ComPtr<MemoryObject> MemoryHost::Node(const wchar_t* name, const wchar_t* type, const MemoryObjects& children)
+{
+    if (!m_ptrFactory->Find(type))
+        m_ptrFactory->Type(type);
+    ComPtr<MemoryObject> node = Named(name);
+    node->TypeName(L"node")->Set(L"configtypename", type)->TypedBy(*m_ptrFactory);
+    node->Children(L"nodes", children);
+    return node;
+}
+
+ComPtr<MemoryObject> MemoryHost::Relationship(const wchar_t* name, const wchar_t* type,
+                                              const ComPtr<MemoryObject>& target,
+                                              const MemoryObjects& children)
+{
+    ComPtr<MemoryObject> made = Node(name, type, children);
+    made->Is(L"XDORelationship")->Set(L"relationobjecttarget", target);
+    return made;
+}
+
+void MemoryHost::CutTrees()
+{
+    const MemoryObjects all(parents.begin(), parents.end());
+    for (const ComPtr<MemoryObject>& object : all)
+        object->ForgetChildren();
 }

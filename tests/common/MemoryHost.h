@@ -34,7 +34,22 @@ public:
     ComPtr<IUnknown> ReferenceTo(std::string name, const ComPtr<MemoryObject>& object);
 
     /// An enumerator over `objects`, in this order.
-    ComPtr<MemoryEnum> List(const std::vector<ComPtr<MemoryObject>>& objects);
+    ComPtr<MemoryEnum> List(const MemoryObjects& objects);
+
+    /// The same with a name that the record gives each call on it: `selection.RemNext(1)`.
+    ComPtr<MemoryEnum> List(const MemoryObjects& objects, const std::string& name);
+
+    /// An object of the configured type of that name, which Config has or gets, with `children` in the list
+    /// "nodes". It answers all calls of a walk over a tree; its type name is "node".
+    ComPtr<MemoryObject> Node(const wchar_t* name, const wchar_t* type, const MemoryObjects& children = {});
+
+    /// The same for a relationship, which leads to `target`, which may be null.
+    ComPtr<MemoryObject> Relationship(const wchar_t* name, const wchar_t* type,
+                                      const ComPtr<MemoryObject>& target, const MemoryObjects& children = {});
+
+    /// Removes the children of all objects, so that those that hold each other are destroyed. The host's
+    /// destructor does it too.
+    void CutTrees();
 
     MemoryQuery& Query() noexcept { return *m_ptrQuery; }
 

@@ -14,6 +14,7 @@ MemoryObject::MemoryObject(MemoryRecord& record, std::string name)
 
 MemoryObject::~MemoryObject()
 {
+    m_record.parents.erase(this);
     m_record.Forget(static_cast<IQP_BaseDataObject*>(this));
 }
 
@@ -79,8 +80,23 @@ MemoryObject* MemoryObject::Table(const wchar_t* name, HRESULT status)
 
 MemoryObject* MemoryObject::Children(const wchar_t* name, const ComPtr<MemoryEnum>& list, HRESULT status)
 {
-    m_children.push_back({name, list, status});
+    m_children.push_back({name, list, {}, status});
     return this;
+}
+
+MemoryObject* MemoryObject::Children(const wchar_t* name, const MemoryObjects& children, HRESULT status)
+{
+    m_children.push_back({name, {}, children, status});
+    m_record.parents.insert(this);
+    return this;
+}
+
+void MemoryObject::ForgetChildren()
+{
+    // Moved out first: releasing a child may destroy this object.
+    const std::vector<ChildAnswer> forgotten = std::move(m_children);
+    m_children.clear();
+    m_record.parents.erase(this);
 }
 
 HRESULT MemoryObject::QueryInterface(REFIID iid, void** result)
@@ -166,12 +182,13 @@ HRESULT MemoryObject::GetChildren(BSTR name, IEnumBaseDataObject** children)
     {
         if (asked != answer.name)
             continue;
-        if (answer.list)
-        {
-            answer.list->Reset();
-            answer.list->AddRef();
-        }
-        *children = answer.list.get();
+        ComPtr<MemoryEnum> list = answer.list;
+        if (answer.children)
+            list =
+                ComPtr<MemoryEnum>(new MemoryEnum(m_record, *answer.children, m_name + " " + Utf8Of(name)));
+        else if (list)
+            list->Rewind();
+        *children = list.detach();
         return answer.status;
     }
     return E_INVALIDARG;
@@ -209,16 +226,25 @@ HRESULT MemoryObject::GetTypeName(BSTR* name)
 MemoryObject* MemoryObject::Type(MemoryType* type, HRESULT status)
 {
     m_type = MemoryAnswer{status, XQPComVariant(MemoryValue(type).Value())};
+    m_typedBy = nullptr;
+    return this;
+}
+
+MemoryObject* MemoryObject::TypedBy(MemoryFactory& factory)
+{
+    m_typedBy = &factory;
     return this;
 }
 
 HRESULT MemoryObject::GetType(BSTR typeName, BSTR configName, IQPType** type)
 {
-    if (!m_type)
+    if (!m_type && !m_typedBy)
         return Unexpected("GetType");
     const MemoryRecord::CallScope call;
     if (m_record.recording)
         m_record.Record(m_name + ".GetType(" + Utf8OrNull(typeName) + ", " + Utf8OrNull(configName) + ")");
+    if (m_typedBy)
+        return m_typedBy->TypeNamed(typeName, configName, type);
     ComPtr<IQPType> answer;
     answer.queryFrom(m_type->value.Value().punkVal);
     *type = answer.detach();

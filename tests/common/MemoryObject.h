@@ -9,6 +9,7 @@
 #include "qpobjects.h"
 #include "qpservices.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,7 +20,11 @@ template <class Enum, class Element>
 class MemoryList;
 using MemoryEnum = MemoryList<IEnumBaseDataObject, IQP_BaseDataObject>;
 
+class MemoryFactory;
+class MemoryObject;
 class MemoryType;
+
+using MemoryObjects = std::vector<ComPtr<MemoryObject>>;
 
 /// A data object. An attribute that was never set answers S_FALSE and VT_EMPTY.
 class MemoryObject final : public IQP_BaseDataObject, public IQPObjectRights
@@ -44,11 +49,23 @@ public:
     /// list that was never set.
     MemoryObject* Children(const wchar_t* name, const ComPtr<MemoryEnum>& list, HRESULT status = S_OK);
 
+    /// As before, with a new enumerator for each call, which the record names after the object and the list:
+    /// `cell nodes.RemNext(1)`. Children may be null, and an object may be its own descendant: see
+    /// MemoryHost::CutTrees.
+    MemoryObject* Children(const wchar_t* name, const MemoryObjects& children, HRESULT status = S_OK);
+
+    /// Removes all lists of children.
+    void ForgetChildren();
+
     /// What GetTypeName answers; E_NOTIMPL if it was never set.
     MemoryObject* TypeName(const wchar_t* name, HRESULT status = S_OK);
 
     /// What GetType answers, whatever the names; `type` may be null. E_NOTIMPL if it was never set.
     MemoryObject* Type(MemoryType* type, HRESULT status = S_OK);
+
+    /// Lets GetType answer what the factory's GetType would for those names; the call on the factory is not
+    /// recorded.
+    MemoryObject* TypedBy(MemoryFactory& factory);
 
     /// Makes writes of that attribute fail: `status` is the result of its row and the status of a single
     /// write. The value is unchanged.
@@ -63,6 +80,11 @@ public:
     /// What SetAttributes and SetAttributesMultiLingual return in place of S_OK. Nothing is written if it is
     /// a failure.
     HRESULT writeStatus = S_OK;
+    /// Runs at the start of SetAttributes and may throw.
+    std::function<void()> onWrite;
+    /// The array that SetAttributes was last given, to the last row: see ArrayLine. Kept while calls are
+    /// recorded.
+    std::string written;
     /// Whether the three hand out an array.
     bool givesArrays = true;
     /// The shape of that array. One of other dimensions or another type than these has empty elements.
@@ -117,6 +139,7 @@ private:
     {
         std::wstring name;
         ComPtr<MemoryEnum> list;
+        std::optional<MemoryObjects> children; ///< in place of the list
         HRESULT status;
     };
 
@@ -129,6 +152,7 @@ private:
     std::optional<MemoryAnswer> m_table;
     std::optional<MemoryAnswer> m_typeName;
     std::optional<MemoryAnswer> m_type;
+    MemoryFactory* m_typedBy = nullptr; ///< borrowed
     std::vector<std::pair<std::wstring, HRESULT>> m_refusals;
     ULONG m_count = 0;
 };

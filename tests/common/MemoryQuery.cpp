@@ -69,7 +69,7 @@ HRESULT MemoryQuery::GetSearchResult(IEnumBaseDataObject** found)
         m_record.Record("GetSearchResult()");
     if (result)
     {
-        result->Reset();
+        result->Rewind();
         result->AddRef();
     }
     *found = result.get();

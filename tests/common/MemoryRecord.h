@@ -7,8 +7,11 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
+
+class MemoryObject;
 
 /// Kept by the host for all its objects: what was called, how many objects are alive and how the record names
 /// them.
@@ -50,6 +53,9 @@ public:
     };
 
     // For the host's objects.
+
+    /// The objects with children of their own. Borrowed.
+    std::set<MemoryObject*> parents;
 
     /// A member of each object that is counted.
     class Life
