@@ -189,7 +189,7 @@ void ClickHeader(HWND header, int x)
 }
 } // namespace
 
-// The program has not called InitCommonControlsEx for them.
+// The program itself never calls InitCommonControlsEx.
 TEST_F(DialogControls, AListAndADatePickerComeFromTheTemplate)
 {
     Run([](ControlsDialog& run) {

@@ -1,4 +1,4 @@
-// A data object that answers with rows that nobody asked for.
+// A data object whose answers contain rows that were not requested.
 #pragma once
 
 #include "InterfaceAnswer.h"

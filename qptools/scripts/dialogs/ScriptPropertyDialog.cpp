@@ -78,7 +78,7 @@ HRESULT ScriptPropertyDialog::LoadRecord()
     return status;
 }
 
-void ScriptPropertyDialog::SaveRecord() const
+void ScriptPropertyDialog::SaveRecord()
 {
     if (!m_ptrObject)
         return;

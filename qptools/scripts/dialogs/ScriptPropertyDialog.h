@@ -48,7 +48,7 @@ protected:
     HRESULT LoadRecord();
 
     /// Writes the attributes. Failures are ignored, on purpose.
-    void SaveRecord() const;
+    void SaveRecord();
 
     /// Whether the user may change the object. Only S_OK means yes; no rights interface means no.
     bool MayChange() const;

@@ -11,60 +11,41 @@
 
 #include "FixedText.h"
 
+#include "MessageMap.h"
 #include "Variant.h"
 
 namespace qptools
 {
-class ScriptPropertyDialog;
-
 /// One attribute. Entries are read and written in the order of their table.
 struct ScriptRecordEntry
 {
     FixedText name;
 
     /// Takes over the host's value. A failure ends the load.
-    HRESULT (*load)(ScriptPropertyDialog& dialog, const VARIANT& value);
+    HRESULT (*load)(CWnd& dialog, const VARIANT& value);
 
     /// What is written; null for an attribute that is only read.
-    Variant (*value)(const ScriptPropertyDialog& dialog);
+    Variant (*value)(CWnd& dialog);
 };
 
 namespace script_record
 {
-template <class>
-struct ClassOf;
-template <class Class, class Type>
-struct ClassOf<Type Class::*>
-{
-    using Result = Class;
-};
-
-/// The dialog as the class that has `Member`.
-template <auto Member>
-auto& As(ScriptPropertyDialog& dialog)
-{
-    return static_cast<typename ClassOf<decltype(Member)>::Result&>(dialog);
-}
-template <auto Member>
-auto& As(const ScriptPropertyDialog& dialog)
-{
-    return static_cast<const typename ClassOf<decltype(Member)>::Result&>(dialog);
-}
+using message_map::As;
 
 template <auto Load>
-HRESULT CallLoad(ScriptPropertyDialog& dialog, const VARIANT& value)
+HRESULT CallLoad(CWnd& dialog, const VARIANT& value)
 {
     return (As<Load>(dialog).*Load)(value);
 }
 
 template <auto Value>
-Variant CallValue(const ScriptPropertyDialog& dialog)
+Variant CallValue(CWnd& dialog)
 {
     return (As<Value>(dialog).*Value)();
 }
 
 template <auto Member>
-HRESULT LoadText(ScriptPropertyDialog& dialog, const VARIANT& value)
+HRESULT LoadText(CWnd& dialog, const VARIANT& value)
 {
     Variant text;
     if (CopyConverted(value, VT_BSTR, text))
@@ -73,13 +54,13 @@ HRESULT LoadText(ScriptPropertyDialog& dialog, const VARIANT& value)
 }
 
 template <auto Member>
-Variant TextValue(const ScriptPropertyDialog& dialog)
+Variant TextValue(CWnd& dialog)
 {
     return Variant::OfText(As<Member>(dialog).*Member);
 }
 
 template <auto Member, VARTYPE ReadAs>
-HRESULT LoadNumber(ScriptPropertyDialog& dialog, const VARIANT& value)
+HRESULT LoadNumber(CWnd& dialog, const VARIANT& value)
 {
     Variant number;
     if (CopyConverted(value, ReadAs, number))
@@ -88,7 +69,7 @@ HRESULT LoadNumber(ScriptPropertyDialog& dialog, const VARIANT& value)
 }
 
 template <auto Member>
-Variant NumberValue(const ScriptPropertyDialog& dialog)
+Variant NumberValue(CWnd& dialog)
 {
     return Variant::OfNumber(As<Member>(dialog).*Member);
 }

@@ -1,25 +1,12 @@
 // A script action with its property dialog.
 #pragma once
 
+#include "ActionWords.h"
 #include "PropertyFixture.h"
 
 class ActionFixture : public PropertyFixture
 {
 protected:
-    static constexpr int kName = 250;
-    static constexpr int kSequence = 251;
-    static constexpr int kActionType = 254;
-    static constexpr int kScript = 256;
-    static constexpr int kAfter = 262;
-    static constexpr int kBefore = 263;
-    static constexpr int kEnabled = 264;
-    static constexpr int kPlanType = 266;
-    static constexpr int kConfigType = 268;
-
-    static constexpr const wchar_t* kWarning = L"Script Action Properties Warning";
-    static constexpr const wchar_t* kNoType = L"Neither a configuration type nor a plantype selected.";
-    static constexpr const wchar_t* kNoScript = L"No script selected.";
-
     ActionFixture()
     {
         values = host.Config().Type(L"scriptaction")->Attribute(L"actiontype");
@@ -56,21 +43,28 @@ protected:
 
     static Steps NoEntries()
     {
-        return {Sees(Offers(kScript, {})), Sees(Offers(kConfigType, {})), Sees(Offers(kPlanType, {}))};
+        return {Sees(Offers(action_dialog::kScript, {})), Sees(Offers(action_dialog::kConfigType, {})),
+                Sees(Offers(action_dialog::kPlanType, {}))};
     }
     static Steps NoNumbers()
     {
-        return {Sees(NoneChosen(kActionType)), Sees(Checked(kAfter)), Sees(Unchecked(kBefore)),
-                Sees(Shows(kSequence, L"0")), Sees(Unchecked(kEnabled))};
+        return {Sees(NoneChosen(action_dialog::kActionType)), Sees(Checked(action_dialog::kAfter)),
+                Sees(Unchecked(action_dialog::kBefore)), Sees(Shows(action_dialog::kSequence, L"0")),
+                Sees(Unchecked(action_dialog::kEnabled))};
     }
-    static Steps EndsAtOnce() { return Steps{Sees(Shows(kName, L""))} + NoEntries() + NoNumbers(); }
+    static Steps EndsAtOnce()
+    {
+        return Steps{Sees(Shows(action_dialog::kName, L""))} + NoEntries() + NoNumbers();
+    }
     static Steps EndsAtTheScript()
     {
-        return Steps{Sees(Shows(kName, L"Deburr"))} + NoEntries() + NoNumbers();
+        return Steps{Sees(Shows(action_dialog::kName, L"Deburr"))} + NoEntries() + NoNumbers();
     }
     static Steps EndsAtThePlanType()
     {
-        return Steps{Sees(Chosen(kScript, L"Drill")), Sees(Chosen(kConfigType, L"cell"))} + NoNumbers();
+        return Steps{Sees(Chosen(action_dialog::kScript, L"Drill")),
+                     Sees(Chosen(action_dialog::kConfigType, L"cell"))} +
+               NoNumbers();
     }
 
     MemoryAttribute* values = nullptr; ///< of the action type

@@ -14,7 +14,7 @@ namespace
 enum class Kind : unsigned char
 {
     Unknown, ///< not looked up yet
-    Neutral, ///< a helper of whoever called it
+    Neutral, ///< allocates for its caller, which decides
     Module,
     Window ///< a function of the window system
 };

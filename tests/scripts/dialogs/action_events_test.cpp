@@ -6,6 +6,8 @@
 
 namespace
 {
+using namespace action_dialog;
+
 /// A row, and what the host holds in it.
 class ActionEvents;
 struct ActionEvent : DialogEvent

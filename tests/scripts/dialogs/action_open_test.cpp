@@ -3,6 +3,8 @@
 
 namespace
 {
+using namespace action_dialog;
+
 class ActionOpens : public ActionFixture
 {
 };

@@ -4,6 +4,8 @@
 
 namespace
 {
+using namespace action_dialog;
+
 class ActionRead : public ActionFixture
 {
 protected:

@@ -8,6 +8,8 @@
 
 namespace
 {
+using namespace action_dialog;
+
 /// A value of the host, and what it reads as.
 struct Sample
 {

@@ -3,6 +3,8 @@
 
 namespace
 {
+using namespace action_dialog;
+
 using Controls = std::vector<int>;
 
 class ActionRights : public ActionFixture

@@ -9,6 +9,8 @@
 
 namespace
 {
+using namespace action_dialog;
+
 class ActionTypeList : public ActionFixture
 {
 protected:

@@ -5,6 +5,8 @@
 
 namespace
 {
+using namespace action_dialog;
+
 class ActionValues : public ActionFixture
 {
 };

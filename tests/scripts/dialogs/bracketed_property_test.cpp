@@ -62,12 +62,12 @@ protected:
 TEST_F(BracketedAction, TranslatesItsOwnTextsAlone)
 {
     Show({SeesItsOwnTextsInBrackets(L"Script Action Properties", 14),
-          Sees(Chosen(ActionFixture::kScript, kHostText)),
-          Sees(Chosen(ActionFixture::kConfigType, kHostText)), Sees(Chosen(kActionType, kHostText)),
-          Drops(ActionFixture::kScript), Sees(Offers(ActionFixture::kScript, {kHostText, L"Weld"})),
-          Drops(ActionFixture::kConfigType), Sees(Chosen(ActionFixture::kConfigType, kHostText)),
-          Drops(ActionFixture::kPlanType), Sees(Offers(ActionFixture::kPlanType, {kHostText, L"Milling"})),
-          Presses(IDCANCEL)});
+          Sees(Chosen(action_dialog::kScript, kHostText)),
+          Sees(Chosen(action_dialog::kConfigType, kHostText)),
+          Sees(Chosen(action_dialog::kActionType, kHostText)), Drops(action_dialog::kScript),
+          Sees(Offers(action_dialog::kScript, {kHostText, L"Weld"})), Drops(action_dialog::kConfigType),
+          Sees(Chosen(action_dialog::kConfigType, kHostText)), Drops(action_dialog::kPlanType),
+          Sees(Offers(action_dialog::kPlanType, {kHostText, L"Milling"})), Presses(IDCANCEL)});
 }
 
 TEST_F(BracketedAction, WritesNothingTranslated)

@@ -1,147 +1,38 @@
 // Every host call that the property dialog of a script command makes fails once, in each way a call can: the
 // dialog can be left, no reference to the host is kept, and nothing is written but what was shown.
 #include "CommandWords.h"
-#include "PropertyPlant.h"
+#include "PropertyFaults.h"
 
-#include "FaultWays.h"
-#include "KeptObjects.h"
 #include "RegisteredProgId.h"
 #include "VbaLoader.h"
 
 #include <algorithm>
-#include <functional>
-
-using refhost::Fault;
-using refhost::Plant;
 
 namespace
 {
 using namespace command_dialog;
 
-/// What a run comes to.
-struct Outcome
-{
-    HRESULT status = S_OK;
-    std::wstring warning;
-    std::string written; ///< the line of the call that writes; "none" if there is none
-
-    bool operator==(const Outcome&) const = default;
-};
-
-std::ostream& operator<<(std::ostream& stream, const Outcome& outcome)
-{
-    return stream << outcome.status << " \"" << std::string(outcome.warning.begin(), outcome.warning.end())
-                  << "\" " << outcome.written;
-}
-
-bool Has(const std::string& line, const char* part)
-{
-    return line.find(part) != std::string::npos;
-}
-
-/// The line of a write with another value for `attribute`.
-std::string With(const std::string& line, const std::string& attribute, const std::string& value)
-{
-    const std::size_t start = line.find(" = ", line.find("\"" + attribute + "\"")) + 3;
-    return line.substr(0, start) + value + line.substr(line.find_first_of(",}", start));
-}
-
-class CommandFaults : public PropertyPlant, public ::testing::WithParamInterface<Way>
+class CommandFaults : public PropertyFaults
 {
 protected:
-    using Acts = std::function<void(const DialogView&)>;
-
     CommandFaults()
+        : PropertyFaults(L"scriptcommand", L"Paint drying", L"XDOScriptCommand", kWarning,
+                         {L"m_name", L"m_strPrompt", L"m_pScript", L"m_strVBAMacroName", L"m_strType",
+                          L"m_pPlanType", L"m_bVisible", L"m_lUserInterfaceType", L"m_nameShort",
+                          L"customizationobjectid", L"customizationobjecttype"})
     {
-        Keep();
         // The manager keeps the loader that it has made.
         ComPtr<IQPFObject> loader;
         EXPECT_EQ(manager->GetObject(refhost::kVbaLoaderClass, 1, loader.put()), S_OK);
     }
-    ~CommandFaults() override
-    {
-        m_values.clear();
-        command.reset();
-    }
 
-    /// Acts in the dialog and presses OK as far as a user can; leaves with Cancel otherwise.
-    Outcome Run(long long n, const Acts& acts)
+    std::wstring WarningOf(const DialogView& view) const override
     {
-        Outcome outcome;
-        dialogs.OnDialog({[&](DialogView& view) {
-            opened = plant->Calls().Count();
-            acts(view);
-            outcome.warning = PressOk(view);
-            if (!outcome.warning.empty() || !view.IsEnabled(IDOK))
-                view.Click(IDCANCEL);
-        }});
-        const long before = Plant::LiveObjects();
-        {
-            // A reference to each VBA project that was handed out stays open on purpose.
-            const refhost::KeptObjects kept("vbaproject");
-            plant->Calls().Clear();
-            plant->Calls().Record(true);
-            plant->Calls().FailCall(n, n == 0 ? Fault::None : GetParam().fault, GetParam().status);
-            outcome.status = service->ShowScriptActionOrCommandDlg(manager.get(), factory.get(), query.get(),
-                                                                   project.get(), set.get(), command.get(),
-                                                                   XQPComBSTR(L"XDOScriptCommand"));
-            EXPECT_EQ(plant->Calls().Struck(), n > 0);
-            keptOpen = kept.Count();
-        }
-        EXPECT_EQ(Plant::LiveObjects(), before) << "objects of the host are left";
-        EXPECT_TRUE(dialogs.AllShown() && boxes.AllShown());
-        plant->Calls().FailCall(0, Fault::None);
-        plant->Calls().Record(false);
-        record = plant->Calls().Calls();
-        outcome.written = WrittenIn(record);
-        Restore();
-        return outcome;
-    }
-
-    /// Returns the warning that is due; there is none while OK is disabled.
-    std::wstring PressOk(const DialogView& view)
-    {
-        if (!view.IsEnabled(IDOK))
-            return {};
-        std::wstring warning;
-        if (view.IsChecked(kProperties) && view.Text(kElement).empty())
-            warning = kNoElement;
-        if (view.Selected(kScript) < 0 && view.Selected(kMacro) < 0)
-            warning = kNoScript;
         if (view.Selected(kPlanType) < 0 && view.Selected(kConfigType) < 0)
-            warning = kNoType;
-        if (!warning.empty())
-            boxes.Expect(kWarning, warning, IDOK);
-        view.Click(IDOK);
-        return warning;
-    }
-
-    /// Nothing may be written but by one call.
-    static std::string WrittenIn(const Lines& lines)
-    {
-        std::string written = "none";
-        for (const std::string& line : lines)
-        {
-            if (!Has(line, "SetAttribute"))
-                continue;
-            EXPECT_EQ(written, "none") << "a second write";
-            EXPECT_TRUE(Has(line, "SetAttributes(")) << line;
-            written = line;
-        }
-        return written;
-    }
-
-    /// Fails every call from the `first` on, in turn. `predict` gets the number of the failing call.
-    template <class Predict>
-    void Sweep(const Acts& acts, long long first, Predict&& predict)
-    {
-        const Lines lines = record;
-        ASSERT_GT(static_cast<long long>(lines.size()), first);
-        for (long long n = first; n <= static_cast<long long>(lines.size()) && !HasFailure(); ++n)
-        {
-            SCOPED_TRACE(lines[static_cast<std::size_t>(n) - 1]);
-            predict(lines, static_cast<std::size_t>(n) - 1, Run(n, acts));
-        }
+            return kNoType;
+        if (view.Selected(kScript) < 0 && view.Selected(kMacro) < 0)
+            return kNoScript;
+        return view.IsChecked(kProperties) && view.Text(kElement).empty() ? kNoElement : L"";
     }
 
     /// The list opens, and the item is chosen if it is there.
@@ -160,37 +51,13 @@ protected:
     /// it is the number 0 or an empty text.
     static std::string AtIdentifier(const Outcome& whole, const std::string& line)
     {
-        if (GetParam().Fails() || GetParam().fault == Fault::NullObject)
+        if (GetParam().Fails() || GetParam().fault == refhost::Fault::NullObject)
             return With(whole.written, "customizationobjectid", "\"4\"");
         return With(whole.written, "customizationobjectid",
                     Has(line, "<configattribute ") ? "\"\"" : "\"0\"");
     }
 
-    ComPtr<IQP_BaseDataObject> command = Find(L"scriptcommand", L"Paint drying");
     const RegisteredProgId progId{refhost::kVbaLoaderProgId, refhost::kVbaLoaderClass};
-    Lines record;
-    long long opened = 0;     ///< the calls of the opening
-    std::size_t keptOpen = 0; ///< VBA projects
-
-private:
-    void Keep()
-    {
-        for (const wchar_t* name : {L"m_name", L"m_strPrompt", L"m_pScript", L"m_strVBAMacroName",
-                                    L"m_strType", L"m_pPlanType", L"m_bVisible", L"m_lUserInterfaceType",
-                                    L"m_nameShort", L"customizationobjectid", L"customizationobjecttype"})
-        {
-            XQPComVariant value;
-            command->GetAttribute(XQPComBSTR(name), &value);
-            m_values.emplace_back(name, value);
-        }
-    }
-    void Restore()
-    {
-        for (const auto& [name, value] : m_values)
-            EXPECT_GE(command->SetAttribute(XQPComBSTR(name.c_str()), value.Value()), 0);
-    }
-
-    std::vector<std::pair<std::wstring, XQPComVariant>> m_values;
 };
 
 /// What comes of a call that fails while the dialog opens.
@@ -203,7 +70,7 @@ protected:
         // The load ends: what comes after is not shown.
         if (way.Fails())
             return {S_FALSE, kNoType, "none"};
-        if (way.fault == Fault::NullObject)
+        if (way.fault == refhost::Fault::NullObject)
             return {S_FALSE, withoutName, "none"};
         // A name without a text is an entry that clears the object.
         return {S_OK, L"", With(whole.written, attribute, "<empty>")};
@@ -221,7 +88,7 @@ protected:
             return whole;
         const bool isListing = pages == 4;
         // Listed without a name, it is found by its number, and its name is read again.
-        const bool isEmpty = GetParam().fault != Fault::NullObject && !GetParam().Fails();
+        const bool isEmpty = GetParam().fault != refhost::Fault::NullObject && !GetParam().Fails();
         return isListing && Has(*at, "GetProperty(0)") && isEmpty ? whole : noElement;
     }
 

@@ -123,7 +123,7 @@ TEST_F(CommandMacros, WalkThroughAllBatches)
     EXPECT_EQ(asked.back(), Request("project", "first, second"));
 }
 
-// A search without a result asks nobody.
+// If the search finds nothing, neither the object manager nor the loader is called.
 
 class NoVbaProjects : public CommandMacros
 {

@@ -45,10 +45,10 @@ TEST_F(GermanAction, TranslatesNoTextOfTheHost)
     drill->Set(L"m_name", L"Script")->Set(L"name", L"Script");
     action->Set(L"m_name", L"Enabled")->Set(L"m_prompt", L"Page")->Set(L"m_pType", L"Group");
     values->values.objects[1]->Set(L"name", L"Before");
-    Show({Sees(Shows(ActionFixture::kName, L"Enabled")), Sees(Chosen(ActionFixture::kScript, L"Script")),
-          Sees(Chosen(ActionFixture::kConfigType, L"Group")), Sees(Chosen(kActionType, L"Before")),
-          Drops(ActionFixture::kScript), Sees(Offers(ActionFixture::kScript, {L"Script", L"Weld"})),
-          Presses(IDOK)});
+    Show({Sees(Shows(action_dialog::kName, L"Enabled")), Sees(Chosen(action_dialog::kScript, L"Script")),
+          Sees(Chosen(action_dialog::kConfigType, L"Group")),
+          Sees(Chosen(action_dialog::kActionType, L"Before")), Drops(action_dialog::kScript),
+          Sees(Offers(action_dialog::kScript, {L"Script", L"Weld"})), Presses(IDOK)});
     EXPECT_EQ(action->ValueText(L"m_prompt"), "BSTR 'Page'");
     EXPECT_EQ(action->ValueText(L"m_pType"), "BSTR 'Group'");
 }
@@ -69,12 +69,12 @@ TEST_F(GermanAction, KeepsTextsThatAreHardToShow)
     weld->Set(L"name", kChinese);
     assembly->Set(L"name", kLongText.c_str());
     action->Set(L"m_name", kLongText.c_str())->Set(L"m_prompt", kRightToLeft)->Set(L"m_pType", kChinese);
-    Show({Sees(Shows(ActionFixture::kName, kLongText)), Sees(Chosen(ActionFixture::kScript, kRightToLeft)),
-          Sees(Chosen(ActionFixture::kConfigType, kChinese)), Presses(IDOK)});
+    Show({Sees(Shows(action_dialog::kName, kLongText)), Sees(Chosen(action_dialog::kScript, kRightToLeft)),
+          Sees(Chosen(action_dialog::kConfigType, kChinese)), Presses(IDOK)});
     EXPECT_EQ(action->ValueText(L"m_name"), "BSTR '" + Utf8Of(XQPComBSTR(kLongText.c_str())) + "'");
     EXPECT_EQ(action->ValueText(L"m_prompt"), "BSTR '" + Utf8Of(XQPComBSTR(kRightToLeft)) + "'");
     EXPECT_EQ(action->ValueText(L"m_pType"), "BSTR '" + Utf8Of(XQPComBSTR(kChinese)) + "'");
-    EXPECT_EQ(Show({Chooses(ActionFixture::kScript, kChinese), Chooses(ActionFixture::kPlanType, kLongText),
+    EXPECT_EQ(Show({Chooses(action_dialog::kScript, kChinese), Chooses(action_dialog::kPlanType, kLongText),
                     Presses(IDOK)}),
               S_OK);
     EXPECT_EQ(action->ValueText(L"m_pScript"), "UNKNOWN weld");

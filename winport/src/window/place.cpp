@@ -65,7 +65,7 @@ void Apply(Window& window, WINDOWPOS* change)
         change->flags |= kSameClientPlace;
 }
 
-// A new top-level window has not received its place yet.
+// Sends the first WM_SIZE and WM_MOVE of a new top-level window.
 void TellFirstPlace(HWND handle)
 {
     Window* window = FindWindowOf(handle);
