@@ -92,7 +92,7 @@ ComPtr<MemoryObject> MemoryHost::Node(const wchar_t* name, const wchar_t* type, 
         m_ptrFactory->Type(type);
     ComPtr<MemoryObject> node = Named(name);
     node->TypeName(L"node")->Set(L"configtypename", type)->TypedBy(*m_ptrFactory);
-    node->Children(L"nodes", children);
+    node->FreshChildren(L"nodes", children);
     return node;
 }
 

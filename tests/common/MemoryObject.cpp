@@ -84,7 +84,7 @@ MemoryObject* MemoryObject::Children(const wchar_t* name, const ComPtr<MemoryEnu
     return this;
 }
 
-MemoryObject* MemoryObject::Children(const wchar_t* name, const MemoryObjects& children, HRESULT status)
+MemoryObject* MemoryObject::FreshChildren(const wchar_t* name, const MemoryObjects& children, HRESULT status)
 {
     m_children.push_back({name, {}, children, status});
     m_record.parents.insert(this);

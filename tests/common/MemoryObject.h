@@ -52,7 +52,7 @@ public:
     /// As before, with a new enumerator for each call, which the record names after the object and the list:
     /// `cell nodes.RemNext(1)`. Children may be null, and an object may be its own descendant: see
     /// MemoryHost::CutTrees.
-    MemoryObject* Children(const wchar_t* name, const MemoryObjects& children, HRESULT status = S_OK);
+    MemoryObject* FreshChildren(const wchar_t* name, const MemoryObjects& children, HRESULT status = S_OK);
 
     /// Removes all lists of children.
     void ForgetChildren();

@@ -112,7 +112,7 @@ TEST_F(MemoryTree, an_object_may_be_its_own_descendant)
         const auto cell = host.Node(L"cell", L"workcell");
         const auto station = host.Node(L"station", L"workplace", {cell});
         cell->ForgetChildren();
-        cell->Children(L"nodes", {station, cell});
+        cell->FreshChildren(L"nodes", {station, cell});
         EXPECT_EQ(Next(Nodes(station).get()), "cell");
         EXPECT_EQ(Next(Nodes(cell).get()), "station");
     }
