@@ -29,6 +29,9 @@ public:
     {
         return static_cast<int>(SendMessage(CB_DELETESTRING, Index(index)));
     }
+    /// Whether the list is open.
+    bool GetDroppedState() const noexcept { return SendMessage(CB_GETDROPPEDSTATE) != 0; }
+
     void ResetContent() const noexcept { SendMessage(CB_RESETCONTENT); }
 
     /// The text of an item; empty if there is no such item.

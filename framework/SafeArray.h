@@ -15,8 +15,8 @@ public:
 
     /// Takes ownership of `array`, which may be null.
     explicit SafeArray(SAFEARRAY* array) noexcept : m_array(array) {}
+    SafeArray(SafeArray&& other) noexcept : m_array(other.detach()) {}
     ~SafeArray() { Destroy(); }
-    SafeArray(const SafeArray&) = delete;
     SafeArray& operator=(const SafeArray&) = delete;
 
     SAFEARRAY* get() const noexcept { return m_array; }

@@ -58,7 +58,7 @@ LONG CLiveWindow::Count() noexcept
     return g_liveWindows.load();
 }
 
-BOOL RunModuleEntry(HINSTANCE instance, DWORD reason)
+BOOL RunModuleEntry(HINSTANCE instance, DWORD reason, bool processEnds)
 {
     CWinApp* application = CWinApp::Get();
     if (!application)
@@ -69,6 +69,9 @@ BOOL RunModuleEntry(HINSTANCE instance, DWORD reason)
         return application->InitInstance();
     }
     if (reason == DLL_PROCESS_DETACH)
+    {
+        application->m_processEnds = processEnds;
         application->ExitInstance();
+    }
     return TRUE;
 }

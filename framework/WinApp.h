@@ -26,6 +26,7 @@ public:
     static CWinApp* Get() noexcept;
 
     HINSTANCE m_hInstance = nullptr; ///< the module, set before InitInstance is called
+    bool m_processEnds = false;      ///< set before ExitInstance: other modules may be gone already
     LPCWSTR m_pszAppName;
 };
 
@@ -41,5 +42,6 @@ public:
 };
 
 /// The body of DllMain: handles DLL_PROCESS_ATTACH and DLL_PROCESS_DETACH and ignores other reasons. Returns
-/// the result of InitInstance for the former, else TRUE.
-BOOL RunModuleEntry(HINSTANCE instance, DWORD reason);
+/// the result of InitInstance for the former, else TRUE. `processEnds` tells the end of the process from the
+/// unloading of the module.
+BOOL RunModuleEntry(HINSTANCE instance, DWORD reason, bool processEnds = false);

@@ -2,6 +2,8 @@
 
 #include "ClassTable.h"
 
+#include "CQPCopyOptDlg.h"
+
 #include "ComModule.h"
 
 #include "qptools.h"
@@ -22,6 +24,8 @@ BOOL CQptoolsApp::InitInstance()
 
 int CQptoolsApp::ExitInstance()
 {
+    if (!m_processEnds)
+        FreeKeptCopyDialogs();
     ComModule::Get().Term();
     return CWinApp::ExitInstance();
 }

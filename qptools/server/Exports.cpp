@@ -38,9 +38,9 @@ HRESULT LogFailures(HRESULT status, const RegistrationReport& report, const wcha
 }
 } // namespace
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID)
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID processEnds)
 {
-    return RunModuleEntry(instance, reason);
+    return RunModuleEntry(instance, reason, processEnds != nullptr);
 }
 
 STDAPI DllCanUnloadNow()

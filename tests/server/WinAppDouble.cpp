@@ -54,7 +54,7 @@ CWinApp* CWinApp::Get() noexcept
     return g_application;
 }
 
-BOOL RunModuleEntry(HINSTANCE instance, DWORD reason)
+BOOL RunModuleEntry(HINSTANCE instance, DWORD reason, bool)
 {
     Note("RunModuleEntry");
     g_base.entryInstance = instance;
