@@ -246,6 +246,7 @@ struct NMHEADERW
 
 // Date picker.
 #define DTS_UPDOWN 0x0001u
+#define DTS_SHOWNONE 0x0002u
 #define DTS_RIGHTALIGN 0x0020u
 #define DTS_SHORTDATEFORMAT 0x0000u
 #define DTM_FIRST 0x1000u

@@ -287,6 +287,16 @@ TEST(Edit, WithoutScrollingWhatFitsIsTyped)
     EXPECT_EQ(host.Text(), L"short");
 }
 
+TEST(Edit, TheBorderIsNoStyleButPartOfTheClientArea)
+{
+    const EditHost host(L"", WS_BORDER | ES_AUTOHSCROLL);
+    RECT client{};
+    GetClientRect(host.Control(), &client);
+    EXPECT_EQ(client.right, 200);
+    EXPECT_EQ(client.bottom, 24);
+    EXPECT_EQ(GetWindowLongW(host.Control(), GWL_STYLE), WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL);
+}
+
 TEST(Edit, TheFocusIsNotifiedAndKeepsTheSelection)
 {
     EditHost host(L"abc");

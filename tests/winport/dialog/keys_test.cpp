@@ -41,6 +41,47 @@ TEST_F(DialogKeys, TabContinuesFromAControlThatIsNoStop)
     EXPECT_EQ(m_host.Focus(), kSecondPush);
 }
 
+TEST_F(DialogKeys, TabReachesControlsThatTheDialogIsTooSmallFor)
+{
+    RECT place{};
+    GetWindowRect(m_host.Window(), &place);
+    RECT before{};
+    GetWindowRect(m_host.Item(IDCANCEL), &before);
+    MoveWindow(m_host.Window(), place.left, place.top, place.right - place.left, 60, TRUE);
+    RECT after{};
+    GetWindowRect(m_host.Item(IDCANCEL), &after);
+    EXPECT_EQ(after.top, before.top);
+    EXPECT_TRUE(IsWindowVisible(m_host.Item(IDCANCEL)));
+    SetFocus(m_host.Item(IDOK));
+    m_host.Press(VK_TAB);
+    EXPECT_EQ(m_host.Focus(), IDCANCEL);
+}
+
+TEST_F(DialogKeys, TabContinuesFromAControlThatWasHiddenAndDisabled)
+{
+    m_host.SetFocusTo(kFirstPush);
+    ShowWindow(m_host.Item(kFirstPush), SW_HIDE);
+    EnableWindow(m_host.Item(kFirstPush), FALSE);
+    EXPECT_NE(m_host.Focus(), kFirstPush);
+    m_host.Press(VK_TAB);
+    EXPECT_GT(m_host.Focus(), 0);
+}
+
+TEST_F(DialogKeys, RadioButtonsThatAreShownAgainKeepTheirMark)
+{
+    CheckRadioButton(m_host.Window(), kFirstRadio, kThirdRadio, kSecondRadio);
+    for (const bool shown : {false, true})
+        for (const int id : {kFirstRadio, kSecondRadio, kThirdRadio})
+        {
+            ShowWindow(m_host.Item(id), shown ? SW_SHOW : SW_HIDE);
+            EnableWindow(m_host.Item(id), shown);
+            EXPECT_EQ(IsChecked(id), id == kSecondRadio) << id;
+        }
+    SetFocus(m_host.Item(kCheck));
+    m_host.Press(VK_TAB);
+    EXPECT_EQ(m_host.Focus(), kSecondRadio);
+}
+
 TEST_F(DialogKeys, TabGoesFromTheDialogToTheFirstControl)
 {
     SetFocus(nullptr);

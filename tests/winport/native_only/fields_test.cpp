@@ -8,7 +8,7 @@
 namespace
 {
 constexpr DWORD kMultiline = 0x4;
-constexpr DWORD kShowNone = 0x2;
+constexpr DWORD kLongFormat = 0x4;
 constexpr DWORD kAlwaysOpen = 0x1;
 constexpr UINT kUndo = 0xC7;
 constexpr UINT kExtendedInterface = 0x155;
@@ -61,5 +61,5 @@ TEST(NativeOnly_DatePicker, AnUnsupportedMessageEndsTheRun)
 
 TEST(NativeOnly_DatePicker, AnUnsupportedStyleEndsTheRun)
 {
-    EXPECT_DEATH(Make(DATETIMEPICK_CLASSW, kShowNone), "winport has no style 0x2");
+    EXPECT_DEATH(Make(DATETIMEPICK_CLASSW, kLongFormat), "winport has no style 0x4");
 }

@@ -186,6 +186,17 @@ TEST_F(WindowFocus, IsLostWithTheParentOfItsWindow)
     EXPECT_EQ(trace.Standing(), "active a, focus -");
 }
 
+TEST_F(WindowFocus, StaysInsideAWindowThatIsHiddenOrDisabled)
+{
+    const HWND window = trace.Make(L"a", kTop);
+    const HWND outer = trace.Make(L"outer", kChild, window);
+    SetFocus(trace.Make(L"inner", kChild, outer));
+    trace.Take();
+    ShowWindow(outer, SW_HIDE);
+    EnableWindow(outer, FALSE);
+    EXPECT_EQ(trace.Standing(), "active a, focus inner");
+}
+
 TEST_F(WindowFocus, ReturnsToTheOwner)
 {
     const HWND owner = trace.Make(L"a", kTop);

@@ -57,6 +57,7 @@ int Wrapped(int value, int first, int last)
 CDatePicker::CDatePicker(Window& window) : Control(window)
 {
     GetLocalTime(&m_value);
+    m_hasDate = !(Style() & DTS_SHOWNONE);
 }
 
 LRESULT CDatePicker::Handle(UINT message, WPARAM wParam, LPARAM lParam)
@@ -88,8 +89,9 @@ LRESULT CDatePicker::Handle(UINT message, WPARAM wParam, LPARAM lParam)
         OnCharacter(wParam);
         return 0;
     case DTM_GETSYSTEMTIME:
-        *reinterpret_cast<SYSTEMTIME*>(lParam) = m_value;
-        return GDT_VALID;
+        if (m_hasDate)
+            *reinterpret_cast<SYSTEMTIME*>(lParam) = m_value;
+        return m_hasDate ? GDT_VALID : GDT_NONE;
     case DTM_SETSYSTEMTIME:
         return Set(static_cast<DWORD>(wParam), reinterpret_cast<const SYSTEMTIME*>(lParam));
     default:
@@ -97,10 +99,19 @@ LRESULT CDatePicker::Handle(UINT message, WPARAM wParam, LPARAM lParam)
     }
 }
 
+// Without a date the text stays, and the keys go on changing it.
 bool CDatePicker::Set(DWORD kind, const SYSTEMTIME* value)
 {
-    if (kind != GDT_VALID || !value || !IsDate(DateOf(*value)) || !IsTime(*value))
+    if (!value || (kind == GDT_NONE && !(Style() & DTS_SHOWNONE)))
         return false;
+    if (kind == GDT_NONE)
+    {
+        m_hasDate = false;
+        return true;
+    }
+    if (kind != GDT_VALID || !IsDate(DateOf(*value)) || !IsTime(*value))
+        return false;
+    m_hasDate = true;
     m_value = *value;
     Show();
     return true;
@@ -223,7 +234,7 @@ void CDatePicker::Change(const CivilDate& date)
     m_value.wDay = static_cast<WORD>(date.day);
     Show();
     NMDATETIMECHANGE change{};
-    change.dwFlags = GDT_VALID;
+    change.dwFlags = m_hasDate ? GDT_VALID : GDT_NONE;
     change.st = m_value;
     Notify(change.nmhdr, DTN_DATETIMECHANGE);
 }

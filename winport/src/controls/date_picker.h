@@ -30,7 +30,8 @@ private:
     void Change(const CivilDate& date);
 
     SYSTEMTIME m_value{};
-    int m_field = -1;     ///< month, day, year; below 0 there is no field
-    std::wstring m_typed; ///< digits that are not the field's value yet
+    bool m_hasDate = true; ///< with DTS_SHOWNONE the box before the date is checked
+    int m_field = -1;      ///< month, day, year; below 0 there is no field
+    std::wstring m_typed;  ///< digits that are not the field's value yet
 };
 } // namespace winport

@@ -1,5 +1,7 @@
 #include "edit.h"
 
+#include "window/thread.h"
+
 #include <algorithm>
 
 namespace winport
@@ -13,6 +15,9 @@ LRESULT CEdit::Handle(UINT message, WPARAM wParam, LPARAM lParam)
 {
     switch (message)
     {
+    case WM_NCCREATE:
+        TakeBorder();
+        return Default(message, wParam, lParam);
     case WM_SETTEXT:
         SetContent(reinterpret_cast<const wchar_t*>(lParam));
         return TRUE;
@@ -66,6 +71,13 @@ LRESULT CEdit::HandleOwn(UINT message, WPARAM wParam, LPARAM lParam)
     default:
         return Default(message, wParam, lParam);
     }
+}
+
+// The control draws the border inside its client area and removes the style.
+void CEdit::TakeBorder()
+{
+    m_window.style &= ~WS_BORDER;
+    Reframe(m_window);
 }
 
 // The keys that close an open combo box are handled by it, not by the dialog.

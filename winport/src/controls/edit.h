@@ -22,6 +22,7 @@ private:
 
     LRESULT HandleOwn(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT DialogCode(const MSG* message) const;
+    void TakeBorder();
 
     void SetContent(const wchar_t* text);
     LRESULT GetSelection(DWORD* first, DWORD* last) const;

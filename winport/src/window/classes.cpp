@@ -34,7 +34,7 @@ const WindowClass* BuiltInClass(const std::wstring& name)
         {WC_HEADERW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeHeader,
          HDS_HORZ | HDS_BUTTONS | HDS_FULLDRAG},
         {DATETIMEPICK_CLASSW, ControlProcedure, nullptr, CS_DBLCLKS, 0, MakeDatePicker,
-         DTS_UPDOWN | DTS_RIGHTALIGN},
+         DTS_UPDOWN | DTS_SHOWNONE | DTS_RIGHTALIGN},
         {L"#32770", DialogProcedure, nullptr, CS_DBLCLKS, kDialogExtra, nullptr, kDialogStyles},
         {L"#32769", DefWindowProcW, nullptr, 0, 0, nullptr, 0},
         {L"Message", DefWindowProcW, nullptr, 0, 0, nullptr, 0},

@@ -185,6 +185,20 @@ TEST(ListViewGeometry, EnsureVisibleOfWhatIsInSightDoesNotScroll)
     EXPECT_EQ(list.Top(), top);
 }
 
+TEST(ListViewGeometry, ARowThatIsCutOffIsVisibleInPart)
+{
+    ListViewHost list;
+    list.Fill(50);
+    const int cut = list.PerPage();
+    ASSERT_LT(list.ItemRect(cut).top, list.Client().bottom);
+    EXPECT_TRUE(list.Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(cut), TRUE));
+    EXPECT_EQ(list.Top(), 0);
+    EXPECT_TRUE(list.Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(cut + 1), TRUE));
+    EXPECT_EQ(list.Top(), 2);
+    EXPECT_TRUE(list.Send(LVM_ENSUREVISIBLE, 1, TRUE));
+    EXPECT_EQ(list.Top(), 1);
+}
+
 TEST(ListViewGeometry, EnsureVisibleOfWhatDoesNotExistFails)
 {
     ListViewHost list;

@@ -145,11 +145,14 @@ void ListView::ScrollTo(int top, int left)
         PlaceHeader();
 }
 
-LRESULT ListView::OnEnsureVisible(WPARAM parameter, LPARAM)
+// A row that is cut off at the bottom is visible in part.
+LRESULT ListView::OnEnsureVisible(WPARAM parameter, LPARAM partial)
 {
     const auto index = static_cast<int>(parameter);
     if (!Has(index))
         return FALSE;
+    if (partial && index >= m_top && RowRect(index).top < ClientSize().bottom)
+        return TRUE;
     if (index < m_top)
         ScrollTo(index, m_left);
     else if (index >= m_top + PerPage())
