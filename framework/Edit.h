@@ -17,8 +17,6 @@ public:
         return CWnd::Create(WC_EDITW, L"", style, rect, parent, id);
     }
 
-    void SelectAll() const noexcept { SetSel(0, -1); }
-
     /// Selects the characters from `first` up to, but not including, `last`; 0 and -1 select all.
     void SetSel(int first, int last) const noexcept
     {

@@ -148,7 +148,7 @@ public:
         EXPECT_TRUE(editor.Create(kEditStyle, kCell, list.m_hWnd, kEditor));
         editor.SetWindowText(L"old");
         editor.SetFocus();
-        editor.SelectAll();
+        editor.SetSel(0, -1);
         return editor;
     }
     CellPicker& OpenPicker(bool posts = true)

@@ -175,3 +175,26 @@ TEST_F(EditKeys, KeysThatOnlyModifyDoNothing)
     EXPECT_EQ(Selection(), Range(2, 2));
     EXPECT_EQ(m_host.Codes(), Codes{});
 }
+
+TEST_F(EditKeys, ControlAndASelectsAll)
+{
+    PressWith(m_host, L'A', {VK_CONTROL});
+    EXPECT_EQ(Selection(), Range(0, 6));
+    EXPECT_EQ(m_host.Text(), L"abcdef");
+}
+
+TEST_F(EditKeys, TheLetterAloneSelectsNothing)
+{
+    m_host.Send(WM_KEYDOWN, L'A', 1);
+    EXPECT_EQ(Selection(), Range(2, 2));
+}
+
+// As Control with a letter, Enter or Backspace types them.
+TEST_F(EditKeys, ControlCharactersTypeNothing)
+{
+    for (const wchar_t character : {0x01, 0x02, 0x0A, 0x14, 0x7F})
+        m_host.Send(WM_CHAR, static_cast<WPARAM>(character), 1);
+    EXPECT_EQ(m_host.Text(), L"abcdef");
+    EXPECT_EQ(Selection(), Range(2, 2));
+    EXPECT_EQ(m_host.Codes(), Codes{});
+}

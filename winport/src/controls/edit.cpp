@@ -9,6 +9,13 @@ namespace winport
 namespace
 {
 constexpr std::size_t kGreatestLimit = 0x7FFFFFFE;
+
+// Characters of Control with C, V, X, Z and Backspace.
+constexpr wchar_t kCopy = 0x03;
+constexpr wchar_t kPaste = 0x16;
+constexpr wchar_t kCut = 0x18;
+constexpr wchar_t kUndo = 0x1A;
+constexpr wchar_t kRubOut = 0x7F;
 } // namespace
 
 LRESULT CEdit::Handle(UINT message, WPARAM wParam, LPARAM lParam)
@@ -159,9 +166,9 @@ void CEdit::OnChar(wchar_t character)
         return;
     if (character == VK_BACK)
         DeleteTo(m_caret > 0 ? m_caret - 1 : 0);
-    else if (character < L' ' || character == 0x7F)
+    else if (character == kCopy || character == kPaste || character == kCut || character == kUndo)
         Missing(&m_window, "character", static_cast<unsigned>(character));
-    else
+    else if (character >= L' ' && character != kRubOut)
         Replace({&character, 1});
 }
 
@@ -189,6 +196,8 @@ void CEdit::OnKey(WPARAM key)
     case VK_RIGHT:
     case VK_DOWN:
         return MoveTo(control ? NextWord(m_caret) : m_caret + (m_caret < length));
+    case L'A':
+        return control ? SetSelection(0, -1) : void();
     case VK_DELETE:
     case VK_INSERT:
         if (IsHeld(VK_SHIFT) || (control && key == VK_INSERT))
