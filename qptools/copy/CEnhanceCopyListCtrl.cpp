@@ -8,8 +8,6 @@
 
 #include "XQPComVariant.h"
 
-#include "HeaderCtrl.h"
-
 #include <algorithm>
 
 namespace qptools
@@ -150,7 +148,7 @@ int CEnhanceCopyListCtrl::HitTestEx(const CPoint& point, int* column) const noex
 int CEnhanceCopyListCtrl::ColumnAt(const CRect& row, const CPoint& point) const noexcept
 {
     int left = row.left;
-    for (int column = 0; column < ColumnCount(); ++column)
+    for (int column = 0; column < GetColumnCount(); ++column)
     {
         const int right = left + GetColumnWidth(column);
         if (point.x >= left && point.x <= right)
@@ -158,11 +156,6 @@ int CEnhanceCopyListCtrl::ColumnAt(const CRect& row, const CPoint& point) const 
         left = right;
     }
     return -1;
-}
-
-int CEnhanceCopyListCtrl::ColumnCount() const noexcept
-{
-    return static_cast<int>(::SendMessageW(GetHeader(), HDM_GETITEMCOUNT, 0, 0));
 }
 
 // So that no editor is left behind where its cell was.
@@ -177,7 +170,7 @@ LRESULT CEnhanceCopyListCtrl::OnFocusTaking(WPARAM, LPARAM)
 
 void CEnhanceCopyListCtrl::ShowInPlaceControls(int row, int column)
 {
-    if (column == 0 || !EnsureVisible(row, true) || column >= ColumnCount() ||
+    if (column == 0 || !EnsureVisible(row, true) || column >= GetColumnCount() ||
         GetColumnWidth(column) < kLeastWidth)
         return;
     const CRect place = EditorPlace(row, column);

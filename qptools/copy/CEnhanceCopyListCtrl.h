@@ -55,7 +55,6 @@ private:
     LRESULT OnDeleteAllItems(WPARAM, LPARAM);
 
     int ColumnAt(const CRect& row, const CPoint& point) const noexcept;
-    int ColumnCount() const noexcept;
     CRect EditorPlace(int row, int column) const noexcept;
     void OpenPicker(int row, int column, const CRect& place);
     void OpenEdit(int row, int column, const CRect& place);
