@@ -81,7 +81,7 @@ HRESULT ComModule::MakeFactory(ObjectMapEntry& entry) noexcept
 HRESULT ComModule::UpdateServer(Registrar& registrar, bool add, bool typeLibrary, const CLSID* onlyClass)
 {
     HRESULT first = S_OK;
-    for (ObjectMapEntry* entry = m_map; entry && entry->classId; ++entry)
+    for (ObjectMapEntry* entry = m_map; entry->classId; ++entry)
     {
         if (onlyClass && !IsEqualCLSID(*onlyClass, *entry->classId))
             continue;

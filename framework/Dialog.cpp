@@ -111,12 +111,11 @@ void CDialog::RunModalLoop()
     MSG message;
     while (IsRunning())
     {
-        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
-        if (got <= 0)
+        // It fails (-1) only for an invalid window or address.
+        if (GetMessageW(&message, nullptr, 0, 0) == 0)
         {
             // The program is quitting: its own loop needs the message, too.
-            if (got == 0)
-                PostQuitMessage(static_cast<int>(message.wParam));
+            PostQuitMessage(static_cast<int>(message.wParam));
             EndDialog(-1);
         }
         else if (!WalkPreTranslateTree(m_hWnd, message))
@@ -236,9 +235,12 @@ void CDialog::SetDefaultButton(int id) const noexcept
 
 CRect CDialog::ItemRect(int id) const noexcept
 {
-    CRect rect;
     const HWND item = GetDlgItem(id);
-    return item && ::GetWindowRect(item, &rect) ? ScreenToClient(rect) : CRect();
+    if (!item)
+        return {};
+    CRect rect;
+    ::GetWindowRect(item, &rect);
+    return ScreenToClient(rect);
 }
 
 // The system's dialog procedure runs after this one for messages that were not handled.

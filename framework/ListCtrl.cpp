@@ -8,7 +8,7 @@ constexpr std::size_t kUsualCell = 260;
 /// A text for a structure of the list view, which does not write to it.
 LPWSTR Given(LPCWSTR text)
 {
-    return const_cast<LPWSTR>(text ? text : L"");
+    return const_cast<LPWSTR>(text);
 }
 
 LPARAM At(const void* record)

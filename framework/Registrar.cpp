@@ -137,7 +137,9 @@ HRESULT Registrar::UpdateTypeLibrary(bool add)
         return S_OK;
     const std::wstring key = TypeLibraryKey(m_libraryId);
     const HRESULT status = add ? RegisterTypeLibrary(key) : UnregisterTypeLibrary(key);
-    return status < 0 ? m_report.AddStatus(L"HKCR\\" + key, status) : S_OK;
+    if (status >= 0)
+        return S_OK;
+    return m_report.AddStatus(L"HKCR\\" + key, status);
 }
 
 HRESULT Registrar::RegisterTypeLibrary(const std::wstring& key)

@@ -174,10 +174,10 @@ private:
     RegistryNode::Kind ReadKind()
     {
         using Kind = RegistryNode::Kind;
-        static const std::pair<std::wstring_view, Kind> words[] = {{L"NoRemove", Kind::NoRemove},
-                                                                   {L"ForceRemove", Kind::ForceRemove},
-                                                                   {L"Delete", Kind::Delete},
-                                                                   {L"val", Kind::Value}};
+        static constexpr std::pair<std::wstring_view, Kind> words[] = {{L"NoRemove", Kind::NoRemove},
+                                                                       {L"ForceRemove", Kind::ForceRemove},
+                                                                       {L"Delete", Kind::Delete},
+                                                                       {L"val", Kind::Value}};
         for (const auto& [word, kind] : words)
         {
             if (m_token.Is(word))

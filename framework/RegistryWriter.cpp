@@ -49,8 +49,10 @@ HRESULT RegistryWriter::SetValue(const Place& key, const std::wstring& name, con
     LSTATUS code = around.Open(key.root->key, key.path, KEY_SET_VALUE);
     if (code == ERROR_SUCCESS)
     {
-        const auto* text = std::get_if<std::wstring>(&data);
-        code = text ? around.SetText(name, Expand(*text)) : around.SetNumber(name, std::get<DWORD>(data));
+        if (const auto* text = std::get_if<std::wstring>(&data))
+            code = around.SetText(name, Expand(*text));
+        else
+            code = around.SetNumber(name, std::get<DWORD>(data));
     }
     return Report(key, code);
 }
@@ -121,7 +123,9 @@ HRESULT RegistryWriter::DeleteTree(const Place& key)
 
 HRESULT RegistryWriter::Report(const Place& place, LSTATUS code)
 {
-    return code == ERROR_SUCCESS ? S_OK : m_report.AddSystemError(place.Shown(), code);
+    if (code == ERROR_SUCCESS)
+        return S_OK;
+    return m_report.AddSystemError(place.Shown(), code);
 }
 
 std::vector<RegistryBackup> RegistryWriter::BackUp(const RegistryScript& script) const

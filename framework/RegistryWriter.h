@@ -38,9 +38,16 @@ private:
 
         Place Below(const std::wstring& name) const
         {
-            return {root, path.empty() ? name : path + L"\\" + name};
+            if (path.empty())
+                return {root, name};
+            return {root, path + L"\\" + name};
         }
-        std::wstring Shown() const { return path.empty() ? root->name : root->name + L"\\" + path; }
+        std::wstring Shown() const
+        {
+            if (path.empty())
+                return root->name;
+            return root->name + L"\\" + path;
+        }
     };
 
     HRESULT ApplyNode(const Place& around, const RegistryNode& node);

@@ -33,7 +33,7 @@ CWnd::~CWnd()
 
 CWnd* CWnd::FromHandlePermanent(HWND window) noexcept
 {
-    CWnd* object = window ? t_first : nullptr;
+    CWnd* object = t_first; // a null handle matches none: an object in the list has a window
     while (object && object->m_hWnd != window)
         object = object->m_next;
     return object;
@@ -83,7 +83,7 @@ void CWnd::Detach() noexcept
 
 bool CWnd::DestroyWindow() noexcept
 {
-    return m_hWnd && ::DestroyWindow(m_hWnd);
+    return ::DestroyWindow(m_hWnd) != FALSE;
 }
 
 CRect CWnd::GetWindowRect() const noexcept
