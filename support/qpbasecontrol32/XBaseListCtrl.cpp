@@ -47,9 +47,9 @@ bool XBaseListCtrl::Create(DWORD style, const RECT& rect, HWND parent, UINT id)
 bool XBaseListCtrl::CreateInPlaceOf(const CWnd& dialog, int frame, DWORD style, UINT id)
 {
     CRect place;
-    const HWND control = dialog.GetDlgItem(frame);
-    if (control && ::GetWindowRect(control, &place))
+    if (const HWND control = dialog.GetDlgItem(frame))
     {
+        ::GetWindowRect(control, &place);
         place = dialog.ScreenToClient(place);
         ::ShowWindow(control, SW_HIDE);
     }

@@ -93,8 +93,8 @@ XQPComBSTR& XQPComBSTR::operator=(const XQPComBSTR& other)
 
 XQPComBSTR& XQPComBSTR::operator=(XQPComBSTR&& other) noexcept
 {
-    if (this != &other)
-        Attach(other.Detach());
+    // Right for this object itself, too: its text is taken before it would be freed.
+    Attach(other.Detach());
     return *this;
 }
 

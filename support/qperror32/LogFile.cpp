@@ -29,7 +29,7 @@ bool IsSeparator(wchar_t character)
 void MakeDirectory(const std::wstring& directory)
 {
     for (std::size_t index = 1; index < directory.size(); ++index)
-        if (IsSeparator(directory[index]) && !IsSeparator(directory[index - 1]))
+        if (IsSeparator(directory[index]))
             CreateDirectoryW(directory.substr(0, index).c_str(), nullptr);
     CreateDirectoryW(directory.c_str(), nullptr);
 }
@@ -47,8 +47,7 @@ CFileHandle Open(const std::wstring& path)
 CFileHandle OpenInDirectory(const std::wstring& directory, const std::wstring& path)
 {
     CFileHandle file = Open(path);
-    const DWORD error = GetLastError();
-    if (file || (error != ERROR_PATH_NOT_FOUND && error != ERROR_FILE_NOT_FOUND))
+    if (file || GetLastError() != ERROR_PATH_NOT_FOUND)
         return file;
     MakeDirectory(directory);
     return Open(path);
@@ -62,9 +61,9 @@ bool AppendSome(HANDLE file, std::string_view& bytes)
     OVERLAPPED end{};
     end.Offset = end.OffsetHigh = 0xFFFFFFFF;
     DWORD written = 0;
-    const BOOL done = WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, &end);
+    WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, &end);
     bytes.remove_prefix(written);
-    return done && written > 0;
+    return written > 0;
 }
 
 // Truncates the file to `start`, unless another writer has appended after the `written` bytes.
@@ -81,13 +80,13 @@ void TakeBack(HANDLE file, LARGE_INTEGER start, std::size_t written)
 void AppendWhole(HANDLE file, std::string_view bytes)
 {
     const CFileLock lock(file);
-    LARGE_INTEGER start{};
-    const bool startKnown = GetFileSizeEx(file, &start) != FALSE;
+    LARGE_INTEGER start{}; // 0 if it cannot be told: TakeBack then accepts no file but one that was empty
+    GetFileSizeEx(file, &start);
     std::string_view left = bytes;
     while (!left.empty() && AppendSome(file, left))
     {
     }
-    if (!left.empty() && left.size() < bytes.size() && startKnown && lock.IsHeld())
+    if (!left.empty() && left.size() < bytes.size() && lock.IsHeld())
         TakeBack(file, start, bytes.size() - left.size());
 }
 } // namespace

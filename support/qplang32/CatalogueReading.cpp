@@ -18,17 +18,14 @@ constexpr LONG kUnreadable = static_cast<LONG>(0x8007000D); // HRESULT of ERROR_
 // Returns null on success, else why the file cannot be read.
 const wchar_t* ReadFileWhole(const CFileHandle& file, std::string& bytes)
 {
-    LARGE_INTEGER size{};
-    if (!GetFileSizeEx(file.Get(), &size))
-        return L"the file cannot be read";
+    LARGE_INTEGER size{}; // 0 if it cannot be told: an empty file is no catalogue either
+    GetFileSizeEx(file.Get(), &size);
     if (size.QuadPart > kMaxSize)
         return L"the file is too large";
     bytes.resize(static_cast<std::size_t>(size.QuadPart));
     DWORD read = 0;
-    if (!ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr) ||
-        read != bytes.size())
-        return L"the file cannot be read";
-    return nullptr;
+    ReadFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &read, nullptr);
+    return read == bytes.size() ? nullptr : L"the file cannot be read";
 }
 
 const wchar_t* ReadInto(const CFileHandle& file, CMessageCatalogue& catalogue)
@@ -47,9 +44,9 @@ std::wstring OwnFile()
     HMODULE module = nullptr;
     constexpr DWORD flags =
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    std::wstring path;
-    if (GetModuleHandleExW(flags, reinterpret_cast<const wchar_t*>(&anchor), &module))
-        path = ModulePath(module);
+    // Never fails for an address of its own module.
+    GetModuleHandleExW(flags, reinterpret_cast<const wchar_t*>(&anchor), &module);
+    std::wstring path = ModulePath(module);
     if (path.empty())
         ThrowIfOutOfMemory();
     return path;
@@ -60,7 +57,9 @@ std::wstring CatalogueDirectory()
 {
     const std::wstring file = OwnFile();
     const std::size_t separator = file.find_last_of(L"\\/");
-    return separator == std::wstring::npos ? std::wstring() : file.substr(0, separator + 1) + L"locale";
+    if (separator == std::wstring::npos)
+        return {};
+    return file.substr(0, separator + 1) + L"locale";
 }
 
 std::unique_ptr<CMessageCatalogue> ReadCatalogue(const std::wstring& path)

@@ -19,14 +19,17 @@ bool MayStandInName(wchar_t character)
 
 std::wstring UserLanguage()
 {
-    wchar_t name[kMaxName];
+    wchar_t name[kMaxName] = {};
     SetLastError(ERROR_SUCCESS);
     const DWORD length = GetEnvironmentVariableW(L"QPTOOLS_LANG", name, kMaxName);
-    if (length > 0)
-        return length < kMaxName ? std::wstring(name, length) : std::wstring();
-    ThrowIfOutOfMemory();
-    const LCID locale = MAKELCID(GetUserDefaultUILanguage(), SORT_DEFAULT);
-    return LCIDToLocaleName(locale, name, kMaxName, 0) > 0 ? std::wstring(name) : std::wstring();
+    if (length >= kMaxName)
+        return {};
+    if (length == 0)
+    {
+        ThrowIfOutOfMemory();
+        LCIDToLocaleName(MAKELCID(GetUserDefaultUILanguage(), SORT_DEFAULT), name, kMaxName, 0);
+    }
+    return name;
 }
 
 std::vector<std::wstring> LanguageFallbacks(const std::wstring& language)
