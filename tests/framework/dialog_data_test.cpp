@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 
 namespace
@@ -74,6 +75,27 @@ public:
         return true;
     }
 };
+
+/// Records the messages of a test and answers them itself.
+class Recorder : public CWnd
+{
+public:
+    explicit Recorder(std::vector<UINT> messages) : m_wanted(std::move(messages)) {}
+
+    std::vector<UINT> seen;
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        if (std::find(m_wanted.begin(), m_wanted.end(), message) == m_wanted.end())
+            return CWnd::WindowProc(message, wParam, lParam);
+        seen.push_back(message);
+        return 0;
+    }
+
+private:
+    std::vector<UINT> m_wanted;
+};
 } // namespace
 
 TEST_F(DialogData, HandlersAreFoundByMessageCommandAndNotification)
@@ -108,6 +130,36 @@ TEST_F(DialogData, AControlMayTakeAKeyBeforeTheDialog)
     driver.OnDialog({Types("Return"), Presses(IDCANCEL)});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL) << "Enter did not press the default button";
     EXPECT_EQ(edit.taken, 1);
+}
+
+TEST_F(DialogData, PostedMessagesThatAreNoInputReachTheirControl)
+{
+    const std::vector<UINT> messages = {WM_NULL, WM_TIMER, WM_APP};
+    Recorder edit(messages);
+    dialog.exchange = [&](CDataExchange* pDX) {
+        DDX_Control(pDX, kNameEdit, edit);
+    };
+    Run(Steps{[&](DialogView&) {
+                  for (const UINT message : messages)
+                      EXPECT_TRUE(edit.PostMessage(message));
+              },
+              [&](DialogView&) {
+                  EXPECT_EQ(edit.seen, messages);
+              }});
+}
+
+TEST_F(DialogData, AKeyForAWindowThatTheDialogOwnsIsNotTheDialogs)
+{
+    Recorder popup({WM_KEYDOWN, WM_CHAR});
+    Run(Steps{[&](DialogView& view) {
+                  popup.SubclassWindow(CreateWindowExW(0, L"Static", L"", WS_POPUP, 0, 0, 10, 10,
+                                                       view.Window(), nullptr, nullptr, nullptr));
+                  EXPECT_TRUE(popup.PostMessage(WM_KEYDOWN, VK_RETURN));
+              },
+              [&](DialogView&) {
+                  EXPECT_EQ(popup.seen.front(), static_cast<UINT>(WM_KEYDOWN));
+              }});
+    EXPECT_EQ(dialog.events, (Events{"init", "cancel"})) << "Enter pressed no button";
 }
 
 TEST_F(DialogData, ValuesGoToTheControlsWhenTheDialogOpens)
@@ -207,6 +259,23 @@ TEST_F(DialogData, TheDefaultButtonDoesNothingIfTheExchangeFails)
     };
     driver.OnDialog({Enters(kNumberEdit, L""), Presses(IDOK), Presses(IDCANCEL)});
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+}
+
+TEST_F(DialogData, OtherControlsAmongRadioButtonsAreSkipped)
+{
+    int choice = 1;
+    dialog.exchange = [&](CDataExchange* pDX) {
+        DDX_Radio(pDX, kAfter, choice);
+    };
+    Run([&](DialogView& view) {
+        SetWindowPos(view.Control(kNumberEdit), view.Control(kAfter), 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        EXPECT_TRUE(dialog.UpdateData(false));
+        EXPECT_TRUE(view.IsChecked(kBefore));
+        choice = -1;
+        EXPECT_TRUE(dialog.UpdateData(true));
+        EXPECT_EQ(choice, 1);
+    });
 }
 
 TEST_F(DialogData, NoChosenRadioButtonIsMinusOne)

@@ -85,6 +85,16 @@ TEST_F(DialogModal, EndsWithTheCodeGivenLast)
     EXPECT_EQ(dialog.DoModal(), 11);
 }
 
+TEST_F(DialogModal, IgnoresAnEndBeforeItsRun)
+{
+    dialog.EndDialog(7);
+    MSG message;
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE) && !message.hwnd)
+        << "a message for no window";
+    driver.OnDialog({Presses(IDOK)});
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+}
+
 TEST_F(DialogModal, FailsWithoutATemplate)
 {
     TestDialog missing(999);

@@ -1,5 +1,7 @@
 #include "TestComponents.h"
+#include "TestLibrary.h"
 
+#include "ComModule.h"
 #include "ComPtr.h"
 #include "DispatchTail.h"
 #include "VtableSlot.h"
@@ -109,4 +111,17 @@ TEST_F(Dispatch, WithoutATypeLibraryThePlatformsFailureIsTheAnswer)
     EXPECT_EQ(info, nullptr);
     EXPECT_EQ(GetIDsOfNames(IID_NULL, names, &id), failure);
     EXPECT_EQ(Invoke(IID_NULL), failure);
+}
+
+TEST_F(Dispatch, AnInterfaceThatTheLibraryLacksHasNoTypeInformation)
+{
+    const TestLibrary library;
+    ObjectMapEntry classes[1] = {};
+    ASSERT_EQ(ComModule::Get().Init(classes, library.Module(), &TestLibrary::kId), S_OK);
+    auto* info = reinterpret_cast<ITypeInfo*>(this);
+    EXPECT_EQ(GetTypeInfo(0, &info), TYPE_E_ELEMENTNOTFOUND);
+    EXPECT_EQ(info, nullptr);
+    EXPECT_EQ(GetIDsOfNames(IID_NULL, names, &id), TYPE_E_ELEMENTNOTFOUND);
+    EXPECT_EQ(Invoke(IID_NULL), TYPE_E_ELEMENTNOTFOUND);
+    ComModule::Get().Term();
 }

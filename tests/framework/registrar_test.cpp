@@ -109,6 +109,20 @@ TEST_F(Registration, WithoutCommitAKeyThatWasHalfDeletedIsWholeAgain)
     EXPECT_EQ(registry.Dump(), before);
 }
 
+TEST_F(Registration, WithoutCommitAKeyThatCannotBeRestoredIsReported)
+{
+    registry.Put(L"A", L"old");
+    ASSERT_EQ(Add(L"HKCR { A = s 'new' B }"), S_OK);
+    registry.Deny(L"A");
+    RollBack();
+    registry.Allow(L"A");
+    ASSERT_EQ(report.failures.size(), 1u);
+    EXPECT_EQ(report.failures[0].key, L"HKCR\\A (putting it back)");
+    EXPECT_EQ(report.failures[0].status, E_ACCESSDENIED);
+    EXPECT_EQ(registry.Text(L"A"), L"new");
+    EXPECT_FALSE(registry.Has(L"B")) << "the others are restored";
+}
+
 TEST_F(Registration, AroundKeysMarkedNoRemoveNothingIsTouched)
 {
     registry.Put(L"CLSID\\{Other}", L"before");

@@ -110,6 +110,8 @@ TEST(RegistryScript, ANumberIsDecimalOrHexadecimal)
     EXPECT_EQ(std::get<DWORD>(*First(L"HKCR { val N = d '42' }").value), 42u);
     EXPECT_EQ(std::get<DWORD>(*First(L"HKCR { val N = d 0xFFFFFFFF }").value), 0xFFFFFFFFu);
     EXPECT_EQ(std::get<DWORD>(*First(L"HKCR { N = d 4294967295 }").value), 4294967295u);
+    EXPECT_EQ(std::get<DWORD>(*First(L"HKCR { N = d 0X1f }").value), 0x1Fu);
+    EXPECT_EQ(std::get<DWORD>(*First(L"HKCR { N = d 010 }").value), 10u);
 }
 
 TEST(RegistryScript, AnEmptyBlockHasNothingBeneath)
@@ -133,6 +135,7 @@ TEST(RegistryScript, AnErrorHasAReason)
     EXPECT_EQ(Refuse(L"HKCR {").reason, L"'}' expected");
     EXPECT_EQ(Refuse(L"HKCR { A { }").reason, L"'}' expected");
     EXPECT_EQ(Refuse(L"HKCR { A = s 'x }").reason, L"a quote is not closed");
+    EXPECT_EQ(Refuse(L"HKCR { A = s 'x'").reason, L"'}' expected");
     EXPECT_EQ(Refuse(L"HKCR { A = }").reason, L"'s' or 'd' expected after '='");
     EXPECT_EQ(Refuse(L"HKCR { A = 's' 'x' }").reason, L"'s' or 'd' expected after '='");
     EXPECT_EQ(Refuse(L"HKCR { A = s").reason, L"a value expected");

@@ -154,6 +154,13 @@ TEST(WinApp, UnloadingRunsExitInstanceAndThreadReasonsAreIgnored)
     EXPECT_EQ(app.ended, 1);
 }
 
+TEST(WinApp, AModuleWithoutAnApplicationIsLoadedAndUnloaded)
+{
+    ASSERT_EQ(CWinApp::Get(), nullptr);
+    EXPECT_EQ(RunModuleEntry(kModule, DLL_PROCESS_ATTACH), TRUE);
+    EXPECT_EQ(RunModuleEntry(kModule, DLL_PROCESS_DETACH), TRUE);
+}
+
 TEST(WinApp, ALiveWindowKeepsTheModuleLoaded)
 {
     const CWinApp app;

@@ -170,6 +170,24 @@ TEST_F(Writer, RemovalContinuesAfterAFailureAndReturnsTheFirst)
     EXPECT_FALSE(registry.Has(L"C"));
 }
 
+TEST_F(Writer, RemovalContinuesAfterAFailureBeneathAKey)
+{
+    ASSERT_EQ(Apply(L"HKCR { NoRemove P { A B } C }"), S_OK);
+    registry.Deny(L"P\\A");
+    EXPECT_EQ(Remove(L"HKCR { NoRemove P { A B } C }"), E_ACCESSDENIED);
+    EXPECT_FALSE(registry.Has(L"P\\B"));
+    EXPECT_FALSE(registry.Has(L"C"));
+}
+
+TEST_F(Writer, BacksUpWhatItCreatesOrDeletesAndNoValueOfAKeyThatStays)
+{
+    RegistryScriptError error;
+    const auto script = ParseRegistryScript(
+        L"HKCR { NoRemove P { val V = s 'x' A { Deep } ForceRemove B } Delete C }", error);
+    ASSERT_TRUE(script);
+    EXPECT_EQ(RegistryWriter(modulePath, report).BackUp(*script).size(), 3u);
+}
+
 TEST(RegistrationReport, SaysWhatToDoIfAccessIsDeniedElseTheStatus)
 {
     RegistrationReport report;

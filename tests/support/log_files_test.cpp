@@ -44,6 +44,13 @@ TEST_F(LogFiles, TakesALogDirectoryWithASeparatorAtItsEnd)
     EXPECT_EQ(ReadBytes(m_folder.Path() / "logs" / "UserActions.log"), "x");
 }
 
+TEST_F(LogFiles, TakesALogDirectoryWithDoubledSeparators)
+{
+    const TestVariable directory(L"QPTOOLS_LOG_DIR", m_folder.Path().wstring() + L"//a///b");
+    XQPError::WriteLogLine(L"UserActions", L"x");
+    EXPECT_EQ(ReadBytes(m_folder.Path() / "a" / "b" / "UserActions.log"), "x");
+}
+
 TEST_F(LogFiles, UsesTheUsersOwnFolderWithoutAVariable)
 {
     const TestVariable none(L"QPTOOLS_LOG_DIR", std::nullopt);

@@ -172,6 +172,14 @@ TEST_F(Translation, NeedsNoCatalogue)
     EXPECT_TRUE(LogBook().empty()) << "a language without a catalogue is no error";
 }
 
+TEST_F(Translation, NeedsNoCatalogueInTheFolderOfALanguage)
+{
+    std::filesystem::create_directories(m_folder.Path() / "locale" / "de");
+    Use(L"de");
+    EXPECT_STREQ(CoTranslateText(L"Pump"), L"Pump");
+    EXPECT_TRUE(LogBook().empty());
+}
+
 TEST_F(Translation, IgnoresADamagedCatalogueAndReportsItOnce)
 {
     Put("de", kGerman.substr(0, kGerman.size() - 1));
@@ -274,6 +282,7 @@ TEST(UserLanguageName, GivesTheNamesToLookFor)
     EXPECT_EQ(LanguageFallbacks(L"de_DE.UTF-8"), (Names{L"de-DE", L"de"}));
     EXPECT_EQ(LanguageFallbacks(L"de_DE@euro"), (Names{L"de-DE", L"de"}));
     EXPECT_EQ(LanguageFallbacks(L"zh-Hant-TW"), (Names{L"zh-Hant-TW", L"zh-Hant", L"zh"}));
+    EXPECT_EQ(LanguageFallbacks(L"es-419"), (Names{L"es-419", L"es"}));
     EXPECT_EQ(LanguageFallbacks(L"C"), Names{L"C"});
     EXPECT_EQ(LanguageFallbacks(L""), Names{});
 }

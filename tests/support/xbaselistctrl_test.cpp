@@ -52,6 +52,16 @@ protected:
 private:
     void OnDeleteItem(NMHDR*, LRESULT*) { ++goneRows; }
 };
+
+WNDPROC g_list = nullptr;
+
+/// The procedure of a list without memory for another row.
+LRESULT CALLBACK InsertsNothing(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == LVM_INSERTITEMW)
+        return -1;
+    return CallWindowProcW(g_list, window, message, wParam, lParam);
+}
 } // namespace
 
 TEST_F(BaseList, IsAReportWithOneSelectedRowOverItsWholeWidth)
@@ -167,6 +177,60 @@ TEST_F(BaseList, ShowsNothingOfValuesWithoutAText)
     value.vt = VT_BSTR;
     value.bstrVal = nullptr;
     EXPECT_EQ(Shown(value), L"");
+}
+
+TEST_F(BaseList, ShowsNothingOfANullTextOfTheHost)
+{
+    XQPComVariant value;
+    VARIANT* const result = &value;
+    result->vt = VT_BSTR;
+    result->bstrVal = nullptr;
+    Columns columns;
+    columns.push_back(std::move(value)); // a copy would be an empty text
+    ASSERT_EQ(columns[0].Value().bstrVal, nullptr);
+    EXPECT_TRUE(list.AddEntry(std::move(columns), 0, -1));
+    EXPECT_EQ(list.GetItemText(0, 0), L"");
+}
+
+TEST_F(BaseList, ShowsNothingOfAValueThatCannotBeConverted)
+{
+    VARIANT value{};
+    value.vt = VT_ARRAY | VT_I4;
+    value.parray = SafeArrayCreateVector(VT_I4, 0, 1);
+    EXPECT_EQ(Shown(value), L"");
+    SafeArrayDestroy(value.parray);
+    list.SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
+    XQPComVariant found;
+    EXPECT_TRUE(list.GetSelData(0, found));
+    EXPECT_EQ(found.Type(), VT_ARRAY | VT_I4) << "it is kept";
+}
+
+TEST_F(BaseList, KeepsNothingOfARowThatCannotBeInserted)
+{
+    CountedUnknown object;
+    VARIANT value{};
+    value.vt = VT_UNKNOWN;
+    value.punkVal = &object;
+    const int before = object.References();
+    g_list = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(list.m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&InsertsNothing)));
+    EXPECT_FALSE(list.AddEntry({XQPComVariant(L"refused"), XQPComVariant(value)}, 0, -1));
+    EXPECT_EQ(object.References(), before);
+    SetWindowLongPtrW(list.m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(g_list));
+    EXPECT_TRUE(list.AddEntry({XQPComVariant(L"taken"), XQPComVariant(NumberValue(1))}, 0, -1));
+    list.SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
+    XQPComVariant found;
+    EXPECT_TRUE(list.GetSelData(1, found));
+    EXPECT_EQ(found.GetInt(), 1);
+}
+
+TEST_F(BaseList, GivesNothingOfARowThatItDidNotAdd)
+{
+    list.InsertItem(0, L"inserted by its user");
+    list.SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
+    XQPComVariant value(L"kept");
+    EXPECT_FALSE(list.GetSelData(0, value));
+    EXPECT_STREQ(value.GetString(), L"kept");
 }
 
 TEST_F(BaseList, ShowsNumbersAndDatesAsConverted)

@@ -1,3 +1,4 @@
+#include "ComException.h"
 #include "FixedText.h"
 #include "XQPComBSTR.h"
 
@@ -82,6 +83,9 @@ TEST(QPComBstr, AssignsFromItselfAndFromAPartOfItself)
     EXPECT_STREQ(text, L"name=value");
     text = static_cast<wchar_t*>(text) + 5;
     EXPECT_STREQ(text, L"value");
+    XQPComBSTR& target = text;
+    target = std::move(text);
+    EXPECT_STREQ(target, L"value");
 }
 
 TEST(QPComBstr, KeepsEmbeddedNulls)
@@ -105,6 +109,29 @@ TEST(QPComBstr, TakesNoCharactersForALengthBelowOneOrANullText)
     EXPECT_EQ(XQPComBSTR(L"abc", 0).Length(), 0);
     EXPECT_EQ(XQPComBSTR(L"abc", -1).Length(), 0);
     EXPECT_EQ(XQPComBSTR(nullptr, 3).Length(), 0);
+}
+
+TEST(QPComBstr, RefusesALengthThatNoTextHas)
+{
+    try
+    {
+        const XQPComBSTR text(L"short", INT_MAX);
+        ADD_FAILURE() << "made";
+    }
+    catch (const ComException& failure)
+    {
+        EXPECT_EQ(failure.Status(), E_OUTOFMEMORY);
+    }
+}
+
+TEST(QPComBstr, StaysWhereItIsIfNothingIsAppended)
+{
+    XQPComBSTR text(L"pump");
+    wchar_t* const raw = text;
+    text += L"";
+    text += XQPComBSTR();
+    EXPECT_EQ(static_cast<wchar_t*>(text), raw);
+    EXPECT_STREQ(text, L"pump");
 }
 
 TEST(QPComBstr, TreatsNullAsEmpty)

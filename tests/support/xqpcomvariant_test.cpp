@@ -255,6 +255,10 @@ TEST(QPComVariant, ReadsTheEmptyTextFromWhatHasNoText)
         ASSERT_NE(value.GetString(), nullptr);
         EXPECT_STREQ(value.GetString(), L"");
     }
+    XQPComVariant given;
+    *&given = nullText; // as a host gives it: a copy would be an empty text
+    ASSERT_EQ(given.Value().bstrVal, nullptr);
+    EXPECT_STREQ(given.GetString(), L"");
     XQPComVariant was(NumberValue(5));
     EXPECT_STREQ(was.GetString(), L"5");
     was = Null();

@@ -109,6 +109,7 @@ TEST_F(ErrorLibrary, TakesAnyPlainFileNameForALog)
         {L"console", u8"console.log"},
         {L"com", u8"com.log"},
         {L"com10", u8"com10.log"},
+        {L"comb", u8"comb.log"},
         {L"logbook2", u8"logbook2.log"},
         {L"~$'#%&{}!^=+,;[]@", u8"~$'#%&{}!^=+,;[]@.log"}};
     for (const auto& [name, file] : plain)
@@ -117,7 +118,7 @@ TEST_F(ErrorLibrary, TakesAnyPlainFileNameForALog)
         EXPECT_EQ(ReadBytes(m_folder.Path() / file), "x") << reinterpret_cast<const char*>(file);
     }
     XQPError::WriteLogLine(Repeated(100).c_str(), L"x");
-    EXPECT_EQ(m_folder.Names().size(), 12u);
+    EXPECT_EQ(m_folder.Names().size(), 13u);
 }
 
 TEST_F(ErrorLibrary, NotesALogNameThatIsNoPlainFileNameInTheLogBook)
@@ -244,6 +245,12 @@ TEST_F(ErrorLibrary, KeepsAnEntryOnOneLineWhateverItsTexts)
     EXPECT_EQ(WithoutTime(OnlyEntry()),
               (Fields{"error", "a\\nb", "c\\td", "1", "0x80004005", "-",
                       "one\\r\\ntwo\\\\three\\u0001\\u007f\\u0085\\u2028\\u2029\xc3\xa4"}));
+}
+
+TEST_F(ErrorLibrary, MarksAnEmptyFieldOfTheLogBook)
+{
+    XQPError::WriteErrorToLogBook(L"", L"", 1, L"", E_FAIL);
+    EXPECT_EQ(WithoutTime(OnlyEntry()), (Fields{"error", "-", "-", "1", "0x80004005", "-", ""}));
 }
 
 TEST_F(ErrorLibrary, TakesNullTextsInTheLogBook)
