@@ -96,8 +96,11 @@ std::vector<Pair> ReadPairs(SAFEARRAY* pairs)
     {
         Variant name;
         ReadCell(pairs, row, columns.low, name);
-        Require(name.Type() == VT_BSTR);
+        Require(name.Type() == VT_BSTR || name.Type() == VT_EMPTY);
         Pair& pair = result.emplace_back();
+        pair.named = name.Type() == VT_BSTR;
+        if (!pair.named)
+            continue;
         pair.name = TextOf(name->bstrVal);
         ReadCell(pairs, row, columns.high, pair.value);
     }
@@ -113,6 +116,8 @@ SAFEARRAY* MakePairArray(const std::vector<Pair>& rows)
     for (LONG row = 0; row < static_cast<LONG>(rows.size()); ++row)
     {
         const Pair& pair = rows[static_cast<std::size_t>(row)];
+        if (!pair.named)
+            continue;
         PutCell(array.get(), row, 0, Variant::OfText(pair.name).get());
         PutCell(array.get(), row, 1, pair.value.get());
     }

@@ -48,6 +48,14 @@ ComPtr<IQP_BaseDataObject> HostDataObject::Make(const Core& core, const Kind& ki
     return ComPtr<IQP_BaseDataObject>(new HostDataObject(core, kind, id));
 }
 
+ComPtr<IQP_BaseDataObject> HostDataObject::MakeOfAnyKind(const Core& core, const Kind& /*kind*/, long long id)
+{
+    Statement row(core->database, R"(SELECT "kind" FROM "object" WHERE "id" = ?1)");
+    if (!row.Bind(1, id).Step())
+        throw PlantError("object #" + std::to_string(id) + " is gone");
+    return Make(core, *FindKind(row.Text(0)), id);
+}
+
 ComPtr<HostDataObject> HostDataObject::From(IUnknown* object)
 {
     ComPtr<HostDataObject> own;
@@ -172,12 +180,12 @@ HRESULT HostDataObject::GetChildren(BSTR list, IEnumBaseDataObject** children)
         [&] {
             const ChildList* known = m_row.kind.FindChildren(Utf8FromWide(TextOf(list)));
             Require(known != nullptr);
-            const std::string table = Quoted(known->table);
-            const std::string id = Quoted("id");
-            Statement statement(m_row.core->database, "SELECT " + id + " FROM " + table + " WHERE " +
-                                                          known->condition + " ORDER BY " + id);
+            Statement statement(m_row.core->database, known->Sql());
             statement.Bind(1, m_row.id);
-            *children = HostEnumerator::Make(m_row.core, *FindKind(known->table), statement).detach();
+            const Kind* kind = FindKind(known->table);
+            *children = (kind ? HostEnumerator::Make(m_row.core, *kind, statement)
+                              : MixedEnumerator::Make(m_row.core, m_row.kind, statement))
+                            .detach();
             return S_OK;
         },
         list);
@@ -263,9 +271,8 @@ HRESULT HostDataObject::WriteAll(SAFEARRAY* pairs, SAFEARRAY** results) const
 {
     std::vector<Pair> rows = ReadPairs(pairs);
     for (Pair& row : rows)
-    {
-        row.value = OfNumber(WriteNamed(Bstr(row.name).get(), row.value.get()));
-    }
+        if (row.named)
+            row.value = OfNumber(WriteNamed(Bstr(row.name).get(), row.value.get()));
     *results = MakePairArray(rows);
     return S_OK;
 }

@@ -21,6 +21,9 @@ class HostDataObject final : public HostObject<HostDataObject, IQP_BaseDataObjec
 public:
     static ComPtr<IQP_BaseDataObject> Make(const Core& core, const Kind& kind, long long id);
 
+    /// The object of that number, whatever its kind. `kind` is ignored: it makes this fit RowEnumerator.
+    static ComPtr<IQP_BaseDataObject> MakeOfAnyKind(const Core& core, const Kind& kind, long long id);
+
     /// `object` as an object of the reference host; null if it is null or of another host.
     static ComPtr<HostDataObject> From(IUnknown* object);
 
@@ -45,7 +48,8 @@ public:
     /// hidden attribute; else the status of a failed conversion.
     HRESULT STDMETHODCALLTYPE SetAttribute(BSTR name, VARIANT value) override;
 
-    /// S_OK with a result for each row: 0 or the status that SetAttribute would have given, as VT_I4.
+    /// S_OK with a result for each row: 0 or the status that SetAttribute would have given, as VT_I4. A row
+    /// whose name is VT_EMPTY is skipped; its name and result are VT_EMPTY.
     HRESULT STDMETHODCALLTYPE SetAttributes(SAFEARRAY** pairs, SAFEARRAY** results) override;
 
     /// E_INVALIDARG for a list that the object does not have.

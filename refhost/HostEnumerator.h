@@ -7,4 +7,8 @@
 namespace refhost
 {
 using HostEnumerator = RowEnumerator<IEnumBaseDataObject, IQP_BaseDataObject, &HostDataObject::Make>;
+
+/// The same over objects of several kinds.
+using MixedEnumerator =
+    RowEnumerator<IEnumBaseDataObject, IQP_BaseDataObject, &HostDataObject::MakeOfAnyKind>;
 } // namespace refhost

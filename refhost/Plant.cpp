@@ -2,10 +2,12 @@
 
 #include "HostConfigFactory.h"
 #include "HostDataObject.h"
+#include "HostEnumerator.h"
 #include "HostObjectManager.h"
 #include "HostQuery.h"
 #include "HostText.h"
 #include "KeyStore.h"
+#include "ObjectCopy.h"
 #include "ObjectStore.h"
 #include "PlantCore.h"
 #include "SampleLoader.h"
@@ -93,6 +95,25 @@ ComPtr<IQP_BaseDataObject> Plant::Add(std::wstring_view table, std::wstring_view
         StoreRights(m_core->database, id, kAllRights);
     transaction.Commit();
     return HostDataObject::Make(m_core, kind, id);
+}
+
+ComPtr<IEnumBaseDataObject> Plant::Copy(const std::vector<ComPtr<IQP_BaseDataObject>>& objects,
+                                        CopyOption option)
+{
+    std::vector<RowPlace> places;
+    for (const ComPtr<IQP_BaseDataObject>& object : objects)
+    {
+        const ComPtr<HostDataObject> own = HostDataObject::From(object.get());
+        if (!own || !own->IsOf(*m_core))
+            throw PlantError("an object to be copied is not of this plant");
+        places.push_back({&own->KindOf(), own->Id()});
+    }
+    Transaction transaction(m_core->database);
+    std::vector<long long> copies;
+    for (const RowPlace& copy : CopyObjects(*m_core, places, option))
+        copies.push_back(copy.id);
+    transaction.Commit();
+    return MixedEnumerator::Make(m_core, *FindKind("plannode"), std::move(copies));
 }
 
 void Plant::SetRights(std::wstring_view table, std::wstring_view name, std::optional<long> rights)

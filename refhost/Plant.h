@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CallGate.h"
+#include "CopyOption.h"
 #include "Limit.h"
 #include "PlantError.h"
 
@@ -46,6 +47,17 @@ public:
     /// Creates an object with that key, which is also its attribute "name", and with all rights. Throws if
     /// the key exists.
     ComPtr<IQP_BaseDataObject> Add(std::wstring_view table, std::wstring_view name);
+
+    /// Copies objects with their values, rights and limits, in one transaction, and returns the copies, in
+    /// the order of `objects`, which must be of this plant. Each object is copied once: in a deep copy, one
+    /// that lies below another of the list comes with that, and is not returned.
+    ///
+    /// A copy returned stands where its original stands and has a new name: "Copy of X", "Copy of X (2)" ...
+    /// Those below keep their names, with keys of that form. A reference to a copied object becomes one to
+    /// its copy. Any other stays: what a relationship leads to is copied if it lies inside the copied tree,
+    /// and shared if it lies outside.
+    ComPtr<IEnumBaseDataObject> Copy(const std::vector<ComPtr<IQP_BaseDataObject>>& objects,
+                                     CopyOption option);
 
     /// Sets the user's rights on an object, as a mask of QPRightType; std::nullopt removes its rights
     /// service.

@@ -24,10 +24,17 @@ public:
     /// Takes column 0 of all rows of `rows`, which are objects of that kind.
     static ComPtr<Enum> Make(const Core& core, const Kind& kind, Statement& rows)
     {
-        auto ids = std::make_shared<std::vector<long long>>();
+        std::vector<long long> ids;
         while (rows.Step())
-            ids->push_back(rows.Integer(0));
-        return ComPtr<Enum>(new RowEnumerator(core, kind, std::move(ids), 0));
+            ids.push_back(rows.Integer(0));
+        return Make(core, kind, std::move(ids));
+    }
+
+    /// Over the objects of these numbers.
+    static ComPtr<Enum> Make(const Core& core, const Kind& kind, std::vector<long long> ids)
+    {
+        auto shared = std::make_shared<const std::vector<long long>>(std::move(ids));
+        return ComPtr<Enum>(new RowEnumerator(core, kind, std::move(shared), 0));
     }
 
     /// S_OK with as many objects as wanted, S_FALSE with fewer.

@@ -1,5 +1,6 @@
 #include "SampleLoader.h"
 
+#include "HostDate.h"
 #include "HostText.h"
 #include "KeyStore.h"
 #include "ObjectStore.h"
@@ -262,6 +263,12 @@ SqlValue Loader::ValueOf(const SampleTable& table, int line, const Attribute& at
         if (const auto flag = FlagIn(cell))
             return static_cast<long long>(*flag);
         table.Fail(line, std::string(attribute.column) + ": \"" + cell + "\" is neither yes nor no");
+    }
+    if (attribute.type == ColumnType::Date)
+    {
+        if (const auto date = StoredDate(cell))
+            return *date;
+        table.Fail(line, std::string(attribute.column) + ": \"" + cell + "\" is no date");
     }
     return cell;
 }

@@ -16,8 +16,8 @@ namespace refhost
 ///           all
 ///   locked  the attributes, by their columns, that the user may read but not write
 ///   hidden  the attributes that the user may neither read nor write
-/// A row without name needs a key. Flags are yes and no. References may point to any row of any file and to
-/// objects that are in the database already.
+/// A row without name needs a key. Flags are yes and no, dates as in HostDate.h. References may point to any
+/// row of any file and to objects that are in the database already.
 ///
 /// Runs as one transaction. Throws PlantError "file:line: reason" and leaves the database unchanged.
 void LoadSample(Database& database, const std::filesystem::path& folder);

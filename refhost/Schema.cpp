@@ -2,6 +2,7 @@
 
 #include "ConfigSchema.h"
 #include "Database.h"
+#include "PlanSchema.h"
 #include "PlantError.h"
 #include "ScriptSchema.h"
 
@@ -16,7 +17,7 @@ using enum ColumnType;
 
 /// Identify a SQLite file as a plant, and the version of its tables.
 constexpr long long kApplicationId = 0x51504C54;
-constexpr long long kSchemaVersion = 4;
+constexpr long long kSchemaVersion = 5;
 
 Kind RootKind()
 {
@@ -40,6 +41,7 @@ Kind ProjectKind()
              {"m_strConfigTypeName", "configtypename"}},
             {{"orvoplantypeset", "plantypeset", "\"orvoproject\" = ?1"},
              {"orvoplantype", "plantype", "\"orvoproject\" = ?1"},
+             {"nodes", "plannode", "\"orvoproject\" = ?1 AND \"parent\" IS NULL"},
              {"script", "script", "\"dodefaultimpl\" = ?1"},
              {"scriptactions", "scriptaction",
               "\"orvoplantypeset\" IN (SELECT \"id\" FROM \"plantypeset\" WHERE \"orvoproject\" = ?1)"},
@@ -147,7 +149,7 @@ auto FindIn(const Items& items, Test test) -> decltype(items.data())
 std::string ColumnSql(const Attribute& attribute)
 {
     std::string sql = std::string("\"") + attribute.column + "\"";
-    if (attribute.type == ColumnType::Text)
+    if (attribute.type == ColumnType::Text || attribute.type == Date)
         return sql + " TEXT";
     sql += " INTEGER";
     if (attribute.type == Object)
@@ -169,9 +171,13 @@ std::string TableSql(const Kind& kind)
         sql += ", " + ColumnSql(attribute);
     }
     sql += ");";
-    if (kind.FindColumn("orvoplantypeset"))
-        sql += std::string("CREATE INDEX \"") + kind.table + "_set\" ON \"" + kind.table +
-               "\"(\"orvoplantypeset\");";
+    // By these, children are found.
+    for (const std::string column : {"orvoplantypeset", "parent"})
+    {
+        if (kind.FindColumn(column))
+            sql += std::string("CREATE INDEX \"") + kind.table + "_" + column + "\" ON \"" + kind.table +
+                   "\"(\"" + column + "\");";
+    }
     return sql;
 }
 
@@ -205,6 +211,13 @@ long long Ask(Database& database, const char* sql)
     return statement.Step() ? statement.Integer(0) : 0;
 }
 } // namespace
+
+std::string ChildList::Sql() const
+{
+    const bool any = table == std::string_view(kAnyTable);
+    const std::string kind = any ? "\"kind\"" : std::string("'") + table + "'";
+    return "SELECT \"id\", " + kind + " FROM \"" + table + "\" WHERE " + condition + " ORDER BY \"id\"";
+}
 
 const Attribute* Kind::FindAttribute(std::string_view name) const
 {
@@ -244,7 +257,8 @@ const std::vector<Kind>& Kinds()
                                             RelationshipKind(), ConfigPageKind(),
                                             ConfigGroupKind(),  ConfigAttributeKind(),
                                             ConfigValueKind(),  VbaProjectKind(),
-                                            VbaMacroKind()};
+                                            VbaMacroKind(),     PlanNodeKind(),
+                                            PlanRelationKind()};
     return kinds;
 }
 

@@ -1,6 +1,7 @@
 // The kinds of objects in a plant: their tables, attributes and child lists.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,6 +14,7 @@ enum class ColumnType
     Text,
     Number,
     Flag,
+    Date, ///< "2026-03-01" or "2026-03-01 08:30:00"
     Object
 };
 
@@ -25,12 +27,18 @@ struct Attribute
     const char* target = nullptr; ///< for Object: the table of the referenced object
 };
 
+/// The table of a list whose objects are of several kinds.
+inline constexpr const char* kAnyTable = "object";
+
 /// A named list of children: the rows of `table` for which `condition` holds, with ?1 the parent's number.
 struct ChildList
 {
     const char* name;
     const char* table;
     const char* condition;
+
+    /// Selects number and table of each child, in the order of their numbers.
+    std::string Sql() const;
 };
 
 /// A member number of a configuration object and the column it reads.

@@ -1,12 +1,15 @@
 #include "SqlVariant.h"
 
 #include "HostDataObject.h"
+#include "HostDate.h"
 #include "HostText.h"
 #include "HostVariant.h"
 #include "StatusError.h"
 
 #include "Bstr.h"
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace refhost
@@ -19,6 +22,17 @@ long long ObjectNumber(const PlantCore& core, const Attribute& attribute, const 
     const ComPtr<HostDataObject> object = HostDataObject::From(value.punkVal);
     Require(object && object->IsOf(core) && std::string_view(attribute.target) == object->KindOf().table);
     return object->Id();
+}
+
+SqlValue DateOf(Variant& value)
+{
+    const bool isDate = value.Type() == VT_DATE;
+    if (!isDate)
+        Become(value, VT_BSTR);
+    const std::optional<std::string> date =
+        isDate ? StoredDate(value->date) : StoredDate(Utf8FromWide(TextOf(value->bstrVal)));
+    Require(date.has_value(), DISP_E_TYPEMISMATCH);
+    return *date;
 }
 } // namespace
 
@@ -37,6 +51,8 @@ SqlValue ToColumn(const PlantCore& core, const Attribute& attribute, const VARIA
     case ColumnType::Flag:
         Become(direct, VT_BOOL);
         return static_cast<long long>(direct->boolVal ? 1 : 0);
+    case ColumnType::Date:
+        return DateOf(direct);
     case ColumnType::Text:
         break;
     }
@@ -62,6 +78,7 @@ HRESULT ReadColumn(const Core& core, const Attribute& attribute, const Statement
         value.boolVal = row.Integer(0) ? VARIANT_TRUE : VARIANT_FALSE;
         value.vt = VT_BOOL;
         break;
+    case ColumnType::Date:
     case ColumnType::Text:
         value.bstrVal = Bstr(FromUtf8(row.Text(0))).detach();
         value.vt = VT_BSTR;

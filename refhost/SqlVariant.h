@@ -10,7 +10,8 @@ namespace refhost
 {
 /// `value` as that column stores it: NULL, a number, text or the number of an object; VT_BYREF is resolved.
 /// Throws StatusError: E_INVALIDARG for an object of another plant or of another kind than the column's, else
-/// the status of the failed conversion.
+/// the status of the failed conversion, which is DISP_E_TYPEMISMATCH for a text that is no date (see
+/// HostDate.h).
 SqlValue ToColumn(const PlantCore& core, const Attribute& attribute, const VARIANT& value);
 
 /// Writes column 0 of the current row to `value`, which must be empty: S_OK with VT_BSTR, VT_I4, VT_BOOL or

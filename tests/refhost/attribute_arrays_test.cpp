@@ -115,6 +115,7 @@ TEST_F(AttributeArrays, other_arrays_are_bad_arguments)
     EXPECT_EQ(action->SetAttributes(pairs.Address(), nullptr), E_POINTER);
     Array wide(PairArray(1, 3));
     EXPECT_EQ(action->SetAttributes(wide.Address(), values.Fresh()), E_INVALIDARG);
+    Put(pairs.get(), 0, 0, Value(5));
     EXPECT_EQ(action->SetAttributes(pairs.Address(), values.Fresh()), E_INVALIDARG) << "its name is no text";
     EXPECT_EQ(values.get(), nullptr);
 }
@@ -156,6 +157,26 @@ TEST_F(AttributeArrays, a_refusal_is_in_its_row_and_the_others_are_written)
     Value value;
     EXPECT_EQ(Read(action.get(), L"sequence", value), S_OK);
     EXPECT_EQ(value->lVal, 99);
+}
+
+TEST_F(AttributeArrays, a_row_without_a_name_is_skipped)
+{
+    Array pairs(PairArray(3));
+    Put(pairs.get(), 0, 0, Value(L"m_name"));
+    Put(pairs.get(), 0, 1, Value(L"new"));
+    Put(pairs.get(), 2, 1, Value(L"of nothing"));
+    Array results;
+    EXPECT_EQ(action->SetAttributes(pairs.Address(), results.Fresh()), S_OK);
+    ASSERT_EQ(RowsOf(results.get()), 3);
+    EXPECT_EQ(NameAt(results.get(), 0), L"m_name");
+    for (const LONG row : {1, 2})
+    {
+        Value result;
+        EXPECT_EQ(NameAt(results.get(), row), L"<no name>");
+        Cell(results.get(), row, 1, result);
+        EXPECT_EQ(result->vt, VT_EMPTY);
+    }
+    EXPECT_EQ(ReadText(action.get(), L"name"), L"new");
 }
 
 TEST_F(AttributeArrays, pairs_may_start_at_any_index)

@@ -21,8 +21,9 @@ TEST_F(Config, all_types_come_in_the_order_of_the_data)
         ASSERT_EQ(isPlanType->vt, VT_BOOL);
         (isPlanType->boolVal ? planTypes : others).push_back(KeyText(type.get(), L"typename"));
     }
-    EXPECT_EQ(planTypes, (Names{L"orvoplantypewsc", L"orvoplantype_work", L"orvoplantype_workcell",
-                                L"orvoplantype_workplace"}));
+    EXPECT_EQ(planTypes,
+              (Names{L"orvoplantypewsc", L"orvoplantype_work", L"orvoplantype_workcell",
+                     L"orvoplantype_workplace", L"planline", L"planstation", L"planresource", L"planuse"}));
     EXPECT_EQ(others, (Names{L"orvocompbase", L"dodefaultimpl", L"scriptaction", L"scriptcommand", L"machine",
                              L"robot", L"tool", L"fixture", L"conveyor", L"part"}));
 }
@@ -38,7 +39,7 @@ TEST_F(Config, a_named_list_of_types_holds_that_type_or_nothing)
     ASSERT_EQ(factory->GetTypeEnum(Text(L"submarine"), types.put()), S_OK);
     EXPECT_EQ(types->GetSingleNext(type.put()), S_FALSE);
     ASSERT_EQ(factory->GetTypeEnum(Text(L""), types.put()), S_OK);
-    EXPECT_EQ(types->Skip(14), S_OK);
+    EXPECT_EQ(types->Skip(18), S_OK);
 }
 
 TEST_F(Config, a_type_is_found_by_either_name)

@@ -34,6 +34,11 @@ constexpr Spelling kTexts[] = {
     {L"scriptcommand", L"m_strVBAMacroName", L"vbamacroname"},
     {L"scriptcommand", L"m_strType", L"type"},
     {L"scriptcommand", L"m_strCustomizationObjectId", L"customizationobjectid"},
+    {L"plannode", L"m_strConfigTypeName", L"configtypename"},
+    {L"plannode", L"m_strPlanner", L"planner"},
+    {L"plannode", L"m_strSupplier", L"supplier"},
+    {L"planrelation", L"m_strConfigTypeName", L"configtypename"},
+    {L"planrelation", L"m_strNote", L"note"},
 };
 
 constexpr Spelling kNumbers[] = {
@@ -42,13 +47,16 @@ constexpr Spelling kNumbers[] = {
     {L"scriptaction", L"m_iSequence", L"sequence"},
     {L"scriptcommand", L"m_lUserInterfaceType", L"userinterfacetype"},
     {L"scriptcommand", L"m_lCustomizationObjectType", L"customizationobjecttype"},
+    {L"plannode", L"m_lCycleTime", L"cycletime"},
+    {L"plannode", L"m_lOperators", L"operators"},
+    {L"plannode", L"m_lCost", L"cost"},
+    {L"planrelation", L"m_lShare", L"share"},
 };
 
 constexpr Spelling kFlags[] = {
-    {L"project", L"m_bIsTemplate", L"istemplate"},
-    {L"configtype", L"m_bIsPlanType", L"isplantype"},
-    {L"scriptaction", L"m_bEnabled", L"enabled"},
-    {L"scriptcommand", L"m_bVisible", L"visible"},
+    {L"project", L"m_bIsTemplate", L"istemplate"}, {L"configtype", L"m_bIsPlanType", L"isplantype"},
+    {L"scriptaction", L"m_bEnabled", L"enabled"},  {L"scriptcommand", L"m_bVisible", L"visible"},
+    {L"plannode", L"m_bFixed", L"fixed"},          {L"plannode", L"m_bAutomatic", L"automatic"},
 };
 
 struct ReferenceSpelling
@@ -70,6 +78,12 @@ constexpr ReferenceSpelling kReferences[] = {
     {{L"scriptcommand", L"m_pScript", L"script"}, L"script"},
     {{L"scriptcommand", L"m_pPlanType", L"orvoplantype"}, L"plantype"},
     {{L"scriptcommand", L"m_pOrvoPlanTypeSet", L"orvoplantypeset"}, L"plantypeset"},
+    {{L"plannode", L"m_pParent", L"parent"}, L"plannode"},
+    {{L"plannode", L"m_pOrvoProject", L"orvoproject"}, L"project"},
+    {{L"planrelation", L"m_pParent", L"parent"}, L"plannode"},
+    {{L"planrelation", L"m_pOrvoProject", L"orvoproject"}, L"project"},
+    {{L"planrelation", L"m_pRelationObject1", L"relationobject1"}, L"plannode"},
+    {{L"planrelation", L"m_pRelationObjectTarget", L"relationobjecttarget"}, L"plannode"},
 };
 
 class DataObject : public EmptyPlant
@@ -267,6 +281,9 @@ TEST_F(DataObject, table_type_and_class_of_each_kind)
                        {L"orvocompbase", L"orvocompbase", L"XDOOrvoCompBase"},
                        {L"subcompitem", L"subcompitem", L"XDOSubCompItem"},
                        {L"relationship", L"relationship", L"XDORelationship"},
+                       {L"plannode", L"plannode", L"XDOPlanNode"},
+                       {L"planrelation", L"planrelation", L"XDOPlanRelation"},
+                       {L"planrelation", L"planrelation", L"XDORelationship"},
                        {L"configpage", L"configpage", L"XDOConfigPage"},
                        {L"configgroup", L"configgroup", L"XDOConfigGroup"},
                        {L"configattribute", L"configattribute", L"XDOConfigAttribute"},

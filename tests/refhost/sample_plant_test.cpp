@@ -57,10 +57,10 @@ TEST_F(Sample, holds_as_much_as_its_readers_count_on)
     EXPECT_EQ(Count(L"project"), 4U);
     EXPECT_EQ(Count(L"plantypeset"), 3U);
     EXPECT_EQ(Count(L"plantype"), 10U);
-    EXPECT_EQ(Count(L"configtype"), 14U);
+    EXPECT_EQ(Count(L"configtype"), 18U);
     EXPECT_EQ(Count(L"configpage"), 13U);
     EXPECT_EQ(Count(L"configgroup"), 8U);
-    EXPECT_EQ(Count(L"configattribute"), 16U);
+    EXPECT_EQ(Count(L"configattribute"), 35U);
     EXPECT_EQ(Count(L"configvalue"), 12U);
     EXPECT_EQ(Count(L"script"), 40U);
     EXPECT_EQ(Count(L"scriptaction"), 63U);
@@ -72,6 +72,8 @@ TEST_F(Sample, holds_as_much_as_its_readers_count_on)
     EXPECT_EQ(Count(L"orvocompbase"), 3U);
     EXPECT_EQ(Count(L"subcompitem"), 5U);
     EXPECT_EQ(Count(L"relationship"), 4U);
+    EXPECT_EQ(Count(L"plannode"), 12U);
+    EXPECT_EQ(Count(L"planrelation"), 2U);
 }
 
 TEST_F(Sample, has_every_kind_of_action)
@@ -182,6 +184,9 @@ TEST_F(Sample, has_trees_of_children)
     EXPECT_EQ(Children(project, L"orvoplantypeset"), (Names{L"Machining"}));
     EXPECT_EQ(Children(project, L"orvoplantype"), (Names{L"Turning", L"Milling", L"Measuring"}));
     EXPECT_EQ(Children(project, L"script").size(), 7U);
+    EXPECT_EQ(Children(project, L"nodes"), Names{});
+    EXPECT_EQ(Children(Find(L"project", L"Body Plant North"), L"nodes"),
+              (Names{L"Door line", L"Gauge store"}));
     EXPECT_EQ(Children(project, L"scriptactions").size(), 14U);
     EXPECT_EQ(Children(project, L"scriptcommands").size(), 16U);
     const ComPtr<IQP_BaseDataObject> set = Find(L"plantypeset", L"Body Shop");
