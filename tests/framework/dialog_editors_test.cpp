@@ -136,7 +136,7 @@ using CellPicker = CellEditor<CDateTimeCtrl>;
 class GridDialog : public CDialog
 {
 public:
-    GridDialog() : CDialog(kTemplate) {}
+    explicit GridDialog(HWND parent = nullptr) : CDialog(kTemplate, parent) {}
 
     Events events;
     Grid list{events};
@@ -366,9 +366,24 @@ TEST_F(DialogEditors, OpenEditorsEndWithTheirDialog)
         dialog.OpenPicker();
         dialog.OpenEdit();
     }});
-    EXPECT_EQ(dialog.events.back(), "closed");
+    // The editor with the focus loses it first.
+    EXPECT_EQ(dialog.events, (Events{"Cancel", "list gets old", "closed", "closed"}));
     EXPECT_EQ(dialog.editors[0]->m_hWnd, nullptr);
     EXPECT_EQ(dialog.editors[1]->m_hWnd, nullptr);
+}
+
+TEST_F(DialogEditors, TheEditorOfAnOwnedDialogReportsItsTextAtTheEnd)
+{
+    const HWND owner = CreateWindowExW(0, WC_STATICW, L"owner", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr,
+                                       nullptr, nullptr, nullptr);
+    GridDialog owned(owner);
+    driver.OnDialog({[&owned](DialogView& view) {
+        owned.OpenEdit();
+        view.Close();
+    }});
+    EXPECT_EQ(owned.DoModal(), IDCANCEL);
+    EXPECT_EQ(owned.events, (Events{"Cancel", "list gets old", "closed"}));
+    DestroyWindow(owner);
 }
 
 TEST_F(DialogEditors, AnEditorMayBeDeletedWhileItHasTheFocus)
