@@ -301,3 +301,18 @@ TEST(DatePickerCalendar, AClickOnItsButtonKeepsTheDate)
     const Codes codes = host.Codes();
     EXPECT_EQ(std::count(codes.begin(), codes.end(), kChange), 0);
 }
+
+TEST_F(DatePickerTyping, WithArrowsNoCalendarDropsDown)
+{
+    m_host.Press(VK_F4);
+    m_host.Send(WM_SYSKEYDOWN, VK_DOWN, 0x20000001);
+    m_host.Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(190, 12));
+    m_host.Send(WM_LBUTTONUP, 0, MAKELPARAM(190, 12));
+    for (const int code : m_host.Codes())
+    {
+        EXPECT_NE(code, static_cast<int>(DTN_DROPDOWN));
+        EXPECT_NE(code, static_cast<int>(DTN_CLOSEUP));
+    }
+    EXPECT_EQ(GetFocus(), m_host.Control());
+    EXPECT_EQ(Day(), "2024-7-31");
+}
