@@ -21,10 +21,12 @@ public:
     int ExitInstance() override
     {
         ++ended;
+        endedWithProcess = m_processEnds;
         return CWinApp::ExitInstance();
     }
     int started = 0;
     int ended = 0;
+    bool endedWithProcess = false;
     BOOL answer = TRUE;
 };
 
@@ -159,6 +161,29 @@ TEST(WinApp, AModuleWithoutAnApplicationIsLoadedAndUnloaded)
     ASSERT_EQ(CWinApp::Get(), nullptr);
     EXPECT_EQ(RunModuleEntry(kModule, DLL_PROCESS_ATTACH), TRUE);
     EXPECT_EQ(RunModuleEntry(kModule, DLL_PROCESS_DETACH), TRUE);
+}
+
+TEST(WinApp, ExitInstanceCanTellTheEndOfTheProcessFromUnloading)
+{
+    App app;
+    RunModuleEntry(kModule, DLL_PROCESS_DETACH, true);
+    EXPECT_TRUE(app.endedWithProcess);
+    RunModuleEntry(kModule, DLL_PROCESS_DETACH, false);
+    EXPECT_FALSE(app.endedWithProcess);
+    RunModuleEntry(kModule, DLL_PROCESS_DETACH, true);
+    RunModuleEntry(kModule, DLL_PROCESS_DETACH);
+    EXPECT_FALSE(app.endedWithProcess);
+    EXPECT_EQ(app.ended, 4);
+}
+
+TEST(WinApp, NoOtherReasonSaysThatTheProcessEnds)
+{
+    App app;
+    for (const DWORD reason : {DLL_PROCESS_ATTACH, DLL_THREAD_ATTACH, DLL_THREAD_DETACH})
+    {
+        RunModuleEntry(kModule, reason, true);
+        EXPECT_FALSE(app.m_processEnds) << reason;
+    }
 }
 
 TEST(WinApp, ALiveWindowKeepsTheModuleLoaded)

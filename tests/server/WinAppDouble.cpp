@@ -54,10 +54,11 @@ CWinApp* CWinApp::Get() noexcept
     return g_application;
 }
 
-BOOL RunModuleEntry(HINSTANCE instance, DWORD reason, bool)
+BOOL RunModuleEntry(HINSTANCE instance, DWORD reason, bool processEnds)
 {
     Note("RunModuleEntry");
     g_base.entryInstance = instance;
     g_base.entryReason = reason;
+    g_base.entryProcessEnds = processEnds;
     return g_base.entry;
 }

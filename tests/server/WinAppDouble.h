@@ -30,6 +30,7 @@ struct RecordedBase
     std::vector<BaseCall> calls;
     HINSTANCE entryInstance = nullptr;
     DWORD entryReason = 0;
+    bool entryProcessEnds = false;
 };
 
 extern RecordedBase g_base;

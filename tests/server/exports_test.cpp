@@ -1,5 +1,6 @@
-// The application object and the entry points alone: the base class is a double that records its calls, and
-// the table has one class whose registration does what the test says.
+// The application object and the entry points alone: the base class and the list of kept copy dialogs are
+// doubles that record their calls, and the table has one class whose registration does what the test says.
+#include "CQPCopyOptDlg.h"
 #include "ClassTable.h"
 #include "LogFolder.h"
 #include "WinAppDouble.h"
@@ -64,6 +65,12 @@ protected:
 };
 } // namespace
 
+void qptools::FreeKeptCopyDialogs() noexcept
+{
+    g_base.calls.push_back(
+        {"FreeKeptCopyDialogs", CUiState::Depth(), ComModule::Get().LibraryId() != nullptr});
+}
+
 ObjectMapEntry qptools::g_classTable[8] = {
     {&kClass, &Registration, nullptr, nullptr, nullptr, 0, nullptr, nullptr, &NothingToInit},
 };
@@ -92,7 +99,7 @@ TEST_F(Exports, InitInstanceCallsTheBaseEvenIfTheModuleObjectFails)
     }
 }
 
-TEST_F(Exports, ExitInstanceEndsTheModuleObjectThenTheBase)
+TEST_F(Exports, ExitInstanceFreesCopyDialogsThenEndsTheModuleThenTheBase)
 {
     for (const int answer : {0, 3, -1})
     {
@@ -100,8 +107,18 @@ TEST_F(Exports, ExitInstanceEndsTheModuleObjectThenTheBase)
         g_base = {};
         g_base.exit = answer;
         EXPECT_EQ(App()->ExitInstance(), answer);
-        EXPECT_EQ(g_base.calls, (BaseCalls{{"ExitInstance", 0, false}}));
+        EXPECT_EQ(g_base.calls, (BaseCalls{{"FreeKeptCopyDialogs", 0, true}, {"ExitInstance", 0, false}}));
     }
+}
+
+TEST_F(Exports, ExitInstanceFreesNoCopyDialogWhenTheProcessEnds)
+{
+    App()->InitInstance();
+    g_base = {};
+    App()->m_processEnds = true;
+    EXPECT_EQ(App()->ExitInstance(), 0);
+    App()->m_processEnds = false;
+    EXPECT_EQ(g_base.calls, (BaseCalls{{"ExitInstance", 0, false}}));
 }
 
 TEST_F(Exports, UnloadCallsTheBaseOnceInsideTheUiState)
@@ -140,6 +157,17 @@ TEST_F(Exports, DllMainPassesItsArgumentsOnAndReturnsTheResult)
             EXPECT_EQ(g_base.entryInstance, instance);
             EXPECT_EQ(g_base.entryReason, reason);
         }
+    }
+}
+
+// The system passes a value that is not null at the end of the process, null when the module is unloaded.
+TEST_F(Exports, DllMainTellsTheEndOfTheProcessFromUnloading)
+{
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    for (const bool ends : {true, false, true})
+    {
+        DllMain(instance, DLL_PROCESS_DETACH, ends ? instance : nullptr);
+        EXPECT_EQ(g_base.entryProcessEnds, ends);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "InsideModule.h"
 
 #include "CQptoolsApp.h"
+#include "MemoryHost.h"
 #include "UiState.h"
 
 #include "qptools.h"
@@ -17,6 +18,20 @@ CQptoolsApp* App()
 {
     return dynamic_cast<CQptoolsApp*>(CWinApp::Get());
 }
+
+/// The module in use by a host that released its copy options without DeleteObjects.
+class KeptCopyDialogs : public InsideModule
+{
+protected:
+    void Keep()
+    {
+        ComPtr<IQPCopyOptDlg> copy;
+        ASSERT_EQ(Make(CLSID_QPCopyOptDlg, copy), S_OK);
+        ASSERT_EQ(copy->Initialize(host.List({}).get(), &host.Config()), S_OK);
+    }
+
+    MemoryHost host;
+};
 } // namespace
 
 TEST(QptoolsApp, OneInstanceExistsFromTheLoadOnWithoutAName)
@@ -99,4 +114,42 @@ TEST_F(InsideModule, GettingAClassObjectDoesNotEnterTheUiState)
     EXPECT_EQ(DllGetClassObject(CLSID_XBookMark, __uuidof(IClassFactory), nullptr), E_POINTER);
     EXPECT_EQ(CUiState::Entries(), before);
     EXPECT_EQ(ComModule::Get().LockCount(), 1);
+}
+
+TEST_F(KeptCopyDialogs, HoldTheHostsObjectsAndLetTheModuleBeUnloaded)
+{
+    Keep();
+    Keep();
+    EXPECT_EQ(host.LiveObjects(), 2);
+    EXPECT_EQ(host.Config().References(), 2u);
+    EXPECT_EQ(DllCanUnloadNow(), S_OK);
+}
+
+TEST_F(KeptCopyDialogs, AreFreedWhenTheModuleIsUnloaded)
+{
+    Keep();
+    Keep();
+    RunModuleEntry(GetModuleHandleW(nullptr), DLL_PROCESS_DETACH, false);
+    EXPECT_EQ(host.LiveObjects(), 0);
+    EXPECT_EQ(host.Config().References(), 0u);
+}
+
+TEST_F(KeptCopyDialogs, AreNotFreedWhenTheProcessEnds)
+{
+    Keep();
+    RunModuleEntry(GetModuleHandleW(nullptr), DLL_PROCESS_DETACH, true);
+    EXPECT_EQ(host.LiveObjects(), 1) << "the host's modules may be gone already";
+    EXPECT_EQ(host.Config().References(), 1u);
+    RunModuleEntry(GetModuleHandleW(nullptr), DLL_PROCESS_DETACH, false);
+    EXPECT_EQ(host.LiveObjects(), 0);
+}
+
+TEST_F(KeptCopyDialogs, AreNotThoseThatDeleteObjectsFreed)
+{
+    ComPtr<IQPCopyOptDlg> copy;
+    ASSERT_EQ(Make(CLSID_QPCopyOptDlg, copy), S_OK);
+    ASSERT_EQ(copy->Initialize(host.List({}).get(), &host.Config()), S_OK);
+    EXPECT_EQ(copy->DeleteObjects(), S_OK);
+    EXPECT_EQ(host.LiveObjects(), 0);
+    EXPECT_EQ(host.Config().References(), 0u);
 }

@@ -1,6 +1,8 @@
 // Which methods enter the module's UI state, and that all leave it.
 #include "InsideModule.h"
 
+#include "CEnhancedCopyDialog.h"
+
 #include "UiState.h"
 
 #include "qptools.h"
@@ -8,6 +10,8 @@
 #include <oleauto.h>
 
 #include <functional>
+
+using qptools::CEnhancedCopyDialog;
 
 namespace
 {
@@ -78,11 +82,25 @@ TEST_F(Entries, AllFiveMethodsOfTheCopyOptionsEnterOnce)
     ComPtr<IQPCopyOptDlg> copy;
     ASSERT_EQ(Make(CLSID_QPCopyOptDlg, copy), S_OK);
     LONG button = 0;
-    EXPECT_EQ(Of([&] { copy->Initialize(nullptr, nullptr); }), 1u);
     EXPECT_EQ(Of([&] { copy->ShowDialog(); }), 1u);
-    EXPECT_EQ(Of([&] { copy->GetButtonIDClicked(&button); }), 1u);
     EXPECT_EQ(Of([&] { copy->ApplyEnhanceCopy(nullptr); }), 1u);
+    EXPECT_EQ(Of([&] { copy->Initialize(nullptr, nullptr); }), 1u);
+    EXPECT_EQ(Of([&] { copy->GetButtonIDClicked(&button); }), 1u);
     EXPECT_EQ(Of([&] { copy->DeleteObjects(); }), 1u);
+}
+
+/// The program has no template for it, so no dialog comes up.
+TEST_F(Entries, TheCopyDialogEntersForAHostThatUsesItWithoutCom)
+{
+    CEnhancedCopyDialog dialog(nullptr, nullptr);
+    EXPECT_EQ(Of([&] { EXPECT_EQ(dialog.DoModal(), -1); }), 1u);
+    EXPECT_EQ(Of([&] { dialog.ApplyEnhanceCopy(nullptr); }), 1u);
+    ComPtr<IQPCopyOptDlg> copy;
+    ASSERT_EQ(Make(CLSID_QPCopyOptDlg, copy), S_OK);
+    copy->Initialize(nullptr, nullptr);
+    EXPECT_EQ(Of([&] { EXPECT_EQ(copy->ShowDialog(), S_FALSE); }), 2u);
+    EXPECT_EQ(Of([&] { copy->ApplyEnhanceCopy(nullptr); }), 2u);
+    copy->DeleteObjects();
 }
 
 TEST_F(Entries, TheBookmarkDialogEntersOnce)

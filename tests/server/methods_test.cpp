@@ -123,20 +123,39 @@ TEST_F(SelectDlgMethods, ShowDialogIsTheOnlyOne)
     EXPECT_EQ(selected, one);
 }
 
-// Methods that are not implemented null their results and return E_NOTIMPL. The results that a position nulls
-// show which method it is.
+// The copy options, by what each method changes in what the next one answers.
 
 TEST_F(CopyOptDlgMethods, AreInTheOrderOfUse)
 {
+    constexpr int deepButton = 368;
     IEnumBaseDataObject* noEnum = nullptr;
-    EXPECT_EQ(Call(3, noEnum, static_cast<IQPConfigFactory*>(nullptr)), E_NOTIMPL) << "Initialize";
-    EXPECT_EQ(Call(4), E_NOTIMPL) << "ShowDialog";
-    EXPECT_EQ(Call(5, &number), E_NOTIMPL) << "GetButtonIDClicked";
-    EXPECT_EQ(number, 0);
-    EXPECT_EQ(Call(5, static_cast<LONG*>(nullptr)), E_NOTIMPL);
-    EXPECT_EQ(Call(6, noEnum), E_NOTIMPL) << "ApplyEnhanceCopy";
-    EXPECT_EQ(Call(7), E_NOTIMPL) << "DeleteObjects";
+    EXPECT_EQ(Call(3, noEnum, static_cast<IQPConfigFactory*>(nullptr)), S_OK) << "Initialize";
+    DialogDriver dialogs;
+    dialogs.OnDialog({Presses(deepButton)});
+    EXPECT_EQ(Call(4), S_OK) << "ShowDialog";
+    EXPECT_TRUE(dialogs.AllShown());
+    EXPECT_EQ(Call(5, &number), S_OK) << "GetButtonIDClicked";
+    EXPECT_EQ(number, 8);
+    EXPECT_EQ(Call(5, static_cast<LONG*>(nullptr)), E_POINTER);
+    EXPECT_EQ(Call(6, noEnum), S_OK) << "ApplyEnhanceCopy";
+    EXPECT_EQ(Call(5, &number), S_OK);
+    EXPECT_EQ(number, 8) << "the dialog is still there";
+    EXPECT_EQ(Call(7), S_OK) << "DeleteObjects";
+    EXPECT_EQ(Call(5, &number), S_OK);
+    EXPECT_EQ(number, -1) << "there is no dialog any more";
 }
+
+TEST_F(CopyOptDlgMethods, DoNothingWithoutADialog)
+{
+    EXPECT_EQ(Call(4), S_FALSE) << "ShowDialog";
+    EXPECT_EQ(Call(5, &number), S_OK) << "GetButtonIDClicked";
+    EXPECT_EQ(number, -1);
+    EXPECT_EQ(Call(6, static_cast<IEnumBaseDataObject*>(nullptr)), S_OK) << "ApplyEnhanceCopy";
+    EXPECT_EQ(Call(7), S_OK) << "DeleteObjects";
+    EXPECT_EQ(Call(7), S_OK) << "DeleteObjects";
+}
+
+// A method that is not implemented returns E_NOTIMPL.
 
 TEST_F(BookMarkMethods, ShowDialogIsTheOnlyOne)
 {
