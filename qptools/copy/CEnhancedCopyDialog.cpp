@@ -140,10 +140,8 @@ void CEnhancedCopyDialog::OnAdvanced()
 {
     SetButtonClicked(kAdvancedButton);
     ExpandorContract();
-    if (!m_enumObjects)
-        return;
-    Collect(CopyRoute::ParentsAndChildren);
-    Collect(CopyRoute::Parents);
+    for (const CopyRoute route : {CopyRoute::ParentsAndChildren, CopyRoute::Parents})
+        Collect(route, Candidates(route));
 }
 
 // The two layouts.

@@ -77,7 +77,7 @@ private:
     void ShowAdvanced(bool advanced) const;
     int CheckedRadio() const noexcept;
     CopyCandidates& Candidates(CopyRoute route) noexcept;
-    void Collect(CopyRoute route);
+    void Collect(CopyRoute route, CopyCandidates& candidates) const;
     void ClearMaps() noexcept;
     bool FillGrid(IQPType* type);
     void UpdateListCtrlData(const XQPComBSTR& planTypeCaption);

@@ -7,6 +7,8 @@
 
 #include "UiState.h"
 
+#include <utility>
+
 namespace qptools
 {
 namespace
@@ -44,16 +46,21 @@ CopyCandidates& CEnhancedCopyDialog::Candidates(CopyRoute route) noexcept
     return route == CopyRoute::Parents ? m_normalCandidates : m_deepCandidates;
 }
 
-void CEnhancedCopyDialog::Collect(CopyRoute route)
+// A host that calls back may set other objects meanwhile.
+void CEnhancedCopyDialog::Collect(CopyRoute route, CopyCandidates& candidates) const
 {
-    CollectCandidates(m_enumObjects.get(), route, Candidates(route));
-    m_enumObjects->Reset();
+    const ComPtr objects = m_enumObjects;
+    if (!objects)
+        return;
+    CollectCandidates(objects.get(), route, candidates);
+    objects->Reset();
 }
 
+// Both are empty before a host's object is released, which may call back.
 void CEnhancedCopyDialog::ClearMaps() noexcept
 {
-    m_normalCandidates.clear();
-    m_deepCandidates.clear();
+    const CopyCandidates normal = std::exchange(m_normalCandidates, {});
+    const CopyCandidates deep = std::exchange(m_deepCandidates, {});
 }
 
 // On purpose a failure of any kind reaches the log book only: what was set until then stays.
@@ -65,12 +72,15 @@ void CEnhancedCopyDialog::ApplyEnhanceCopy(IEnumBaseDataObject* copies) noexcept
     {
         ClearMaps();
         const bool isNormal = m_buttonClicked == kNormalButton;
-        if (m_attributeOverrides.IsEmpty() || !m_enumObjects || (!isNormal && m_buttonClicked != kDeepButton))
+        if (m_attributeOverrides.IsEmpty() || (!isNormal && m_buttonClicked != kDeepButton))
             return;
         const CopyRoute route = isNormal ? CopyRoute::Parents : CopyRoute::ParentsAndChildren;
-        Collect(route);
-        for (const auto& [type, record] : Candidates(route))
+        // A host that applies again while values are set empties the members.
+        CopyCandidates candidates;
+        Collect(route, candidates);
+        for (const auto& [type, record] : candidates)
             ApplyTo(record);
+        Candidates(route) = std::move(candidates);
     }
     catch (...)
     {

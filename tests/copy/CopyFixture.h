@@ -45,10 +45,10 @@ protected:
         return status;
     }
 
-    /// Shows the dialog for the cell and runs the steps, which end it.
+    /// Shows the dialog for `chosen` and runs the steps, which end it.
     HRESULT Open(Steps steps)
     {
-        Initialize({cell});
+        Initialize(chosen);
         return Show(std::move(steps));
     }
 
@@ -71,6 +71,7 @@ protected:
     const ComPtr<MemoryObject> gauge = host.Node(L"gauge", L"Fixture");
     const ComPtr<MemoryObject> uses = host.Relationship(L"uses", L"Uses", gauge);
     const ComPtr<MemoryObject> cell = host.Node(L"cell", L"Cell", {press, lathe, uses});
+    MemoryObjects chosen = {cell}; ///< what is to be copied
     ComPtr<MemoryEnum> selection;
     ComPtr<IQPCopyOptDlg> copy;
 };

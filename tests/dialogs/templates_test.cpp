@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 namespace
 {
 constexpr DWORD kDialogStyle = DS_SETFONT | DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU;
@@ -142,4 +144,32 @@ TEST_F(Templates, ScriptCommand)
                         {L"button", 357, L"Page", 227, 212, 33, 10, kFirstRadio},
                         {L"button", 358, L"Group", 227, 227, 35, 10, kRadio},
                         {L"button", 359, L"Attribute", 227, 242, 42, 10, kRadio}}));
+}
+
+// Two default buttons, and radio buttons in their place: the dialog shows either these or those. The resource
+// compiler writes the names of window classes in capitals; case does not matter in them.
+TEST_F(Templates, CopyOptions)
+{
+    constexpr DWORD hidden = WS_CHILD | WS_DISABLED;
+    const DialogResource dialog = Dialog(379);
+    ExpectFrame(dialog, L"Copy Options", 199, 209, L"Microsoft Sans Serif");
+    EXPECT_EQ(
+        dialog.controls,
+        (Controls{
+            {L"button", 372, L"Please select a copy option.", 7, 7, 185, 97, kFrame},
+            {L"static", -1, L"Normal =", 14, 27, 43, 11, kLabel},
+            {L"static", -1, L"Parent component only", 47, 27, 95, 10, kLabel},
+            {L"static", -1, L"Deep   =", 14, 39, 42, 11, kLabel},
+            {L"static", -1, L"Parent and child components", 47, 38, 145, 17, kLabel},
+            {L"button", 367, L"Normal", 17, 62, 44, 15, kDefaultButton},
+            {L"button", 368, L"Deep", 84, 61, 43, 15, kDefaultButton},
+            {L"button", 369, L"Cancel", 143, 60, 44, 16, kButton},
+            {L"button", 371, L"Advanced >>", 133, 83, 54, 15, kButton},
+            {L"button", 375, L"Normal", 21, 63, 37, 11, hidden | WS_GROUP | WS_TABSTOP | BS_AUTORADIOBUTTON},
+            {L"button", 376, L"Deep", 87, 62, 36, 12, hidden | BS_AUTORADIOBUTTON},
+            {L"combo", 374, L"", 10, 85, 109, 58,
+             hidden | WS_GROUP | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWNLIST | CBS_SORT},
+            {L"SYSLISTVIEW32", 373, L"", 7, 108, 179, 66, kChild | WS_BORDER | WS_TABSTOP | LVS_REPORT},
+            {L"button", 377, L"OK", 21, 180, 36, 17, kButton},
+            {L"button", 378, L"Cancel", 101, 180, 38, 17, kButton}}));
 }
