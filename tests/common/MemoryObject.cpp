@@ -68,6 +68,7 @@ MemoryObject* MemoryObject::Fail(const wchar_t* attribute, HRESULT status)
 
 MemoryObject* MemoryObject::Is(const wchar_t* className, HRESULT status)
 {
+    std::erase_if(m_classes, [&](const auto& known) { return known.first == className; });
     m_classes.emplace_back(className, status);
     return this;
 }
@@ -80,14 +81,26 @@ MemoryObject* MemoryObject::Table(const wchar_t* name, HRESULT status)
 
 MemoryObject* MemoryObject::Children(const wchar_t* name, const ComPtr<MemoryEnum>& list, HRESULT status)
 {
-    m_children.push_back({name, list, {}, status});
-    return this;
+    return SetChildren({name, list, {}, status});
 }
 
 MemoryObject* MemoryObject::FreshChildren(const wchar_t* name, const MemoryObjects& children, HRESULT status)
 {
-    m_children.push_back({name, {}, children, status});
     m_record.parents.insert(this);
+    return SetChildren({name, {}, children, status});
+}
+
+MemoryObject* MemoryObject::SetChildren(ChildAnswer answer)
+{
+    for (ChildAnswer& old : m_children)
+    {
+        if (old.name == answer.name)
+        {
+            std::swap(old, answer);
+            return this;
+        }
+    }
+    m_children.push_back(std::move(answer));
     return this;
 }
 

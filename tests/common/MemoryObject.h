@@ -39,6 +39,8 @@ public:
     MemoryObject* Answer(const wchar_t* attribute, HRESULT status, const VARIANT& value);
     MemoryObject* Fail(const wchar_t* attribute, HRESULT status);
 
+    // What is set again replaces what was set before.
+
     /// The status of IsDerivedFromClass for that class; S_FALSE for one that was never set.
     MemoryObject* Is(const wchar_t* className, HRESULT status = S_OK);
 
@@ -128,13 +130,6 @@ public:
     HRESULT STDMETHODCALLTYPE SetAttributesMultiLingual(SAFEARRAY**, LONG, SAFEARRAY**) override;
 
 private:
-    ~MemoryObject();
-    HRESULT Unexpected(const char* method);
-    const MemoryAnswer* Find(std::wstring_view attribute) const;
-    HRESULT Write(std::wstring_view attribute, const VARIANT& value);
-    std::string PairList(SAFEARRAY* pairs) const;
-    HRESULT WriteAll(SAFEARRAY** pairs, SAFEARRAY** results);
-
     struct ChildAnswer
     {
         std::wstring name;
@@ -142,6 +137,14 @@ private:
         std::optional<MemoryObjects> children; ///< in place of the list
         HRESULT status;
     };
+
+    ~MemoryObject();
+    MemoryObject* SetChildren(ChildAnswer answer);
+    HRESULT Unexpected(const char* method);
+    const MemoryAnswer* Find(std::wstring_view attribute) const;
+    HRESULT Write(std::wstring_view attribute, const VARIANT& value);
+    std::string PairList(SAFEARRAY* pairs) const;
+    HRESULT WriteAll(SAFEARRAY** pairs, SAFEARRAY** results);
 
     MemoryRecord& m_record;
     const MemoryRecord::Life m_life;

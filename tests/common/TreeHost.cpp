@@ -101,8 +101,8 @@ class TreeHost::Object final : public IQP_BaseDataObject
 public:
     Object(TreeHost& host, ConfigType& configType) : m_host(host), m_type(configType) {}
 
-    Object* child = nullptr;  ///< borrowed
-    Object* target = nullptr; ///< of a relationship; borrowed
+    std::vector<Object*> children; ///< borrowed
+    Object* target = nullptr;      ///< of a relationship; borrowed
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
     {
@@ -160,7 +160,7 @@ public:
         ++m_host.calls.isDerivedFromClass;
         return target ? S_OK : S_FALSE;
     }
-    HRESULT STDMETHODCALLTYPE GetChildren(BSTR list, IEnumBaseDataObject** children) override;
+    HRESULT STDMETHODCALLTYPE GetChildren(BSTR list, IEnumBaseDataObject** result) override;
     HRESULT STDMETHODCALLTYPE SetAttributes(SAFEARRAY** pairs, SAFEARRAY** results) override
     {
         const MemoryRecord::CallScope call;
@@ -266,18 +266,18 @@ private:
     ULONG m_count = 0;
 };
 
-HRESULT TreeHost::Object::GetChildren(BSTR list, IEnumBaseDataObject** children)
+HRESULT TreeHost::Object::GetChildren(BSTR list, IEnumBaseDataObject** result)
 {
     const MemoryRecord::CallScope call;
     ++m_host.calls.getChildren;
-    *children = nullptr;
+    *result = nullptr;
     if (ViewOf(list) != L"nodes")
         return E_INVALIDARG;
-    *children = m_host.ListOf(child ? std::vector<Object*>{child} : std::vector<Object*>()).detach();
+    *result = m_host.ListOf(children).detach();
     return S_OK;
 }
 
-TreeHost::TreeHost(const Shape& shape) : m_depth(shape.depth)
+TreeHost::TreeHost(const Shape& shape) : m_shape(shape)
 {
     m_config.recording = false;
     for (std::size_t i = 1; i <= shape.types; ++i)
@@ -286,13 +286,21 @@ TreeHost::TreeHost(const Shape& shape) : m_depth(shape.depth)
             std::make_unique<ConfigType>(*this, L"Type " + std::to_wstring(i), shape.attributes));
     }
     for (std::size_t i = 0; i < shape.objects; ++i)
-    {
-        m_objects.push_back(std::make_unique<Object>(*this, *m_types[i % shape.types]));
-        if (i % m_depth != 0)
-            m_objects[i - 1]->child = m_objects[i].get();
-        if (i != 0 && shape.relationshipEvery != 0 && (i + 1) % shape.relationshipEvery == 0)
-            m_objects[i]->target = m_objects[i - 1].get();
-    }
+        Grow(i);
+}
+
+/// Adds the object of that index.
+void TreeHost::Grow(std::size_t index)
+{
+    m_objects.push_back(std::make_unique<Object>(*this, *m_types[index % m_shape.types]));
+    if (index == 0)
+        return;
+    if (m_shape.fanOut != 0)
+        Link((index - 1) / m_shape.fanOut, index);
+    else if (index % m_shape.depth != 0)
+        Link(index - 1, index);
+    if (m_shape.relationshipEvery != 0 && (index + 1) % m_shape.relationshipEvery == 0)
+        m_objects[index]->target = m_objects[index - 1].get();
 }
 
 TreeHost::~TreeHost()
@@ -308,7 +316,8 @@ ComPtr<IEnumBaseDataObject> TreeHost::ListOf(std::vector<Object*> objects)
 ComPtr<IEnumBaseDataObject> TreeHost::Tops()
 {
     std::vector<Object*> tops;
-    for (std::size_t i = 0; i < m_objects.size(); i += m_depth)
+    const std::size_t step = m_shape.fanOut != 0 ? m_shape.objects : m_shape.depth;
+    for (std::size_t i = 0; i < m_objects.size(); i += step)
         tops.push_back(m_objects[i].get());
     return ListOf(std::move(tops));
 }
@@ -333,6 +342,5 @@ IQPType* TreeHost::Type(std::size_t index)
 
 void TreeHost::Link(std::size_t parent, std::size_t child)
 {
-    assert(!m_objects[parent]->child);
-    m_objects[parent]->child = m_objects[child].get();
+    m_objects[parent]->children.push_back(m_objects[child].get());
 }

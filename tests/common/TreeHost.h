@@ -54,6 +54,10 @@ public:
         /// The number of levels. The objects form objects / depth lines under the enumerator: one object at
         /// each level of a line. 1 for a flat list, `objects` for a single line.
         std::size_t depth = 1;
+        /// If not 0, the objects form one tree instead, in which each object has this many children, as long
+        /// as there are objects: the children of that of index i are those of fanOut * i + 1 and the
+        /// following.
+        std::size_t fanOut = 0;
         /// The objects have these many configured types in turn, "Type 1", "Type 2" ...
         std::size_t types = 1;
         /// Each type offers these many text attributes for an enhanced copy, "Attribute 1" ...
@@ -71,7 +75,8 @@ public:
     /// A new enumerator over the objects of the first level.
     ComPtr<IEnumBaseDataObject> Tops();
 
-    /// A new enumerator over all objects, each line from its top.
+    /// A new enumerator over all objects, in the order of their indexes: each line from its top, one line
+    /// after the other.
     ComPtr<IEnumBaseDataObject> All();
 
     /// The object of that index, in the order of All. Borrowed.
@@ -80,8 +85,7 @@ public:
     /// The type of that index. Borrowed.
     IQPType* Type(std::size_t index);
 
-    /// Puts `parent`, which must have no child, above `child` as well: an object may become its own
-    /// descendant.
+    /// Adds `child` to the children of `parent`: an object may become its own descendant.
     void Link(std::size_t parent, std::size_t child);
 
     /// Calls since the start or since it was last assigned.
@@ -103,11 +107,12 @@ private:
     class ConfigType;
     class Enumerator;
 
+    void Grow(std::size_t index);
     ComPtr<IEnumBaseDataObject> ListOf(std::vector<Object*> objects);
 
     MemoryHost m_config; ///< the attributes of the types
     long long m_references = 0;
     std::vector<std::unique_ptr<ConfigType>> m_types;
     std::vector<std::unique_ptr<Object>> m_objects;
-    std::size_t m_depth;
+    const Shape m_shape;
 };

@@ -105,6 +105,20 @@ TEST_F(MemoryTree, an_object_may_have_no_list_with_success)
     EXPECT_FALSE(Nodes(cell));
 }
 
+TEST_F(MemoryTree, what_is_set_again_replaces_what_was_set)
+{
+    const auto cell = host.Node(L"cell", L"workcell");
+    const auto station = host.Node(L"station", L"workplace");
+    cell->Children(L"nodes", host.List({station}, "broken"))
+        ->Is(L"XDORelationship")
+        ->Is(L"XDORelationship", E_FAIL);
+    EXPECT_EQ(Next(Nodes(cell).get()), "station");
+    EXPECT_EQ(host.calls.back(), "broken.RemNext(1)");
+    EXPECT_EQ(cell->IsDerivedFromClass(XQPComBSTR(L"XDORelationship")), E_FAIL);
+    cell->FreshChildren(L"nodes", {});
+    EXPECT_EQ(Next(Nodes(cell).get()), "end");
+}
+
 TEST_F(MemoryTree, an_object_may_be_its_own_descendant)
 {
     const int before = host.LiveObjects();

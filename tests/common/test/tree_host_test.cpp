@@ -60,6 +60,21 @@ TEST(TreeHost, may_be_one_line)
     EXPECT_EQ(host.calls.unexpected, 0);
 }
 
+TEST(TreeHost, may_be_one_tree)
+{
+    TreeHost host({.objects = 100'000, .fanOut = 3});
+    EXPECT_EQ(CountOf(host.Tops()), 1U);
+    EXPECT_EQ(LengthOf(host.Tops()), 12U);
+    std::size_t below = 0;
+    for (std::size_t index = 0; index < 100'000; ++index)
+    {
+        ComPtr<IEnumBaseDataObject> list;
+        EXPECT_EQ(host.At(index)->GetChildren(XQPComBSTR(L"nodes"), list.put()), S_OK);
+        below += CountOf(list);
+    }
+    EXPECT_EQ(below, 99'999U);
+}
+
 TEST(TreeHost, gives_one_type_to_all_objects_of_it)
 {
     TreeHost host({.objects = 6, .types = 3, .attributes = 20});
