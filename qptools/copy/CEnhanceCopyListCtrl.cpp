@@ -8,6 +8,8 @@
 
 #include "XQPComVariant.h"
 
+#include "UiState.h"
+
 #include <algorithm>
 
 namespace qptools
@@ -51,7 +53,17 @@ HRESULT ReadNumber(IQPAttribute* attribute, int member, int& number)
 
 CEnhanceCopyListCtrl::CEnhanceCopyListCtrl() = default;
 
-CEnhanceCopyListCtrl::~CEnhanceCopyListCtrl() = default;
+// Here the window still finds the handlers of this class, which release the attributes of the rows.
+CEnhanceCopyListCtrl::~CEnhanceCopyListCtrl()
+{
+    DestroyWindow();
+}
+
+bool CEnhanceCopyListCtrl::Create(DWORD style, const RECT& rect, HWND parent, UINT id)
+{
+    const CUiState uiState;
+    return CListCtrl::Create(style, rect, parent, id);
+}
 
 const CMessageMap& CEnhanceCopyListCtrl::GetMessageMap() const
 {
@@ -170,6 +182,7 @@ LRESULT CEnhanceCopyListCtrl::OnFocusTaking(WPARAM, LPARAM)
 
 void CEnhanceCopyListCtrl::ShowInPlaceControls(int row, int column)
 {
+    const CUiState uiState;
     if (column == 0 || !EnsureVisible(row, true) || column >= GetColumnCount() ||
         GetColumnWidth(column) < kLeastWidth)
         return;

@@ -2,9 +2,7 @@
 #pragma once
 
 #include "Export.h"
-#include "InPlaceEditor.h"
 
-#include "ComPtr.h"
 #include "ListCtrl.h"
 
 #include "qpconfig.h"
@@ -14,14 +12,22 @@
 
 namespace qptools
 {
+class OpenEditor;
+
 /// A list view in report view whose cells are edited in place: column 0 names an attribute, the others hold
 /// its value. A first click in a row selects it, the next one in a cell opens an editor over the cell. Every
-/// change of a cell is passed to the grid's parent, if that is a CEnhancedCopyDialog.
+/// change of a cell is passed to the grid's parent, if that is a CEnhancedCopyDialog. Another parent passes
+/// LVN_ENDLABELEDITW of the grid to OnLvnEndlabeledit.
 class CEnhanceCopyListCtrl : public CListCtrl
 {
 public:
     QPTOOLS_EXPORT CEnhanceCopyListCtrl();
+    /// Destroys the window.
     QPTOOLS_EXPORT ~CEnhanceCopyListCtrl() override;
+
+    /// Creates the grid as a child of `parent`, for a host that has it outside the dialog; without columns.
+    /// `style` includes LVS_REPORT. Returns false if it cannot be created.
+    QPTOOLS_EXPORT bool Create(DWORD style, const RECT& rect, HWND parent, UINT id);
 
     /// Inserts a row at the top. It holds a reference to `attribute`, which may be null, until it is deleted.
     QPTOOLS_EXPORT void InsertAttribute(LPCWSTR name, IQPAttribute* attribute);

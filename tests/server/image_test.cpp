@@ -30,6 +30,7 @@ const std::vector<std::string> kMembers = {
     "qptools::CEnhanceCopyListCtrl::AttributeOf(int) const",
     "qptools::CEnhanceCopyListCtrl::CEnhanceCopyListCtrl()",
     "qptools::CEnhanceCopyListCtrl::CEnhanceCopyListCtrl()",
+    "qptools::CEnhanceCopyListCtrl::Create(unsigned long, tagRECT const&, HWND__*, unsigned int)",
     "qptools::CEnhanceCopyListCtrl::HitTestEx(CPoint const&, int*) const",
     "qptools::CEnhanceCopyListCtrl::InsertAttribute(wchar_t const*, IQPAttribute*)",
     "qptools::CEnhanceCopyListCtrl::OnLvnEndlabeledit(tagNMHDR*, long long*)",
