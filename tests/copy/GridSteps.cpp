@@ -6,13 +6,15 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 namespace
 {
 constexpr int kEditor = 1000;
 
-HWND GridOf(const DialogView& view)
+LRESULT Ask(HWND list, UINT message, int index = 0, LPARAM more = 0)
 {
-    return GetDlgItem(view.Window(), copy_dialog::kGrid);
+    return SendMessageW(list, message, static_cast<WPARAM>(index), more);
 }
 
 void Click(HWND list, POINT at)
@@ -21,7 +23,36 @@ void Click(HWND list, POINT at)
     PostMessageW(list, WM_LBUTTONDOWN, MK_LBUTTON, place);
     PostMessageW(list, WM_LBUTTONUP, 0, place);
 }
+
+HWND UsableGrid(const DialogView& view)
+{
+    const HWND list = GridOf(view);
+    if (list && IsWindowEnabled(list) && IsWindowVisible(list))
+        return list;
+    ADD_FAILURE() << "no user can use the grid of\n" << view.Dump();
+    return nullptr;
+}
+
+std::string Cell(int row, int column)
+{
+    return "cell " + std::to_string(row) + ", " + std::to_string(column);
+}
 } // namespace
+
+HWND GridOf(const DialogView& view)
+{
+    return GetDlgItem(view.Window(), copy_dialog::kGrid);
+}
+
+std::vector<HWND> GridEditors(const DialogView& view)
+{
+    std::vector<HWND> editors;
+    const HWND grid = GridOf(view);
+    for (const HWND child : grid ? ChildrenOf(grid) : std::vector<HWND>())
+        if (GetDlgCtrlID(child) == kEditor)
+            editors.push_back(child);
+    return editors;
+}
 
 HWND GridEditor(const DialogView& view)
 {
@@ -29,27 +60,78 @@ HWND GridEditor(const DialogView& view)
     return grid ? GetDlgItem(grid, kEditor) : nullptr;
 }
 
+RECT CellPlace(HWND grid, int row, int column)
+{
+    RECT place{};
+    place.left = LVIR_BOUNDS;
+    EXPECT_TRUE(Ask(grid, LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(&place))) << "no row " << row;
+    for (int before = 0; before < column; ++before)
+        place.left += static_cast<LONG>(Ask(grid, LVM_GETCOLUMNWIDTH, before));
+    place.right = place.left + static_cast<LONG>(Ask(grid, LVM_GETCOLUMNWIDTH, column));
+    return place;
+}
+
+DialogStep ClicksGrid(const std::string& where, std::function<POINT(HWND grid)> point)
+{
+    return {"clicks " + where, [point = std::move(point)](DialogView& view) {
+                if (const HWND list = UsableGrid(view))
+                    Click(list, point(list));
+            }};
+}
+
 DialogStep ClicksCell(int row, int column)
 {
-    return {"clicks cell " + std::to_string(row) + ", " + std::to_string(column), [=](DialogView& view) {
-                const HWND list = GridOf(view);
-                ASSERT_TRUE(list && IsWindowEnabled(list) && IsWindowVisible(list)) << view.Dump();
-                RECT cell{};
-                cell.left = LVIR_BOUNDS;
-                cell.top = column;
-                ASSERT_TRUE(SendMessageW(list, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row),
-                                         reinterpret_cast<LPARAM>(&cell)))
-                    << view.Dump();
-                const LONG right =
-                    column > 0 ? cell.right
-                               : static_cast<LONG>(cell.left + SendMessageW(list, LVM_GETCOLUMNWIDTH, 0, 0));
-                Click(list, {(cell.left + right) / 2, (cell.top + cell.bottom) / 2});
-            }};
+    return ClicksGrid(Cell(row, column), [=](HWND grid) {
+        RECT area{};
+        GetClientRect(grid, &area);
+        const RECT cell = CellPlace(grid, row, column);
+        const LONG right = cell.right < area.right ? cell.right : area.right;
+        const LONG left = cell.left > 0 ? cell.left : 0;
+        return POINT{(left + right) / 2, (cell.top + cell.bottom) / 2};
+    });
+}
+
+DialogStep ClicksAtLeftEdge(int row, int column, int pixels)
+{
+    return ClicksGrid("at the left edge of " + Cell(row, column), [=](HWND grid) {
+        const RECT cell = CellPlace(grid, row, column);
+        return POINT{cell.left + pixels, (cell.top + cell.bottom) / 2};
+    });
 }
 
 Steps OpensEditor(int row)
 {
     return {ClicksCell(row, 1), ClicksCell(row, 1)};
+}
+
+DialogStep SizesColumn(int column, int width)
+{
+    return {"makes column " + std::to_string(column) + " " + std::to_string(width) + " pixels wide",
+            [=](DialogView& view) {
+                Ask(GridOf(view), LVM_SETCOLUMNWIDTH, column, width);
+                EXPECT_EQ(Ask(GridOf(view), LVM_GETCOLUMNWIDTH, column), width);
+            }};
+}
+
+DialogStep HasColumn(int column, int format, int width)
+{
+    return {"inserts column " + std::to_string(column), [=](DialogView& view) {
+                LVCOLUMNW wanted{};
+                wanted.mask = LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
+                wanted.cx = width;
+                wanted.fmt = format;
+                wanted.iSubItem = column;
+                EXPECT_EQ(Ask(GridOf(view), LVM_INSERTCOLUMNW, column, reinterpret_cast<LPARAM>(&wanted)),
+                          column);
+            }};
+}
+
+DialogStep ScrollsGrid(UINT bar, int request)
+{
+    return {"scrolls", [=](DialogView& view) {
+                if (const HWND list = UsableGrid(view))
+                    SendMessageW(list, bar, static_cast<WPARAM>(request), 0);
+            }};
 }
 
 DialogStep TypesInEditor(const std::wstring& text)
@@ -61,21 +143,53 @@ DialogStep TypesInEditor(const std::wstring& text)
             }};
 }
 
+DialogStep EmptiesEditor()
+{
+    return {"empties the editor", [](DialogView& view) {
+                const HWND editor = GridEditor(view);
+                ASSERT_TRUE(editor) << view.Dump();
+                view.SetText(editor, L"");
+            }};
+}
+
+DialogStep ClicksEditor()
+{
+    return {"clicks into the editor", [](DialogView& view) {
+                const HWND editor = GridEditor(view);
+                ASSERT_TRUE(editor) << view.Dump();
+                view.Click(editor);
+            }};
+}
+
+RECT PlaceInGrid(HWND grid, HWND child)
+{
+    RECT place{};
+    GetWindowRect(child, &place);
+    MapWindowPoints(nullptr, grid, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
 Sight EditorShows(const std::wstring& text)
 {
-    return {"the editor shows the text", [text](const DialogView& view) {
+    return {"the editor shows \"" + Utf8Text(text) + "\"", [text](const DialogView& view) {
                 const HWND editor = GridEditor(view);
                 return editor && view.Text(editor) == text;
+            }};
+}
+
+Sight EditorFocused()
+{
+    return {"the editor has the focus", [](const DialogView& view) {
+                const HWND editor = GridEditor(view);
+                return editor && GetFocus() == editor;
             }};
 }
 
 Sight PickerOpen()
 {
     return {"a date picker is open", [](const DialogView& view) {
-                wchar_t name[32] = {};
-                if (const HWND editor = GridEditor(view))
-                    GetClassNameW(editor, name, 32);
-                return std::wstring(name) == DATETIMEPICK_CLASSW;
+                const HWND editor = GridEditor(view);
+                return editor && ClassOf(editor) == DATETIMEPICK_CLASSW;
             }};
 }
 
@@ -83,5 +197,19 @@ Sight NoEditor()
 {
     return {"no editor is open", [](const DialogView& view) {
                 return !GridEditor(view);
+            }};
+}
+
+Sight EditorCount(int count)
+{
+    return {std::to_string(count) + " editors are open", [count](const DialogView& view) {
+                return static_cast<int>(GridEditors(view).size()) == count;
+            }};
+}
+
+Sight RowFocused(int row)
+{
+    return {"row " + std::to_string(row) + " has the focus", [row](const DialogView& view) {
+                return Ask(GridOf(view), LVM_GETNEXTITEM, -1, LVNI_FOCUSED) == row;
             }};
 }
