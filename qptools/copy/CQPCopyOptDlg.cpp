@@ -4,6 +4,7 @@
 
 #include "InModule.h"
 
+#include <atomic>
 #include <utility>
 
 namespace qptools
@@ -25,7 +26,8 @@ constexpr LONG kDeep = 8;
 constexpr LONG kNoCopy = -1;
 
 // A plain pointer: at the end of the process nothing is freed, because the host's objects may be gone.
-constinit CopyOptionDialog* g_kept = nullptr;
+// Atomic, because components of several apartments share the list.
+constinit std::atomic<CopyOptionDialog*> g_kept = nullptr;
 
 LONG OptionOf(int button) noexcept
 {
@@ -43,10 +45,10 @@ LONG OptionOf(int button) noexcept
 
 void FreeKeptCopyDialogs() noexcept
 {
-    while (g_kept)
+    for (CopyOptionDialog* next = g_kept.exchange(nullptr); next;)
     {
-        const std::shared_ptr<CopyOptionDialog> kept = std::move(g_kept->self);
-        g_kept = kept->next;
+        const std::shared_ptr<CopyOptionDialog> kept = std::move(next->self);
+        next = kept->next;
     }
 }
 
@@ -56,8 +58,10 @@ CQPCopyOptDlg::~CQPCopyOptDlg()
     if (!m_dialog)
         return;
     CopyOptionDialog& kept = *m_dialog;
-    kept.next = std::exchange(g_kept, &kept);
     kept.self = std::move(m_dialog);
+    kept.next = g_kept;
+    while (!g_kept.compare_exchange_weak(kept.next, &kept))
+        ;
 }
 
 HRESULT STDMETHODCALLTYPE CQPCopyOptDlg::Initialize(IEnumBaseDataObject* piEnumObjects, IQPConfigFactory* pCF)
