@@ -127,14 +127,32 @@ LoadedModule::LoadedModule(const std::wstring& path) : m_module(LoadLibraryW(pat
     EXPECT_NE(m_module, nullptr) << GetLastError();
 }
 
-void LoadedModule::CatchException() const
+template <class T>
+ComPtr<T> LoadedModule::Create(REFCLSID classId) const
 {
     using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
     const auto get = reinterpret_cast<GetClassObject>(
         reinterpret_cast<void*>(GetProcAddress(m_module, "DllGetClassObject")));
     ComPtr<IClassFactory> factory;
-    ASSERT_EQ(get(CLSID_QPSelectOrvoItem, __uuidof(IClassFactory), factory.putVoid()), S_OK);
-    ComPtr<IQPSelectOrvoItem> lookup;
-    ASSERT_EQ(factory->CreateInstance(nullptr, __uuidof(IQPSelectOrvoItem), lookup.putVoid()), S_OK);
-    HaveExceptionCaught(*lookup.get());
+    EXPECT_EQ(get(classId, __uuidof(IClassFactory), factory.putVoid()), S_OK);
+    ComPtr<T> object;
+    EXPECT_EQ(factory->CreateInstance(nullptr, __uuidof(T), object.putVoid()), S_OK);
+    return object;
+}
+
+void LoadedModule::CatchException() const
+{
+    HaveExceptionCaught(*Create<IQPSelectOrvoItem>(CLSID_QPSelectOrvoItem));
+}
+
+void LoadedModule::KeepCopyDialog(CountedList& objects) const
+{
+    EXPECT_EQ(Create<IQPCopyOptDlg>(CLSID_QPCopyOptDlg)->Initialize(&objects, nullptr), S_OK);
+}
+
+ULONG STDMETHODCALLTYPE CountedList::Release()
+{
+    if (--references == 0 && exitCode != 0)
+        TerminateProcess(GetCurrentProcess(), static_cast<UINT>(exitCode));
+    return static_cast<ULONG>(references);
 }

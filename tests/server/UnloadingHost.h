@@ -43,6 +43,23 @@ private:
     ULONG_PTR m_cookie = 0;
 };
 
+/// A host's list of objects to be copied, without any, that counts the references to it.
+class CountedList final : public IEnumBaseDataObject
+{
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOINTERFACE; }
+    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references); }
+    ULONG STDMETHODCALLTYPE Release() override;
+    HRESULT STDMETHODCALLTYPE RemNext(ULONG, IQP_BaseDataObject**, ULONG*) override { return S_FALSE; }
+    HRESULT STDMETHODCALLTYPE Skip(ULONG) override { return S_FALSE; }
+    HRESULT STDMETHODCALLTYPE Reset() override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE Clone(IEnumBaseDataObject**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetSingleNext(IQP_BaseDataObject**) override { return S_FALSE; }
+
+    int references = 0;
+    int exitCode = 0; ///< if not 0, the program ends with it when the last reference is released
+};
+
 /// The module loaded from a file, without COM.
 class LoadedModule
 {
@@ -55,8 +72,15 @@ public:
     /// Creates a component on this thread, has it catch an exception and releases it.
     void CatchException() const;
 
+    /// Creates copy options for `objects` and releases them without DeleteObjects, so that their dialog is
+    /// kept.
+    void KeepCopyDialog(CountedList& objects) const;
+
     HMODULE Handle() const { return m_module; }
 
 private:
+    template <class T>
+    ComPtr<T> Create(REFCLSID classId) const;
+
     HMODULE m_module;
 };

@@ -2,6 +2,7 @@
 #include "MemoryHost.h"
 #include "ModuleUnderTest.h"
 #include "OddValues.h"
+#include "PatientUser.h"
 #include "SevenClasses.h"
 #include "XQPComBSTR.h"
 
@@ -12,6 +13,7 @@
 #include <atomic>
 #include <functional>
 #include <new>
+#include <set>
 #include <stdexcept>
 #include <thread>
 
@@ -107,6 +109,13 @@ protected:
     MemoryHost host;
 };
 
+std::function<void(HWND)> Press(int button)
+{
+    return [button](HWND dialog) {
+        SendMessageW(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
+    };
+}
+
 const std::function<void()> kThrowers[] = {[] { throw std::bad_alloc(); },
                                            [] { throw std::runtime_error("of the host"); },
                                            [] {
@@ -195,6 +204,38 @@ TEST_F(ThrowingHost, InTheSearchForScriptsLeavesNothingBehind)
         EXPECT_EQ(host.LiveObjects(), 0);
         host.calls.clear();
     }
+}
+
+// An exception ends the dialog with its status; after it, the component can be used as before.
+TEST_F(ThrowingHost, InTheCopyOptionsLeavesNothingBehind)
+{
+    constexpr int advanced = 371;
+    constexpr int cancel = 369;
+    std::set<HRESULT> statuses;
+    for (const std::function<void()>& thrower : kThrowers)
+    {
+        const int count = ThrowAtEach(thrower, [this, &statuses] {
+            ComPtr<IQPCopyOptDlg> copy;
+            ASSERT_EQ(module.Create(CLSID_QPCopyOptDlg, copy), S_OK);
+            const ComPtr<MemoryEnum> list = host.List({host.Node(L"cell", L"Cell")});
+            ASSERT_EQ(copy->Initialize(list.get(), &host.Config()), S_OK);
+            const std::size_t before = host.calls.size();
+            {
+                const PatientUser user({Press(advanced), Press(advanced), Press(cancel)});
+                statuses.insert(copy->ShowDialog());
+            }
+            EXPECT_GT(host.calls.size(), before);
+            LONG option = 77;
+            EXPECT_EQ(copy->GetButtonIDClicked(&option), S_OK);
+            EXPECT_EQ(option, -1);
+            EXPECT_EQ(copy->ApplyEnhanceCopy(list.get()), S_OK);
+            EXPECT_EQ(copy->DeleteObjects(), S_OK);
+        });
+        EXPECT_GT(count, 20);
+        EXPECT_EQ(host.LiveObjects(), 1) << "the type";
+        host.calls.clear();
+    }
+    EXPECT_EQ(statuses, (std::set<HRESULT>{S_OK, E_OUTOFMEMORY, E_FAIL}));
 }
 
 TEST(ManyThreads, TakeAndLockFactoriesAsTheyLike)

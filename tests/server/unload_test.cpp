@@ -215,6 +215,37 @@ TEST_F(Unload, OfOneCopyLeavesTheOtherAtWork)
     fs::remove(copy);
 }
 
+TEST_F(Unload, ReleasesTheHostsObjectsOfCopyDialogsThatWereKept)
+{
+    CountedList objects;
+    CountedList others;
+    {
+        const LoadedModule module(BuiltModulePath());
+        module.KeepCopyDialog(objects);
+        module.KeepCopyDialog(others);
+        EXPECT_EQ(objects.references, 1);
+        EXPECT_EQ(others.references, 1);
+    }
+    ASSERT_FALSE(UnloadingHost::IsLoaded());
+    EXPECT_EQ(objects.references, 0);
+    EXPECT_EQ(others.references, 0);
+}
+
+TEST_F(Unload, LeavesNothingOfCopyDialogsThatWereKept)
+{
+    ProcessCounts before = {};
+    for (int round = 0; round < 40; ++round)
+    {
+        if (round == 5)
+            before = ProcessCounts::Take();
+        CountedList objects;
+        const LoadedModule module(BuiltModulePath());
+        module.KeepCopyDialog(objects);
+        module.KeepCopyDialog(objects);
+    }
+    ExpectSame(before, ProcessCounts::Take());
+}
+
 TEST_F(Unload, IsNotNeededBeforeTheProcessEnds)
 {
     for (const char* way : {"return", "exit", "other thread", "terminate"})
