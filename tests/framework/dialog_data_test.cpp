@@ -157,6 +157,7 @@ TEST_F(DialogData, AKeyForAWindowThatTheDialogOwnsIsNotTheDialogs)
                   EXPECT_TRUE(popup.PostMessage(WM_KEYDOWN, VK_RETURN));
               },
               [&](DialogView&) {
+                  ASSERT_FALSE(popup.seen.empty());
                   EXPECT_EQ(popup.seen.front(), static_cast<UINT>(WM_KEYDOWN));
               }});
     EXPECT_EQ(dialog.events, (Events{"init", "cancel"})) << "Enter pressed no button";
