@@ -8,6 +8,7 @@
 
 #include "XQPComVariant.h"
 
+#include "ComPtr.h"
 #include "UiState.h"
 
 #include <algorithm>
@@ -40,13 +41,15 @@ DWORD AlignmentBits(int format)
 }
 } // namespace
 
+// A host that calls back may delete the row meanwhile, whose reference was the last one.
 HRESULT ReadNumber(IQPAttribute* attribute, int member, int& number)
 {
     number = 0;
     if (!attribute)
         return E_POINTER;
+    const ComPtr held(attribute);
     XQPComVariant value;
-    const HRESULT status = attribute->GetProperty(member, &value);
+    const HRESULT status = held->GetProperty(member, &value);
     number = value.GetInt();
     return status;
 }
@@ -187,11 +190,13 @@ void CEnhanceCopyListCtrl::ShowInPlaceControls(int row, int column)
         GetColumnWidth(column) < kLeastWidth)
         return;
     const CRect place = EditorPlace(row, column);
-    IQPAttribute* attribute = AttributeOf(row);
+    const ComPtr attribute(AttributeOf(row));
     if (!attribute)
         return;
     int type = 0;
-    ReadNumber(attribute, kAttributeMemberTypeCode, type);
+    ReadNumber(attribute.get(), kAttributeMemberTypeCode, type);
+    if (AttributeOf(row) != attribute.get())
+        return; // the rows changed while the host answered
     std::erase_if(m_editors, [](const auto& editor) { return !editor->IsOpen(); });
     if (type == kDateType || type == kDateTimeType)
         OpenPicker(row, column, place);

@@ -19,16 +19,17 @@ constexpr ULONG kApplyLine = 688;
 constexpr ULONG kSetAttributesLine = 705;
 } // namespace
 
+// The host is asked last: if it calls back, the user may show another plan type meanwhile.
 void CEnhancedCopyDialog::UpdateDataContainer(int row, int column)
 {
     if (row < 0 || row >= m_grid.GetItemCount())
         return;
+    const XQPComBSTR planType = m_planTypeCaption.c_str();
     const XQPComBSTR attribute = m_grid.GetItemText(row, 0).c_str();
+    const XQPComBSTR value = m_grid.GetItemText(row, column).c_str();
     int type = 0;
     ReadNumber(m_grid.AttributeOf(row), kAttributeMemberTypeCode, type);
-    const std::wstring value = m_grid.GetItemText(row, column);
-    AttributeOverrideRecord& record = m_attributeOverrides.At(m_planTypeCaption.c_str(), attribute);
-    record = {m_planTypeCaption.c_str(), column, type, value.c_str(), type, row, column};
+    m_attributeOverrides.At(planType, attribute) = {planType, column, type, value, type, row, column};
 }
 
 // A value goes to the row where it was typed, not to that of its name: the rows of a plan type are expected

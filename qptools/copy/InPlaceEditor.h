@@ -30,6 +30,8 @@ class OpenEditor
 {
 public:
     virtual ~OpenEditor() = default;
+
+    /// Whether it has a window or is still reporting its end, which calls the host.
     virtual bool IsOpen() const noexcept = 0;
 
     /// Destroys the window, and reports nothing.
@@ -42,7 +44,7 @@ template <class Control>
 class InPlaceEditor : public Control, public OpenEditor
 {
 public:
-    bool IsOpen() const noexcept override { return this->m_hWnd != nullptr; }
+    bool IsOpen() const noexcept override { return this->m_hWnd || m_reporting; }
     void Abandon() noexcept override
     {
         m_ended = true;
@@ -86,7 +88,9 @@ protected:
         if (std::exchange(m_ended, true))
             return false;
         std::wstring text = this->GetWindowText();
+        m_reporting = true;
         NotifyEdited(Grid(), GetDlgCtrlID(this->m_hWnd), m_cell, m_cancelled ? nullptr : &text);
+        m_reporting = false;
         return true;
     }
 
@@ -94,5 +98,6 @@ private:
     const InPlaceCell m_cell;
     bool m_cancelled = false;
     bool m_ended = false;
+    bool m_reporting = false;
 };
 } // namespace qptools
