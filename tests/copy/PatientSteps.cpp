@@ -42,8 +42,8 @@ Steps EditsIfShown(const std::wstring& attribute, const std::wstring& text)
 
 DialogStep CommitsIfOpen()
 {
-    return {"ends the editor", [](DialogView& view) {
+    return {"leaves the editor", [](DialogView& view) {
                 if (GridEditor(view))
-                    view.GiveFocus(kGrid);
+                    view.GiveFocus(kAdvanced);
             }};
 }

@@ -10,5 +10,5 @@ DialogStep ChoosesIfOffered(const std::wstring& planType);
 /// Selects the row of the attribute, if there is one, opens its editor and types the text.
 Steps EditsIfShown(const std::wstring& attribute, const std::wstring& text);
 
-/// Ends the editor with its text, if one is open.
+/// Leaves the editor, if one is open, by the focus.
 DialogStep CommitsIfOpen();

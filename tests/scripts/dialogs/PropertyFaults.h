@@ -3,7 +3,7 @@
 
 #include "PropertyPlant.h"
 
-#include "FaultWays.h"
+#include "GateSweep.h"
 #include "KeptObjects.h"
 
 #include <functional>
@@ -79,25 +79,15 @@ protected:
             if (!outcome.warning.empty() || !view.IsEnabled(IDOK))
                 view.Click(IDCANCEL);
         }});
-        const long before = refhost::Plant::LiveObjects();
-        {
+        record = GateSweep(*plant).Run(n, GetParam(), [&] {
             // A reference to each VBA project that was handed out stays open on purpose.
             const refhost::KeptObjects kept("vbaproject");
-            refhost::CallGate& gate = plant->Calls();
-            gate.Clear();
-            gate.Record(true);
-            gate.FailCall(n, n == 0 ? refhost::Fault::None : GetParam().fault, GetParam().status);
             outcome.status =
                 service->ShowScriptActionOrCommandDlg(manager.get(), factory.get(), query.get(),
                                                       project.get(), set.get(), object.get(), m_typeName);
-            EXPECT_EQ(gate.Struck(), n > 0);
             keptOpen = kept.Count();
-        }
-        EXPECT_EQ(refhost::Plant::LiveObjects(), before) << "objects of the host are left";
+        });
         EXPECT_TRUE(dialogs.AllShown() && boxes.AllShown());
-        plant->Calls().FailCall(0, refhost::Fault::None);
-        plant->Calls().Record(false);
-        record = plant->Calls().Calls();
         outcome.written = WrittenIn(record);
         for (const auto& [name, value] : m_values)
             EXPECT_GE(object->SetAttribute(XQPComBSTR(name.c_str()), value.Value()), 0);
@@ -110,12 +100,8 @@ protected:
     void Sweep(const Acts& acts, long long first, Look&& look)
     {
         const Lines lines = record;
-        ASSERT_GT(static_cast<long long>(lines.size()), first);
-        for (long long n = first; n <= static_cast<long long>(lines.size()) && !HasFailure(); ++n)
-        {
-            SCOPED_TRACE(lines[static_cast<std::size_t>(n) - 1]);
-            look(lines, static_cast<std::size_t>(n) - 1, Run(n, acts));
-        }
+        GateSweep::Each(
+            lines, first, [&](long long n) { return Run(n, acts); }, look);
     }
 
     ComPtr<IQP_BaseDataObject> object;
