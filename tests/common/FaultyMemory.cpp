@@ -1,5 +1,6 @@
 #include "FaultyMemory.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
@@ -19,6 +20,20 @@ struct Plan
 };
 
 thread_local Plan* t_plan = nullptr;
+constinit std::atomic<long> g_blocks{0};
+
+void* Allocate(std::size_t size) noexcept
+{
+    void* block = std::malloc(size ? size : 1);
+    g_blocks += block ? 1 : 0;
+    return block;
+}
+
+void Free(void* block) noexcept
+{
+    g_blocks -= block ? 1 : 0;
+    std::free(block);
+}
 
 bool Granted() noexcept
 {
@@ -66,9 +81,14 @@ long FaultyMemory::Count() const noexcept
     return t_plan->count;
 }
 
+long FaultyMemory::Blocks() noexcept
+{
+    return g_blocks;
+}
+
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
-    return Granted() ? std::malloc(size ? size : 1) : nullptr;
+    return Granted() ? Allocate(size) : nullptr;
 }
 
 void* operator new(std::size_t size)
@@ -91,30 +111,30 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
 
 void operator delete(void* block) noexcept
 {
-    std::free(block);
+    Free(block);
 }
 
 void operator delete(void* block, std::size_t) noexcept
 {
-    std::free(block);
+    Free(block);
 }
 
 void operator delete(void* block, const std::nothrow_t&) noexcept
 {
-    std::free(block);
+    Free(block);
 }
 
 void operator delete[](void* block) noexcept
 {
-    std::free(block);
+    Free(block);
 }
 
 void operator delete[](void* block, std::size_t) noexcept
 {
-    std::free(block);
+    Free(block);
 }
 
 void operator delete[](void* block, const std::nothrow_t&) noexcept
 {
-    std::free(block);
+    Free(block);
 }

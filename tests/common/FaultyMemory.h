@@ -32,4 +32,7 @@ public:
 
     /// Allocations counted so far, failed ones included.
     long Count() const noexcept;
+
+    /// The blocks that the process has from operator new now, whether or not one of these lives.
+    static long Blocks() noexcept;
 };
