@@ -207,10 +207,11 @@ TEST_F(GridAtRandom, ItsCellsEditorsAndValuesAreThoseOfTheModel)
     Apply({press, cell});
     Calls applied;
     for (const std::string& call : host.calls)
-        if (call.find("SetAttributes") != std::string::npos)
+        if (call.starts_with("press.SetAttributes") || call.starts_with("cell.SetAttributes"))
             applied.push_back(WithValues(call));
-    // Types come in the order of their addresses.
+    // Types come in the order of their addresses. The press is also in the cell, for Deep.
     std::sort(applied.begin(), applied.end());
+    applied.erase(std::unique(applied.begin(), applied.end()), applied.end());
     EXPECT_EQ(applied, (Calls{"cell.SetAttributes(" + model.Written(L"Cell"),
                               "press.SetAttributes(" + model.Written(L"Station")}));
 }
