@@ -73,6 +73,10 @@ public:
 
     HWND GetDlgItem(int id) const noexcept { return ::GetDlgItem(m_hWnd, id); }
     DWORD GetStyle() const noexcept { return static_cast<DWORD>(::GetWindowLongW(m_hWnd, GWL_STYLE)); }
+    void ModifyStyle(DWORD remove, DWORD add) const noexcept
+    {
+        ::SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>((GetStyle() & ~remove) | add));
+    }
 
     /// In screen coordinates.
     CRect GetWindowRect() const noexcept;

@@ -5,12 +5,26 @@
 
 #include "qptools.h"
 
+#include <memory>
+#include <vector>
+
 namespace qptools
 {
-/// Not implemented: ShowDialog returns E_NOTIMPL. The class cannot be aggregated.
+class XOpenBookmarkDlg;
+
+/// Each call has a dialog of its own, which is allocated until the component is destroyed. The class cannot
+/// be aggregated.
 class CXBookMark final : public ComObject<CXBookMark, IXBookMark>
 {
 public:
+    CXBookMark();
+    ~CXBookMark();
+
+    /// Shows the bookmarks of the host that `pIQPFObjectManager` belongs to; null shows an empty dialog.
+    /// Returns S_OK, whatever the user does, or E_OUTOFMEMORY.
     HRESULT STDMETHODCALLTYPE ShowDialog(IQPFObjectManager* pIQPFObjectManager) override;
+
+private:
+    std::vector<std::unique_ptr<XOpenBookmarkDlg>> m_dialogs;
 };
 } // namespace qptools

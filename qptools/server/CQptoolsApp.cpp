@@ -3,6 +3,7 @@
 #include "ClassTable.h"
 
 #include "CQPCopyOptDlg.h"
+#include "XBookmarkManager.h"
 
 #include "ComModule.h"
 
@@ -25,7 +26,10 @@ BOOL CQptoolsApp::InitInstance()
 int CQptoolsApp::ExitInstance()
 {
     if (!m_processEnds)
+    {
         FreeKeptCopyDialogs();
+        XBookmarkManager::Release();
+    }
     ComModule::Get().Term();
     return CWinApp::ExitInstance();
 }

@@ -12,8 +12,8 @@ public:
     /// Initialises the module object, ignoring its status, then calls the base class and returns its result.
     BOOL InitInstance() override;
 
-    /// Frees the copy dialogs that no component freed, unless the process ends, and terminates the module
-    /// object; then calls the base class and returns its result.
+    /// Frees the copy dialogs that no component freed and the services of the bookmarks, unless the process
+    /// ends, and terminates the module object; then calls the base class and returns its result.
     int ExitInstance() override;
 };
 } // namespace qptools

@@ -1,0 +1,31 @@
+#include "BookmarkHost.h"
+
+#include "XQPComVariant.h"
+#include "XQPError.h"
+
+#include "ComPtr.h"
+
+#include "qpobjects.h"
+
+namespace qptools
+{
+namespace
+{
+constexpr FixedText kAttributeConfiguredName = L"configured_name";
+} // namespace
+
+void LogBookmarkFailure(HRESULT status, const wchar_t* message, ULONG line) noexcept
+{
+    XQPError::HandleComError(status, kBookmarkSource, message, line, true, false);
+}
+
+std::wstring ConfiguredName(IUnknown* object)
+{
+    ComPtr<IQP_BaseDataObject> data;
+    data.queryFrom(object);
+    XQPComVariant name;
+    if (data)
+        data->GetAttribute(kAttributeConfiguredName, &name);
+    return name.GetString();
+}
+} // namespace qptools

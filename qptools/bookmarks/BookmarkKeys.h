@@ -1,0 +1,37 @@
+// Where the navigator keeps its bookmarks in the key store.
+#pragma once
+
+#include "XQPComBSTR.h"
+
+namespace qptools
+{
+/// The configuration of the browser. Everything below is in kScopeBookmarks.
+inline constexpr wchar_t kBrowserKey[] = L"QPR-Navigator/BrowserConfiguration1/";
+
+/// Its sub keys are those of the projects. Entry n of a project is the value "gotoitemname<n>".
+inline constexpr wchar_t kNamesKey[] = L"QPR-Navigator/BrowserConfiguration1/gotoitemname";
+inline constexpr wchar_t kNameKey[] = L"QPR-Navigator/BrowserConfiguration1/gotoitemname/";
+
+// The tree strings; entry n is the value "<n>". Two spellings of one key are in use, and each operation keeps
+// its own: the store ignores case.
+inline constexpr wchar_t kTreeKeyToRead[] = L"QPR-Navigator/BrowserConfiguration1/gotoitemtree/";
+inline constexpr wchar_t kTreeKeyToWrite[] = L"QPR-Navigator/BrowserConfiguration1/GotoItemTree/";
+
+/// The identifier of a bookmark's object begins at this index of its tree string.
+inline constexpr int kObjectIdStart = 12;
+
+/// The identifier of the object in a tree string, up to the delimiter at index `end`, which belongs to it;
+/// empty if there is none (-1).
+inline XQPComBSTR ObjectIdIn(const XQPComBSTR& tree, int end)
+{
+    return tree.Mid(kObjectIdStart, end - kObjectIdStart + 1);
+}
+
+/// The key of a project.
+inline XQPComBSTR KeyOf(const wchar_t* key, const XQPComBSTR& project)
+{
+    XQPComBSTR whole(key);
+    whole += project;
+    return whole;
+}
+} // namespace qptools

@@ -1,0 +1,51 @@
+// The list of bookmarks.
+#pragma once
+
+#include "XQPComBSTR.h"
+
+#include "ListCtrl.h"
+
+#include <deque>
+#include <string>
+
+namespace qptools
+{
+/// A report list of two columns, the names of the bookmarks and of their components. A click on a heading
+/// sorts the rows by it, the first one downwards, each further one the other way round.
+class XBookmarkListCtrl : public CListCtrl
+{
+public:
+    struct Row
+    {
+        std::wstring component;
+        std::wstring name;
+        XQPComBSTR tree; ///< of the bookmark's object, and the key of the bookmark
+        int place = 0;   ///< before a sort
+    };
+
+    /// Inserts the columns and sets the list up.
+    void Open();
+
+    /// Adds a row; the list places it by its name, whatever `index` is. It keeps the row until it is
+    /// destroyed itself.
+    void AddRow(int index, Row row);
+
+    /// The row at that index; null if there is none.
+    Row* RowAt(int index) const noexcept { return reinterpret_cast<Row*>(GetItemData(index)); }
+
+    /// The index of the first selected row, or -1.
+    int FirstSelected() const noexcept { return GetNextItem(-1, LVNI_SELECTED); }
+
+protected:
+    const CMessageMap& GetMessageMap() const override;
+
+private:
+    void OnColumnClick(NMHDR* notification, LRESULT* result);
+    void OnColumnChanging(NMHDR* notification, LRESULT* result);
+    void Sort(int column);
+    void ShowOrder(int column) const;
+
+    std::deque<Row> m_rows; ///< in the order of creation, deleted ones included
+    bool m_ascending = true;
+};
+} // namespace qptools
