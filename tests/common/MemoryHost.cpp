@@ -4,6 +4,13 @@
 
 #include <cassert>
 
+namespace
+{
+constexpr CLSID kStoreClass = {0xEDB6CC40, 0x0DC9, 0x11D3, {0x89, 0xFF, 0x00, 0x40, 0x05, 0xA1, 0xD9, 0x1C}};
+constexpr CLSID kGatewayClass = {
+    0xD7C07373, 0x29C3, 0x43A4, {0x87, 0xCF, 0xF6, 0xD5, 0xE9, 0x47, 0xD6, 0xE6}};
+} // namespace
+
 /// An object that only leads to a data object.
 class MemoryReference final : public IUnknown
 {
@@ -41,18 +48,22 @@ private:
 MemoryHost::MemoryHost()
     : m_ptrQuery(new MemoryQuery(*this)), m_ptrFactory(new MemoryFactory(*this)),
       m_ptrLoader(new MemoryLoader(*this)), m_ptrManager(new MemoryManager(*this)),
-      m_ptrSettings(new MemorySettings(*this))
+      m_ptrSettings(new MemorySettings(*this)), m_ptrStore(new MemoryStore(*this)),
+      m_ptrGateway(new MemoryGateway(*this, m_ptrQuery.get())), m_ptrExpander(new MemoryExpander(*this))
 {
     m_ptrManager->object.queryFrom(static_cast<IQPFObject*>(m_ptrLoader.get()));
+    m_ptrManager->Service(kStoreClass, m_ptrStore.get());
+    m_ptrManager->Service(kGatewayClass, m_ptrGateway.get());
+    m_ptrManager->Service(MemoryExpander::kClass, m_ptrExpander.get());
     Name(m_ptrQuery.get(), "query");
     Name(m_ptrFactory.get(), "config");
 }
 
 MemoryHost::~MemoryHost()
 {
-    m_ptrQuery->result.reset();
+    m_ptrQuery->Clear();
     m_ptrFactory->types.objects.clear();
-    m_ptrManager->object.reset();
+    m_ptrManager->Clear();
     m_ptrLoader->Clear();
     CutTrees();
     assert(LiveObjects() == 0);
@@ -84,6 +95,31 @@ ComPtr<MemoryEnum> MemoryHost::List(const MemoryObjects& objects)
 ComPtr<MemoryEnum> MemoryHost::List(const MemoryObjects& objects, const std::string& name)
 {
     return ComPtr<MemoryEnum>(new MemoryEnum(*this, objects, name));
+}
+
+ComPtr<MemoryObject> MemoryHost::Known(const std::wstring& id, const wchar_t* name)
+{
+    ComPtr<MemoryObject> object = Named(name);
+    object->Set(L"configured_name", name);
+    m_ptrQuery->Set(id, object);
+    return object;
+}
+
+std::wstring MemoryHost::TreeString(const std::wstring& id)
+{
+    return L"BrowserTree:" + id + L";";
+}
+
+ComPtr<MemoryView> MemoryHost::View(const std::string& name)
+{
+    return ComPtr<MemoryView>(new MemoryView(*this, name));
+}
+
+ComPtr<MemoryRunning> MemoryHost::Views(const std::vector<ComPtr<MemoryView>>& views)
+{
+    ComPtr<MemoryRunning> list(new MemoryRunning(*this, views, "views"));
+    m_ptrManager->Running(MemoryView::kClass, list);
+    return list;
 }
 
 ComPtr<MemoryObject> MemoryHost::Node(const wchar_t* name, const wchar_t* type, const MemoryObjects& children)

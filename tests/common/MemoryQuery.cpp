@@ -2,6 +2,14 @@
 
 #include "InterfaceAnswer.h"
 
+namespace
+{
+std::wstring WithoutEnd(std::wstring_view id)
+{
+    return std::wstring(id.substr(0, id.find_first_of(L");")));
+}
+} // namespace
+
 HRESULT MemoryQuery::QueryInterface(REFIID iid, void** result)
 {
     if (m_record.recordingQueries && iid == __uuidof(IQP_Query))
@@ -76,8 +84,35 @@ HRESULT MemoryQuery::GetSearchResult(IEnumBaseDataObject** found)
     return resultStatus;
 }
 
-HRESULT MemoryQuery::GetObjectById(BSTR, IUnknown**)
+HRESULT MemoryQuery::GetObjectById(BSTR id, IUnknown** object)
 {
-    m_record.Record("GetObjectById()");
-    return E_NOTIMPL;
+    const MemoryRecord::CallScope call;
+    if (m_record.recording)
+        m_record.Record("GetObjectById(" + Utf8OrNull(id) + ")");
+    return script.Run("GetObjectById", [&](const ScriptedCall& scripted) {
+        *object = nullptr;
+        const auto found = m_objects.find(WithoutEnd({id, SysStringLen(id)}));
+        if (found == m_objects.end())
+            return S_FALSE;
+        if (!scripted.givesNull)
+            found->second.object.copyTo(object);
+        return found->second.status;
+    });
+}
+
+MemoryQuery* MemoryQuery::Set(std::wstring_view id, IUnknown* object, HRESULT status)
+{
+    m_objects[WithoutEnd(id)] = {ComPtr(object), status};
+    return this;
+}
+
+MemoryQuery* MemoryQuery::Set(std::wstring_view id, const ComPtr<MemoryObject>& object, HRESULT status)
+{
+    return Set(id, static_cast<IQP_BaseDataObject*>(object.get()), status);
+}
+
+void MemoryQuery::Clear()
+{
+    result.reset();
+    m_objects.clear();
 }

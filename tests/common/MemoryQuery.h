@@ -1,10 +1,16 @@
 // The query of a host in memory.
 #pragma once
 
+#include "CallScript.h"
 #include "MemoryEnum.h"
 #include "MemoryRecord.h"
 
-/// The host's query. It answers every search with the enumerator that it was given.
+#include <map>
+#include <string>
+#include <string_view>
+
+/// The host's query. It answers every search with the enumerator that it was given, and finds the objects
+/// that were set by their identifiers.
 class MemoryQuery final : public IQP_Query
 {
 public:
@@ -19,6 +25,16 @@ public:
     HRESULT criterionStatus = S_OK;
     HRESULT catenationStatus = S_OK;
     HRESULT orderStatus = S_OK;
+    /// The calls of GetObjectById that differ.
+    CallScript script;
+
+    /// What GetObjectById answers for that identifier, such as "$12)"; `object` may be null. S_FALSE and null
+    /// for one that was never set. An identifier ends before its first ")" or ";".
+    MemoryQuery* Set(std::wstring_view id, IUnknown* object, HRESULT status = S_OK);
+    MemoryQuery* Set(std::wstring_view id, const ComPtr<MemoryObject>& object, HRESULT status = S_OK);
+
+    /// Releases all objects. For the host.
+    void Clear();
 
     /// References held by others than the host.
     ULONG References() const noexcept { return m_count - 1; }
@@ -37,8 +53,15 @@ public:
     HRESULT STDMETHODCALLTYPE GetObjectById(BSTR id, IUnknown** object) override;
 
 private:
+    struct ObjectAnswer
+    {
+        ComPtr<IUnknown> object;
+        HRESULT status = S_FALSE;
+    };
+
     ~MemoryQuery() = default;
 
     MemoryRecord& m_record;
+    std::map<std::wstring, ObjectAnswer> m_objects; ///< by the identifier without its end
     ULONG m_count = 0;
 };

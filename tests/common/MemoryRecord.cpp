@@ -2,6 +2,8 @@
 
 #include "Utf8.h"
 
+#include <objbase.h>
+
 std::string Utf8Of(BSTR text)
 {
     return Utf8FromWide({text, SysStringLen(text)});
@@ -10,6 +12,13 @@ std::string Utf8Of(BSTR text)
 std::string Utf8OrNull(BSTR text)
 {
     return text ? Utf8Of(text) : "null";
+}
+
+std::string TextOfGuid(REFGUID guid)
+{
+    wchar_t text[39] = L"";
+    StringFromGUID2(guid, text, 39);
+    return Utf8FromWide(text);
 }
 
 int MemoryRecord::s_depth = 0;

@@ -95,3 +95,6 @@ std::string Utf8Of(BSTR text);
 
 /// A text in UTF-8; null reads as "null".
 std::string Utf8OrNull(BSTR text);
+
+/// An identifier in braces.
+std::string TextOfGuid(REFGUID guid);
