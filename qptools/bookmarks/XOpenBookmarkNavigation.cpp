@@ -126,7 +126,7 @@ bool XOpenBookmarkDlg::ExpandsByOption() const
 void XOpenBookmarkDlg::SetExpandOption(const wchar_t* text) const
 {
     XQPComVariant value(text);
-    m_ptrStore->SetValue(kOptionKey, kOptionName, &value, kScopeUserWrite);
+    m_ptrStore->SetValue(kOptionKey, kOptionName, &value.Value(), kScopeUserWrite);
 }
 
 void XOpenBookmarkDlg::Expand(const XQPComBSTR& tree, ULONG line) const
@@ -182,7 +182,7 @@ void XOpenBookmarkDlg::StoreName(const XQPComBSTR& tree, const std::wstring& nam
             break;
         }
     XQPComVariant text(name.c_str());
-    m_ptrStore->SetValue(nameKey, valueName, &text, kScopeBookmarks);
+    m_ptrStore->SetValue(nameKey, valueName, &text.Value(), kScopeBookmarks);
     EnableItem(kOpenBookmark, false);
     EnableItem(kDeleteBookmark, false);
 }

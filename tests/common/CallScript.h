@@ -61,7 +61,8 @@ public:
         auto found = m_calls.find({method, ofMethod});
         if (found == m_calls.end())
             found = m_calls.find({"", ofAll});
-        const ScriptedCall scripted = found == m_calls.end() ? ScriptedCall() : found->second;
+        static const ScriptedCall plain;
+        const ScriptedCall& scripted = found == m_calls.end() ? plain : found->second;
         const HRESULT own = scripted.acts ? act(scripted) : S_OK;
         return scripted.status.value_or(own);
     }

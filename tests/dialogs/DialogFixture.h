@@ -107,10 +107,11 @@ protected:
         m_told = host.calls;
     }
 
-    /// The next message box; the trace shows it as "box <title>: <text>".
-    void ExpectBox(const std::wstring& title, const std::wstring& text)
+    /// The next message box, and the button that the user presses in it; the trace shows it as
+    /// "box <title>: <text>".
+    void ExpectBox(const std::wstring& title, const std::wstring& text, int answer = IDOK)
     {
-        boxes.Expect(title, text, IDOK,
+        boxes.Expect(title, text, answer,
                      [this, line = "box " + Utf8Of(XQPComBSTR(title.c_str())) + ": " +
                                    Utf8Of(XQPComBSTR(text.c_str()))] { host.calls.push_back(line); });
     }
@@ -137,8 +138,9 @@ protected:
     }
 
     LogBook logBook;
+    MemoryHost
+        host; ///< its record of calls is the trace; the module holds objects of it until it is unloaded
     ModuleUnderTest module;
-    MemoryHost host; ///< its record of calls is the trace
     BoxAnswers boxes;
     DialogDriver dialogs;
     Story story;

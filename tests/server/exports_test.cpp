@@ -4,6 +4,7 @@
 #include "ClassTable.h"
 #include "LogFolder.h"
 #include "WinAppDouble.h"
+#include "XBookmarkManager.h"
 
 #include "ComModule.h"
 #include "Registrar.h"
@@ -71,6 +72,11 @@ void qptools::FreeKeptCopyDialogs() noexcept
         {"FreeKeptCopyDialogs", CUiState::Depth(), ComModule::Get().LibraryId() != nullptr});
 }
 
+void qptools::XBookmarkManager::Release() noexcept
+{
+    g_base.calls.push_back({"Release", CUiState::Depth(), ComModule::Get().LibraryId() != nullptr});
+}
+
 ObjectMapEntry qptools::g_classTable[8] = {
     {&kClass, &Registration, nullptr, nullptr, nullptr, 0, nullptr, nullptr, &NothingToInit},
 };
@@ -99,7 +105,7 @@ TEST_F(Exports, InitInstanceCallsTheBaseEvenIfTheModuleObjectFails)
     }
 }
 
-TEST_F(Exports, ExitInstanceFreesCopyDialogsThenEndsTheModuleThenTheBase)
+TEST_F(Exports, ExitInstanceReleasesTheHostThenEndsTheModuleThenTheBase)
 {
     for (const int answer : {0, 3, -1})
     {
@@ -107,7 +113,9 @@ TEST_F(Exports, ExitInstanceFreesCopyDialogsThenEndsTheModuleThenTheBase)
         g_base = {};
         g_base.exit = answer;
         EXPECT_EQ(App()->ExitInstance(), answer);
-        EXPECT_EQ(g_base.calls, (BaseCalls{{"FreeKeptCopyDialogs", 0, true}, {"ExitInstance", 0, false}}));
+        EXPECT_EQ(
+            g_base.calls,
+            (BaseCalls{{"FreeKeptCopyDialogs", 0, true}, {"Release", 0, true}, {"ExitInstance", 0, false}}));
     }
 }
 

@@ -1,0 +1,47 @@
+// The bookmark dialog when it opens, and the way of one bookmark through each action.
+#include "BookmarkFixture.h"
+
+namespace
+{
+using namespace bookmark_dialog;
+
+class BookmarksOpen : public BookmarkFixture
+{
+};
+
+TEST_F(BookmarksOpen, WithTheBookmarksOfTheFirstProject)
+{
+    EXPECT_EQ(
+        Show({Sees(Titled(kTitle)), Sees(Offers(kProject, {L"North", L"South"})),
+              Sees(Chosen(kProject, L"North")), Sees(Headings({L"Bookmark Name", L"Component Name"})),
+              Sees(InColumn(0, {L"Drill", L"Weld"})), Sees(InColumn(1, {L"Drill cell", L"Weld cell"})),
+              Sees(Disabled(kOpen)), Sees(Disabled(kDelete)), Sees(Enabled(kDeleteAll)), Presses(IDCANCEL)}),
+        S_OK);
+}
+
+TEST_F(BookmarksOpen, AndTheOtherProjectIsListedWhenItIsChosen)
+{
+    EXPECT_EQ(Show({Chooses(kProject, L"South"), Sees(InColumn(0, {L"Paint"})), Presses(IDCANCEL)}), S_OK);
+}
+
+TEST_F(BookmarksOpen, AndOpenShowsTheObjectInTheNavigator)
+{
+    EXPECT_EQ(Show({Selects(L"Weld"), Sees(Enabled(kOpen)), Presses(kOpen)}), S_OK);
+}
+
+TEST_F(BookmarksOpen, AndARenamedBookmarkHasItsNewName)
+{
+    EXPECT_EQ(Show({Selects(L"Weld"), EditsLabel(1, L"Assembly"), Types("Return"),
+                    Sees(InColumn(0, {L"Assembly", L"Drill"})),
+                    Sees(InColumn(1, {L"Weld cell", L"Drill cell"})), Presses(IDCANCEL)}),
+              S_OK);
+}
+
+TEST_F(BookmarksOpen, AndADeletedBookmarkIsGone)
+{
+    ExpectBox(kDeleteTitle, kDeleteOne, IDYES);
+    EXPECT_EQ(Show({Selects(L"Weld"), Presses(kDelete), Sees(InColumn(0, {L"Drill"})),
+                    Sees(Disabled(kDelete)), Presses(IDCANCEL)}),
+              S_OK);
+}
+} // namespace
