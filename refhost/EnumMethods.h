@@ -25,6 +25,11 @@ inline constexpr EnumMethods kEnumMethods<IEnumBaseDataObject> = {
     "IEnumBaseDataObject::Clone", "IEnumBaseDataObject::GetSingleNext"};
 
 template <>
+inline constexpr EnumMethods kEnumMethods<IEnumQPFObject> = {
+    "IEnumQPFObject::RemNext", "IEnumQPFObject::Skip", "IEnumQPFObject::Reset", "IEnumQPFObject::Clone",
+    "IEnumQPFObject::GetSingleNext"};
+
+template <>
 inline constexpr EnumMethods kEnumMethods<IQPTypeEnum> = {"IQPTypeEnum::RemNext", "IQPTypeEnum::Skip",
                                                           "IQPTypeEnum::Reset", "IQPTypeEnum::Clone",
                                                           "IQPTypeEnum::GetSingleNext"};

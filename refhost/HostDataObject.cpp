@@ -27,6 +27,13 @@ constexpr HRESULT kSomeHidden = static_cast<HRESULT>(0x80040344);
 /// All objects of a plant belong to one client.
 constexpr LONG kClientId = 1;
 
+/// The attribute that a read of this name gives. The configured name of every object, which lists show, is
+/// its name.
+const Attribute* ReadBy(const Kind& kind, const std::string& name)
+{
+    return name == "configured_name" ? kind.FindColumn("name") : kind.FindAttribute(name);
+}
+
 NameUsed UsedOf(const Attribute& attribute, const std::string& name)
 {
     return name == attribute.key ? NameUsed::Key : NameUsed::Column;
@@ -119,7 +126,7 @@ HRESULT HostDataObject::GetAttribute(BSTR name, VARIANT* value)
         "IQP_BaseDataObject::GetAttribute", std::tuple(Out{value}),
         [&] {
             const std::string asked = Utf8FromWide(TextOf(name));
-            const Attribute* attribute = m_row.kind.FindAttribute(asked);
+            const Attribute* attribute = ReadBy(m_row.kind, asked);
             Require(attribute != nullptr);
             return m_row.Read(*attribute, *value, UsedOf(*attribute, asked));
         },
@@ -253,7 +260,7 @@ HRESULT HostDataObject::ReadAll(SAFEARRAY* names, SAFEARRAY** values) const
     for (const std::wstring& name : ReadNames(names))
     {
         const std::string asked = Utf8FromWide(name);
-        const Attribute* attribute = m_row.kind.FindAttribute(asked);
+        const Attribute* attribute = ReadBy(m_row.kind, asked);
         unknown = unknown || !attribute;
         if (!attribute)
             continue;

@@ -36,7 +36,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetTypeName(BSTR* typeName) override;
 
     /// S_FALSE and VT_EMPTY for an attribute without a value, E_ACCESSDENIED for a hidden one, E_INVALIDARG
-    /// for one that the object does not have.
+    /// for one that the object does not have. "configured_name", which can only be read, is the name.
     HRESULT STDMETHODCALLTYPE GetAttribute(BSTR name, VARIANT* value) override;
 
     /// One row per readable attribute, in the order of the names. 0x8004035E if the object does not have all

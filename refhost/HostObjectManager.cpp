@@ -2,7 +2,9 @@
 
 #include "HostCall.h"
 #include "IpdClient.h"
+#include "NavigatorView.h"
 #include "SessionDataManager.h"
+#include "TreeExpander.h"
 #include "VbaLoader.h"
 
 #include <algorithm>
@@ -23,7 +25,8 @@ ComPtr<IQPFObject> MakeService(const Core& core)
 HostObjectManager::HostObjectManager(Core core)
     : m_core(std::move(core)), m_services{{{kSessionDataManagerClass, &MakeService<SessionDataManager>, {}},
                                            {kIpdClientClass, &MakeService<IpdClient>, {}},
-                                           {kVbaLoaderClass, &MakeService<VbaLoader>, {}}}}
+                                           {kVbaLoaderClass, &MakeService<VbaLoader>, {}},
+                                           {kTreeExpanderClass, &MakeService<TreeExpander>, {}}}}
 {
 }
 
@@ -43,7 +46,25 @@ HRESULT HostObjectManager::Call(const char* method, const Outputs& outputs, Body
 HRESULT HostObjectManager::GetRunningObjects(CLSID clsid, IEnumQPFObject** objects)
 {
     return Call(
-        "IQPFObjectManager::GetRunningObjects", std::tuple(Out{objects}), [] { return E_NOTIMPL; }, clsid);
+        "IQPFObjectManager::GetRunningObjects", std::tuple(Out{objects}),
+        [&]() -> HRESULT {
+            const bool areViews = clsid == kNavigatorViewClass;
+            if (!areViews && !Find(clsid))
+                return CLASS_E_CLASSNOTAVAILABLE;
+            std::vector<long long> shown;
+            if (areViews)
+                shown = m_core->shownProjects;
+            *objects = ViewEnumerator::Make(m_core, *FindKind("project"), std::move(shown)).detach();
+            return S_OK;
+        },
+        clsid);
+}
+
+HostObjectManager::Service* HostObjectManager::Find(REFCLSID clsid)
+{
+    const auto found = std::find_if(m_services.begin(), m_services.end(),
+                                    [&](const Service& entry) { return entry.clsid == clsid; });
+    return found == m_services.end() ? nullptr : &*found;
 }
 
 HRESULT HostObjectManager::GetObject(CLSID clsid, LONG autoCreate, IQPFObject** object)
@@ -51,9 +72,8 @@ HRESULT HostObjectManager::GetObject(CLSID clsid, LONG autoCreate, IQPFObject** 
     return Call(
         "IQPFObjectManager::GetObject", std::tuple(Out{object}),
         [&]() -> HRESULT {
-            const auto known = std::find_if(m_services.begin(), m_services.end(),
-                                            [&](const Service& entry) { return entry.clsid == clsid; });
-            if (known == m_services.end())
+            Service* const known = Find(clsid);
+            if (!known)
                 return CLASS_E_CLASSNOTAVAILABLE;
             if (!known->object && autoCreate)
                 known->object = known->make(m_core);

@@ -18,11 +18,13 @@ class HostObjectManager final : public HostObject<HostObjectManager, IQPFObjectM
 public:
     static ComPtr<IQPFObjectManager> Make(const Core& core);
 
-    /// Not implemented: E_NOTIMPL.
+    /// The views of the navigator. Of a service, which is no running object, an empty list;
+    /// CLASS_E_CLASSNOTAVAILABLE for any other class.
     HRESULT STDMETHODCALLTYPE GetRunningObjects(CLSID clsid, IEnumQPFObject** objects) override;
 
-    /// The key store, the gateway to server-side objects and the macro loader; CLASS_E_CLASSNOTAVAILABLE for
-    /// any other class, S_FALSE and null if the service does not exist yet and `autoCreate` is 0.
+    /// The key store, the gateway to server-side objects, the macro loader and the tree expander;
+    /// CLASS_E_CLASSNOTAVAILABLE for any other class, S_FALSE and null if the service does not exist yet and
+    /// `autoCreate` is 0.
     HRESULT STDMETHODCALLTYPE GetObject(CLSID clsid, LONG autoCreate, IQPFObject** object) override;
 
 private:
@@ -41,7 +43,9 @@ private:
         ComPtr<IQPFObject> object; ///< null until its first use
     };
 
+    Service* Find(REFCLSID clsid);
+
     const Core m_core;
-    std::array<Service, 3> m_services;
+    std::array<Service, 4> m_services;
 };
 } // namespace refhost

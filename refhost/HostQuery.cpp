@@ -5,9 +5,9 @@
 #include "HostEnumerator.h"
 #include "HostText.h"
 #include "HostVariant.h"
+#include "ObjectId.h"
 #include "SqlVariant.h"
 
-#include <charconv>
 #include <optional>
 
 namespace refhost
@@ -16,19 +16,6 @@ namespace
 {
 /// The only supported comparison.
 constexpr LONG kEquals = 1;
-
-/// The number in an identifier such as "$12)".
-std::optional<long long> NumberOfId(std::string text)
-{
-    text.resize(std::min(text.find_first_of(");"), text.size()));
-    const std::size_t start = !text.empty() && text[0] == '$' ? 1 : 0;
-    long long number = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data() + start, end, number);
-    if (error != std::errc() || stop != end || number <= 0)
-        return std::nullopt;
-    return number;
-}
 
 bool IsForeign(const PlantCore& core, const VARIANT& value)
 {

@@ -113,6 +113,21 @@ std::vector<StoredText> KeyStore::List(long scope, const std::string& key)
     return values;
 }
 
+std::vector<std::string> KeyStore::Content()
+{
+    Statement statement(m_database, R"(SELECT k."scope", k."path", v."name", v."value" FROM "storekey" k
+        LEFT JOIN "storevalue" v ON v."scope" = k."scope" AND v."path" = k."path"
+        ORDER BY k."scope", k."path", v."id")");
+    std::vector<std::string> lines;
+    while (statement.Step())
+    {
+        const std::string value =
+            statement.IsNull(2) ? std::string() : " " + statement.Text(2) + "=" + statement.Text(3);
+        lines.push_back(statement.Text(0) + " " + statement.Text(1) + ":" + value);
+    }
+    return lines;
+}
+
 void KeyStore::WriteList(long scope, const std::string& key, const std::vector<StoredText>& values,
                          long long type)
 {

@@ -49,6 +49,10 @@ public:
     /// All values of one key as text.
     std::vector<StoredText> List(long scope, const std::string& key);
 
+    /// A line "<scope> <key>: <name>=<value>" for each value and "<scope> <key>:" for a key without values:
+    /// by scope and key, the values of a key in their order.
+    std::vector<std::string> Content();
+
     /// Replaces all values of one key with values of that type. The key then exists, even if the list is
     /// empty.
     void WriteList(long scope, const std::string& key, const std::vector<StoredText>& values, long long type);

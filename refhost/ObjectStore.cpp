@@ -17,6 +17,14 @@ long long InsertObject(Database& database, const Kind& kind, const std::string& 
     return id;
 }
 
+void RemoveObject(Database& database, const Kind& kind, long long object)
+{
+    for (const std::string& rows :
+         {Quoted(kind.table) + R"( WHERE "id")", std::string(R"("objectright" WHERE "object")"),
+          std::string(R"("attributelimit" WHERE "object")"), std::string(R"("object" WHERE "id")")})
+        Statement(database, "DELETE FROM " + rows + " = ?1").Bind(1, object).Step();
+}
+
 void StoreRights(Database& database, long long object, std::optional<long> rights)
 {
     Statement statement(database,

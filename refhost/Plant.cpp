@@ -7,7 +7,9 @@
 #include "HostQuery.h"
 #include "HostText.h"
 #include "KeyStore.h"
+#include "Navigator.h"
 #include "ObjectCopy.h"
+#include "ObjectId.h"
 #include "ObjectStore.h"
 #include "PlantCore.h"
 #include "SampleLoader.h"
@@ -38,6 +40,19 @@ long long KnownNumber(PlantCore& core, const Kind& kind, const std::string& name
     if (id == 0)
         throw PlantError("no " + std::string(kind.table) + " is named " + name);
     return id;
+}
+
+ComPtr<HostDataObject> OwnObject(const PlantCore& core, const ComPtr<IQP_BaseDataObject>& object)
+{
+    ComPtr<HostDataObject> own = HostDataObject::From(object.get());
+    if (!own || !own->IsOf(core))
+        throw PlantError("an object is not of this plant");
+    return own;
+}
+
+long long ProjectNumber(PlantCore& core, std::wstring_view name)
+{
+    return KnownNumber(core, KindOf(L"project"), Utf8FromWide(name));
 }
 } // namespace
 
@@ -97,15 +112,52 @@ ComPtr<IQP_BaseDataObject> Plant::Add(std::wstring_view table, std::wstring_view
     return HostDataObject::Make(m_core, kind, id);
 }
 
+void Plant::Remove(std::wstring_view table, std::wstring_view name)
+{
+    const Kind& kind = KindOf(table);
+    const long long id = KnownNumber(*m_core, kind, Utf8FromWide(name));
+    Transaction transaction(m_core->database);
+    RemoveObject(m_core->database, kind, id);
+    transaction.Commit();
+}
+
+std::wstring Plant::IdOf(const ComPtr<IQP_BaseDataObject>& object) const
+{
+    return refhost::IdOf(OwnObject(*m_core, object)->Id());
+}
+
+void Plant::AddBookmark(std::wstring_view project, const ComPtr<IQP_BaseDataObject>& object,
+                        std::wstring_view name)
+{
+    refhost::AddBookmark(*m_core, ProjectNumber(*m_core, project), OwnObject(*m_core, object)->Id(),
+                         Utf8FromWide(name));
+}
+
+void Plant::ShowProject(std::wstring_view project, bool shown)
+{
+    const long long number = ProjectNumber(*m_core, project);
+    std::erase(m_core->shownProjects, number);
+    if (shown)
+        m_core->shownProjects.push_back(number);
+}
+
+const std::vector<ExpandedTree>& Plant::Expanded() const
+{
+    return m_core->expanded;
+}
+
+std::vector<std::string> Plant::StoreContent()
+{
+    return KeyStore(m_core->database).Content();
+}
+
 ComPtr<IEnumBaseDataObject> Plant::Copy(const std::vector<ComPtr<IQP_BaseDataObject>>& objects,
                                         CopyOption option)
 {
     std::vector<RowPlace> places;
     for (const ComPtr<IQP_BaseDataObject>& object : objects)
     {
-        const ComPtr<HostDataObject> own = HostDataObject::From(object.get());
-        if (!own || !own->IsOf(*m_core))
-            throw PlantError("an object to be copied is not of this plant");
+        const ComPtr<HostDataObject> own = OwnObject(*m_core, object);
         places.push_back({&own->KindOf(), own->Id()});
     }
     Transaction transaction(m_core->database);

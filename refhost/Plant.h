@@ -3,6 +3,7 @@
 
 #include "CallGate.h"
 #include "CopyOption.h"
+#include "ExpandedTree.h"
 #include "Limit.h"
 #include "PlantError.h"
 
@@ -48,6 +49,12 @@ public:
     /// the key exists.
     ComPtr<IQP_BaseDataObject> Add(std::wstring_view table, std::wstring_view name);
 
+    /// Removes an object. Throws if another object refers to it. Its bookmarks stay.
+    void Remove(std::wstring_view table, std::wstring_view name);
+
+    /// The identifier of an object of this plant, such as "$12)".
+    std::wstring IdOf(const ComPtr<IQP_BaseDataObject>& object) const;
+
     /// Copies objects with their values, rights and limits, in one transaction, and returns the copies, in
     /// the order of `objects`, which must be of this plant. Each object is copied once: in a deep copy, one
     /// that lies below another of the list comes with that, and is not returned.
@@ -68,6 +75,19 @@ public:
 
     /// Writes a flag of the settings, such as "properties", "enablemcmscriptactions".
     void SetSetting(std::wstring_view section, std::wstring_view name, bool on);
+
+    /// Adds a bookmark of an object of this plant to those of a project, as the navigator does.
+    void AddBookmark(std::wstring_view project, const ComPtr<IQP_BaseDataObject>& object,
+                     std::wstring_view name);
+
+    /// Opens a view of the navigator that shows the project, behind those that are open, or closes it.
+    void ShowProject(std::wstring_view project, bool shown);
+
+    /// What the tree expander was called with, in order.
+    const std::vector<ExpandedTree>& Expanded() const;
+
+    /// The whole key store, see KeyStore::Content.
+    std::vector<std::string> StoreContent();
 
     ComPtr<IQPFObjectManager> ObjectManager();
 

@@ -3,6 +3,7 @@
 
 #include "CallGate.h"
 #include "Database.h"
+#include "ExpandedTree.h"
 #include "Schema.h"
 
 #include "qpconfig.h"
@@ -10,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace refhost
 {
@@ -29,6 +31,10 @@ struct PlantCore
     CallGate gate;
     /// The live objects of configured types by number. Borrowed: each removes itself when it is destroyed.
     std::map<long long, IQPType*> liveTypes;
+    /// The projects that views of the navigator show, in the order in which they were opened.
+    std::vector<long long> shownProjects;
+    /// The calls of the tree expander.
+    std::vector<ExpandedTree> expanded;
     std::string lastSql;
     std::string lastError;
 };

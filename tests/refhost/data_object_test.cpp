@@ -199,6 +199,21 @@ TEST_F(DataObject, an_empty_value_takes_the_value_away)
     EXPECT_EQ(Read(object.get(), L"name", value), S_FALSE);
 }
 
+TEST_F(DataObject, the_configured_name_is_the_name_and_read_only)
+{
+    for (const wchar_t* const table : {L"project", L"plannode", L"script"})
+    {
+        const ComPtr<IQP_BaseDataObject> object = plant->Add(table, L"N");
+        EXPECT_EQ(ReadText(object.get(), L"configured_name"), L"N");
+        EXPECT_EQ(object->SetAttribute(Text(L"configured_name"), Value(L"other")), E_INVALIDARG);
+        EXPECT_EQ(object->SetAttribute(Text(L"name"), Value(L"other")), S_OK);
+        EXPECT_EQ(ReadText(object.get(), L"configured_name"), L"other");
+        plant->SetLimit(table, L"N", L"name", refhost::Limit::Hidden);
+        Value value;
+        EXPECT_EQ(Read(object.get(), L"configured_name", value), E_ACCESSDENIED);
+    }
+}
+
 TEST_F(DataObject, unknown_attributes_are_bad_arguments_and_case_counts)
 {
     const ComPtr<IQP_BaseDataObject> object = Object(L"scriptcommand");

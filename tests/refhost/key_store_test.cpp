@@ -230,6 +230,38 @@ TEST_F(KeyStore, the_pointers_of_a_list_may_be_exchanged_and_written_back)
     EXPECT_EQ(List(L"k", 2), (Pairs{{L"0", L"one"}, {L"1", L"mine"}}));
 }
 
+TEST_F(KeyStore, a_list_is_valid_after_its_key_is_deleted)
+{
+    Set(L"k/sub", L"v", Value(L"kept"), 2);
+    ULONG count = 0;
+    tagSTRINGPAIR* list = nullptr;
+    BSTR* keys = nullptr;
+    ASSERT_EQ(store->GetStringList(Text(L"k/sub"), &count, &list, 2), S_OK);
+    ASSERT_EQ(store->GetSubKeys(Text(L"k"), 1, &count, &keys, 2), S_OK);
+    EXPECT_EQ(store->DeleteKey(Text(L"k"), 2), S_OK);
+    for (int more = 0; more < 100; ++more)
+    {
+        Set((L"k/" + std::to_wstring(more)).c_str(), L"v", Value(L"other"), 2);
+        SubKeys(L"k", 2);
+        List(L"k/0", 2);
+    }
+    EXPECT_STREQ(list->bstrName, L"v");
+    EXPECT_STREQ(list->bstrValue, L"kept");
+    EXPECT_STREQ(*keys, L"sub");
+}
+
+TEST_F(KeyStore, its_content_is_told_line_by_line)
+{
+    EXPECT_EQ(plant->StoreContent(), Lines{});
+    Set(L"b/x", L"two", Value(2), 2);
+    Set(L"b/x", L"", Value(L"nameless"), 2);
+    Set(L"A", L"v", Value(L"a"), 2);
+    Set(L"z", L"v", Value(true), 1);
+    EXPECT_EQ(store->WriteStringList(Text(L"empty"), 0, nullptr, 2), S_OK);
+    EXPECT_EQ(plant->StoreContent(),
+              (Lines{"1 z: v=1", "2 A: v=a", "2 b/x: two=2", "2 b/x: =nameless", "2 empty:"}));
+}
+
 TEST_F(KeyStore, a_key_is_deleted_with_all_below_it_in_its_scope_alone)
 {
     Set(L"k", L"v", Value(L"x"), 2);

@@ -8,6 +8,8 @@ constexpr GUID kDataManagerClass = {
 constexpr GUID kGatewayClass = {0xD7C07373, 0x29C3, 0x43A4, {0x87, 0xCF, 0xF6, 0xD5, 0xE9, 0x47, 0xD6, 0xE6}};
 constexpr GUID kQueryClass = {0xABF23E6F, 0x1714, 0x4A08, {0x85, 0xA3, 0x8E, 0x8A, 0x8D, 0xB5, 0x16, 0x6F}};
 constexpr GUID kLoaderClass = {0x7B1C94E2, 0x60D8, 0x4F57, {0xA3, 0x29, 0xC5, 0x18, 0x4E, 0x93, 0x0D, 0x6F}};
+constexpr GUID kExpanderClass = {
+    0x1F86C03B, 0xE94D, 0x47A1, {0xB2, 0x7E, 0x60, 0x58, 0xAD, 0x13, 0xC9, 0xF4}};
 constexpr GUID kUnknownClass = {0x12345678, 0x1714, 0x4A08, {0x85, 0xA3, 0x8E, 0x8A, 0x8D, 0xB5, 0x16, 0x6F}};
 
 class ObjectManager : public SamplePlant
@@ -43,7 +45,7 @@ TEST_F(ObjectManager, gives_the_settings_service)
 
 TEST_F(ObjectManager, gives_the_same_service_again)
 {
-    for (const GUID& clsid : {kDataManagerClass, kGatewayClass, kLoaderClass})
+    for (const GUID& clsid : {kDataManagerClass, kGatewayClass, kLoaderClass, kExpanderClass})
     {
         ASSERT_EQ(Get(clsid), S_OK);
         const ComPtr<IQPFObject> first = object;
@@ -68,10 +70,14 @@ TEST_F(ObjectManager, refuses_any_other_class)
     EXPECT_EQ(manager->GetObject(kGatewayClass, 1, nullptr), E_POINTER);
 }
 
-TEST_F(ObjectManager, does_not_list_running_objects_yet)
+TEST_F(ObjectManager, lists_no_service_as_a_running_object)
 {
     ComPtr<IEnumQPFObject> objects;
-    EXPECT_EQ(manager->GetRunningObjects(kUnknownClass, objects.put()), E_NOTIMPL);
+    EXPECT_EQ(Get(kExpanderClass), S_OK);
+    EXPECT_EQ(manager->GetRunningObjects(kExpanderClass, objects.put()), S_OK);
+    ASSERT_TRUE(objects);
+    EXPECT_EQ(objects->GetSingleNext(object.put()), S_FALSE);
+    EXPECT_EQ(manager->GetRunningObjects(kUnknownClass, objects.put()), CLASS_E_CLASSNOTAVAILABLE);
     EXPECT_FALSE(objects);
 }
 
