@@ -155,11 +155,12 @@ TEST_F(CopyOptDlgMethods, DoNothingWithoutADialog)
     EXPECT_EQ(Call(7), S_OK) << "DeleteObjects";
 }
 
-// A method that is not implemented returns E_NOTIMPL.
-
 TEST_F(BookMarkMethods, ShowDialogIsTheOnlyOne)
 {
-    EXPECT_EQ(Call(3, static_cast<IQPFObjectManager*>(nullptr)), E_NOTIMPL);
+    DialogDriver dialogs;
+    dialogs.OnDialog({Presses(IDCANCEL)});
+    EXPECT_EQ(Call(3, static_cast<IQPFObjectManager*>(nullptr)), S_OK);
+    EXPECT_TRUE(dialogs.AllShown());
 }
 
 TEST_F(ManagerMethods, ShowScriptActionOrCommandDlgIsTheFirst)
