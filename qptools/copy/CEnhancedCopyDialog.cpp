@@ -72,8 +72,8 @@ const CMessageMap& CEnhancedCopyDialog::GetMessageMap() const
         OnCommand<&CEnhancedCopyDialog::OnRadio>(kNormalRadio),
         OnCommand<&CEnhancedCopyDialog::OnRadio>(kDeepRadio),
         OnControl<&CEnhancedCopyDialog::OnPlanTypesDropDown>(CBN_DROPDOWN, kPlanTypes),
-        OnControl<&CEnhancedCopyDialog::OnPlanTypeChosen>(CBN_SELCHANGE, kPlanTypes),
-        OnControl<&CEnhancedCopyDialog::OnPlanTypeChosen>(CBN_CLOSEUP, kPlanTypes),
+        OnControl<&CEnhancedCopyDialog::OnPlanTypeSelected>(CBN_SELCHANGE, kPlanTypes),
+        OnControl<&CEnhancedCopyDialog::OnPlanTypesClosed>(CBN_CLOSEUP, kPlanTypes),
     };
     static const CMessageMap map{&CDialog::ClassMessageMap(), entries};
     return map;
@@ -196,6 +196,7 @@ void CEnhancedCopyDialog::OnRadio()
 void CEnhancedCopyDialog::OnPlanTypesDropDown()
 {
     const int radio = CheckedRadio();
+    m_planTypeBrowsed = false;
     if (!m_comboNeedsRefill)
         return;
     m_planTypes.ResetContent();
@@ -212,11 +213,25 @@ void CEnhancedCopyDialog::OnPlanTypesDropDown()
     m_comboNeedsRefill = false;
 }
 
-// An open list is only browsed: what is chosen counts when it closes.
-void CEnhancedCopyDialog::OnPlanTypeChosen()
+// Keys browse an open list: what they select counts when it closes. The mouse closes it first.
+void CEnhancedCopyDialog::OnPlanTypeSelected()
+{
+    if (m_planTypes.GetDroppedState())
+        m_planTypeBrowsed = true;
+    else
+        ShowPlanType();
+}
+
+void CEnhancedCopyDialog::OnPlanTypesClosed()
+{
+    if (std::exchange(m_planTypeBrowsed, false))
+        ShowPlanType();
+}
+
+void CEnhancedCopyDialog::ShowPlanType()
 {
     const int item = m_planTypes.GetCurSel();
-    if (m_planTypes.GetDroppedState() || item < 0)
+    if (item < 0)
         return;
     // Not counted by the list, and a type that is no candidate any more may be gone.
     auto* found = reinterpret_cast<IQPType*>(m_planTypes.GetItemData(item));

@@ -69,7 +69,8 @@ private:
     void OnAdvancedOk();
     void OnRadio();
     void OnPlanTypesDropDown();
-    void OnPlanTypeChosen();
+    void OnPlanTypeSelected();
+    void OnPlanTypesClosed();
 
     void EndWith(int button);
     void ExpandorContract();
@@ -79,6 +80,7 @@ private:
     CopyCandidates& Candidates(CopyRoute route) noexcept;
     void Collect(CopyRoute route, CopyCandidates& candidates) const;
     void ClearMaps() noexcept;
+    void ShowPlanType();
     bool FillGrid(IQPType* type);
     void UpdateListCtrlData(const XQPComBSTR& planTypeCaption);
     void ApplyTo(const CopyCandidateRecord& record) const;
@@ -93,6 +95,7 @@ private:
     CButton m_deepRadio;
     CStatic m_group;
     bool m_comboNeedsRefill = true;
+    bool m_planTypeBrowsed = false; ///< the selection has changed since the list opened
     CopyCandidates m_normalCandidates;
     CopyCandidates m_deepCandidates;
     std::wstring m_planTypeCaption; ///< of the plan type that the grid shows

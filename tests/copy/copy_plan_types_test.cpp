@@ -113,7 +113,8 @@ TEST_F(CopyPlanTypes, WithoutACaptionAreReadOnceForEachChoice)
     chosen = {press};
     host.Config().Find(L"Station")->Set(L"captionsingular", MemoryValue());
     Open(Expands() + Steps{Drops(kPlanType), Sees(Offers(kPlanType, {L""})), Chooses(kPlanType, 0),
-                           LedTo(kStation), Sees(RowCount(3)), Presses(kAdvancedCancel)});
+                           LedTo(kStation), Sees(RowCount(3)), Drops(kPlanType), ClosesList(), LedToNoCall(),
+                           Chooses(kPlanType, 0), Presses(kAdvancedCancel)});
 }
 
 // Radio buttons.
