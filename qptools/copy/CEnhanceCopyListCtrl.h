@@ -22,6 +22,7 @@ class CEnhanceCopyListCtrl : public CListCtrl
 {
 public:
     QPTOOLS_EXPORT CEnhanceCopyListCtrl();
+
     /// Destroys the window.
     QPTOOLS_EXPORT ~CEnhanceCopyListCtrl() override;
 
