@@ -53,11 +53,11 @@ public:
         m_levels.push_back({ComPtr(objects), nullptr});
         while (!m_levels.empty())
         {
-            const ComPtr<IQP_BaseDataObject> object = Next(m_levels.back().objects.get());
+            ComPtr<IQP_BaseDataObject> object = Next(m_levels.back().objects.get());
             if (!object || !Visit(object))
                 Leave();
             else if (m_route == CopyRoute::ParentsAndChildren)
-                Enter(object);
+                Enter(std::move(object));
         }
     }
 
@@ -98,15 +98,16 @@ private:
     }
 
     /// Goes on with the children of the object, also of a relationship, unless the walk is below it already.
-    void Enter(const ComPtr<IQP_BaseDataObject>& object)
+    void Enter(ComPtr<IQP_BaseDataObject> object)
     {
-        if (m_path.contains(object.get()))
+        const auto [place, isNew] = m_path.insert(object.get());
+        if (!isNew)
             return;
         ComPtr<IEnumBaseDataObject> children;
         if (object->GetChildren(kChildrenNodes, children.put()) != S_OK || !children)
-            return;
-        m_path.insert(object.get());
-        m_levels.push_back({std::move(children), object});
+            m_path.erase(place);
+        else
+            m_levels.push_back({std::move(children), std::move(object)});
     }
 
     void Leave()

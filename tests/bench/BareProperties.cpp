@@ -1,5 +1,7 @@
 #include "BareProperties.h"
 
+#include "BareDialog.h"
+
 #include "HostConstants.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
@@ -29,57 +31,6 @@ constexpr int kPlanTypes = 266;
 constexpr int kConfigTypes = 268;
 constexpr int kCommandName = 300;
 constexpr int kMacros = 308;
-
-INT_PTR CALLBACK DoNothing(HWND, UINT message, WPARAM, LPARAM)
-{
-    return message == WM_INITDIALOG;
-}
-
-/// A dialog of a template of the module, shown until its end of life.
-class BareDialog
-{
-public:
-    explicit BareDialog(std::string_view dialog)
-        : m_window(CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
-                                              reinterpret_cast<const DLGTEMPLATE*>(dialog.data()), nullptr,
-                                              DoNothing, 0))
-    {
-    }
-    ~BareDialog() { DestroyWindow(m_window); }
-    BareDialog(const BareDialog&) = delete;
-    BareDialog& operator=(const BareDialog&) = delete;
-
-    void Show() const { ShowWindow(m_window, SW_SHOW); }
-
-    void Add(int combo, const wchar_t* text) const
-    {
-        SendDlgItemMessageW(m_window, combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-    }
-
-    void Set(int control, XQPComVariant value) const
-    {
-        SetDlgItemTextW(m_window, control, value.GetString());
-    }
-    void Check(int button, bool checked) const
-    {
-        SendDlgItemMessageW(m_window, button, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
-    }
-    void Enable(int control, bool enabled) const { EnableWindow(GetDlgItem(m_window, control), enabled); }
-
-    /// Shows the list. Returns the number of its items.
-    std::size_t Drop(int combo) const
-    {
-        SendDlgItemMessageW(m_window, combo, CB_SHOWDROPDOWN, TRUE, 0);
-        return Items(combo);
-    }
-    std::size_t Items(int combo) const
-    {
-        return static_cast<std::size_t>(SendDlgItemMessageW(m_window, combo, CB_GETCOUNT, 0, 0));
-    }
-
-private:
-    HWND m_window;
-};
 
 template <class Config>
 XQPComVariant Get(Config* object, const wchar_t* key)

@@ -3,6 +3,7 @@
 #include "BareChoosers.h"
 #include "ClosedDialogs.h"
 #include "ModuleUnderTest.h"
+#include "Require.h"
 #include "XQPComBSTR.h"
 #include "XQPComVariant.h"
 
@@ -10,23 +11,12 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <memory>
 #include <string>
 
 namespace
 {
-/// Fails the run rather than measure something else than was meant.
-void Require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "qp_bench: %s\n", what);
-    std::abort();
-}
-
 ScriptBenchHost& ScriptHost(std::size_t scripts)
 {
     static std::map<std::size_t, std::unique_ptr<ScriptBenchHost>> hosts;

@@ -1,6 +1,8 @@
 // The property dialogs beside their floors: opened and cancelled, and with the first drop-down of a list.
 #include "BareProperties.h"
 #include "ModuleUnderTest.h"
+#include "PostingUser.h"
+#include "Require.h"
 #include "XQPComBSTR.h"
 
 #include "Resources.h"
@@ -9,9 +11,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
-#include <cstdlib>
-#include <cwchar>
 #include <map>
 #include <memory>
 
@@ -20,60 +19,20 @@ namespace
 constexpr UINT kActionDialog = 213;
 constexpr UINT kCommandDialog = 214;
 
-/// Fails the run rather than measure something else than was meant.
-void Require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "qp_bench: %s\n", what);
-    std::abort();
-}
-
-/// While it lives, each dialog of the thread is shown, one of its lists opened, and Cancel pressed.
-class DroppingUser
+/// A user who opens a list, if `combo` is not 0, and presses Cancel. The items of `counted` are counted.
+class DroppingUser : public PostingUser
 {
 public:
-    /// `combo`: the list to open; 0 for none. `counted`: whose items are counted at the end.
     DroppingUser(int combo, int counted)
-        : m_hook(SetWindowsHookExW(WH_CBT, &DroppingUser::OnEvent, nullptr, GetCurrentThreadId()))
+        : PostingUser(
+              [combo](HWND dialog) {
+                  if (combo)
+                      PostMessageW(GetDlgItem(dialog, combo), CB_SHOWDROPDOWN, TRUE, 0);
+                  PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+              },
+              counted, CB_GETCOUNT)
     {
-        s_combo = combo;
-        s_counted = counted;
-        s_items = 0;
     }
-    ~DroppingUser() { UnhookWindowsHookEx(m_hook); }
-    DroppingUser(const DroppingUser&) = delete;
-    DroppingUser& operator=(const DroppingUser&) = delete;
-
-    static std::size_t Items() { return s_items; }
-
-private:
-    static LRESULT CALLBACK OnEvent(int code, WPARAM window, LPARAM details)
-    {
-        const auto dialog = reinterpret_cast<HWND>(window);
-        wchar_t name[32] = {};
-        if ((code == HCBT_ACTIVATE || code == HCBT_DESTROYWND) && GetClassNameW(dialog, name, 32) &&
-            std::wcscmp(name, L"#32770") == 0)
-        {
-            if (code == HCBT_DESTROYWND)
-                s_items = static_cast<std::size_t>(SendDlgItemMessageW(dialog, s_counted, CB_GETCOUNT, 0, 0));
-            else
-                Operate(dialog);
-        }
-        return CallNextHookEx(nullptr, code, window, details);
-    }
-
-    static void Operate(HWND dialog)
-    {
-        if (s_combo)
-            PostMessageW(GetDlgItem(dialog, s_combo), CB_SHOWDROPDOWN, TRUE, 0);
-        PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-    }
-
-    static inline int s_combo = 0;
-    static inline int s_counted = 0;
-    static inline std::size_t s_items = 0;
-    HHOOK m_hook;
 };
 
 PropertyBenchHost& Host(std::size_t entries)
