@@ -5,8 +5,11 @@
 
 #include "Bstr.h"
 
-#include <unordered_set>
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <utility>
+#include <vector>
 
 namespace qptools
 {
@@ -40,6 +43,57 @@ void Record(const ComPtr<IQP_BaseDataObject>& object, CopyCandidates& candidates
         record.caption = std::move(caption);
     record.objects.push_back(object);
 }
+
+/// The objects that a walk is below, each found at once however many they are. They leave in the reverse
+/// order of their coming: a hash table with open slots, in which the last one to come has nobody behind it,
+/// so that its slot is simply emptied.
+class Path
+{
+public:
+    /// Returns false if the object is there already.
+    bool Push(const void* object)
+    {
+        if (2 * (m_objects.size() + 1) > m_slots.size())
+            Grow();
+        const void*& slot = Find(object);
+        if (slot)
+            return false;
+        m_objects.push_back(object);
+        slot = object;
+        return true;
+    }
+
+    /// Removes the last one.
+    void Pop() noexcept
+    {
+        Find(m_objects.back()) = nullptr;
+        m_objects.pop_back();
+    }
+
+private:
+    /// The slot of the object, or the empty one where it belongs.
+    const void*& Find(const void* object) noexcept
+    {
+        // Objects that were allocated together stay together, as far as they are no pages apart.
+        const auto address = reinterpret_cast<std::uintptr_t>(object);
+        std::size_t slot = ((address >> 4) ^ (address >> 12)) & (m_slots.size() - 1);
+        while (m_slots[slot] && m_slots[slot] != object)
+            slot = (slot + 1) & (m_slots.size() - 1);
+        return m_slots[slot];
+    }
+
+    void Grow()
+    {
+        std::vector<const void*>(std::max(kLeast, 2 * m_slots.size())).swap(m_slots);
+        for (const void* object : m_objects)
+            Find(object) = object;
+    }
+
+    static constexpr std::size_t kLeast = 64;
+
+    std::vector<const void*> m_objects; ///< in the order of their coming
+    std::vector<const void*> m_slots;   ///< a power of two, at most half of them taken
+};
 
 /// One walk, depth first. It keeps its own stack of levels, because trees may be deeper than that of the
 /// thread.
@@ -100,26 +154,27 @@ private:
     /// Goes on with the children of the object, also of a relationship, unless the walk is below it already.
     void Enter(ComPtr<IQP_BaseDataObject> object)
     {
-        const auto [place, isNew] = m_path.insert(object.get());
-        if (!isNew)
+        if (!m_path.Push(object.get()))
             return;
         ComPtr<IEnumBaseDataObject> children;
         if (object->GetChildren(kChildrenNodes, children.put()) != S_OK || !children)
-            m_path.erase(place);
+            m_path.Pop();
         else
             m_levels.push_back({std::move(children), std::move(object)});
     }
 
+    /// Ends a level. The objects of the walk itself are below none.
     void Leave()
     {
-        m_path.erase(m_levels.back().parent.get());
+        if (m_levels.size() > 1)
+            m_path.Pop();
         m_levels.pop_back();
     }
 
     const CopyRoute m_route;
     CopyCandidates& m_candidates;
     std::vector<Level> m_levels;
-    std::unordered_set<IQP_BaseDataObject*> m_path; ///< the parents of the levels
+    Path m_path; ///< the parents of the levels
 };
 } // namespace
 

@@ -21,6 +21,7 @@ constexpr FixedText kNodes = L"nodes";
 constexpr int kNormal = 367;
 constexpr int kDeep = 368;
 constexpr int kCancel = 369;
+constexpr int kAdvanced = 371;
 constexpr int kGroup = 372;
 constexpr int kGrid = 373;
 constexpr int kPlanTypes = 374;
@@ -201,6 +202,7 @@ void ReleaseRows(HWND grid, std::size_t rows)
 /// One of the two forms, of that height.
 void Lay(const BareDialog& dialog, bool advanced, LONG height)
 {
+    SetDlgItemTextW(dialog.Window(), kAdvanced, advanced ? L"Advanced <<" : L"Advanced >>");
     const auto show = [&](int control, bool shown) {
         ShowWindow(GetDlgItem(dialog.Window(), control), shown ? SW_SHOW : SW_HIDE);
         dialog.Enable(control, shown);
@@ -212,6 +214,26 @@ void Lay(const BareDialog& dialog, bool advanced, LONG height)
     RECT window{};
     GetWindowRect(dialog.Window(), &window);
     MoveWindow(dialog.Window(), window.left, window.top, window.right - window.left, height, TRUE);
+}
+/// Opens the list of the plan types and chooses the first one.
+IQPType* ChooseFirst(const BareDialog& dialog, const Kept& kept)
+{
+    const auto send = [combo = GetDlgItem(dialog.Window(), kPlanTypes)](UINT message, WPARAM first,
+                                                                        LPARAM second) {
+        return SendMessageW(combo, message, first, second);
+    };
+    send(CB_RESETCONTENT, 0, 0);
+    for (const auto& [type, record] : kept.Records())
+    {
+        const LRESULT item = send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(record.caption));
+        send(CB_SETITEMDATA, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(type));
+    }
+    send(CB_SHOWDROPDOWN, TRUE, 0);
+    send(CB_SETCURSEL, 0, 0);
+    send(CB_SHOWDROPDOWN, FALSE, 0);
+    std::wstring caption(static_cast<std::size_t>(send(CB_GETLBTEXTLEN, 0, 0)), L'\0');
+    send(CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(caption.data()));
+    return reinterpret_cast<IQPType*>(send(CB_GETITEMDATA, 0, 0));
 }
 } // namespace
 
@@ -248,10 +270,12 @@ std::size_t CopyDialogFloor(TreeHost& host, std::string_view dialog)
     RECT group{};
     GetWindowRect(shown.Window(), &window);
     GetWindowRect(GetDlgItem(shown.Window(), kGroup), &group);
-    shown.Check(kNormalRadio, true);
+    CheckRadioButton(shown.Window(), kNormalRadio, kDeepRadio, kNormalRadio);
+    SendMessageW(grid, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, 0x201);
     AddColumn(grid, 0, L"Available attributes", 120);
     AddColumn(grid, 1, L"Set to dynamic value", 200);
     Lay(shown, false, group.bottom - window.top + 12);
+    shown.Enable(kGrid, false);
     shown.Show();
 
     Kept deep;
@@ -259,12 +283,10 @@ std::size_t CopyDialogFloor(TreeHost& host, std::string_view dialog)
     Lay(shown, true, window.bottom - window.top);
     DeepWalk(host, deep);
     FlatWalk(host, flat);
-    for (const auto& [type, record] : flat.Records())
-        shown.Add(kPlanTypes, record.caption);
-    shown.Drop(kPlanTypes);
-    SendDlgItemMessageW(shown.Window(), kPlanTypes, CB_SETCURSEL, 0, 0);
-    SendDlgItemMessageW(shown.Window(), kPlanTypes, CB_SHOWDROPDOWN, FALSE, 0);
-    FillGrid(grid, flat.Records().begin()->first);
+    IQPType* const type = ChooseFirst(shown, flat);
+    shown.Enable(kGrid, true);
+    SendMessageW(grid, LVM_DELETEALLITEMS, 0, 0);
+    FillGrid(grid, type);
     const auto rows = static_cast<std::size_t>(SendMessageW(grid, LVM_GETITEMCOUNT, 0, 0));
     ReleaseRows(grid, rows);
     return rows;

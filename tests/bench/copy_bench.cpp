@@ -222,8 +222,8 @@ void Sizes(benchmark::internal::Benchmark* benchmark)
     benchmark->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
 }
 
-BESIDE_ITS_FLOOR(Walk<10>, BareWalk<10>, "Deep walk, 10 deep");
-BESIDE_ITS_FLOOR(Walk<10'000>, BareWalk<10'000>, "Deep walk, 10000 deep");
+BESIDE_ITS_FLOOR(Walk<10>, BareWalk<10>, "Deep walk in trees 10 deep");
+BESIDE_ITS_FLOOR(Walk<10'000>, BareWalk<10'000>, "Deep walk in trees 10000 deep");
 BESIDE_ITS_FLOOR(Apply, BareApply, "ApplyEnhanceCopy");
 BENCHMARK(Dialog)->Name("Copy dialog opened/service")->Arg(kAttributes)->Unit(benchmark::kMicrosecond);
 BENCHMARK(BareDialogShown)->Name("Copy dialog opened/floor")->Arg(kAttributes)->Unit(benchmark::kMicrosecond);

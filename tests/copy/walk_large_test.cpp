@@ -107,6 +107,20 @@ TEST(WalkLargeCycle, EndsWhereItComesBackToItsTop)
     EXPECT_EQ(host.References(), 0);
 }
 
+TEST(WalkLargeCycle, EndsFromEveryDepth)
+{
+    constexpr std::size_t depth = 300;
+    for (std::size_t back = 0; back < depth; ++back)
+    {
+        TreeHost host({.objects = depth, .depth = depth});
+        host.Link(depth - 1, back);
+        CopyCandidates candidates;
+        CollectCandidates(host.Tops().get(), CopyRoute::ParentsAndChildren, candidates);
+        ASSERT_EQ(Total(candidates), depth + 1) << back;
+        ASSERT_EQ(host.calls.getChildren, static_cast<long long>(depth)) << back;
+    }
+}
+
 TEST(WalkLargeCycle, EndsOnEachLineThatLeadsIntoAnother)
 {
     TreeHost host({.objects = 1000, .depth = 100});
