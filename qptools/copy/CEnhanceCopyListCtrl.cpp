@@ -75,6 +75,7 @@ const CMessageMap& CEnhanceCopyListCtrl::GetMessageMap() const
         OnMessage<&CEnhanceCopyListCtrl::OnFocusTaking>(WM_SIZE),
         OnMessage<&CEnhanceCopyListCtrl::OnFocusTaking>(WM_VSCROLL),
         OnMessage<&CEnhanceCopyListCtrl::OnFocusTaking>(WM_HSCROLL),
+        OnMessage<&CEnhanceCopyListCtrl::OnFocusTaking>(WM_MOUSEWHEEL),
         OnMessage<&CEnhanceCopyListCtrl::OnDeleteItem>(LVM_DELETEITEM),
         OnMessage<&CEnhanceCopyListCtrl::OnDeleteAllItems>(LVM_DELETEALLITEMS),
         OnMessage<&CEnhanceCopyListCtrl::OnDeleteAllItems>(WM_DESTROY),

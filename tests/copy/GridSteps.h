@@ -37,7 +37,7 @@ inline constexpr int kScrollBack = 0; ///< by a line
 inline constexpr int kScrollOn = 1;
 inline constexpr int kScrollPageOn = 3;
 
-/// `bar` is WM_HSCROLL or WM_VSCROLL.
+/// `bar` is WM_HSCROLL or WM_VSCROLL, or WM_MOUSEWHEEL with a turn of the wheel.
 DialogStep ScrollsGrid(UINT bar, int request);
 
 /// Types characters into the open editor, over what is selected.

@@ -311,7 +311,7 @@ TEST_F(GridClass, AnEditIsEndedByEachMessageThatMovesItsCell)
 {
     Listen(true);
     const std::vector<std::pair<UINT, const char*>> messages = {
-        {WM_VSCROLL, "rows"}, {WM_HSCROLL, "columns"}, {WM_SIZE, "size"}};
+        {WM_VSCROLL, "rows"}, {WM_HSCROLL, "columns"}, {WM_MOUSEWHEEL, "wheel"}, {WM_SIZE, "size"}};
     for (const auto& [message, name] : messages)
     {
         grid->ShowInPlaceControls(1, 1);

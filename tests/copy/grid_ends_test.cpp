@@ -183,7 +183,8 @@ TEST_F(GridEnds, RowsMayBeDeletedWhileTheHostAnswersAnOpening)
             [this](DialogView& view) {
                 OnTypeRead([view] { SendMessageW(view.Control(kDeepRadio), BM_CLICK, 0, 0); });
             },
-            ClicksCell(kOrder, 1), Sees(RowCount(0)), Chooses(kPlanType, L"Station"), Sees(RowCount(3))});
+            ClicksCell(kOrder, 1), Sees(RowCount(0)), Sees(NoEditor()), Chooses(kPlanType, L"Station"),
+            Sees(RowCount(3))});
     EXPECT_EQ(Applied(), "");
 }
 
@@ -206,4 +207,16 @@ TEST_F(GridEnds, RowsMayBeDeletedAndOthersOpenedWhileTheHostTakesAText)
                  },
                  Types("Return"), Sees(RowCount(3)), Types("Return"), Sees(NoEditor())});
     EXPECT_EQ(Applied(), "Mass = BSTR '', Order = BSTR 'typed',  = EMPTY");
+}
+
+TEST_F(GridEnds, AnAttributeThatOnlyItsRowHoldsOutlivesItsAnswer)
+{
+    InGrid(OpensEditor(kOrder) +
+           Steps{TypesInEditor(L"typed"),
+                 [this](DialogView& view) {
+                     Station().attributes.objects.clear();
+                     OnTypeRead([view] { SendMessageW(view.Control(kDeepRadio), BM_CLICK, 0, 0); });
+                 },
+                 Types("Return"), Sees(RowCount(0)), Sees(NoEditor())});
+    EXPECT_EQ(Applied(), "Order = BSTR 'typed'");
 }

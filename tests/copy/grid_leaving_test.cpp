@@ -97,6 +97,7 @@ const Way kWays[] = {
     {.name = "ThePlanTypeAgain", .leave = {Chooses(kPlanType, L"Station")}, .focus = kPlanType},
     {.name = "ScrollDown", .leave = {ScrollsGrid(WM_VSCROLL, kScrollOn)}},
     {.name = "ScrollAcross", .leave = {ScrollsGrid(WM_HSCROLL, kScrollOn)}},
+    {.name = "Wheel", .leave = {ScrollsGrid(WM_MOUSEWHEEL, static_cast<int>(0xFF880000))}},
     {.name = "Wider", .leave = {MovesGrid(10)}},
     {.name = "Narrower", .leave = {MovesGrid(-10)}},
     {.name = "Advanced", .leave = {Presses(kAdvanced), Presses(kAdvanced)}, .focus = kAdvanced},

@@ -56,23 +56,25 @@ protected:
     }
 
     /// Expands the dialog and chooses the type of the press.
-    static Steps ShowsStations()
+    static Steps ShowsStations(int rows = 3)
     {
         using namespace copy_dialog;
         return Expands() +
                Steps{Types("Tab", FocusOn(kNormalRadio)),   Types("Tab", FocusOn(kPlanType)),
                      Types("alt+Down", Dropped(kPlanType)), Types("Down Down", Chosen(kPlanType, L"Station")),
-                     Types("Return", Undropped(kPlanType)), Sees(RowCount(3))};
+                     Types("Return", Undropped(kPlanType)), Sees(RowCount(rows))};
     }
 
-    /// Moves the mouse to a point of the grid, in client coordinates, and presses its left button.
-    Steps PointsAt(std::function<POINT(HWND grid)> point, const Sight& until)
+    /// Moves the mouse to a point of the grid, in client coordinates, and presses its left button, or does
+    /// what else `act` says (KeyRequest.h).
+    Steps PointsAt(std::function<POINT(HWND grid)> point, const Sight& until,
+                   const std::string& act = "click")
     {
-        return {[this, point = std::move(point)](DialogView& view) {
+        return {[this, act, point = std::move(point)](DialogView& view) {
                     POINT at = point(GridOf(view));
                     MapWindowPoints(GridOf(view), nullptr, &at, 1);
                     mouse.emplace(view.Window(),
-                                  "click " + std::to_string(at.x) + " " + std::to_string(at.y));
+                                  act + " " + std::to_string(at.x) + " " + std::to_string(at.y));
                 },
                 Sees({"the mouse has clicked",
                       [this](const DialogView&) {

@@ -3,6 +3,8 @@
 
 #include "WindowTexts.h"
 
+#include <commctrl.h>
+
 namespace
 {
 using namespace copy_dialog;
@@ -94,6 +96,23 @@ TEST_F(GridByMouse, ATextIsTakenByTheScrollBar)
     Show(OpensOrder() + Steps{Types("a", EditorShows(L"a"))} + PointsAt(&ArrowBelow, NoEditor()) +
          Steps{Sees(InRow(kOrder, {L"Order", L"a"})), Sees(FocusOn(kGrid))} + PressesOk());
     EXPECT_EQ(Applied(L"Order"), "BSTR 'a'");
+}
+
+TEST_F(GridByMouse, ATextIsTakenByTheWheelThatScrollsItsRowAway)
+{
+    for (int row = 19; row >= 0; --row)
+        host.Config().Find(L"Station")->Attribute((L"N" + std::to_wstring(row)).c_str());
+    const Sight scrolled = {"the rows have moved", [](const DialogView& view) {
+                                return SendMessageW(GridOf(view), LVM_GETTOPINDEX, 0, 0) > 0;
+                            }};
+    const auto middle = [](HWND grid) {
+        const RECT cell = CellPlace(grid, 2, 1);
+        return POINT{cell.left + 30, cell.top + 3};
+    };
+    Show(ShowsStations(23) + OpensBy(1, EditorFocused()) + Steps{Types("a", EditorShows(L"a"))} +
+         PointsAt(middle, scrolled, "wheel") + Steps{Sees(NoEditor()), Sees(InRow(1, {L"N1", L"a"}))} +
+         PressesOk());
+    EXPECT_EQ(Applied(L"N1"), "BSTR 'a'");
 }
 
 TEST_F(GridByMouse, ATextIsTakenByTheOtherKindOfCopyAndKept)
