@@ -278,7 +278,7 @@ static void CALLBACK User(HWND, UINT, UINT_PTR timer, DWORD)
     const HWND grid = GetDlgItem(dialog, 373);
     SendMessageW(dialog, WM_COMMAND, advanced, 0);
     SendMessageW(planTypes, CB_SHOWDROPDOWN, TRUE, 0);
-    SendMessageW(planTypes, CB_SETCURSEL, 0, 0);
+    SendMessageW(planTypes, WM_KEYDOWN, VK_DOWN, 0);
     SendMessageW(planTypes, CB_SHOWDROPDOWN, FALSE, 0);
     PrintCell("offered", grid, 0, 0);
     SetCell(grid, 0, 1, L"blue");
