@@ -88,13 +88,15 @@ std::wstring_view TextOf(BSTR text)
     return {text, SysStringLen(text)};
 }
 
-/// Closes the gap of every entry with this tree string. Only the values move; the numbers, which are the
-/// names of the values, stay where they are. What stands behind the last survivor stays, too.
-void Compact(std::vector<tagSTRINGPAIR>& names, std::vector<tagSTRINGPAIR>& trees, const XQPComBSTR& tree)
+/// Closes the gap of every entry with this tree string, of which there are `treeCount`. Only the values move;
+/// the numbers, which are the names of the values, stay where they are. What stands behind the last survivor
+/// stays, too.
+void Compact(std::vector<tagSTRINGPAIR>& names, std::vector<tagSTRINGPAIR>& trees, ULONG treeCount,
+             const XQPComBSTR& tree)
 {
     std::size_t to = 0;
     for (std::size_t from = 0; from < names.size(); ++from)
-        if (!trees[from].bstrValue || TextOf(trees[from].bstrValue) != tree.View())
+        if (from >= treeCount || TextOf(trees[from].bstrValue) != tree.View())
         {
             names[to].bstrValue = names[from].bstrValue;
             trees[to].bstrValue = trees[from].bstrValue;
@@ -220,7 +222,7 @@ HRESULT XBookmarkManager::Deletebokmark(XQPComBSTR project, XQPComBSTR tree)
     std::vector<tagSTRINGPAIR> nameList = names.Copy(names.list ? names.count : 0);
     std::vector<tagSTRINGPAIR> treeList = trees.Copy(trees.list ? static_cast<ULONG>(nameList.size()) : 0);
     if (wereRead)
-        Compact(nameList, treeList, tree);
+        Compact(nameList, treeList, trees.count, tree);
     // On purpose also if the lists could not be read.
     HRESULT status = DeleteLists(nameKey, treeKey);
     if (status < 0)
