@@ -60,14 +60,15 @@ HWND GridEditor(const DialogView& view)
     return grid ? GetDlgItem(grid, kEditor) : nullptr;
 }
 
+// For column 0 the list gives the whole row.
 RECT CellPlace(HWND grid, int row, int column)
 {
     RECT place{};
     place.left = LVIR_BOUNDS;
-    EXPECT_TRUE(Ask(grid, LVM_GETITEMRECT, row, reinterpret_cast<LPARAM>(&place))) << "no row " << row;
-    for (int before = 0; before < column; ++before)
-        place.left += static_cast<LONG>(Ask(grid, LVM_GETCOLUMNWIDTH, before));
-    place.right = place.left + static_cast<LONG>(Ask(grid, LVM_GETCOLUMNWIDTH, column));
+    place.top = column;
+    EXPECT_TRUE(Ask(grid, LVM_GETSUBITEMRECT, row, reinterpret_cast<LPARAM>(&place))) << "no row " << row;
+    if (column == 0)
+        place.right = place.left + static_cast<LONG>(Ask(grid, LVM_GETCOLUMNWIDTH, 0));
     return place;
 }
 
