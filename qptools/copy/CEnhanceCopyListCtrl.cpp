@@ -3,10 +3,9 @@
 #include "CEnhancedCopyDialog.h"
 #include "CInPlaceDateTime.h"
 #include "CInPlaceEdit.h"
+#include "ReadNumber.h"
 
 #include "HostConstants.h"
-
-#include "XQPComVariant.h"
 
 #include "ComPtr.h"
 #include "UiState.h"
@@ -40,19 +39,6 @@ DWORD AlignmentBits(int format)
     return format == LVCFMT_LEFT ? 0 : format == LVCFMT_RIGHT ? 2 : 1;
 }
 } // namespace
-
-// A host that calls back may delete the row meanwhile, whose reference was the last one.
-HRESULT ReadNumber(IQPAttribute* attribute, int member, int& number)
-{
-    number = 0;
-    if (!attribute)
-        return E_POINTER;
-    const ComPtr held(attribute);
-    XQPComVariant value;
-    const HRESULT status = held->GetProperty(member, &value);
-    number = value.GetInt();
-    return status;
-}
 
 CEnhanceCopyListCtrl::CEnhanceCopyListCtrl() = default;
 

@@ -71,8 +71,4 @@ private:
 
     std::vector<std::unique_ptr<OpenEditor>> m_editors; ///< in order of creation, ended ones included
 };
-
-/// Reads a member of an attribute, which may be null, as a number: 0 if it has none. Returns the host's
-/// status, or E_POINTER without an attribute.
-HRESULT ReadNumber(IQPAttribute* attribute, int member, int& number);
 } // namespace qptools

@@ -1,5 +1,7 @@
 #include "CEnhancedCopyDialog.h"
 
+#include "ReadNumber.h"
+
 #include "HostConstants.h"
 
 #include "MessageBoxes.h"

@@ -1,6 +1,8 @@
 // The values of the enhanced copy dialog: from the grid, to the grid, and to the copies.
 #include "CEnhancedCopyDialog.h"
 
+#include "ReadNumber.h"
+
 #include "HostConstants.h"
 
 #include "XQPError.h"
@@ -60,8 +62,8 @@ void CEnhancedCopyDialog::Collect(CopyRoute route, CopyCandidates& candidates) c
 // Both are empty before a host's object is released, which may call back.
 void CEnhancedCopyDialog::ClearMaps() noexcept
 {
-    const CopyCandidates normal = std::exchange(m_normalCandidates, {});
     const CopyCandidates deep = std::exchange(m_deepCandidates, {});
+    const CopyCandidates normal = std::exchange(m_normalCandidates, {});
 }
 
 // On purpose a failure of any kind reaches the log book only: what was set until then stays.
