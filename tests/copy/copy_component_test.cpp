@@ -227,6 +227,13 @@ TEST_F(CopyComponent, ShowsTheSameDialogAgainInTheOtherLayout)
     EXPECT_EQ(Clicked(), -1);
 }
 
+TEST_F(CopyComponent, AdvancedOfTheSecondRunTakesTheOptionBack)
+{
+    Open({Presses(kDeep)});
+    EXPECT_EQ(Show({Presses(kAdvanced), Closes()}), S_OK);
+    EXPECT_EQ(Clicked(), -1);
+}
+
 TEST_F(CopyComponent, ValuesOutliveTheFirstOfTwoRuns)
 {
     chosen = {press};

@@ -1,9 +1,8 @@
 // The enhanced copy dialog out of memory: each of the module's own allocations fails once, while it opens,
 // walks, lists, shows, takes a value and closes. Natively only: the system's own allocators on Windows do not
 // fail on request.
-#include "CopyWords.h"
+#include "CopyMessages.h"
 #include "FaultyMemory.h"
-#include "GridSteps.h"
 #include "MemoryHost.h"
 #include "ModuleAllocations.h"
 #include "ModuleUnderTest.h"
@@ -21,40 +20,6 @@
 namespace
 {
 using namespace copy_dialog;
-
-// What a user does, as messages: the dialog may end at any of them.
-
-void ChooseFirst(HWND dialog)
-{
-    const HWND list = GetDlgItem(dialog, kPlanType);
-    SendMessageW(list, CB_SHOWDROPDOWN, TRUE, 0);
-    SendMessageW(list, WM_KEYDOWN, VK_DOWN, 1);
-    SendMessageW(list, CB_SHOWDROPDOWN, FALSE, 0);
-}
-
-void ClickFirstValue(HWND dialog)
-{
-    const HWND grid = GetDlgItem(dialog, kGrid);
-    if (SendMessageW(grid, LVM_GETITEMCOUNT, 0, 0) == 0)
-        return;
-    const RECT cell = CellPlace(grid, 0, 1);
-    const LPARAM at = MAKELPARAM((cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2);
-    SendMessageW(grid, WM_LBUTTONDOWN, MK_LBUTTON, at);
-    SendMessageW(grid, WM_LBUTTONUP, 0, at);
-}
-
-void TypeAndReturn(HWND dialog)
-{
-    const HWND editor = GridEditor(DialogView(dialog));
-    for (const wchar_t character : {L'a', L'b', L'\r'})
-        SendMessageW(editor, WM_CHAR, character, 1);
-}
-
-template <int button>
-void PressThis(HWND dialog)
-{
-    SendMessageW(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
-}
 
 class CopyDialogMemory : public testing::Test
 {
@@ -126,8 +91,8 @@ protected:
     ComPtr<IQPCopyOptDlg> copy;
 
     const PatientUser::Steps values = {
-        &PressThis<kAdvanced>, &PressThis<kDeepRadio>, &PressThis<kNormalRadio>, &ChooseFirst,
-        &ChooseFirst,          &ClickFirstValue,       &ClickFirstValue,         &TypeAndReturn};
+        &PressThis<kAdvanced>, &PressThis<kDeepRadio>, &PressThis<kNormalRadio>, &ChooseNext,
+        &ChooseNext,           &ClickFirstValue,       &ClickFirstValue,         &TypeAndReturn};
 };
 
 TEST_F(CopyDialogMemory, EndsTheDialogThatOpens)
