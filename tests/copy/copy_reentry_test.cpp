@@ -42,11 +42,11 @@ constexpr Meddling kMeddlings[] = {{"DeleteObjects",
                                     }},
                                    {"ApplyToOthers",
                                     [](ComPtr<IQPCopyOptDlg>& copy, MemoryEnum& others) {
-                                        Apply(*copy.get(), &others);
+                                        Apply(*copy, &others);
                                     }},
                                    {"ApplyToNothing",
                                     [](ComPtr<IQPCopyOptDlg>& copy, MemoryEnum&) {
-                                        Apply(*copy.get(), nullptr);
+                                        Apply(*copy, nullptr);
                                     }},
                                    {"DeleteAndRelease",
                                     [](ComPtr<IQPCopyOptDlg>& copy, MemoryEnum&) {
@@ -54,11 +54,11 @@ constexpr Meddling kMeddlings[] = {{"DeleteObjects",
                                         copy.reset();
                                     }},
                                    {"EverythingInTurn", [](ComPtr<IQPCopyOptDlg>& copy, MemoryEnum& others) {
-                                        Apply(*copy.get(), &others);
+                                        Apply(*copy, &others);
                                         LONG option = 77;
                                         EXPECT_EQ(copy->GetButtonIDClicked(&option), S_OK);
                                         EXPECT_EQ(copy->Initialize(&others, nullptr), S_OK);
-                                        Apply(*copy.get(), nullptr);
+                                        Apply(*copy, nullptr);
                                         EXPECT_EQ(copy->DeleteObjects(), S_OK);
                                         EXPECT_EQ(copy->DeleteObjects(), S_OK);
                                     }}};
@@ -85,7 +85,7 @@ protected:
     void Meddle()
     {
         if (!std::exchange(m_done, true))
-            GetParam().act(copy, *others.get());
+            GetParam().act(copy, *others);
     }
 
     /// It was done, and the component holds nothing any more. The test itself holds that many references to

@@ -211,7 +211,7 @@ TEST_P(CopyAnswers, LeadToTheseRows)
         ExpectBox(L"qptools", kNoAttributes);
     Open(Expands() + Steps{Chooses(kPlanType, L"Tool")} + Fills(0, L"3") + Fills(1, L"2") + Fills(2, L"1") +
          Steps{Chooses(kPlanType, L"Station"),
-               [&](DialogView&) { answer.give(tool, *attributes[0].get(), *attributes[2].get()); }, Forgets(),
+               [&](DialogView&) { answer.give(tool, *attributes[0], *attributes[2]); }, Forgets(),
                Chooses(kPlanType, L"Tool"), Sees(InColumn(0, answer.rows)), Sees(InColumn(1, answer.values)),
                Sees(box ? Disabled(kGrid) : Enabled(kGrid)), Marks(), Chooses(kPlanType, L"Tool"),
                LedToNoCall(), Sees(InColumn(0, answer.rows)), Presses(kAdvancedOk)});
