@@ -4,6 +4,8 @@
 
 #include "WindowTexts.h"
 
+#include <optional>
+
 namespace
 {
 using namespace copy_dialog;
@@ -259,6 +261,25 @@ TEST_F(GridEditors, OkWhileAnUntouchedPickerIsOpenTakesTheMark)
 {
     InGrid(OpensEditor(kDue));
     EXPECT_EQ(TypeReads(), 2);
+    EXPECT_EQ(Applied(), "Due = BSTR 'X'");
+}
+
+TEST_F(GridEditors, AnEditorThatCannotBeCreatedMarksNothing)
+{
+    std::optional<NoneOf> none;
+    const auto without = [&none](const wchar_t* className) -> DialogStep {
+        return [&none, className](DialogView&) {
+            none.emplace(className);
+        };
+    };
+    const DialogStep withAll = [&none](DialogView&) {
+        none.reset();
+    };
+    InGrid({ClicksCell(kOrder, 1), without(WC_EDITW), ClicksCell(kOrder, 1), withAll, ClicksCell(kDue, 1),
+            without(DATETIMEPICK_CLASSW), ClicksCell(kDue, 1), withAll, Sees(NoEditor()),
+            Sees(InColumn(1, {L"", L"", L""})), ClicksCell(kDue, 1), Sees(PickerOpen())});
+    EXPECT_TRACE(
+        Calls{"Order.GetProperty(3)", "Due.GetProperty(3)", "Due.GetProperty(3)", "Due.GetProperty(3)"});
     EXPECT_EQ(Applied(), "Due = BSTR 'X'");
 }
 
