@@ -11,8 +11,6 @@ namespace refhost
 {
 namespace
 {
-constexpr const char* kChildList = "nodes";
-
 /// Each column once; an attribute may have several keys.
 std::vector<const Attribute*> ColumnsOf(const Kind& kind)
 {
@@ -33,7 +31,6 @@ public:
     std::vector<RowPlace> Tops() const;
 
 private:
-    std::vector<RowPlace> ChildrenOf(const RowPlace& object);
     bool IsTop(long long id) const { return m_tops.count(id) != 0 && m_below.count(id) == 0; }
     std::string FreeKey(const RowPlace& object);
     std::string NameOf(const RowPlace& object);
@@ -48,19 +45,6 @@ private:
     std::set<long long> m_below;
 };
 
-std::vector<RowPlace> Copier::ChildrenOf(const RowPlace& object)
-{
-    std::vector<RowPlace> children;
-    const ChildList* list = m_option == CopyOption::Deep ? object.kind->FindChildren(kChildList) : nullptr;
-    if (!list)
-        return children;
-    Statement rows(m_core.database, list->Sql());
-    rows.Bind(1, object.id);
-    while (rows.Step())
-        children.push_back({FindKind(rows.Text(1)), rows.Integer(0)});
-    return children;
-}
-
 /// Keeps its own stack: a tree may be of any depth.
 void Copier::Collect(const RowPlace& top)
 {
@@ -73,7 +57,9 @@ void Copier::Collect(const RowPlace& top)
         if (!m_copies.emplace(object.id, 0).second)
             continue;
         m_objects.push_back(object);
-        std::vector<RowPlace> children = ChildrenOf(object);
+        if (m_option != CopyOption::Deep)
+            continue;
+        const std::vector<RowPlace> children = ChildrenOf(m_core, object);
         for (const RowPlace& child : children)
             if (child.id != top.id)
                 m_below.insert(child.id);

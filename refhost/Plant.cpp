@@ -54,6 +54,25 @@ long long ProjectNumber(PlantCore& core, std::wstring_view name)
 {
     return KnownNumber(core, KindOf(L"project"), Utf8FromWide(name));
 }
+
+std::vector<RowPlace> PlacesOf(const PlantCore& core, const std::vector<ComPtr<IQP_BaseDataObject>>& objects)
+{
+    std::vector<RowPlace> places;
+    for (const ComPtr<IQP_BaseDataObject>& object : objects)
+    {
+        const ComPtr<HostDataObject> own = OwnObject(core, object);
+        places.push_back({&own->KindOf(), own->Id()});
+    }
+    return places;
+}
+
+ComPtr<IEnumBaseDataObject> ListOf(const Core& core, const std::vector<RowPlace>& places)
+{
+    std::vector<long long> numbers;
+    for (const RowPlace& place : places)
+        numbers.push_back(place.id);
+    return MixedEnumerator::Make(core, *FindKind("plannode"), std::move(numbers));
+}
 } // namespace
 
 Plant::Plant(const std::string& name) : m_core(std::make_shared<PlantCore>(name)) {}
@@ -151,21 +170,27 @@ std::vector<std::string> Plant::StoreContent()
     return KeyStore(m_core->database).Content();
 }
 
+ComPtr<IEnumBaseDataObject> Plant::List(const std::vector<ComPtr<IQP_BaseDataObject>>& objects)
+{
+    return ListOf(m_core, PlacesOf(*m_core, objects));
+}
+
 ComPtr<IEnumBaseDataObject> Plant::Copy(const std::vector<ComPtr<IQP_BaseDataObject>>& objects,
                                         CopyOption option)
 {
-    std::vector<RowPlace> places;
-    for (const ComPtr<IQP_BaseDataObject>& object : objects)
-    {
-        const ComPtr<HostDataObject> own = OwnObject(*m_core, object);
-        places.push_back({&own->KindOf(), own->Id()});
-    }
+    const std::vector<RowPlace> places = PlacesOf(*m_core, objects);
     Transaction transaction(m_core->database);
-    std::vector<long long> copies;
-    for (const RowPlace& copy : CopyObjects(*m_core, places, option))
-        copies.push_back(copy.id);
+    const std::vector<RowPlace> copies = CopyObjects(*m_core, places, option);
     transaction.Commit();
-    return MixedEnumerator::Make(m_core, *FindKind("plannode"), std::move(copies));
+    return ListOf(m_core, copies);
+}
+
+void Plant::Remove(const std::vector<ComPtr<IQP_BaseDataObject>>& objects)
+{
+    const std::vector<RowPlace> places = PlacesOf(*m_core, objects);
+    Transaction transaction(m_core->database);
+    RemoveObjects(*m_core, places);
+    transaction.Commit();
 }
 
 void Plant::SetRights(std::wstring_view table, std::wstring_view name, std::optional<long> rights)

@@ -55,6 +55,9 @@ public:
     /// The identifier of an object of this plant, such as "$12)".
     std::wstring IdOf(const ComPtr<IQP_BaseDataObject>& object) const;
 
+    /// The objects as a list, such as what a user has selected. They must be of this plant.
+    ComPtr<IEnumBaseDataObject> List(const std::vector<ComPtr<IQP_BaseDataObject>>& objects);
+
     /// Copies objects with their values, rights and limits, in one transaction, and returns the copies, in
     /// the order of `objects`, which must be of this plant. Each object is copied once: in a deep copy, one
     /// that lies below another of the list comes with that, and is not returned.
@@ -65,6 +68,10 @@ public:
     /// and shared if it lies outside.
     ComPtr<IEnumBaseDataObject> Copy(const std::vector<ComPtr<IQP_BaseDataObject>>& objects,
                                      CopyOption option);
+
+    /// Removes objects with everything below them, in one transaction. Throws, and removes nothing, if an
+    /// object that stays refers to one of them. `objects` must be of this plant.
+    void Remove(const std::vector<ComPtr<IQP_BaseDataObject>>& objects);
 
     /// Sets the user's rights on an object, as a mask of QPRightType; std::nullopt removes its rights
     /// service.

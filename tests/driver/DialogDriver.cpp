@@ -15,6 +15,9 @@ namespace
 // How long a dialog may take to close once asked to, in milliseconds.
 constexpr UINT kClosingBound = 2'000;
 
+// A timer of the system, such as that of a caret. It has no public name.
+constexpr UINT kSystemTimer = 0x118;
+
 // True if the loop has posted messages to deliver, keys included, before the dialog is at rest. WM_QUIT and
 // timers do not count: they are delivered last, so not while this object has a message in the queue. The same
 // holds for true input.
@@ -22,7 +25,7 @@ bool IsAnythingWaiting()
 {
     MSG message;
     return PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_POSTMESSAGE) &&
-           message.message != WM_QUIT && message.message != WM_TIMER;
+           message.message != WM_QUIT && message.message != WM_TIMER && message.message != kSystemTimer;
 }
 
 bool IsEndPosted()
