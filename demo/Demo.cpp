@@ -1,6 +1,7 @@
 #include "Demo.h"
 
 #include "ChooserDemo.h"
+#include "CopyDemo.h"
 #include "Created.h"
 #include "DemoLog.h"
 #include "HostCalls.h"
@@ -134,6 +135,8 @@ void CDemo::ShowDialogs()
     CChooserDemo(*m_plant, m_pictures, m_language, expect).Run();
     PrintLine(Underlined(L"Properties of scripts"));
     CPropertyDemo(*m_plant, m_pictures, expect).Run();
+    PrintLine(Underlined(L"Enhanced copy"));
+    CCopyDemo(*m_plant, m_pictures, m_hostCalls, expect).Run();
     Expect(!testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed(), L"every dialog could be used");
 }
 

@@ -4,8 +4,7 @@
 
 #include <commctrl.h>
 
-/// The index of the row whose first column shows that text; -1 if there is none.
-static int RowOf(const DialogView& view, const std::wstring& name)
+int RowOf(const DialogView& view, const std::wstring& name)
 {
     int row = view.Rows(view.List()) - 1;
     while (row >= 0 && view.Cell(view.List(), row, 0) != name)
@@ -22,7 +21,7 @@ void PrintRows(const DialogView& view)
 
 void PressButton(const DialogView& view, int button)
 {
-    PrintLine(L"    the button \"" + view.Text(button) + L"\" is pressed");
+    Says(L"the button \"" + view.Text(button) + L"\" is pressed");
     view.Click(button);
 }
 
@@ -47,6 +46,11 @@ void SelectNothing(const DialogView& view)
 void PressOk(const DialogView& view)
 {
     view.Click(IDOK);
+}
+
+void Says(const std::wstring& act)
+{
+    PrintLine(L"    " + act);
 }
 
 std::wstring Indented(std::wstring text)

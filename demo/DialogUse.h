@@ -8,6 +8,9 @@
 /// Prints the title and the first column of the list.
 void PrintRows(const DialogView& view);
 
+/// The index of the row whose first column shows that text; -1 if there is none.
+int RowOf(const DialogView& view, const std::wstring& name);
+
 /// Selects the row whose first column shows `name`, and presses OK.
 void PickRow(const DialogView& view, const std::wstring& name);
 
@@ -18,6 +21,9 @@ void PressOk(const DialogView& view);
 
 /// Prints the button's text and presses it.
 void PressButton(const DialogView& view, int button);
+
+/// Prints what the user does.
+void Says(const std::wstring& act);
 
 /// Indents all lines but the first, as messages are printed.
 std::wstring Indented(std::wstring text);

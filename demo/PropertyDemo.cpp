@@ -81,12 +81,6 @@ void PrintCommandFields(const DialogView& view)
                        {L"Script execution", kExecution},
                        {L"Element", kElement}});
 }
-
-/// Prints what the user does.
-void Says(const wchar_t* act)
-{
-    PrintLine(std::wstring(L"    ") + act);
-}
 } // namespace
 
 CPropertyDemo::CPropertyDemo(refhost::Plant& plant, CPictures& pictures, Expectation expect)
