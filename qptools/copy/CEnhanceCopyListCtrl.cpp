@@ -11,6 +11,7 @@
 #include "UiState.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace qptools
 {
@@ -75,8 +76,9 @@ const CMessageMap& CEnhanceCopyListCtrl::GetMessageMap() const
 
 void CEnhanceCopyListCtrl::InsertAttribute(LPCWSTR name, IQPAttribute* attribute)
 {
-    if (InsertItem(0, name, reinterpret_cast<LPARAM>(attribute)) >= 0 && attribute)
-        attribute->AddRef();
+    m_attributes.emplace_back(attribute);
+    if (InsertItem(0, name, reinterpret_cast<LPARAM>(attribute)) < 0)
+        m_attributes.pop_back();
 }
 
 IQPAttribute* CEnhanceCopyListCtrl::AttributeOf(int row) const noexcept
@@ -84,26 +86,28 @@ IQPAttribute* CEnhanceCopyListCtrl::AttributeOf(int row) const noexcept
     return reinterpret_cast<IQPAttribute*>(GetItemData(row));
 }
 
-void CEnhanceCopyListCtrl::ReleaseAttribute(int row) const noexcept
-{
-    IQPAttribute* attribute = AttributeOf(row);
-    SetItemData(row, 0);
-    if (attribute)
-        attribute->Release();
-}
+// Attributes are released after their rows: a host may call back then.
 
 LRESULT CEnhanceCopyListCtrl::OnDeleteItem(WPARAM row, LPARAM)
 {
     AbandonEditors();
-    ReleaseAttribute(static_cast<int>(row));
+    ComPtr<IQPAttribute> released;
+    const auto found = std::find_if(m_attributes.begin(), m_attributes.end(),
+                                    [attribute = AttributeOf(static_cast<int>(row))](const auto& held) {
+                                        return held.get() == attribute;
+                                    });
+    if (found != m_attributes.end())
+    {
+        released = std::move(*found);
+        m_attributes.erase(found);
+    }
     return Default();
 }
 
 LRESULT CEnhanceCopyListCtrl::OnDeleteAllItems(WPARAM, LPARAM)
 {
     AbandonEditors();
-    for (int row = 0; row < GetItemCount(); ++row)
-        ReleaseAttribute(row);
+    const auto released = std::exchange(m_attributes, {});
     return Default();
 }
 

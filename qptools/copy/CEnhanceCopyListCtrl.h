@@ -3,6 +3,7 @@
 
 #include "Export.h"
 
+#include "ComPtr.h"
 #include "ListCtrl.h"
 
 #include "qpconfig.h"
@@ -66,9 +67,9 @@ private:
     void OpenPicker(int row, int column, const CRect& place);
     void OpenEdit(int row, int column, const CRect& place);
     void UpdateContainer(int row, int column) const;
-    void ReleaseAttribute(int row) const noexcept;
     void AbandonEditors() noexcept;
 
+    std::vector<ComPtr<IQPAttribute>> m_attributes;     ///< of the rows, in no order
     std::vector<std::unique_ptr<OpenEditor>> m_editors; ///< in order of creation, ended ones included
 };
 } // namespace qptools

@@ -88,8 +88,8 @@ void PostChoice(HWND dialog)
     const HWND combo = GetDlgItem(dialog, kPlanTypes);
     PostMessageW(dialog, WM_COMMAND, kAdvanced, 0);
     PostMessageW(combo, CB_SHOWDROPDOWN, TRUE, 0);
-    PostMessageW(combo, CB_SETCURSEL, 0, 0);
-    PostMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
+    PostMessageW(combo, WM_KEYDOWN, VK_DOWN, 0);
+    PostMessageW(combo, WM_KEYDOWN, VK_RETURN, 0);
 }
 
 ComPtr<IQPCopyOptDlg> NewComponent(const ModuleUnderTest& module)
