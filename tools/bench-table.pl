@@ -57,12 +57,15 @@ sub fields {
 }
 
 sub tables {
+    my @walks = ('Deep walk in trees 10 deep', 'Deep walk in trees 10000 deep');
     my @tables = (machine(), beside_floor('GetScriptsForAction', 1.15, 0), beside_floor('GetScriptCommands', 1.3, 10_000),
         one_prompt(2.5), beside_floor('Script picker', 1.3, 10_000), beside_floor('QPSelectDlg', 1.3, 10_000), lookup(1.2),
         (map { beside_floor($_, 1.3, 0) } 'Script action opened', 'List of scripts', 'List of plan types',
             'List of configured types', 'List of macros'),
+        (map { beside_floor($_, 1.2, 100_000) } @walks), beside_floor('ApplyEnhanceCopy', 1.15, 100_000),
+        beside_floor('Copy dialog opened', 1.3, 0),
         lines(), first());
-    flat('GetScriptsForAction', 10_000, 100_000, 0.2);
+    flat($_, 10_000, 100_000, 0.2) for 'GetScriptsForAction', @walks;
     return join "\n", @tables, limits();
 }
 
