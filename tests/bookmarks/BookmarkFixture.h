@@ -5,6 +5,8 @@
 #include "DialogFixture.h"
 #include "RegisteredProgId.h"
 
+#include <optional>
+
 class BookmarkFixture : public DialogFixture
 {
 protected:
@@ -36,7 +38,7 @@ protected:
         return status;
     }
 
-    const RegisteredProgId viewClass{MemoryView::kProgId, MemoryView::kClass};
+    std::optional<RegisteredProgId> viewClass{std::in_place, MemoryView::kProgId, MemoryView::kClass};
     const RegisteredProgId expanderClass{MemoryExpander::kProgId, MemoryExpander::kClass};
     const ComPtr<MemoryObject> north = host.Known(L"$7)", L"North");
     const ComPtr<MemoryObject> south = host.Known(L"$8)", L"South");
