@@ -103,7 +103,7 @@ void CCopyDemo::CopyAsTheyAre()
     const ComPtr<IQPCopyOptDlg> copy = NewCopy(objects);
     if (!copy)
         return;
-    const LONG option = Show(*copy.get(), {[this](DialogView& view) {
+    const LONG option = Show(*copy, {[this](DialogView& view) {
         Picture("copy-options");
         PrintLine(L"  " + view.Title());
         PressButton(view, kNormal);
@@ -111,10 +111,10 @@ void CCopyDemo::CopyAsTheyAre()
     m_expect(option == kNormalCopy, L"a copy of the objects alone is asked for");
     const DataObjects copies = MakeCopies(objects, option);
     const std::vector<CopiedValue> before = ValuesOf(copies);
-    Apply(*copy.get(), copies);
+    Apply(*copy, copies);
     m_expect(m_plant.Calls().Count() == 0, L"without values the copies are not read");
     PrintValues(before, {});
-    End(*copy.get(), copies);
+    End(*copy, copies);
 }
 
 void CCopyDemo::GiveUp()
@@ -124,11 +124,11 @@ void CCopyDemo::GiveUp()
     if (!copy)
         return;
     const LONG option =
-        Show(*copy.get(), Steps{PressesSaying(kAdvanced)} + OpensPlanType(L"Line") +
-                              SetsValue(L"planner", L"Team south") + Steps{PressesSaying(kAdvancedCancel)});
+        Show(*copy, Steps{PressesSaying(kAdvanced)} + OpensPlanType(L"Line") +
+                        SetsValue(L"planner", L"Team south") + Steps{PressesSaying(kAdvancedCancel)});
     m_expect(option == kNoCopy, L"no copy is asked for");
     PrintLine(L"  copied: nothing");
-    End(*copy.get(), {});
+    End(*copy, {});
 }
 
 void CCopyDemo::CopyWithValues()
@@ -140,13 +140,13 @@ void CCopyDemo::CopyWithValues()
         return;
     BoxAnswers boxes;
     ReadMessage(boxes, "copy-options-no-attributes");
-    const LONG option = Show(*copy.get(), ExpandsForDeep() + LeavesMarkAndTypesOverIt() + SetsTextAndDate() +
-                                              EmptiesAndSetsCost() + ComesBackToStations() +
-                                              Steps{PressesSaying(kAdvancedOk)});
+    const LONG option =
+        Show(*copy, ExpandsForDeep() + LeavesMarkAndTypesOverIt() + SetsTextAndDate() + EmptiesAndSetsCost() +
+                        ComesBackToStations() + Steps{PressesSaying(kAdvancedOk)});
     m_expect(option == kDeepCopy, L"a copy with everything below is asked for");
     const DataObjects copies = MakeCopies(objects, option);
     const std::vector<CopiedValue> before = ValuesOf(copies);
-    Apply(*copy.get(), copies);
+    Apply(*copy, copies);
     // The robot's are set twice: the relationship leads to it as well.
     Cost(L"Enhanced copy of a cell: values are set on its copies", 5, 56);
     PrintValues(before, {{{L"planstation", L"operators"}, L"2"},
@@ -155,7 +155,7 @@ void CCopyDemo::CopyWithValues()
                          {{L"orvoplantype_workcell", L"startdate"}, kStoredDate},
                          {{L"planresource", L"supplier"}, L""},
                          {{L"planresource", L"cost"}, L"79000"}});
-    End(*copy.get(), copies);
+    End(*copy, copies);
 }
 
 // The user.

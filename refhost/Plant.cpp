@@ -58,6 +58,7 @@ long long ProjectNumber(PlantCore& core, std::wstring_view name)
 std::vector<RowPlace> PlacesOf(const PlantCore& core, const std::vector<ComPtr<IQP_BaseDataObject>>& objects)
 {
     std::vector<RowPlace> places;
+    places.reserve(objects.size());
     for (const ComPtr<IQP_BaseDataObject>& object : objects)
     {
         const ComPtr<HostDataObject> own = OwnObject(core, object);
@@ -69,6 +70,7 @@ std::vector<RowPlace> PlacesOf(const PlantCore& core, const std::vector<ComPtr<I
 ComPtr<IEnumBaseDataObject> ListOf(const Core& core, const std::vector<RowPlace>& places)
 {
     std::vector<long long> numbers;
+    numbers.reserve(places.size());
     for (const RowPlace& place : places)
         numbers.push_back(place.id);
     return MixedEnumerator::Make(core, *FindKind("plannode"), std::move(numbers));
