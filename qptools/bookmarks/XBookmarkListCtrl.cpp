@@ -53,6 +53,7 @@ const CMessageMap& XBookmarkListCtrl::GetMessageMap() const
     // The notifications of the header, whose identifier is 0. The list passes on some of them to its parent,
     // and which ones depends on the system.
     static const CMessageMapEntry entries[] = {
+        OnMessage<&XBookmarkListCtrl::OnButtonDown>(WM_LBUTTONDOWN),
         OnNotify<&XBookmarkListCtrl::OnColumnClick>(HDN_ITEMCLICKW, 0),
         OnNotify<&XBookmarkListCtrl::OnColumnChanging>(HDN_ITEMCHANGINGW, 0),
         OnNotify<&XBookmarkListCtrl::OnColumnChanging>(HDN_ITEMCHANGINGA, 0),
@@ -76,8 +77,23 @@ void XBookmarkListCtrl::AddRow(int index, Row row)
     SetItemText(placed, kComponentColumn, kept.component.c_str());
 }
 
+// Before the click selects another row: the bookmark of the selected one is renamed.
+LRESULT XBookmarkListCtrl::OnButtonDown(WPARAM, LPARAM)
+{
+    EndEditing();
+    return Default();
+}
+
+/// Ends the editing of a label as the loss of the focus does. Not every system does it by itself.
+void XBookmarkListCtrl::EndEditing() const
+{
+    if (GetEditControl())
+        ::SetFocus(m_hWnd);
+}
+
 void XBookmarkListCtrl::OnColumnClick(NMHDR* notification, LRESULT* result)
 {
+    EndEditing();
     Sort(reinterpret_cast<const NMHEADERW*>(notification)->iItem);
     *result = 0;
 }

@@ -40,6 +40,8 @@ protected:
     const CMessageMap& GetMessageMap() const override;
 
 private:
+    LRESULT OnButtonDown(WPARAM, LPARAM);
+    void EndEditing() const;
     void OnColumnClick(NMHDR* notification, LRESULT* result);
     void OnColumnChanging(NMHDR* notification, LRESULT* result);
     void Sort(int column);

@@ -129,11 +129,14 @@ void XOpenBookmarkDlg::SetExpandOption(const wchar_t* text) const
     m_ptrStore->SetValue(kOptionKey, kOptionName, &value.Value(), kScopeUserWrite);
 }
 
+// A host may let the user act in the dialog meanwhile, who then replaces both members.
 void XOpenBookmarkDlg::Expand(const XQPComBSTR& tree, ULONG line) const
 {
-    if (!m_ptrExpander)
+    const ComPtr<IQPBrowserTreeExpander> expander = m_ptrExpander;
+    const XQPComBSTR project = m_projectId;
+    if (!expander)
         return;
-    const HRESULT status = m_ptrExpander->ExpandTree(tree, m_projectId);
+    const HRESULT status = expander->ExpandTree(tree, project);
     if (status < 0)
         XQPError::HandleStandardError(L"QPTools", L"CFrameApp:: ???", line, L"Expand tree failed", status,
                                       true);
