@@ -38,6 +38,24 @@ protected:
         return status;
     }
 
+    /// The trace begins here: what the host was asked for before is left out.
+    DialogStep TraceBegins()
+    {
+        return {"begins the trace", [this](DialogView&) {
+                    host.calls.clear();
+                }};
+    }
+
+    /// What the store holds, as host.Store().Content() tells it; only the lines with `part` in them.
+    std::vector<std::string> Stored(const std::string& part)
+    {
+        std::vector<std::string> lines;
+        for (const std::string& line : host.Store().Content())
+            if (line.find(part) != std::string::npos)
+                lines.push_back(line);
+        return lines;
+    }
+
     std::optional<RegisteredProgId> viewClass{std::in_place, MemoryView::kProgId, MemoryView::kClass};
     const RegisteredProgId expanderClass{MemoryExpander::kProgId, MemoryExpander::kClass};
     const ComPtr<MemoryObject> north = host.Known(L"$7)", L"North");

@@ -37,12 +37,12 @@ protected:
 };
 
 void ExpectFrame(const DialogResource& dialog, const wchar_t* title, short width, short height,
-                 const wchar_t* font = L"MS Shell Dlg")
+                 const wchar_t* font = L"MS Shell Dlg", DWORD style = kDialogStyle)
 {
     EXPECT_EQ(dialog.title, title);
     EXPECT_EQ(dialog.width, width);
     EXPECT_EQ(dialog.height, height);
-    EXPECT_EQ(dialog.style, kDialogStyle);
+    EXPECT_EQ(dialog.style, style);
     EXPECT_EQ(dialog.exStyle, 0u);
     EXPECT_EQ(dialog.font, font);
     EXPECT_EQ(dialog.pointSize, 8);
@@ -144,6 +144,27 @@ TEST_F(Templates, ScriptCommand)
                         {L"button", 357, L"Page", 227, 212, 33, 10, kFirstRadio},
                         {L"button", 358, L"Group", 227, 227, 35, 10, kRadio},
                         {L"button", 359, L"Attribute", 227, 242, 42, 10, kRadio}}));
+}
+
+/// Resizable; no button is the default one.
+TEST_F(Templates, Bookmarks)
+{
+    const DialogResource dialog = Dialog(217);
+    ExpectFrame(dialog, L"Bookmark", 364, 235, L"MS Shell Dlg", kDialogStyle | WS_THICKFRAME);
+    EXPECT_EQ(dialog.controls, (Controls{{L"static", -1, L"Select a Project", 7, 14, 106, 11, kLabel},
+                                         {L"combo", 382, L"", 7, 26, 199, 78, kDropList},
+                                         {L"static", -1, L"Select Bookmark Object", 7, 44, 117, 9, kLabel},
+                                         {L"SYSLISTVIEW32", 383, L"", 7, 57, 348, 137,
+                                          kChild | WS_BORDER | WS_TABSTOP | LVS_REPORT | LVS_SORTASCENDING},
+                                         {L"button", 384, L"Open", 66, 202, 50, 14, kButton},
+                                         {L"button", 380, L"Delete", 126, 202, 50, 14, kButton},
+                                         {L"button", 381, L"Delete All", 188, 202, 50, 14, kButton},
+                                         {L"button", 2, L"Close", 246, 202, 50, 14, kButton}}));
+}
+
+TEST_F(Templates, TheIconOfTheBookmarks)
+{
+    EXPECT_NE(LoadIconW(module.Handle(), MAKEINTRESOURCEW(385)), nullptr);
 }
 
 // Two default buttons, and radio buttons in their place: the dialog shows either these or those. The resource
