@@ -28,20 +28,6 @@ constexpr wchar_t kDayAndMonth[] = L"10";
 constexpr wchar_t kYear[] = L"2026";
 constexpr wchar_t kStoredDate[] = L"2026-10-10";
 
-DialogStep Saying(const std::wstring& act)
-{
-    return {"says what is done", [act](DialogView&) {
-                Says(act);
-            }};
-}
-
-DialogStep PressesSaying(int button)
-{
-    return {"presses a button", [button](DialogView& view) {
-                PressButton(view, button);
-            }};
-}
-
 bool IsFocused(const DialogView& view, int row)
 {
     return SendMessageW(view.List(), LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_FOCUSED) != 0;

@@ -1,5 +1,6 @@
 #include "Demo.h"
 
+#include "BookmarkDemo.h"
 #include "ChooserDemo.h"
 #include "CopyDemo.h"
 #include "Created.h"
@@ -137,6 +138,8 @@ void CDemo::ShowDialogs()
     CPropertyDemo(*m_plant, m_pictures, expect).Run();
     PrintLine(Underlined(L"Enhanced copy"));
     CCopyDemo(*m_plant, m_pictures, m_hostCalls, expect).Run();
+    PrintLine(Underlined(L"Bookmarks"));
+    CBookmarkDemo(*m_plant, m_pictures, m_hostCalls, expect).Run();
     Expect(!testing::UnitTest::GetInstance()->ad_hoc_test_result().Failed(), L"every dialog could be used");
 }
 

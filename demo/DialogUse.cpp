@@ -53,6 +53,20 @@ void Says(const std::wstring& act)
     PrintLine(L"    " + act);
 }
 
+DialogStep Saying(const std::wstring& act)
+{
+    return {"says what is done", [act](DialogView&) {
+                Says(act);
+            }};
+}
+
+DialogStep PressesSaying(int button)
+{
+    return {"presses a button", [button](DialogView& view) {
+                PressButton(view, button);
+            }};
+}
+
 std::wstring Indented(std::wstring text)
 {
     for (std::size_t end = text.find(L'\n'); end != std::wstring::npos; end = text.find(L'\n', end + 1))

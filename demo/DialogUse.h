@@ -1,7 +1,7 @@
 // What the demonstration's user reads and does in a dialog.
 #pragma once
 
-#include "DialogView.h"
+#include "DialogStep.h"
 
 #include <string>
 
@@ -24,6 +24,10 @@ void PressButton(const DialogView& view, int button);
 
 /// Prints what the user does.
 void Says(const std::wstring& act);
+DialogStep Saying(const std::wstring& act);
+
+/// PressButton as a step.
+DialogStep PressesSaying(int button);
 
 /// Indents all lines but the first, as messages are printed.
 std::wstring Indented(std::wstring text);
