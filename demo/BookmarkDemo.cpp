@@ -1,5 +1,6 @@
 #include "BookmarkDemo.h"
 
+#include "CopiedObjects.h"
 #include "Created.h"
 #include "DialogUse.h"
 #include "Table.h"
@@ -11,9 +12,6 @@
 #include "NavigatorView.h"
 #include "TreeExpander.h"
 
-#include <commctrl.h>
-
-#include <algorithm>
 #include <utility>
 
 namespace
@@ -32,35 +30,10 @@ constexpr wchar_t kTestBench[] = L"Test bench";
 constexpr int kMoreWidth = 160;
 constexpr int kMoreHeight = 90;
 
-DialogStep SelectsSaying(const std::wstring& bookmark)
-{
-    return {"selects a bookmark", [bookmark](DialogView& view) {
-                Says(L"\"" + bookmark + L"\" is selected");
-                view.SelectRow(view.List(), RowOf(view, bookmark));
-            }};
-}
-
 DialogStep TypesName(const std::wstring& name)
 {
     return {"types a name", [name](DialogView& view) {
                 view.Type(view.LabelEditor(view.List()), name);
-            }};
-}
-
-/// Clicks on the heading of a column.
-DialogStep SortsBy(int column)
-{
-    return {"clicks on a heading", [column](DialogView& view) {
-                const HWND list = view.List();
-                Says(L"the heading \"" + view.Columns(list)[static_cast<std::size_t>(column)].caption +
-                     L"\" is clicked");
-                const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
-                RECT heading{};
-                SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(column),
-                             reinterpret_cast<LPARAM>(&heading));
-                const LPARAM point = MAKELPARAM((heading.left + heading.right) / 2, heading.bottom / 2);
-                SendMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, point);
-                SendMessageW(header, WM_LBUTTONUP, 0, point);
             }};
 }
 } // namespace
@@ -76,6 +49,7 @@ void CBookmarkDemo::Run()
     const RegisteredProgId view(refhost::kNavigatorViewProgId, refhost::kNavigatorViewClass);
     const RegisteredProgId expander(refhost::kTreeExpanderProgId, refhost::kTreeExpanderClass);
     const std::vector<std::string> before = m_plant.StoreContent();
+    const long long objects = ObjectCount(m_plant);
     MakeBookmarks();
     ListAndSort();
     Rename();
@@ -83,6 +57,7 @@ void CBookmarkDemo::Run()
     Delete();
     DeleteAll();
     FindNone();
+    m_expect(ObjectCount(m_plant) == objects, L"the plant has as many objects as before");
     m_expect(m_plant.StoreContent() == before, L"the key store is as it was before");
 }
 
@@ -211,10 +186,10 @@ Steps CBookmarkDemo::ShowsBothProjects()
 
 Steps CBookmarkDemo::SortsByBothHeadings()
 {
-    return {SortsBy(0),
+    return {ClicksHeading(0),
             [this](DialogView&) { Picture("bookmarks-by-name"); },
             Prints({L"Robot", L"Doors", L"Check on Monday", L"Bottleneck"}),
-            SortsBy(1),
+            ClicksHeading(1),
             [this](DialogView&) { Picture("bookmarks-by-component"); },
             Prints({L"Doors", L"Robot", L"Bottleneck", L"Check on Monday"})};
 }
@@ -349,19 +324,11 @@ void CBookmarkDemo::AnswerQuestion(BoxAnswers& boxes, const char* picture, int a
 
 void CBookmarkDemo::PrintStore(const std::vector<std::wstring>& expected)
 {
+    const std::map<std::wstring, StoredBookmarks> projects = ReadBookmarks(m_plant, m_names);
+    PrintBookmarks(projects);
     std::vector<std::wstring> found;
-    CTable table({L"Project in the key store", L"Names", L"Places in the tree"});
-    for (const auto& [project, bookmarks] : ReadBookmarks(m_plant, m_names))
-    {
+    for (const auto& [project, bookmarks] : projects)
         found.push_back(project + L": " + InOneLine(bookmarks));
-        const std::size_t rows = std::max({std::size_t{1}, bookmarks.names.size(), bookmarks.places.size()});
-        const auto cell = [](const std::vector<std::wstring>& list, std::size_t row) {
-            return row < list.size() ? list[row] : L"none";
-        };
-        for (std::size_t row = 0; row < rows; ++row)
-            table.AddRow({project, cell(bookmarks.names, row), cell(bookmarks.places, row)});
-    }
-    table.Print();
     m_expect(found == expected,
              L"the key store has these bookmarks: " + (expected.empty() ? L"none" : expected.front()));
 }

@@ -67,6 +67,30 @@ DialogStep PressesSaying(int button)
             }};
 }
 
+DialogStep SelectsSaying(const std::wstring& name)
+{
+    return {"selects a row", [name](DialogView& view) {
+                Says(L"\"" + name + L"\" is selected");
+                view.SelectRow(view.List(), RowOf(view, name));
+            }};
+}
+
+DialogStep ClicksHeading(int column)
+{
+    return {"clicks on a heading", [column](DialogView& view) {
+                const HWND list = view.List();
+                Says(L"the heading \"" + view.Columns(list)[static_cast<std::size_t>(column)].caption +
+                     L"\" is clicked");
+                const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+                RECT heading{};
+                SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(column),
+                             reinterpret_cast<LPARAM>(&heading));
+                const LPARAM point = MAKELPARAM((heading.left + heading.right) / 2, heading.bottom / 2);
+                SendMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, point);
+                SendMessageW(header, WM_LBUTTONUP, 0, point);
+            }};
+}
+
 std::wstring Indented(std::wstring text)
 {
     for (std::size_t end = text.find(L'\n'); end != std::wstring::npos; end = text.find(L'\n', end + 1))

@@ -26,8 +26,12 @@ void PressButton(const DialogView& view, int button);
 void Says(const std::wstring& act);
 DialogStep Saying(const std::wstring& act);
 
-/// PressButton as a step.
+// Steps that print what the user does.
 DialogStep PressesSaying(int button);
+/// Selects the row whose first column shows `name`.
+DialogStep SelectsSaying(const std::wstring& name);
+/// Clicks on the heading of a column.
+DialogStep ClicksHeading(int column);
 
 /// Indents all lines but the first, as messages are printed.
 std::wstring Indented(std::wstring text);

@@ -1,5 +1,7 @@
 #include "StoredBookmarks.h"
 
+#include "Table.h"
+
 #include "Utf8.h"
 
 #include <algorithm>
@@ -72,4 +74,19 @@ std::wstring InOneLine(const StoredBookmarks& bookmarks)
                     : L"none";
     }
     return line;
+}
+
+void PrintBookmarks(const std::map<std::wstring, StoredBookmarks>& projects)
+{
+    CTable table({L"Project in the key store", L"Names", L"Places in the tree"});
+    const auto cell = [](const std::vector<std::wstring>& list, std::size_t row) {
+        return row < list.size() ? list[row] : L"none";
+    };
+    for (const auto& [project, bookmarks] : projects)
+    {
+        const std::size_t rows = std::max({std::size_t{1}, bookmarks.names.size(), bookmarks.places.size()});
+        for (std::size_t row = 0; row < rows; ++row)
+            table.AddRow({project, cell(bookmarks.names, row), cell(bookmarks.places, row)});
+    }
+    table.Print();
 }

@@ -20,6 +20,9 @@ struct StoredBookmarks
 /// The projects that have keys in the store, even empty ones. `names` has those of all objects concerned.
 std::map<std::wstring, StoredBookmarks> ReadBookmarks(refhost::Plant& plant, const ObjectNames& names);
 
+/// A table with the two lists of each project side by side.
+void PrintBookmarks(const std::map<std::wstring, StoredBookmarks>& projects);
+
 /// Both lists side by side: "0=Doors at Door line, 1=..." Entries of different numbers show both.
 std::wstring InOneLine(const StoredBookmarks& bookmarks);
 
