@@ -197,19 +197,22 @@ Steps CBookmarkDemo::SortsByBothHeadings()
 Steps CBookmarkDemo::MakesTheDialogLarger()
 {
     return {[this](DialogView& view) {
-        Says(L"the dialog is made larger");
-        RECT before{};
-        GetClientRect(view.List(), &before);
-        RECT window{};
-        GetWindowRect(view.Window(), &window);
-        SetWindowPos(view.Window(), nullptr, 0, 0, window.right - window.left + kMoreWidth,
-                     window.bottom - window.top + kMoreHeight, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-        RECT after{};
-        GetClientRect(view.List(), &after);
-        Picture("bookmarks-larger");
-        m_expect(after.right > before.right && after.bottom > before.bottom,
-                 L"the list grows with the dialog");
-    }};
+                Says(L"the dialog is made larger");
+                RECT before{};
+                GetClientRect(view.List(), &before);
+                RECT window{};
+                GetWindowRect(view.Window(), &window);
+                SetWindowPos(view.Window(), nullptr, 0, 0, window.right - window.left + kMoreWidth,
+                             window.bottom - window.top + kMoreHeight,
+                             SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+                RECT after{};
+                GetClientRect(view.List(), &after);
+                m_expect(after.right > before.right && after.bottom > before.bottom,
+                         L"the list grows with the dialog");
+            },
+            [this](DialogView&) {
+                Picture("bookmarks-larger");
+            }};
 }
 
 Steps CBookmarkDemo::Renames(const wchar_t* bookmark, const wchar_t* typed, const char* key)
