@@ -252,6 +252,8 @@ LRESULT XOpenBookmarkDlg::OnSize(WPARAM, LPARAM)
     for (const ButtonPlace& button : kButtons)
         place(button.id, static_cast<int>(middle + button.fromMiddle), window.Height() - kButtonsFromBottom,
               kButtonWidth, kButtonHeight);
+    // The list may cover the old places of the buttons before these move. They would not be drawn anew then.
+    InvalidateRect(m_hWnd, nullptr, TRUE);
     return 0;
 }
 } // namespace qptools
