@@ -10,8 +10,9 @@
 class KeyRequest
 {
 public:
-    /// `keys`: names of keys, separated by blanks ("Tab", "shift+Tab", "alt+c"), or "click" or
-    /// "wheel" with a point of the screen ("click 120 80"). They are typed once the window has the focus.
+    /// `keys`: names of keys, separated by blanks ("Tab", "shift+Tab", "alt+c"), or "click", "double" or
+    /// "wheel" with a point of the screen ("click 120 80"), or "drag" with two points. They are typed once
+    /// the window has the focus.
     KeyRequest(HWND window, const std::string& keys);
 
     /// Withdraws a request that was not answered.
