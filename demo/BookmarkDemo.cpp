@@ -330,6 +330,7 @@ void CBookmarkDemo::PrintStore(const std::vector<std::wstring>& expected)
     const std::map<std::wstring, StoredBookmarks> projects = ReadBookmarks(m_plant, m_names);
     PrintBookmarks(projects);
     std::vector<std::wstring> found;
+    found.reserve(projects.size());
     for (const auto& [project, bookmarks] : projects)
         found.push_back(project + L": " + InOneLine(bookmarks));
     m_expect(found == expected,
