@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-/// Runs the steps while the first dialog is open, one at a time, and answers every message box by OK. A
-/// dialog that ends before its last step is no failure.
+/// Runs the steps while the first dialog is open, one at a time, and answers every message box by OK or Yes.
+/// A dialog that ends before its last step is no failure.
 class PatientUser : private ModalWatch
 {
 public:
@@ -28,7 +28,10 @@ private:
     void OnCall() override
     {
         if (HWND box = std::exchange(m_box, nullptr); box && IsWindow(box))
-            SendMessageW(GetDlgItem(box, IDOK), BM_CLICK, 0, 0);
+        {
+            const HWND yes = GetDlgItem(box, IDYES);
+            SendMessageW(yes ? yes : GetDlgItem(box, IDOK), BM_CLICK, 0, 0);
+        }
         else if (IsWindow(m_dialog) && m_next < m_steps.size())
         {
             // The dialog may have ended before the next step.
