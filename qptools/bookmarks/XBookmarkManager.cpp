@@ -207,6 +207,8 @@ HRESULT XBookmarkManager::GetBookmarks(const XQPComBSTR& project, Bookmarks& boo
     return S_OK;
 }
 
+// By value: a host call may let the user change what a reference would lead to.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 HRESULT XBookmarkManager::Deletebokmark(XQPComBSTR project, XQPComBSTR tree)
 {
     const XQPComBSTR nameKey = KeyOf(kNameKey, project);
@@ -237,6 +239,7 @@ HRESULT XBookmarkManager::Deletebokmark(XQPComBSTR project, XQPComBSTR tree)
     return S_OK;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): as before
 HRESULT XBookmarkManager::DeleteAllBookmarks(XQPComBSTR project)
 {
     const XQPComBSTR nameKey = KeyOf(kNameKey, project);

@@ -139,15 +139,15 @@ public:
     };
 
     StoreModel store;
-    std::set<std::wstring> gone;       ///< identifiers of objects and projects
-    std::map<std::wstring, Texts> ids; ///< of projects, by their names, which are unique
-    Texts projects;                    ///< the names in the box
+    std::set<std::wstring> gone;              ///< identifiers of objects and projects
+    std::map<std::wstring, std::wstring> ids; ///< of projects, by their names, which are unique
+    Texts projects;                           ///< the names in the box
     std::size_t current = 0;
     std::vector<Row> rows;
 
     static std::wstring Names(const std::wstring& id) { return L"gotoitemname/" + id; }
     static std::wstring Trees(const std::wstring& id) { return L"gotoitemtree/" + id; }
-    std::wstring Id() const { return ids.at(projects[current]).front(); }
+    std::wstring Id() const { return ids.at(projects[current]); }
 
     /// Returns false if the dialog ends before it is shown.
     bool Open()
@@ -239,8 +239,8 @@ public:
     {
         for (const auto& [name, id] : ids)
         {
-            const StoreModel::List* names = store.Find(Names(id.front()));
-            const StoreModel::List* trees = store.Find(Trees(id.front()));
+            const StoreModel::List* names = store.Find(Names(id));
+            const StoreModel::List* trees = store.Find(Trees(id));
             const auto numbered = [](const auto& each) {
                 return !each.first.empty();
             };
@@ -261,7 +261,7 @@ private:
     std::wstring NameOf(const std::wstring& id) const
     {
         for (const auto& [name, each] : ids)
-            if (each.front() == id)
+            if (each == id)
                 return name;
         return {};
     }

@@ -17,12 +17,12 @@ inline bool HasRow(HWND dialog)
     return SendMessageW(GetDlgItem(dialog, kList), LVM_GETITEMCOUNT, 0, 0) > 0;
 }
 
-template <int entry>
+template <int Entry>
 void Choose(HWND dialog)
 {
     const HWND combo = GetDlgItem(dialog, kProject);
-    if (SendMessageW(combo, CB_GETCOUNT, 0, 0) > entry && SendMessageW(combo, CB_GETCURSEL, 0, 0) != entry)
-        DialogView(dialog).Choose(kProject, entry);
+    if (SendMessageW(combo, CB_GETCOUNT, 0, 0) > Entry && SendMessageW(combo, CB_GETCURSEL, 0, 0) != Entry)
+        DialogView(dialog).Choose(kProject, Entry);
 }
 
 inline void SelectFirst(HWND dialog)
@@ -40,11 +40,11 @@ inline void Rename(HWND dialog)
     view.Press(VK_RETURN);
 }
 
-template <int button>
+template <int Button>
 void Press(HWND dialog)
 {
-    if (IsWindowEnabled(GetDlgItem(dialog, button)))
-        SendMessageW(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
+    if (IsWindowEnabled(GetDlgItem(dialog, Button)))
+        SendMessageW(GetDlgItem(dialog, Button), BM_CLICK, 0, 0);
 }
 
 /// The dialog, or the message box that came in its place.

@@ -23,7 +23,7 @@ protected:
     {
         host.recording = false;
         for (std::size_t project = 0; project < std::size(kProjects); ++project)
-            model.ids[kProjectNames[project]] = {kProjects[project]};
+            model.ids[kProjectNames[project]] = kProjects[project];
         Refill();
     }
 
@@ -244,8 +244,8 @@ private:
     std::minstd_rand m_random{20'240'229};
     int m_names = 0;
     int m_row = -1; ///< that is selected
-    const ComPtr<MemoryObject> west = host.Known(L"$9)", L"West");
-    const ComPtr<MemoryObject> m_projectObjects[std::size(kProjects)] = {north, south, west};
+    const ComPtr<MemoryObject> m_west = host.Known(L"$9)", L"West");
+    const ComPtr<MemoryObject> m_projectObjects[std::size(kProjects)] = {north, south, m_west};
     const ComPtr<MemoryObject> m_objects[std::size(kObjects)] = {weld, drill, paint,
                                                                  host.Known(L"$91)", L"Saw cell")};
 };
