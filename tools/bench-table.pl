@@ -63,7 +63,7 @@ sub tables {
         (map { beside_floor($_, 1.3, 0) } 'Script action opened', 'List of scripts', 'List of plan types',
             'List of configured types', 'List of macros'),
         (map { beside_floor($_, 1.2, 100_000) } @walks), beside_floor('ApplyEnhanceCopy', 1.15, 100_000),
-        beside_floor('Copy dialog opened', 1.3, 0),
+        beside_floor('Copy dialog opened', 1.3, 0), beside_floor('Bookmarks listed', 1.3, 0),
         lines(), first());
     flat($_, 10_000, 100_000, 0.2) for 'GetScriptsForAction', @walks;
     return join "\n", @tables, limits();
