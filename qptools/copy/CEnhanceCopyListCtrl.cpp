@@ -204,15 +204,15 @@ CRect CEnhanceCopyListCtrl::EditorPlace(int row, int column) const noexcept
     CRect bounds;
     GetItemRect(row, LVIR_BOUNDS, bounds);
     const LONG edge = GetClientRect().right;
-    const LONG left = bounds.left + distance;
+    LONG left = bounds.left + distance;
     if (left < 0 || left > edge)
     {
         Scroll(left, 0);
-        bounds.left -= left;
+        left = 0;
     }
-    CRect place(bounds.left + distance + kEditorIndent, bounds.top, 0, bounds.bottom);
-    place.right = std::min(place.left + GetColumnWidth(column) - kEditorShortfall, edge);
-    return place;
+    left += kEditorIndent;
+    const LONG right = std::min(left + GetColumnWidth(column) - kEditorShortfall, edge);
+    return {left, bounds.top, right, bounds.bottom};
 }
 
 void CEnhanceCopyListCtrl::OpenPicker(int row, int column, const CRect& place)

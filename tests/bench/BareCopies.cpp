@@ -10,6 +10,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -184,7 +185,7 @@ void FillGrid(HWND grid, IQPType* type)
     ComPtr<IQPAttribute> attribute;
     while (attributes->GetSingleNext(attribute.put()) == S_OK)
         if (MemberOf(attribute.get(), qptools::kAttributeMemberEnhancedCopy) == 4)
-            AddRow(grid, std::move(attribute));
+            AddRow(grid, std::exchange(attribute, {}));
 }
 
 void ReleaseRows(HWND grid, std::size_t rows)

@@ -37,9 +37,9 @@ inline void TypeAndReturn(HWND dialog)
         SendMessageW(editor, WM_CHAR, character, 1);
 }
 
-template <int button>
+template <int Button>
 inline void PressThis(HWND dialog)
 {
-    SendMessageW(GetDlgItem(dialog, button), BM_CLICK, 0, 0);
+    SendMessageW(GetDlgItem(dialog, Button), BM_CLICK, 0, 0);
 }
 } // namespace copy_dialog

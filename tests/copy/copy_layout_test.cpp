@@ -100,7 +100,7 @@ TEST_F(CopyLayout, ItsTextsAreThoseOfTheTemplate)
     Open({[](DialogView& view) {
               Texts texts;
               for (const HWND control : view.Controls())
-                  if (view.Text(control) != L"")
+                  if (!view.Text(control).empty())
                       texts.push_back(view.Text(control));
               EXPECT_EQ(texts, (Texts{L"Please select a copy option.", L"Normal =", L"Parent component only",
                                       L"Deep   =", L"Parent and child components", L"Normal", L"Deep",
