@@ -1,6 +1,5 @@
 #include "BookmarkHost.h"
 
-#include "XQPComVariant.h"
 #include "XQPError.h"
 
 #include "ComPtr.h"
@@ -19,13 +18,24 @@ void LogBookmarkFailure(HRESULT status, const wchar_t* message, ULONG line) noex
     XQPError::HandleComError(status, kBookmarkSource, message, line, true, false);
 }
 
-std::wstring ConfiguredName(IUnknown* object)
+XQPComBSTR ConfiguredName(IUnknown* object)
 {
     ComPtr<IQP_BaseDataObject> data;
     data.queryFrom(object);
     XQPComVariant name;
     if (data)
         data->GetAttribute(kAttributeConfiguredName, &name);
-    return name.GetString();
+    return TakeText(name);
+}
+
+XQPComBSTR TakeText(XQPComVariant& value)
+{
+    XQPComBSTR text;
+    if (value.Type() == VT_BSTR)
+        text.Attach(value.Detach().bstrVal);
+    else
+        text = value.GetString();
+    value.Clear();
+    return text;
 }
 } // namespace qptools

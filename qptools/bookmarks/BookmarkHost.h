@@ -2,10 +2,10 @@
 #pragma once
 
 #include "FixedText.h"
+#include "XQPComBSTR.h"
+#include "XQPComVariant.h"
 
 #include <unknwn.h>
-
-#include <string>
 
 namespace qptools
 {
@@ -19,5 +19,8 @@ void LogBookmarkFailure(HRESULT status, const wchar_t* message, ULONG line) noex
 
 /// The attribute "configured_name", whatever the status of the read; empty for an object that has no
 /// attributes.
-std::wstring ConfiguredName(IUnknown* object);
+XQPComBSTR ConfiguredName(IUnknown* object);
+
+/// The text of a value, which is empty afterwards; empty if it has no text form.
+XQPComBSTR TakeText(XQPComVariant& value);
 } // namespace qptools

@@ -30,9 +30,9 @@ int Compare(const XBookmarkListCtrl::Row& left, const XBookmarkListCtrl::Row& ri
     switch (column)
     {
     case kNameColumn:
-        return left.name.compare(right.name);
+        return left.name.View().compare(right.name.View());
     case kComponentColumn:
-        return left.component.compare(right.component);
+        return left.component.View().compare(right.component.View());
     default:
         return 0;
     }
@@ -73,8 +73,8 @@ void XBookmarkListCtrl::Open()
 void XBookmarkListCtrl::AddRow(int index, Row row)
 {
     const Row& kept = m_rows.emplace_back(std::move(row));
-    const int placed = InsertItem(index, kept.name.c_str(), reinterpret_cast<LPARAM>(&kept));
-    SetItemText(placed, kComponentColumn, kept.component.c_str());
+    const int placed = InsertItem(index, kept.name, reinterpret_cast<LPARAM>(&kept));
+    SetItemText(placed, kComponentColumn, kept.component);
 }
 
 // Before the click selects another row: the bookmark of the selected one is renamed.

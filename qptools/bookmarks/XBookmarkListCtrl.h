@@ -17,8 +17,8 @@ class XBookmarkListCtrl : public CListCtrl
 public:
     struct Row
     {
-        std::wstring component;
-        std::wstring name;
+        XQPComBSTR component;
+        XQPComBSTR name;
         XQPComBSTR tree; ///< of the bookmark's object, and the key of the bookmark
         int place = 0;   ///< before a sort
     };

@@ -1,5 +1,6 @@
 #include "XBookmarkManager.h"
 
+#include "BookmarkHost.h"
 #include "BookmarkKeys.h"
 #include "HostServices.h"
 
@@ -201,7 +202,7 @@ HRESULT XBookmarkManager::GetBookmarks(const XQPComBSTR& project, Bookmarks& boo
             continue;
         XQPComVariant name;
         GetText(nameKey, L"gotoitemname" + std::to_wstring(number), name);
-        bookmarks[tree.GetString()] = std::move(name);
+        bookmarks[TakeText(tree)] = std::move(name);
         ++found;
     }
     return S_OK;

@@ -13,6 +13,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 namespace qptools
 {
 namespace
@@ -133,14 +135,16 @@ void XOpenBookmarkDlg::ListBookmarks()
         return;
     }
     int row = 0;
-    for (auto& [tree, name] : bookmarks)
+    for (; !bookmarks.empty(); ++row) // it counts those that are gone, too
     {
+        auto bookmark = bookmarks.extract(bookmarks.begin());
+        XQPComBSTR& tree = bookmark.key();
         ComPtr<IUnknown> object;
         if (FindObject(ObjectIdIn(tree, tree.Find(L')')), object) != S_OK || !object)
             XBookmarkManager::Deletebokmark(m_projectId, tree);
         else
-            m_bookmarks.AddRow(row, {ConfiguredName(object.get()), name.GetString(), tree});
-        ++row; // also for one that is gone
+            m_bookmarks.AddRow(row,
+                               {ConfiguredName(object.get()), TakeText(bookmark.mapped()), std::move(tree)});
     }
 }
 

@@ -158,7 +158,7 @@ void XOpenBookmarkDlg::OnEndLabelEdit(NMHDR* notification, LRESULT* result)
     const XQPComBSTR tree = m_bookmarks.RowAt(row)->tree;
     const std::wstring component = m_bookmarks.GetItemText(row, 1);
     m_bookmarks.DeleteItem(row);
-    m_bookmarks.AddRow(row - 1, {component, name, tree});
+    m_bookmarks.AddRow(row - 1, {component.c_str(), name.c_str(), tree});
     StoreName(tree, name);
 }
 

@@ -112,7 +112,7 @@ void XOpenBookmarkDlg::ListProject(const XQPComBSTR& project, std::size_t& gone)
     data.queryFrom(object.get());
     if (!data)
         return;
-    const int entry = m_projects.AddString(ConfiguredName(object.get()).c_str());
+    const int entry = m_projects.AddString(ConfiguredName(object.get()));
     m_projects.SetItemData(entry, reinterpret_cast<LPARAM>(&m_projectIds.emplace_back(project)));
 }
 

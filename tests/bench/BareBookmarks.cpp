@@ -6,6 +6,8 @@
 
 #include "HostConstants.h"
 
+#include "ComPtr.h"
+
 #include "qpservices.h"
 
 #include <commctrl.h>

@@ -38,7 +38,7 @@ protected:
                     SendMessageW(list, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
                     LVITEMW item{};
                     item.mask = LVIF_TEXT | LVIF_PARAM;
-                    item.pszText = row.name.data();
+                    item.pszText = row.name;
                     item.lParam = reinterpret_cast<LPARAM>(&row);
                     SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
                 }};
