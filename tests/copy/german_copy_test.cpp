@@ -45,7 +45,7 @@ TEST_F(GermanCopy, TranslatesItsTextsInBothForms)
 TEST_F(GermanCopy, TranslatesItsHeadings)
 {
     chosen.clear();
-    Open({Presses(kAdvanced), Sees(Headings({L"Verf\u00FCgbare Attribute", L"Wert f\u00FCr die Kopien"})),
+    Open({Presses(kAdvanced), Sees(Headings({L"Attribute", L"Wert f\u00FCr die Kopien"})),
           Presses(kAdvancedCancel)});
 }
 
