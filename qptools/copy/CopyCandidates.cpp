@@ -44,9 +44,8 @@ void Record(const ComPtr<IQP_BaseDataObject>& object, CopyCandidates& candidates
     record.objects.push_back(object);
 }
 
-/// The objects that a walk is below, each found at once however many they are. They leave in the reverse
-/// order of their coming: a hash table with open slots, in which the last one to come has nobody behind it,
-/// so that its slot is simply emptied.
+/// The objects above the current level: a stack with a hash table for the look-up. The table uses linear
+/// probing; Pop can empty a slot without breaking a probe sequence, because it removes the last insertion.
 class Path
 {
 public:
@@ -91,7 +90,7 @@ private:
 
     static constexpr std::size_t kLeast = 64;
 
-    std::vector<const void*> m_objects; ///< in the order of their coming
+    std::vector<const void*> m_objects; ///< in the order of Push
     std::vector<const void*> m_slots;   ///< a power of two, at most half of them taken
 };
 

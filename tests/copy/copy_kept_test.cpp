@@ -1,5 +1,5 @@
-// A component that is released without DeleteObjects: its dialog keeps the host's objects until the module
-// ends, and nobody loses track of it.
+// A component that is released without DeleteObjects: the module keeps its dialog, with the host's objects,
+// in a list and frees it when it is unloaded.
 #include "CopyWords.h"
 #include "CountedEnum.h"
 #include "DialogDriver.h"

@@ -1,5 +1,5 @@
 // A host that dispatches messages from inside its methods, so that the user goes on while the dialog waits
-// for an answer: the dialog ends when it is told to, and nothing is left of it.
+// for an answer. The dialog can be closed then, and leaks nothing.
 #include "CopyMessages.h"
 #include "MemoryHost.h"
 #include "ModuleUnderTest.h"

@@ -1,5 +1,5 @@
 // A host that calls the component again while it works: from inside its own methods, and while the dialog is
-// open. The dialog in use stays usable to its end, and nothing is left of it then.
+// open. The dialog in use stays valid until it is closed, and leaks nothing.
 #include "CopyFixture.h"
 #include "PatientSteps.h"
 
