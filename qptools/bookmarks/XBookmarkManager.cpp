@@ -195,13 +195,14 @@ HRESULT XBookmarkManager::GetBookmarks(const XQPComBSTR& project, Bookmarks& boo
     ULONG found = 0;
     for (int number = 0; found != names.count && misses < kMostMisses && number < INT_MAX; ++number)
     {
+        const std::wstring digits = std::to_wstring(number);
         XQPComVariant tree;
-        const bool exists = GetText(treeKey, std::to_wstring(number), tree) == S_OK;
+        const bool exists = GetText(treeKey, digits, tree) == S_OK;
         misses = exists ? 0 : misses + 1;
         if (!exists)
             continue;
         XQPComVariant name;
-        GetText(nameKey, L"gotoitemname" + std::to_wstring(number), name);
+        GetText(nameKey, L"gotoitemname" + digits, name);
         bookmarks[TakeText(tree)] = std::move(name);
         ++found;
     }
