@@ -13,7 +13,9 @@ target_compile_definitions(qp_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_
 if(WIN32)
   target_compile_definitions(qp_options INTERFACE _WIN32_WINNT=0x0601 __USE_MINGW_ANSI_STDIO=0)
   # Reproducible images: no link time in the header, no base address hashed from the output path.
-  add_link_options(-static -s -Wl,--no-insert-timestamp -Wl,--image-base,0x180000000)
+  add_link_options(-static -Wl,--no-insert-timestamp -Wl,--image-base,0x180000000)
+  # The symbols of the module are split off after its link.
+  add_link_options($<$<NOT:$<BOOL:$<TARGET_PROPERTY:QP_KEEPS_SYMBOLS>>>:-s>)
 endif()
 if(QP_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
@@ -28,9 +30,17 @@ endif()
 # No path of the build machine in any image or message.
 add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
 
+# A folder of which the module consists sets QP_SHIPPED, and is compiled with debug information. A precompiled header
+# serves either these or the others.
 function(_qp_setup name)
   target_link_libraries(${name} PUBLIC qp_options winapi)
-  if(WIN32 AND NOT name STREQUAL "qp_pch")
+  if(NOT WIN32)
+    return()
+  endif()
+  if(QP_SHIPPED)
+    target_compile_options(${name} PRIVATE -g)
+    target_precompile_headers(${name} REUSE_FROM qp_shipped_pch)
+  else()
     target_precompile_headers(${name} REUSE_FROM qp_pch)
   endif()
 endfunction()

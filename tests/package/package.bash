@@ -1,0 +1,51 @@
+# Shared by the tests of the packages: NAME-test BUILD_DIR. Sourced, it makes a folder for the test with a blank and letters
+# outside ASCII in its name, and goes there.
+#
+# packages    the packages of this version, next_packages those of the next one
+# folder      the test's folder, also as a path of Windows: windows_folder
+set -eu
+top=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+build=$(cd "$1" && pwd)
+test_name=$(basename "$0" -test)
+packages=$top/build/package
+next_packages=$top/build/package-next
+version=$(cat "$top/VERSION")
+folder="$build/package_tests/$test_name, geprüft 検査"
+
+fail() {
+    echo "$test_name: $*" >&2
+    exit 1
+}
+
+# same WHAT EXPECTED ACTUAL: compares two files.
+same() {
+    diff "$2" "$3" || fail "$1 is not as expected (<), but (>)"
+}
+
+# windows_path PATH
+windows_path() {
+    echo "Z:${1//\//\\}"
+}
+
+# fresh_prefix: the Wine of this test has a new prefix, in which nothing ever ran. It is ended with the test.
+fresh_prefix() {
+    local pristine=$build/package_tests/pristine
+    (
+        flock 9
+        [ -e "$pristine/.ready" ] || { QP_WINE_PREFIX=$pristine "$top/tools/wine-run" cmd /c ver && QP_WINE_PREFIX=$pristine "$top/tools/wine-run" --end; } >&2
+    ) 9>"$build/package_tests/.lock"
+    export QP_WINE_PREFIX="$build/package_tests/$test_name.prefix"
+    rm -rf "$QP_WINE_PREFIX"
+    cp -a "$pristine" "$QP_WINE_PREFIX"
+    trap '"$top/tools/wine-run" --end' EXIT
+}
+
+wine() {
+    "$top/tools/wine-run" "$@"
+}
+
+[ -d "$packages" ] || fail "there are no packages: run ./dev package"
+rm -rf "$folder"
+mkdir -p "$folder"
+windows_folder=$(windows_path "$folder")
+cd "$folder"
