@@ -2,6 +2,7 @@
 # outside ASCII in its name, and goes there.
 #
 # packages    the packages of this version, next_packages those of the next one
+# create_seven  a program that creates the seven classes and says from which module; its head has its arguments
 # folder      the test's folder, also as a path of Windows: windows_folder
 set -eu
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
@@ -9,6 +10,7 @@ build=$(cd "$1" && pwd)
 test_name=$(basename "$0" -test)
 packages=$top/build/package
 next_packages=$top/build/package-next
+create_seven=$build/package_tools/create_seven.exe
 version=$(cat "$top/VERSION")
 folder="$build/package_tests/$test_name, geprüft 検査"
 
