@@ -35,11 +35,17 @@ protected:
         return names;
     }
 
+    /// The value of a member, empty if the object has none.
+    static void Member(IQPConfigObject* object, int member, Value& value)
+    {
+        const HRESULT status = object->GetProperty(member, &value.get());
+        EXPECT_EQ(status, value->vt == VT_EMPTY ? S_FALSE : S_OK);
+    }
+
     static std::wstring MemberText(IQPConfigObject* object, int member)
     {
         Value value;
-        const HRESULT status = object->GetProperty(member, &value.get());
-        EXPECT_EQ(status, value->vt == VT_EMPTY ? S_FALSE : S_OK);
+        Member(object, member, value);
         return AsText(value);
     }
 

@@ -51,8 +51,12 @@ protected:
         Names names;
         ComPtr<IQPAttribute> attribute;
         while (attributes->GetSingleNext(attribute.put()) == S_OK)
-            if (MemberText(attribute.get(), 54) == L"4")
+        {
+            Value copyMode;
+            Member(attribute.get(), 54, copyMode);
+            if (copyMode->vt == VT_I4 && copyMode->lVal == 4)
                 names.push_back(MemberText(attribute.get(), 0));
+        }
         return names;
     }
 };
