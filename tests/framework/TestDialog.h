@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+using Events = std::vector<std::string>;
+
 /// Makes the module with the tests' dialogs the current one for its life.
 class DialogModule
 {
@@ -55,7 +57,7 @@ public:
     std::function<void()> onOk;
     std::function<void()> onCancel;
     std::function<void(CDataExchange*)> exchange;
-    std::vector<std::string> events;
+    Events events;
 
 protected:
     bool OnInitDialog() override;

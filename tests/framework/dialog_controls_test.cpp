@@ -14,8 +14,6 @@
 
 namespace
 {
-using Events = std::vector<std::string>;
-
 constexpr UINT kCommonControls = 302; // the template
 constexpr int kGrid = 310;
 constexpr int kPicker = 311;

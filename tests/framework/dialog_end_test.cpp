@@ -9,8 +9,6 @@
 
 namespace
 {
-using Events = std::vector<std::string>;
-
 /// The host's window, with the focus in a control of its own.
 class OwnerWindow
 {

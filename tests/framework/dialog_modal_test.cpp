@@ -10,8 +10,6 @@
 
 namespace
 {
-using Events = std::vector<std::string>;
-
 class DialogModal : public testing::Test
 {
 protected:
