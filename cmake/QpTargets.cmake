@@ -30,6 +30,13 @@ endif()
 # No path of the build machine in any image or message.
 add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}/= -ffile-prefix-map=${CMAKE_BINARY_DIR}/=)
 
+# Nor in the debug information, which names the folder of the build, and the sources by a relative path if the cache
+# compiled them. GCC takes the last of these that matches.
+file(RELATIVE_PATH QP_UP ${CMAKE_BINARY_DIR} ${CMAKE_SOURCE_DIR}/VERSION)
+string(REPLACE VERSION "" QP_UP ${QP_UP})
+set(QP_DEBUG_PATHS -fdebug-prefix-map=${CMAKE_BINARY_DIR}=. -fdebug-prefix-map=${CMAKE_BINARY_DIR}/=
+                   -fdebug-prefix-map=${QP_UP}=)
+
 # A folder of which the module consists sets QP_SHIPPED, and is compiled with debug information. A precompiled header
 # serves either these or the others.
 function(_qp_setup name)
@@ -38,7 +45,7 @@ function(_qp_setup name)
     return()
   endif()
   if(QP_SHIPPED)
-    target_compile_options(${name} PRIVATE -g)
+    target_compile_options(${name} PRIVATE -g ${QP_DEBUG_PATHS})
     target_precompile_headers(${name} REUSE_FROM qp_shipped_pch)
   else()
     target_precompile_headers(${name} REUSE_FROM qp_pch)
