@@ -46,6 +46,18 @@ wine() {
     "$top/tools/wine-run" "$@"
 }
 
+# export_address MODULE NAME: the address of an exported function, if the module is loaded where it prefers.
+export_address() {
+    x86_64-w64-mingw32-objdump -p "$1" | perl -e '
+        my ($wanted, %at, %names, $base) = shift;
+        while (<STDIN>) {
+            $base = hex $1 if /^ImageBase\s+(\w+)/;
+            $at{$1} = hex $2 if /^\s*\[\s*(\d+)\] \+base\[\s*\d+\] (\w+) Export RVA/;
+            $names{$2} = $1 if /^\s*\[\s*(\d+)\] (\w+)$/;
+        }
+        printf "0x%x\n", $base + $at{ $names{$wanted} };' "$2"
+}
+
 [ -d "$packages" ] || fail "there are no packages: run ./dev package"
 rm -rf "$folder"
 mkdir -p "$folder"
