@@ -3,6 +3,8 @@
 
 #include "XQPComBSTR.h"
 
+#include <algorithm>
+
 namespace qptools
 {
 /// The configuration of the browser. Everything below is in kScopeBookmarks.
@@ -25,6 +27,14 @@ inline constexpr int kObjectIdStart = 12;
 inline XQPComBSTR ObjectIdIn(const XQPComBSTR& tree, int end)
 {
     return tree.Mid(kObjectIdStart, end - kObjectIdStart + 1);
+}
+
+/// The project's identifier in a sub key: from the first "$", or the beginning, to the first ")" behind it,
+/// which belongs to it. Without a ")" it is empty.
+inline XQPComBSTR ProjectIdIn(const XQPComBSTR& subKey)
+{
+    const int begin = std::max(subKey.Find(L'$'), 0);
+    return subKey.Mid(begin, subKey.Find(L')', begin) - begin + 1);
 }
 
 /// The key of a project.

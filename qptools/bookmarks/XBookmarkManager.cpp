@@ -8,7 +8,6 @@
 
 #include "XQPError.h"
 
-#include <algorithm>
 #include <climits>
 #include <string>
 
@@ -177,11 +176,7 @@ HRESULT XBookmarkManager::GetBookmarkprojectId(std::vector<XQPComBSTR>& projects
             L"XBookmarkManager::GetBookmarkprojectId              m_ptrSessionDataMng->GetSubKeys failed",
             139);
     for (ULONG key = 0; wereRead && keys && key < count; ++key)
-    {
-        const XQPComBSTR text(keys[key], static_cast<int>(SysStringLen(keys[key])));
-        const int begin = std::max(text.Find(L'$'), 0);
-        projects.push_back(text.Mid(begin, text.Find(L')', begin) - begin + 1));
-    }
+        projects.push_back(ProjectIdIn(XQPComBSTR(keys[key], static_cast<int>(SysStringLen(keys[key])))));
     return S_OK;
 }
 
