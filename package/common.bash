@@ -47,3 +47,8 @@ sign() {
         -in "$1" -out "$1.signed" 2>&1) || die "cannot sign $1: $said"
     mv "$1.signed" "$1"
 }
+
+# windows_text: a text from standard input to standard output, with the version for @VERSION@ and the line ends of Windows.
+windows_text() {
+    sed -e "s/@VERSION@/$QP_VERSION/g" -e 's/$/\r/'
+}

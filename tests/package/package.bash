@@ -29,7 +29,8 @@ windows_path() {
     echo "Z:${1//\//\\}"
 }
 
-# fresh_prefix: the Wine of this test has a new prefix, in which nothing ever ran. It is ended with the test.
+# fresh_prefix: the Wine of this test has a new prefix, in which nothing ever ran. It is ended with the test. Until then a
+# program that keeps running saves each of the others starting the desktop.
 fresh_prefix() {
     local pristine=$build/package_tests/pristine
     (
@@ -40,6 +41,7 @@ fresh_prefix() {
     rm -rf "$QP_WINE_PREFIX"
     cp -a "$pristine" "$QP_WINE_PREFIX"
     trap '"$top/tools/wine-run" --end' EXIT
+    wine "$build/bin/wine_keeper.exe" >"$QP_WINE_PREFIX/keeper.log" 2>&1 &
 }
 
 wine() {
@@ -56,6 +58,39 @@ export_address() {
             $names{$2} = $1 if /^\s*\[\s*(\d+)\] (\w+)$/;
         }
         printf "0x%x\n", $base + $at{ $names{$wanted} };' "$2"
+}
+
+# registry FILE: the registry of the test's prefix, machine and user, as text, without what Wine writes of its display each time
+# that it starts a desktop.
+registry() {
+    local root
+    for root in HKLM HKCU; do
+        wine reg export $root registry.reg /y >registry.output || fail "reg export $root: $(cat registry.output)"
+        iconv -f UTF-16 -t UTF-8 registry.reg
+    done | tr -d '\r' | perl -00 -ne 'print unless /^\[HKEY_LOCAL_MACHINE\\(Hardware|System\\CurrentControlSet\\Control\\Video)\\/i' >"$1"
+    rm registry.reg registry.output
+}
+
+# says WHAT EXPECTED_CODE EXPECTED_LINE COMMAND...: a Windows program prints this one line and ends with this exit code, of
+# which only the lowest 8 bits arrive here. Wine's shell prints ? or one byte of an old code page for a letter outside ASCII:
+# with cmd all of these are compared as ?.
+says() {
+    local what=$1 expected_code=$(($2 & 255)) expected=$3 code=0
+    shift 3
+    wine "$@" >"$folder/output" || code=$?
+    echo "$expected" >"$folder/expected"
+    if [[ $* == *cmd\ * ]]; then
+        LC_ALL=C sed -i 's/[\o200-\o377]/?/g' "$folder/output"
+        sed -i 's/[^ -~]/?/g' "$folder/expected"
+    fi
+    same "$what: the output" "$folder/expected" "$folder/output"
+    [ $code = $expected_code ] || fail "$what: the exit code is $code"
+}
+
+# made_again STEPS FILE: these steps of package/make give the same package again, in another folder and at another time.
+made_again() {
+    "$top/package/make" --only "$1" "$build" again >/dev/null || fail "package/make --only $1 failed"
+    cmp "$packages/$2" "again/$2" || fail "$2 is another file when it is made again"
 }
 
 [ -d "$packages" ] || fail "there are no packages: run ./dev package"
