@@ -1,7 +1,7 @@
 # Describes what the installation package holds: content.pl SOURCE
 # It installs all files of the folder module, and writes the registry rows that are made of the module's SOURCE. To the
 # current folder go content.wxi and components.wxi, which qptools.wxs includes, and for msibuild RemoveRegistry.idt and
-# mend.sql. Prints the codes of product, upgrade and package as settings of the shell.
+# mend.sql. Prints the codes of product, upgrade and package.
 use strict;
 use warnings;
 use Digest::SHA qw(sha1 sha1_hex);
@@ -156,5 +156,4 @@ write_text('mend.sql', join('', map { "$_\n" } @sql));
 # Equal contents have equal codes, others have others.
 $digest = sha1_hex(join("\n", $digest, $ENV{QP_VERSION},
     map { read_bytes($_) } qw(qptools.wxs qptools.ico content.wxi RemoveRegistry.idt mend.sql)));
-printf "product='%s' upgrade='%s' code='%s'\n",
-    guid("product $digest"), guid('upgrade'), guid("package $digest");
+print join(' ', guid("product $digest"), guid('upgrade'), guid("package $digest")), "\n";
