@@ -9,6 +9,35 @@ class BookmarksOpen : public BookmarkFixture
 {
 };
 
+/// Notes whether dialogs of this thread are visible when they are activated.
+class ActivatedDialogs
+{
+public:
+    ActivatedDialogs() : m_hook(SetWindowsHookExW(WH_CBT, &OnEvent, nullptr, GetCurrentThreadId()))
+    {
+        s_visible.clear();
+    }
+    ~ActivatedDialogs() { UnhookWindowsHookEx(m_hook); }
+    ActivatedDialogs(const ActivatedDialogs&) = delete;
+    ActivatedDialogs& operator=(const ActivatedDialogs&) = delete;
+
+    static const std::vector<bool>& Visible() { return s_visible; }
+
+private:
+    static LRESULT CALLBACK OnEvent(int code, WPARAM window, LPARAM details)
+    {
+        wchar_t name[32] = {};
+        if (code == HCBT_ACTIVATE)
+            GetClassNameW(reinterpret_cast<HWND>(window), name, 32);
+        if (name == std::wstring(L"#32770"))
+            s_visible.push_back(IsWindowVisible(reinterpret_cast<HWND>(window)));
+        return CallNextHookEx(nullptr, code, window, details);
+    }
+
+    static inline std::vector<bool> s_visible;
+    HHOOK m_hook;
+};
+
 TEST_F(BookmarksOpen, WithTheBookmarksOfTheFirstProject)
 {
     EXPECT_EQ(
@@ -17,6 +46,14 @@ TEST_F(BookmarksOpen, WithTheBookmarksOfTheFirstProject)
               Sees(InColumn(0, {L"Drill", L"Weld"})), Sees(InColumn(1, {L"Drill cell", L"Weld cell"})),
               Sees(Disabled(kOpen)), Sees(Disabled(kDelete)), Sees(Enabled(kDeleteAll)), Presses(IDCANCEL)}),
         S_OK);
+}
+
+/// The focus comes with the activation: the dialog does not ask for it while it is created.
+TEST_F(BookmarksOpen, AndTakeTheFocusWhenTheyAreShown)
+{
+    const ActivatedDialogs activated;
+    EXPECT_EQ(Show({Sees(FocusOn(kProject)), Presses(IDCANCEL)}), S_OK);
+    EXPECT_EQ(activated.Visible(), std::vector<bool>{true});
 }
 
 TEST_F(BookmarksOpen, AndTheOtherProjectIsListedWhenItIsChosen)

@@ -91,6 +91,18 @@ TEST_F(DeletedProjects, AreKeptWhenTheUserSaysNo)
     EXPECT_EQ(Content().size(), 6u);
 }
 
+TEST_F(DeletedProjects, TheQuestionBelongsToTheDialog)
+{
+    HWND dialog = nullptr;
+    Asks(L"North", IDNO);
+    During({[&](DialogView& view) { dialog = view.Window(); }, Presses(kDeleteAll)});
+    ASSERT_EQ(boxes.Shown().size(), 1u);
+    const ShownBox& box = boxes.Shown().front();
+    EXPECT_EQ(box.owner, dialog);
+    EXPECT_EQ(box.buttons, static_cast<UINT>(MB_YESNO));
+    EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONQUESTION));
+}
+
 TEST_F(DeletedProjects, AreKeptWhenTheQuestionCannotBeShown)
 {
     EXPECT_EQ(During({[](DialogView& view) {

@@ -86,6 +86,18 @@ TEST_F(DeletedRows, NoneIsDeletedWhenTheQuestionCannotBeShown)
               Calls{});
 }
 
+TEST_F(DeletedRows, TheQuestionBelongsToTheDialog)
+{
+    HWND dialog = nullptr;
+    Asks(kDeleteOne, IDNO);
+    During({Selects(L"Drill"), [&](DialogView& view) { dialog = view.Window(); }, Presses(kDelete)});
+    ASSERT_EQ(boxes.Shown().size(), 1u);
+    const ShownBox& box = boxes.Shown().front();
+    EXPECT_EQ(box.owner, dialog);
+    EXPECT_EQ(box.buttons, static_cast<UINT>(MB_YESNO));
+    EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONQUESTION));
+}
+
 TEST_F(DeletedRows, SeveralAreDeletedFromTheTop)
 {
     const std::string box = Asks(kDeleteSeveral);

@@ -69,6 +69,29 @@ TEST_F(ListClicks, KeysSelectRowsAndLeaveTheButtons)
           Steps{Selects(L"Drill"), Types("shift+Down", SelectedCount(2))} + SeesButtons(&Enabled, &Enabled));
 }
 
+TEST_F(ListClicks, WithoutTheButtonsAreWithoutEffect)
+{
+    Click(Steps{[](DialogView& view) {
+                    for (const int button : {kOpen, kDelete, kDeleteAll})
+                        EXPECT_TRUE(DestroyWindow(view.Control(button)));
+                },
+                Selects(L"Weld"), Sees(SelectedCount(1)), ClicksRow(L"Zinc", MK_SHIFT),
+                Sees(SelectedCount(2)), SelectsNone(), Sees(NoRowSelected()),
+                [](DialogView& view) {
+                    SetWindowPos(view.Window(), nullptr, 0, 0, 640, 480, SWP_NOMOVE | SWP_NOZORDER);
+                    EXPECT_EQ(view.Rect(IDCANCEL).left, 640 / 2 + 74);
+                }});
+}
+
+TEST_F(ListClicks, AreLeftToTheList)
+{
+    Click({[](DialogView& view) {
+        NMITEMACTIVATE told{};
+        told.hdr = {view.List(), static_cast<UINT_PTR>(kList), static_cast<UINT>(NM_CLICK)};
+        EXPECT_EQ(SendMessageW(view.Window(), WM_NOTIFY, kList, reinterpret_cast<LPARAM>(&told)), 0);
+    }});
+}
+
 TEST_F(ListClicks, AClickIntoTheEmptyListEnablesDeleteAllAgain)
 {
     ExpectBox(kDeleteAllTitle, L"Do you really want to delete all the bookmarks from the project ' North ' ?",

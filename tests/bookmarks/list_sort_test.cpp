@@ -85,6 +85,19 @@ TEST_F(ListSort, BothColumnsShareOneDirection)
         Steps{SeesArrows(kPlain, kUp), ClicksHeading(0)} + ByName(false) + Steps{SeesArrows(kDown, kPlain)});
 }
 
+/// As a header may tell of an item that is neither of the two.
+TEST_F(ListSort, ByAnotherColumnLeavesTheRowsAndTurnsTheDirection)
+{
+    const DialogStep tellsOfAnother = [](DialogView& view) {
+        NMHEADERW told{};
+        told.hdr = {HeaderOf(view), 0, HDN_ITEMCLICKW};
+        told.iItem = 2;
+        EXPECT_EQ(SendMessageW(view.List(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&told)), 0);
+    };
+    See(Steps{ClicksHeading(0), tellsOfAnother} + ByName(false) + Steps{tellsOfAnother} + ByName(false) +
+        Steps{SeesArrows(kPlain, kPlain), ClicksHeading(0)} + ByName(true));
+}
+
 TEST_F(ListSort, TheDirectionIsForgottenWithTheDialog)
 {
     See({ClicksHeading(0)});

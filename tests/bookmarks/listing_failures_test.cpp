@@ -122,6 +122,27 @@ TEST_F(EmptyBookmarks, AreFollowedByAFullDialog)
     Show({Sees(InColumn(0, {L"Drill", L"Weld"})), Presses(IDCANCEL)});
 }
 
+TEST_F(EmptyBookmarks, AreNotThereAtPositiveStatuses)
+{
+    for (const std::size_t call : {2, 3})
+        host.Manager().script.Set("GetObject", call, {.status = S_FALSE});
+    host.Gateway().script.Set("GetClientIdByName", 1, {.status = S_FALSE});
+    host.Gateway().script.Set("GetServerCOMObject", 1, {.status = S_FALSE});
+    Show({Sees(InColumn(0, {L"Drill", L"Weld"})), Presses(IDCANCEL)});
+    EXPECT_EQ(logBook.Entries(), Entries{});
+}
+
+TEST_F(EmptyBookmarks, ThatCannotBeShownAreASuccess)
+{
+    {
+        const NoDialogs none;
+        EXPECT_EQ(bookmarks->ShowDialog(manager), S_OK);
+    }
+    EXPECT_EQ(host.calls, Calls{});
+    EXPECT_EQ(host.Manager().References(), 0u);
+    Show({Sees(InColumn(0, {L"Drill", L"Weld"})), Presses(IDCANCEL)});
+}
+
 TEST_F(EmptyBookmarks, AreNotThereWhenOnlyTheStoresOwnServicesFailed)
 {
     host.Manager().script.Set("GetObject", 0, Failed());

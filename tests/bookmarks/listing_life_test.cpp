@@ -97,8 +97,14 @@ TEST_F(BookmarkLife, ASecondDialogOfTheComponentWorksAsTheFirst)
     ASSERT_EQ(module.Create(CLSID_XBookMark, bookmarks), S_OK);
     for (int dialog = 0; dialog < 3; ++dialog)
     {
-        EXPECT_EQ(Show(bookmarks, {Sees(InColumn(0, {L"Weld"}))}), S_OK);
+        HWND window = nullptr;
+        EXPECT_EQ(Show(bookmarks, {Sees(InColumn(0, {L"Weld"})),
+                                   [&](DialogView& view) {
+                                       window = view.Window();
+                                   }}),
+                  S_OK);
         EXPECT_EQ(Held(), kept);
+        EXPECT_FALSE(IsWindow(window));
     }
 }
 

@@ -163,6 +163,16 @@ TEST_F(BookmarkListing, OfAnotherProjectClearsTheRowsOfTheFirst)
           Sees(InColumn(0, {L"Weld"})), Presses(IDCANCEL)});
 }
 
+TEST_F(BookmarkListing, OfAnotherProjectAsksTheNewQuery)
+{
+    MemoryHost other;
+    const ComPtr<MemoryObject> cell = other.Known(L"$81)", L"Other cell");
+    During({[&](DialogView&) { host.Gateway().object = ComPtr<IUnknown>(&other.Query()); },
+            Chooses(kProject, L"South"), Sees(InRow(0, {L"Paint", L"Other cell"}))});
+    EXPECT_EQ(other.calls, Found("$81)", "Other cell"));
+    host.Gateway().object.reset();
+}
+
 TEST_F(BookmarkListing, WithoutANewQueryAsksTheOneBefore)
 {
     host.Gateway().script.Set("GetServerCOMObject", 3, Failed());

@@ -131,6 +131,31 @@ TEST_F(BookmarkedProjects, WhoseNameFailsAreListedWithoutOne)
         {Sees(Offers(kProject, {L"", L"South"})), Sees(InColumn(0, {L"Drill", L"Weld"})), Presses(IDCANCEL)});
 }
 
+TEST_F(BookmarkedProjects, AreNamedWhateverTheStatusOfTheName)
+{
+    north->Answer(L"configured_name", E_FAIL, XQPComVariant(L"Hall 1").Value());
+    Show({Sees(Offers(kProject, {L"Hall 1", L"South"})), Presses(IDCANCEL)});
+}
+
+TEST_F(BookmarkedProjects, OfTwoKeysAreTwoEntries)
+{
+    host.Store().Bookmark(L"North $7)", 0, L"Lost", L"tree");
+    Show({Sees(Offers(kProject, {L"North", L"North", L"South"})), Sees(InColumn(0, {L"Drill", L"Weld"})),
+          Chooses(kProject, 1), Sees(InColumn(0, {L"Drill", L"Weld"})), Presses(IDCANCEL)});
+}
+
+TEST_F(BookmarkedProjects, AreNoneInAMessageOfNoWindow)
+{
+    host.Store().Clear();
+    ExpectBox(kGoto, kNoProject);
+    ShowNone();
+    ASSERT_EQ(boxes.Shown().size(), 1u);
+    const ShownBox& box = boxes.Shown().front();
+    EXPECT_EQ(box.owner, nullptr) << "the dialog is not shown yet";
+    EXPECT_EQ(box.buttons, static_cast<UINT>(MB_OK));
+    EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONINFORMATION));
+}
+
 TEST_F(BookmarkedProjects, OfOneNameAreTwoEntries)
 {
     south->Set(L"configured_name", L"North");

@@ -67,6 +67,26 @@ TEST_F(BookmarkViews, ThatShowAProjectThatIsGoneChooseTheFirst)
     EXPECT_EQ(OpensAt(L"North"), next + asked + next);
 }
 
+TEST_F(BookmarkViews, ThatAlsoShowAProjectThatIsGoneChooseTheOther)
+{
+    host.Store().Bookmark(L"$9)", 0, L"Lost", L"tree");
+    view->Show(L"$8)")->Show(L"$9)");
+    host.Views({view});
+    EXPECT_EQ(OpensAt(L"South"), next + asked + Calls{"view.IsProjectShown($9))"} + next);
+}
+
+TEST_F(BookmarkViews, OfAProjectWithTwoEntriesChooseTheFirst)
+{
+    host.Store().Clear();
+    Bookmark(L"$8)", 0, L"Paint", L"$81)");
+    host.Store().Bookmark(L"South $8)", 0, L"Lost", L"tree");
+    Bookmark(L"$7)", 0, L"Weld", L"$71)");
+    view->Show(L"$8)");
+    host.Views({view});
+    Show({Sees(Offers(kProject, {L"North", L"South", L"South"})),
+          [](DialogView& dialog) { EXPECT_EQ(dialog.Selected(kProject), 1); }, Presses(IDCANCEL)});
+}
+
 TEST_F(BookmarkViews, AreReachedBehindFortyNullOnes)
 {
     view->Show(L"$8)");

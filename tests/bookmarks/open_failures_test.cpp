@@ -90,6 +90,23 @@ TEST_F(OpenFails, ByEnterTheDialogEndsAfterTheBox)
           Types("Return")});
 }
 
+TEST_F(OpenFails, TheMessageBelongsToTheDialogInFront)
+{
+    HWND dialog = nullptr;
+    ExpectBox(kGoto, kNoObject);
+    Show({Selects(L"Weld"), TraceBegins(),
+          [&](DialogView& view) {
+              dialog = view.Window();
+              weld->Fail(L"name", E_FAIL);
+          },
+          Presses(kOpen), Presses(IDCANCEL)});
+    ASSERT_EQ(boxes.Shown().size(), 1u);
+    const ShownBox& box = boxes.Shown().front();
+    EXPECT_EQ(box.owner, dialog);
+    EXPECT_EQ(box.buttons, static_cast<UINT>(MB_OK));
+    EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONINFORMATION));
+}
+
 TEST_F(OpenFails, AnotherBookmarkCanBeOpenedAfterTheBox)
 {
     SetOption(L"1");
@@ -199,16 +216,52 @@ TEST_F(OpenFails, WithoutAHostTheProgIdIsCalledInvalid)
     EXPECT_EQ(host.calls, Calls{});
 }
 
+/// The dialog is empty, but for the row that the test puts into it.
+TEST_F(OpenFails, WithoutAKeyStoreTheTreeIsExpanded)
+{
+    host.Manager().script.Set("GetObject", 3, Failed());
+    qptools::XBookmarkListCtrl::Row row{L"Weld cell", L"Weld", XQPComBSTR(L"BrowserTree:$71);")};
+    Show({Sees(RowCount(0)), PutsRow(row), Selects(L"Weld"), TraceBegins(), Presses(kOpen)});
+}
+
+TEST_F(OpenFails, WithoutAQueryTheObjectIsGone)
+{
+    host.Gateway().script.Set("GetServerCOMObject", 1, Failed());
+    ExpectBox(kGoto, kNoObject);
+    qptools::XBookmarkListCtrl::Row row{L"Weld cell", L"Weld", XQPComBSTR(L"BrowserTree:$71);")};
+    Show({Sees(RowCount(0)), PutsRow(row), Selects(L"Weld"), TraceBegins(), Presses(kOpen),
+          Sees(Selected(L"Weld")), Presses(IDCANCEL)});
+}
+
 TEST_F(OpenFails, TheExpanderIsReleasedWithTheDialog)
 {
     SetOption(L"1");
-    ULONG during = 0;
+    std::vector<ULONG> during;
     host.Expander().onExpand = [&] {
-        during = host.Expander().References();
+        during.push_back(host.Expander().References());
     };
     OpenAfter([] {});
-    EXPECT_GE(during, 2U) << "both interfaces are kept";
+    OpenAfter([&] { host.Expander().offersView = false; });
+    ASSERT_EQ(during.size(), 2U);
+    EXPECT_EQ(during[0], during[1] + 1) << "the view is kept, too";
     EXPECT_EQ(host.Expander().References(), 0U);
+}
+
+TEST_F(OpenFails, TheObjectIsReleasedWithTheDialog)
+{
+    const auto references = [this] {
+        weld->AddRef();
+        return weld->Release();
+    };
+    SetOption(L"1");
+    const ULONG before = references();
+    ULONG during = 0;
+    host.Expander().onExpand = [&] {
+        during = references();
+    };
+    OpenAfter([] {});
+    EXPECT_EQ(during, before + 1) << "the object found last is kept";
+    EXPECT_EQ(references(), before);
 }
 
 /// A host that handles messages while it expands its tree.

@@ -34,6 +34,16 @@ protected:
         EXPECT_EQ(Stored(kNames), Names(Utf8Of(XQPComBSTR(name.c_str())), "Drill"));
     }
 
+    /// Selects a row or none, while its label is edited: a click would end that.
+    static void SetSelected(const DialogView& view, int row, bool selected)
+    {
+        LVITEMW item{};
+        item.state = selected ? LVIS_SELECTED : 0;
+        item.stateMask = LVIS_SELECTED;
+        SendMessageW(view.List(), LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+                     reinterpret_cast<LPARAM>(&item));
+    }
+
     /// Nothing is renamed by the steps, which select "Weld" first.
     void ExpectSame(const Steps& steps)
     {
@@ -68,6 +78,40 @@ TEST_F(BookmarkRename, ByF2OnTheFirstOfSeveralRows)
                     Sees(InColumn(0, {L"Bore", L"Weld"})), Presses(IDCANCEL)}),
               S_OK);
     EXPECT_EQ(Stored(kNames), Names("Weld", "Bore"));
+}
+
+/// The first selected row is renamed, whichever label is edited.
+TEST_F(BookmarkRename, OfTwoSelectedRowsTheFirstIsRenamed)
+{
+    EXPECT_EQ(Show(Steps{Selects(L"Weld"), TraceBegins(), EditsLabel(1, L"Zinc"),
+                         [](DialogView& view) { SetSelected(view, 0, true); }, Sees(SelectedCount(2)),
+                         Types("Return", NoLabelEdited())} +
+                   SeesRows({L"Weld", L"Zinc"}, {L"Weld cell", L"Drill cell"}) + Steps{Presses(IDCANCEL)}),
+              S_OK);
+    EXPECT_EQ(Stored(kNames), Names("Weld", "Zinc"));
+}
+
+TEST_F(BookmarkRename, WithoutASelectedRowNothingIsRenamed)
+{
+    EXPECT_EQ(Show(Steps{Selects(L"Weld"), TraceBegins(), EditsLabel(1, L"Assembly"),
+                         [](DialogView& view) { SetSelected(view, 1, false); }, Sees(NoRowSelected()),
+                         Types("Return", NoLabelEdited())} +
+                   SeesRows({L"Drill", L"Weld"}, {L"Drill cell", L"Weld cell"}) + Steps{Presses(IDCANCEL)}),
+              S_OK);
+    EXPECT_EQ(host.calls, Calls{});
+}
+
+TEST_F(BookmarkRename, WithoutAnEditorNothingIsRenamed)
+{
+    ExpectSame({Selects(L"Weld"), TraceBegins(), Sees(NoLabelEdited()), [](DialogView& view) {
+                    std::wstring name = L"Assembly";
+                    NMLVDISPINFOW told{};
+                    told.hdr = {view.List(), static_cast<UINT_PTR>(kList), LVN_ENDLABELEDITW};
+                    told.item.iItem = 1;
+                    told.item.pszText = name.data();
+                    EXPECT_EQ(SendMessageW(view.Window(), WM_NOTIFY, kList, reinterpret_cast<LPARAM>(&told)),
+                              0);
+                }});
 }
 
 TEST_F(BookmarkRename, F2WithoutARowEditsNothing)
