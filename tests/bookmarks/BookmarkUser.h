@@ -12,6 +12,9 @@ namespace bookmark_user
 {
 using namespace bookmark_dialog;
 
+/// Of so many calls a sweep fails one: not all where windows are the system's.
+inline constexpr std::size_t kEachFails = sizeof(wchar_t) == 4 ? 1 : 5;
+
 inline bool HasRow(HWND dialog)
 {
     return SendMessageW(GetDlgItem(dialog, kList), LVM_GETITEMCOUNT, 0, 0) > 0;

@@ -1,0 +1,132 @@
+// Every call of the bookmark dialog on objects, on the views of the navigator and on its tree expander fails
+// once, in each way a call can: the dialog can be left, no reference to the host is kept, and no bookmark is
+// lost. The calls on the host's services: bookmark_faults_test.cpp.
+#include "BookmarkUser.h"
+#include "GateSweep.h"
+#include "LogFolder.h"
+#include "ModuleUnderTest.h"
+#include "NavigatorView.h"
+#include "RegisteredProgId.h"
+#include "TreeExpander.h"
+#include "XQPComBSTR.h"
+
+#include "qptools.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+using Lines = GateSweep::Lines;
+
+bool Has(const std::string& line, const char* part)
+{
+    return line.find(part) != std::string::npos;
+}
+
+class NavigatorFaults : public testing::TestWithParam<Way>
+{
+protected:
+    NavigatorFaults()
+    {
+        EXPECT_EQ(module.Create(CLSID_XBookMark, bookmarks), S_OK);
+        for (const wchar_t* project : {L"North", L"South"})
+        {
+            plant->Add(L"project", project);
+            plant->ShowProject(project, true);
+        }
+        for (const wchar_t* cell : kCells)
+            plant->Add(L"plannode", cell);
+        Run(); // the host creates its services once and keeps them
+    }
+
+    /// The same, where the n-th call fails. Returns the calls.
+    Lines Run(long long n)
+    {
+        return GateSweep(*plant).Run(n, GetParam(), [this] { Run(); });
+    }
+
+    /// The bookmarks that are left.
+    Lines Left() const
+    {
+        Lines left;
+        std::copy_if(content.begin(), content.end(), std::back_inserter(left),
+                     [](const std::string& line) { return Has(line, "gotoitem"); });
+        return left;
+    }
+
+    static bool IsSwept(const std::string& call)
+    {
+        return !Has(call, "IQPFObjectManager::") && !Has(call, "IQPIPDClient::") &&
+               !Has(call, "IQPSessionDataManager::") && !Has(call, "::GetObjectById(");
+    }
+
+    static constexpr const wchar_t* kCells[] = {L"Weld cell", L"Drill cell", L"Paint cell"};
+
+    Lines content; ///< of the key store, after the actions
+
+private:
+    /// Shows the dialog, does each action once and leaves it; the next dialog releases what is kept.
+    void Run()
+    {
+        Fill();
+        Show(manager.get(), bookmark_user::kAll);
+        content = plant->StoreContent();
+        Show(nullptr, {&bookmark_user::Leave});
+    }
+    void Fill()
+    {
+        ComPtr<IQPFObject> object;
+        EXPECT_EQ(manager->GetObject(kStoreClass, 1, object.put()), S_OK);
+        ComPtr<IQPSessionDataManager> store;
+        EXPECT_EQ(store.queryFrom(object.get()), S_OK);
+        for (const LONG scope : {2, 4})
+            for (const wchar_t* key : {L"QPR-Navigator", L"common"})
+                EXPECT_GE(store->DeleteKey(XQPComBSTR(key), scope), 0);
+        for (const wchar_t* project : {L"North", L"South"})
+            for (const wchar_t* cell : kCells)
+                plant->AddBookmark(project, plant->Find(L"plannode", cell), cell);
+    }
+    void Show(IQPFObjectManager* host, const PatientUser::Steps& steps)
+    {
+        const PatientUser user(steps);
+        EXPECT_EQ(bookmarks->ShowDialog(host), S_OK);
+    }
+
+    static constexpr CLSID kStoreClass = {
+        0xEDB6CC40, 0x0DC9, 0x11D3, {0x89, 0xFF, 0x00, 0x40, 0x05, 0xA1, 0xD9, 0x1C}};
+
+    const LogFolder folder;
+    const ModuleUnderTest module;
+    const std::unique_ptr<refhost::Plant> plant = refhost::Plant::OpenMemory();
+    const ComPtr<IQPFObjectManager> manager = plant->ObjectManager();
+    const RegisteredProgId viewClass{refhost::kNavigatorViewProgId, refhost::kNavigatorViewClass};
+    const RegisteredProgId expanderClass{refhost::kTreeExpanderProgId, refhost::kTreeExpanderClass};
+    ComPtr<IXBookMark> bookmarks;
+};
+} // namespace
+
+TEST_P(NavigatorFaults, LeaveADialogThatEndsAndTheBookmarks)
+{
+    const Lines calls = Run(0);
+    const Lines whole = Left();
+    std::size_t swept = 0;
+    std::size_t number = static_cast<std::size_t>(GetParam().fault);
+    for (std::size_t index = 0; index < calls.size() && !HasFailure(); ++index)
+    {
+        if (!IsSwept(calls[index]) || number++ % bookmark_user::kEachFails != 0)
+            continue;
+        SCOPED_TRACE(calls[index]);
+        Run(static_cast<long long>(index) + 1);
+        ++swept;
+        // A project without a name is listed first: the actions are done in this one.
+        EXPECT_TRUE(Left() == whole ||
+                    (Has(calls[index], "<project South>") && Left().size() == whole.size()))
+            << testing::PrintToString(content);
+    }
+    EXPECT_GE(swept, 20 / bookmark_user::kEachFails);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachKind, NavigatorFaults, testing::ValuesIn(kWays), NameOfWay);
