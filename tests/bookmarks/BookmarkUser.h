@@ -2,6 +2,7 @@
 // fail.
 #pragma once
 
+#include "BookmarkSteps.h"
 #include "BookmarkWords.h"
 #include "DialogView.h"
 #include "PatientUser.h"
@@ -41,6 +42,12 @@ inline void Rename(HWND dialog)
     const DialogView view(dialog);
     view.EditLabel(kList, 0, L"Renamed");
     view.Press(VK_RETURN);
+}
+
+inline void SortByNames(HWND dialog)
+{
+    DialogView view(dialog);
+    ClicksHeading(0).Do(view);
 }
 
 template <int Button>

@@ -28,15 +28,22 @@ protected:
         bool struck = false;
     };
 
-    BookmarkMemory() { EXPECT_EQ(module.Create(CLSID_XBookMark, bookmarks), S_OK); }
+    BookmarkMemory()
+    {
+        EXPECT_EQ(module.Create(CLSID_XBookMark, bookmarks), S_OK);
+        view->Show(L"$7)");
+        host.Views({view});
+    }
 
     void Fill()
     {
         host.Store().Clear();
-        for (const wchar_t* project : {L"$7)", L"$8)"})
-            for (int number = 0; number < 2; ++number)
-                host.Store().Bookmark(project, number, (L"b" + std::to_wstring(number)).c_str(),
-                                      MemoryHost::TreeString(number == 0 ? L"$71)" : L"$72)").c_str());
+        const std::vector<const wchar_t*> ids = {L"$71)", L"$72)", L"$79)"}; // the last one is not found
+        for (const wchar_t* project : projects)
+            for (std::size_t number = 0; number < (hasGoneObjects ? 3u : 2u); ++number)
+                host.Store().Bookmark(project, static_cast<int>(number),
+                                      (L"b" + std::to_wstring(number)).c_str(),
+                                      MemoryHost::TreeString(ids[number]).c_str());
     }
 
     ULONG Held()
@@ -72,6 +79,7 @@ protected:
         host.recording = false;
         EXPECT_EQ(Run(0, steps).status, S_OK); // what is allocated once and kept
         const int objects = host.LiveObjects();
+        const long others = LinesOf("$8)");
         long n = 1;
         for (; !HasFailure(); ++n)
         {
@@ -82,14 +90,22 @@ protected:
             EXPECT_EQ(run.status, E_OUTOFMEMORY);
             EXPECT_LE(Held(), 5u);
             EXPECT_EQ(host.LiveObjects(), objects);
-            EXPECT_EQ(LinesOf("$8)"), 4) << "no action is on this project";
-            EXPECT_EQ(LinesOf("gotoitemname/$7)"), LinesOf("gotoitemtree/$7)")) << "half is lost";
+            EXPECT_EQ(LinesOf("$8)"), others) << "no action is on this project";
+            for (const std::string project : {"$7)", "$9)"})
+                EXPECT_EQ(LinesOf(("gotoitemname/" + project).c_str()),
+                          LinesOf(("gotoitemtree/" + project).c_str()))
+                    << "half is lost";
             EXPECT_TRUE(deletes || LinesOf("$7)") == 4);
         }
         EXPECT_GT(n, least) << "hardly an allocation was found";
         EXPECT_EQ(Run(0, steps).status, S_OK);
         EXPECT_EQ(Held(), 5u);
     }
+
+    /// That have bookmarks.
+    std::vector<const wchar_t*> projects = {L"$7)", L"$8)"};
+    /// Each of them has one on an object that is not found.
+    bool hasGoneObjects = false;
 
     LogFolder folder;
     MemoryHost host;
@@ -98,12 +114,34 @@ protected:
     const RegisteredProgId expanderClass{MemoryExpander::kProgId, MemoryExpander::kClass};
     const ComPtr<MemoryObject> objects[4] = {host.Known(L"$7)", L"North"), host.Known(L"$8)", L"South"),
                                              host.Known(L"$71)", L"a"), host.Known(L"$72)", L"b")};
+    const ComPtr<MemoryView> view = host.View("view");
     ComPtr<IXBookMark> bookmarks;
 };
 
 TEST_F(BookmarkMemory, EndsTheDialogThatOpens)
 {
     Sweep({&Leave}, 20);
+}
+
+TEST_F(BookmarkMemory, EndsTheDialogThatDeletesWhatIsGone)
+{
+    projects.push_back(L"$9)");
+    hasGoneObjects = true;
+    Sweep({&Leave}, 40, true);
+    EXPECT_EQ(LinesOf("$7)"), 4);
+    EXPECT_EQ(LinesOf("$9)"), 0);
+}
+
+TEST_F(BookmarkMemory, EndsTheDialogThatHasNoProject)
+{
+    projects = {L"$9)"};
+    Sweep({&Leave}, 10, true);
+    EXPECT_EQ(host.Store().Content().size(), 0u);
+}
+
+TEST_F(BookmarkMemory, EndsTheDialogThatSorts)
+{
+    Sweep({&SelectFirst, &Wait, &SortByNames, &Wait, &Leave}, 20);
 }
 
 TEST_F(BookmarkMemory, EndsTheDialogThatListsAnotherProject)
