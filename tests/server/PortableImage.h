@@ -28,6 +28,11 @@ public:
     /// The two fields of the resource directory's header that tools like to fill with the time.
     DWORD ResourceTime() const;
 
+    const std::vector<IMAGE_SECTION_HEADER>& Sections() const { return m_sections; }
+
+    /// Size in bytes of what a data directory refers to, 0 if there is none.
+    DWORD DirectorySize(int index) const { return m_headers.OptionalHeader.DataDirectory[index].Size; }
+
     const std::string& Bytes() const { return m_bytes; }
 
 private:

@@ -6,6 +6,8 @@
 #include "TypeLibraryText.h"
 #include "qptools_version.h"
 
+#include <imagehlp.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -59,9 +61,16 @@ std::string Demangled(const std::string& name)
     return demangled;
 }
 
+/// The module that QP_MODULE names, for the tests of the packages, else the built one.
+std::wstring ModuleFile()
+{
+    const wchar_t* path = _wgetenv(L"QP_MODULE");
+    return path ? path : BuiltModulePath();
+}
+
 const CPortableImage& Module()
 {
-    static const CPortableImage image(BuiltModulePath());
+    static const CPortableImage image(ModuleFile());
     return image;
 }
 
@@ -90,7 +99,7 @@ class ModuleResources : public testing::Test
 {
 protected:
     ModuleResources()
-        : m_module(LoadLibraryExW(BuiltModulePath().c_str(), nullptr,
+        : m_module(LoadLibraryExW(ModuleFile().c_str(), nullptr,
                                   LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE))
     {
     }
@@ -130,7 +139,7 @@ protected:
 
     std::wstring VersionText(const std::wstring& name) const
     {
-        const std::wstring path = BuiltModulePath();
+        const std::wstring path = ModuleFile();
         DWORD ignored = 0;
         std::vector<BYTE> block(GetFileVersionInfoSizeW(path.c_str(), &ignored));
         WORD* translation = nullptr;
@@ -196,7 +205,47 @@ TEST(ModuleImage, MayBeLoadedAnywhereAndRunsNoData)
     EXPECT_TRUE(flags & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE);
     EXPECT_TRUE(flags & IMAGE_DLLCHARACTERISTICS_NX_COMPAT);
     EXPECT_TRUE(flags & IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA);
+    EXPECT_TRUE(Module().Headers().FileHeader.Characteristics & IMAGE_FILE_LARGE_ADDRESS_AWARE);
     EXPECT_FALSE(Module().Headers().FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED);
+    EXPECT_NE(0u, Module().DirectorySize(IMAGE_DIRECTORY_ENTRY_BASERELOC));
+}
+
+TEST(ModuleImage, HasNoSectionThatIsWritableAndExecutable)
+{
+    int code = 0;
+    for (const IMAGE_SECTION_HEADER& section : Module().Sections())
+    {
+        const bool executable = section.Characteristics & (IMAGE_SCN_MEM_EXECUTE | IMAGE_SCN_CNT_CODE);
+        const bool writable = section.Characteristics & IMAGE_SCN_MEM_WRITE;
+        EXPECT_FALSE(executable && writable) << std::string(reinterpret_cast<const char*>(section.Name), 8);
+        code += executable;
+    }
+    EXPECT_EQ(1, code) << "sections with code";
+}
+
+TEST(ModuleImage, HasTheCheckSumOfItsBytes)
+{
+    DWORD stated = 0;
+    DWORD computed = 0;
+    ASSERT_EQ(static_cast<DWORD>(CHECKSUM_SUCCESS),
+              MapFileAndCheckSumW(ModuleFile().c_str(), &stated, &computed));
+    EXPECT_EQ(computed, stated);
+    EXPECT_EQ(stated, Module().Headers().OptionalHeader.CheckSum);
+}
+
+TEST(ModuleImage, KeepsItsDebugInformationElsewhere)
+{
+    EXPECT_EQ(0u, Module().DirectorySize(IMAGE_DIRECTORY_ENTRY_DEBUG));
+    EXPECT_EQ(0u, Module().Headers().FileHeader.NumberOfSymbols);
+    EXPECT_EQ(std::string::npos, Module().Bytes().find(".debug_info"));
+    EXPECT_NE(std::string::npos, Module().Bytes().find("qptools.dll.debug")) << "the link to it";
+}
+
+TEST(ModuleImage, IsForTheSubsystemOfWindows)
+{
+    const WORD subsystem = Module().Headers().OptionalHeader.Subsystem;
+    EXPECT_TRUE(subsystem == IMAGE_SUBSYSTEM_WINDOWS_GUI || subsystem == IMAGE_SUBSYSTEM_WINDOWS_CUI)
+        << subsystem;
 }
 
 TEST(ModuleImage, HoldsNoTimeOfItsBuild)
@@ -304,11 +353,12 @@ TEST_F(ModuleResources, GiveTheVersionInTexts)
     EXPECT_EQ(L"qptools Module", VersionText(L"FileDescription"));
     EXPECT_EQ(L"qptools", VersionText(L"InternalName"));
     EXPECT_EQ(L"qptools.DLL", VersionText(L"OriginalFilename"));
+    EXPECT_EQ(L"qptools Module", VersionText(L"ProductName"));
 }
 
 TEST_F(ModuleResources, GiveTheVersionInNumbers)
 {
-    const std::wstring path = BuiltModulePath();
+    const std::wstring path = ModuleFile();
     DWORD ignored = 0;
     std::vector<BYTE> block(GetFileVersionInfoSizeW(path.c_str(), &ignored));
     ASSERT_TRUE(GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()));
@@ -320,6 +370,8 @@ TEST_F(ModuleResources, GiveTheVersionInNumbers)
     EXPECT_EQ(MAKELONG(QP_VERSION_MINOR, QP_VERSION_MAJOR), static_cast<LONG>(info->dwProductVersionMS));
     EXPECT_EQ(MAKELONG(0, QP_VERSION_PATCH), static_cast<LONG>(info->dwProductVersionLS));
     EXPECT_EQ(static_cast<DWORD>(VFT_DLL), info->dwFileType);
+    EXPECT_EQ(static_cast<DWORD>(VOS_NT_WINDOWS32), info->dwFileOS);
+    EXPECT_EQ(0u, info->dwFileFlags & info->dwFileFlagsMask) << "a debug or test version";
 }
 
 TEST_F(ModuleResources, AskForTheNewCommonControls)
