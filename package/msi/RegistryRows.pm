@@ -4,13 +4,15 @@
 package RegistryRows;
 use strict;
 use warnings;
+use File::Glob ':bsd_glob';
 
 # Where a package for all users has the classes. HKCR would mean the same, but depend on how it is installed.
 my %roots = (HKCR => 'Software\\Classes\\', HKLM => '');
 
+# Texts stay bytes, UTF-8, as paths are.
 sub read_text {
     my ($path) = @_;
-    open(my $in, '<:encoding(UTF-8)', $path) or die "$path: $!\n";
+    open(my $in, '<:raw', $path) or die "$path: $!\n";
     local $/;
     return <$in>;
 }
@@ -57,8 +59,8 @@ sub take_data {
     return ($type, $type eq 'integer' && $value =~ /^0x/i ? hex $value : $value);
 }
 
-# Adds the rows of one node to $rows. A key that ForceRemove marks is deleted before it is written, and removed with its
-# subkeys: the name '*' says so to Windows Installer.
+# Adds the rows of one node to $rows. For Windows Installer the name '*' means that the key is created without a value and
+# removed with its subkeys, '+' that it is created and stays. A key that ForceRemove marks is deleted before, too.
 sub take_node {
     my ($tokens, $around, $rows) = @_;
     my ($kind) = grep { is_word($tokens, $_) } qw(NoRemove ForceRemove Delete val);
@@ -75,7 +77,10 @@ sub take_node {
     push @{ $rows->{removed} }, $key if $kind eq 'ForceRemove' || $kind eq 'Delete';
     push @{ $rows->{values} }, { key => $key, name => '*' } if $kind eq 'ForceRemove';
     push @{ $rows->{values} }, { key => $key, type => $type, value => $value } if defined $type;
+    my $before = @{ $rows->{values} };
     take_block($tokens, $key, $rows) if is_word($tokens, '{');
+    return if defined $type || $kind eq 'ForceRemove' || $kind eq 'Delete' || $before < @{ $rows->{values} };
+    push @{ $rows->{values} }, { key => $key, name => $kind eq 'NoRemove' ? '+' : '*' };
 }
 
 sub take_block {
@@ -102,8 +107,7 @@ sub add_script {
 # What RegisterTypeLib writes. The flags are those of the IDL, none, and LIBFLAG_FHASDISKIMAGE: the library is a file.
 sub add_type_library {
     my ($source, $folder, $rows) = @_;
-    my @idl = glob("$source/server/*.idl $source/host/*.idl");
-    for my $path (@idl) {
+    for my $path (map { glob("$source/$_/*.idl") } qw(server host)) {
         # RegisterTypeLib registers such interfaces, too.
         die "$path: an Automation interface needs rows of its own\n"
             if read_text($path) =~ /\b(?:oleautomation|dual|dispinterface)\b/;

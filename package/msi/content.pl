@@ -33,7 +33,7 @@ sub read_bytes {
 
 sub write_text {
     my ($name, $text) = @_;
-    open(my $out, '>:encoding(UTF-8)', $name) or die "$name: $!\n";
+    open(my $out, '>:raw', $name) or die "$name: $!\n";
     print {$out} $text;
     close($out) or die "$name: $!\n";
 }

@@ -2,8 +2,11 @@
 # test's folder.
 #
 # msi, next_msi    the packages of this version and of the next one
+# module           the installed module
 # installed        where the prefix has the installed files
 msi=qptools-$version-x64.msi
+module='C:\Program Files\qptools\qptools.dll'
+export LC_ALL=C.UTF-8
 [ -e "$packages/$msi" ] || fail "there is no $msi: run ./dev package"
 
 # use_next: the package of the next version is needed, too.
@@ -69,11 +72,11 @@ shown() {
 
 # removed WHAT BEFORE AFTER: the state is that of before, and what Wine leaves.
 removed() {
-    { cat "$2.registry"; printf '%s\n' "${left_keys[@]}"; } | LC_ALL=C sort -u >expected.registry
-    LC_ALL=C sort -u "$3.registry" >actual.registry
+    { cat "$2.registry"; printf '%s\n' "${left_keys[@]}"; } | sort -u >expected.registry
+    sort -u "$3.registry" >actual.registry
     same "$1: the registry" expected.registry actual.registry
-    { cat "$2.files"; printf '%s\n' "${left_files[@]}"; } | LC_ALL=C sort -u >expected.files
-    LC_ALL=C sort -u "$3.files" >actual.files
+    { cat "$2.files"; printf '%s\n' "${left_files[@]}"; } | sort -u >expected.files
+    sort -u "$3.files" >actual.files
     same "$1: the files" expected.files actual.files
 }
 
