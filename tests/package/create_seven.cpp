@@ -1,4 +1,4 @@
-// Creates all classes of the module as a host does, by ProgID, and says from where they came:
+// Creates all classes of the module as hosts do, by identifier and by ProgID, and says from where they came:
 //   create_seven [--log] [--context MANIFEST] [--hold NAME]
 //     --log               writes a name, in the user's language, to the user action log
 //     --context MANIFEST  keeps the objects, and creates all again in the activation context of that manifest
@@ -90,22 +90,34 @@ std::wstring ModuleOf(IUnknown* object)
     return module ? ModulePath(module) : L"no module";
 }
 
-/// Both ProgIDs must name the class.
-bool NamesTheClass(const ClassName& component, const std::wstring& progId)
-{
-    CLSID id = {};
-    return Succeeded(progId, CLSIDFromProgID(progId.c_str(), &id)) &&
-           Succeeded(progId, IsEqualCLSID(id, component.id) ? S_OK : CO_E_CLASSSTRING);
-}
-
-ComPtr<IUnknown> Create(const ClassName& component)
+ComPtr<IUnknown> CreateById(const std::wstring& what, const CLSID& id, const IID& interfaceId)
 {
     ComPtr<IUnknown> object;
-    const std::wstring progId = std::wstring(L"Qptools.") + component.name;
-    if (NamesTheClass(component, progId) && NamesTheClass(component, progId + L".1"))
-        Succeeded(progId, CoCreateInstance(component.id, nullptr, CLSCTX_INPROC_SERVER, component.interfaceId,
-                                           object.putVoid()));
+    Succeeded(what, CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, interfaceId, object.putVoid()));
     return object;
+}
+
+/// The identifier that a ProgID stands for is not the one of the class where a manifest declares it.
+ComPtr<IUnknown> CreateByProgId(const std::wstring& progId, const IID& interfaceId)
+{
+    CLSID id = {};
+    if (!Succeeded(progId, CLSIDFromProgID(progId.c_str(), &id)))
+        return nullptr;
+    return CreateById(progId, id, interfaceId);
+}
+
+/// An object of the class, which both its ProgIDs and its identifier must bring from one module.
+ComPtr<IUnknown> Create(const ClassName& component)
+{
+    const std::wstring progId = std::wstring(L"Qptools.") + component.name;
+    const ComPtr<IUnknown> versioned = CreateByProgId(progId + L".1", component.interfaceId);
+    const ComPtr<IUnknown> plain = CreateByProgId(progId, component.interfaceId);
+    ComPtr<IUnknown> object = CreateById(component.name, component.id, component.interfaceId);
+    if (!versioned || !plain || !object)
+        return nullptr;
+    const std::wstring module = ModuleOf(object.get());
+    const bool same = ModuleOf(versioned.get()) == module && ModuleOf(plain.get()) == module;
+    return Succeeded(progId + L" by one module", same ? S_OK : E_UNEXPECTED) ? object : nullptr;
 }
 
 void WriteLog(IUnknown* object)

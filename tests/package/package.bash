@@ -87,6 +87,24 @@ says() {
     [ $code = $expected_code ] || fail "$what: the exit code is $code"
 }
 
+# windows_texts FILE...: these files of a package are plain text with the line ends of Windows and no word left to replace.
+windows_texts() {
+    local file
+    for file in "$@"; do
+        [ "$(grep -c $'\r$' "$file")" = "$(grep -c '' "$file")" ] || fail "$file has other line ends than those of Windows"
+        ! tr -d '\r' <"$file" | grep -q '[^ -~]' || fail "$file has letters outside ASCII"
+        ! grep -q '@[A-Z]*@' "$file" || fail "$file: a word was not replaced"
+    done
+}
+
+# readme_names_all: README.txt of this folder lists all files beside it, one in a line.
+readme_names_all() {
+    find . -type f ! -name README.txt -printf '%P\n' >"$folder/files"
+    while read -r file; do
+        grep -qF "    ${file//\//\\} " README.txt || fail "README.txt does not name $file"
+    done <"$folder/files"
+}
+
 # made_again STEPS FILE: these steps of package/make give the same package again, in another folder and at another time.
 made_again() {
     "$top/package/make" --only "$1" "$build" again >/dev/null || fail "package/make --only $1 failed"
