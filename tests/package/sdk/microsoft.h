@@ -32,8 +32,6 @@ struct __declspec(uuid("00000000-0000-0000-C000-000000000046")) IUnknown;
 #undef __GNUC__
 #undef __MINGW32__
 #undef __MINGW64__
-#pragma GCC poison __attribute__                                                                             \
-    __attribute __extension__ typeof __typeof__ __typeof asm __asm __asm__ __int128
-#pragma GCC                                                                                                  \
-    poison __PRETTY_FUNCTION__ __complex__ __real__ __imag__ __alignof__ __thread __restrict__ __inline__
-#pragma GCC poison __builtin_expect __builtin_unreachable __builtin_memcpy __builtin_strlen __builtin_trap
+#pragma GCC poison __attribute__ __attribute __extension__ __int128 __PRETTY_FUNCTION__
+#pragma GCC poison typeof __typeof__ __typeof asm __asm __asm__ __alignof__
+#pragma GCC poison __thread __restrict__ __inline__ __complex__ __real__ __imag__
