@@ -47,7 +47,7 @@ sub xml {
 # A path as an identifier of a table.
 sub id {
     my ($path) = @_;
-    return $path =~ s/[^A-Za-z0-9.]/_/gr;
+    return $path =~ s/[^A-Za-z0-9.]/_/gr =~ s/^(?![A-Za-z_])/_/r;
 }
 
 my %short_names;
@@ -99,7 +99,7 @@ my (@components, @sql, $digest);
 # The version of an image's version block, and its language; nothing if there is none.
 sub image_version {
     my ($bytes) = @_;
-    return unless $bytes =~ /\xbd\x04\xef\xfe\x00\x00\x01\x00(.{8})/s;
+    return unless $bytes =~ /^MZ.*\xbd\x04\xef\xfe\x00\x00\x01\x00(.{8})/s;
     my ($minor, $major, $build, $patch) = unpack('v4', $1);
     my $translation = join("\0", split(//, 'Translation'));
     my ($language) = $bytes =~ /\Q$translation\E\0+(..)/s or die "a version block without a language\n";
