@@ -80,6 +80,21 @@ TEST_F(BookmarkByKeyboard, DeleteAsksAndDeletes)
     EXPECT_EQ(Name(0), "Drill");
 }
 
+TEST_F(BookmarkByKeyboard, SpaceOnDeleteAllDeletesTheProject)
+{
+    Show({Types("shift+Tab", FocusOn(IDCANCEL)), Types("shift+Tab", FocusOn(kDeleteAll)),
+          Types("space", Box(kDeleteAllTitle)), Ends("Return"), Sees(Offers(kProject, {L"South"})),
+          Sees(InColumn(0, {L"Paint"})), Ends("Escape")});
+    EXPECT_EQ(Name(0), "");
+}
+
+TEST_F(BookmarkByKeyboard, EnterOnAButtonPressesThatAndOpensNothing)
+{
+    Show(GoesToWeld() +
+         Steps{Types("shift+Tab", FocusOn(kProject)), Types("shift+Tab", FocusOn(IDCANCEL)), Ends("Return")});
+    EXPECT_EQ(Expanded(), "");
+}
+
 TEST_F(BookmarkByKeyboard, ShiftAndArrowsSelectSeveralToDelete)
 {
     Show(GoesToWeld() + Steps{Types("shift+Up", SelectedCount(2)), Types("Delete", Box(kDeleteTitle)),
