@@ -3,6 +3,8 @@
 
 #include "Calls.h"
 
+#include <windows.h>
+
 #include <string>
 
 /// The lines with "~" in place of the browser's key, as the module writes it or as the store keeps it.
@@ -30,6 +32,11 @@ inline constexpr const char* kOk = "0x00000000";
 
 inline constexpr const char* kGetGateway = "manager.GetObject({D7C07373-29C3-43A4-87CF-F6D5E947D6E6}, 1)";
 inline constexpr const char* kGetStore = "manager.GetObject({EDB6CC40-0DC9-11D3-89FF-004005A1D91C}, 1)";
+
+inline constexpr CLSID kGatewayClass = {
+    0xD7C07373, 0x29C3, 0x43A4, {0x87, 0xCF, 0xF6, 0xD5, 0xE9, 0x47, 0xD6, 0xE6}};
+inline constexpr CLSID kStoreClass = {
+    0xEDB6CC40, 0x0DC9, 0x11D3, {0x89, 0xFF, 0x00, 0x40, 0x05, 0xA1, 0xD9, 0x1C}};
 
 inline std::string GetClient(const std::string& name)
 {

@@ -1,5 +1,6 @@
 // The bookmark dialog without one of the host's services: it stays open and empty, and the log says why.
 #include "ListingFixture.h"
+#include "NullServices.h"
 
 namespace
 {
@@ -95,6 +96,21 @@ TEST_F(EmptyBookmarks, WithAStoreWithoutItsInterface)
     OpensEmpty(
         4, {StoreOf(374, kNoInterface, "XBookmarkMngr:: XBookmarkMngr              ->QueryInterface failed"),
             Report(219, kNoInterface, kNotAStore)});
+}
+
+TEST_F(EmptyBookmarks, WithAStoreWhoseInterfaceIsNull)
+{
+    host.Manager().Set(kStoreClass, NullServices());
+    OpensEmpty(4, {StoreOf(374, kOk, "XBookmarkMngr:: XBookmarkMngr              ->QueryInterface failed"),
+                   Report(219, kOk, kNotAStore)});
+}
+
+TEST_F(EmptyBookmarks, WithAGatewayWhoseInterfaceIsNull)
+{
+    host.Manager().Set(kGatewayClass, NullServices());
+    Show({Sees(Offers(kProject, {})), Sees(Disabled(kDeleteAll)), Presses(IDCANCEL)});
+    EXPECT_EQ(host.calls, (Calls{kGetGateway, kGetStore, kGetGateway}));
+    EXPECT_EQ(logBook.Entries().back(), Report(192, kNoPointer, kNoClient));
 }
 
 TEST_F(EmptyBookmarks, WithoutAManager)

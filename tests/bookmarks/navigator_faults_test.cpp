@@ -7,6 +7,7 @@
 #include "ModuleUnderTest.h"
 #include "NavigatorView.h"
 #include "RegisteredProgId.h"
+#include "StoreWords.h"
 #include "TreeExpander.h"
 #include "XQPComBSTR.h"
 
@@ -94,9 +95,6 @@ private:
         const PatientUser user(steps);
         EXPECT_EQ(bookmarks->ShowDialog(host), S_OK);
     }
-
-    static constexpr CLSID kStoreClass = {
-        0xEDB6CC40, 0x0DC9, 0x11D3, {0x89, 0xFF, 0x00, 0x40, 0x05, 0xA1, 0xD9, 0x1C}};
 
     const LogFolder folder;
     const ModuleUnderTest module;

@@ -1,4 +1,5 @@
 // How the bookmarks reach the host's services: each step fails once, and the next is tried.
+#include "NullServices.h"
 #include "StoreFixture.h"
 
 namespace
@@ -129,6 +130,15 @@ TEST_F(BookmarkServices, AStoreWithoutItsInterfaceIsAFailure)
     EXPECT_EQ(Manager::Initialize(&host.Manager()), E_NOINTERFACE);
     EXPECT_EQ(logBook.Entries(), Entries{Report(374, kNoInterface, kNotAStore)});
     EXPECT_EQ(Held(), (std::vector<ULONG>{1, 2, 1, 0}));
+}
+
+TEST_F(BookmarkServices, InterfacesThatAreNullAreFailures)
+{
+    host.Manager().Set(kGatewayClass, NullServices())->Set(kStoreClass, NullServices());
+    EXPECT_EQ(Manager::Initialize(&host.Manager()), S_OK);
+    EXPECT_EQ(logBook.Entries(), (Entries{Report(340, kNoPointer, kNoClient),
+                                          Report(350, kNoPointer, kNoClient), Report(374, kOk, kNotAStore)}));
+    EXPECT_EQ(host.Store().References(), 0u);
 }
 
 TEST_F(BookmarkServices, WithoutAManagerEachStepIsReported)
