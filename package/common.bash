@@ -31,6 +31,8 @@ check_certificate() {
     of_certificate=$(openssl x509 -in "$QP_CERT" -noout -pubkey 2>/dev/null) || die "$QP_CERT is no certificate (PEM)"
     of_key=$(openssl pkey -in "$QP_KEY" -pubout -passin pass: 2>/dev/null) || die "$QP_KEY is no private key (PEM, without a password)"
     [ "$of_certificate" = "$of_key" ] || die "$QP_KEY is not the key of the certificate $QP_CERT"
+    openssl x509 -in "$QP_CERT" -noout -ext extendedKeyUsage 2>/dev/null | grep -q 'Code Signing' ||
+        die "the certificate $QP_CERT is not one for code signing"
     openssl x509 -in "$QP_CERT" -noout -checkend 0 >/dev/null ||
         die "the certificate $QP_CERT is expired: $(openssl x509 -in "$QP_CERT" -noout -enddate)"
 }

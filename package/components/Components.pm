@@ -203,14 +203,21 @@ sub check_members {
     }
 }
 
+# The Debian package of each file that is in one.
+sub packages_of {
+    open my $answers, '-|', 'dpkg-query', '-S', @_ or die "dpkg-query: $!\n";
+    return { map { /^([^:]+)(?::\w+)?: (.*)$/ ? ($2 => $1) : () } <$answers> };
+}
+
 # What a link took of others, by its map. A file that belongs to no component ends it.
 sub linked {
     my ($map) = @_;
     my $members = taken($map);
+    my $packages = packages_of(keys %$members);
     my %found;
     for my $file (sort keys %$members) {
         my $name = $file =~ s{.*/}{}r;
-        my $package = `dpkg-query -S '$file' 2>/dev/null` =~ s/:.*//sr;
+        my $package = $packages->{$file} // '';
         my ($component) = grep { $_->{files} && $_->{package} eq $package && $name =~ $_->{files} } @table;
         die "$file is linked in, and no component has it: see package/components\n" if !$component;
         $found{ $component->{id} } = $component;
