@@ -6,7 +6,6 @@
 # installed        where the prefix has the installed files
 msi=qptools-$version-x64.msi
 module='C:\Program Files\qptools\qptools.dll'
-export LC_ALL=C.UTF-8
 [ -e "$packages/$msi" ] || fail "there is no $msi: run ./dev package"
 
 # use_next: the package of the next version is needed, too.
@@ -27,8 +26,6 @@ bookkeeping=(
     'HKLM\\Software\\Microsoft\\Windows\\CurrentVersion\\Installer'    # components, features and properties of products
     'HKLM\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\\{[0-9A-F-]*\}' # the list of programs
 )
-# The date that Wine gives its display driver at each start.
-started='HKLM\\System\\CurrentControlSet\\Control\\Class\\\{4D36E968-E325-11CE-BFC1-08002BE10318\}\\0000: "DriverDateData"='
 
 # What Wine, unlike Windows, leaves when its only product is removed: keys without values, and a folder without files.
 left_keys=(
@@ -43,25 +40,6 @@ left_keys=(
     'HKLM\Software\Microsoft\Windows\CurrentVersion\Installer\UserData\S-1-5-18\Products'
 )
 left_files=(windows/Installer)
-
-# state NAME: ends Wine and writes NAME.registry and NAME.files, the whole registry and all files of drive C with their
-# check sums.
-state() {
-    wine --end
-    perl "$top/tests/package/registry.pl" "$QP_WINE_PREFIX" | grep -vE "^$started" >"$1.registry"
-    (
-        cd "$QP_WINE_PREFIX/drive_c"
-        find . -mindepth 1 -type d -printf '%P\n'
-        find . -type f -exec md5sum {} + | sed 's|^\(.*\)  \./\(.*\)|\2 \1|'
-        find . -type l -printf '%P\n'
-    ) | sort >"$1.files"
-}
-
-# same_state WHAT EXPECTED ACTUAL: compares two states.
-same_state() {
-    same "$1: the registry" "$2.registry" "$3.registry"
-    same "$1: the files" "$2.files" "$3.files"
-}
 
 # shown STATE: its registry without the book-keeping of Windows Installer.
 shown() {

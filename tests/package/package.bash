@@ -5,6 +5,7 @@
 # create_seven  a program that creates the seven classes and says from which module; its head has its arguments
 # folder      the test's folder, also as a path of Windows: windows_folder
 set -eu
+export LC_ALL=C.UTF-8
 top=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 build=$(cd "$1" && pwd)
 test_name=$(basename "$0" -test)
@@ -60,15 +61,26 @@ export_address() {
         printf "0x%x\n", $base + $at{ $names{$wanted} };' "$2"
 }
 
-# registry FILE: the registry of the test's prefix, machine and user, as text, without what Wine writes of its display each time
-# that it starts a desktop.
-registry() {
-    local root
-    for root in HKLM HKCU; do
-        wine reg export $root registry.reg /y >registry.output || fail "reg export $root: $(cat registry.output)"
-        iconv -f UTF-16 -t UTF-8 registry.reg
-    done | tr -d '\r' | perl -00 -ne 'print unless /^\[HKEY_LOCAL_MACHINE\\(Hardware|System\\CurrentControlSet\\Control\\Video)\\/i' >"$1"
-    rm registry.reg registry.output
+# The date that Wine gives its display driver at each start.
+started='HKLM\\System\\CurrentControlSet\\Control\\Class\\\{4D36E968-E325-11CE-BFC1-08002BE10318\}\\0000: "DriverDateData"='
+
+# state NAME: ends Wine and writes NAME.registry and NAME.files, the whole registry and all files of drive C with their
+# check sums.
+state() {
+    wine --end
+    perl "$top/tests/package/registry.pl" "$QP_WINE_PREFIX" | grep -vE "^$started" >"$1.registry"
+    (
+        cd "$QP_WINE_PREFIX/drive_c"
+        find . -mindepth 1 -type d -printf '%P\n'
+        find . -type f -exec md5sum {} + | sed 's|^\(.*\)  \./\(.*\)|\2 \1|'
+        find . -type l -printf '%P\n'
+    ) | sort >"$1.files"
+}
+
+# same_state WHAT EXPECTED ACTUAL: compares two states.
+same_state() {
+    same "$1: the registry" "$2.registry" "$3.registry"
+    same "$1: the files" "$2.files" "$3.files"
 }
 
 # says WHAT EXPECTED_CODE EXPECTED_LINE COMMAND...: a Windows program prints this one line and ends with this exit code, of
@@ -103,12 +115,6 @@ readme_names_all() {
     while read -r file; do
         grep -qF "    ${file//\//\\} " README.txt || fail "README.txt does not name $file"
     done <"$folder/files"
-}
-
-# made_again STEPS FILE: these steps of package/make give the same package again, in another folder and at another time.
-made_again() {
-    "$top/package/make" --only "$1" "$build" again >/dev/null || fail "package/make --only $1 failed"
-    cmp "$packages/$2" "again/$2" || fail "$2 is another file when it is made again"
 }
 
 [ -d "$packages" ] || fail "there are no packages: run ./dev package"
