@@ -28,8 +28,10 @@ zip_folder() {
 check_certificate() {
     [ -n "$QP_CERT" ] || return 0
     local of_certificate of_key
-    of_certificate=$(openssl x509 -in "$QP_CERT" -noout -pubkey 2>/dev/null) || die "$QP_CERT is no certificate (PEM)"
-    of_key=$(openssl pkey -in "$QP_KEY" -pubout -passin pass: 2>/dev/null) || die "$QP_KEY is no private key (PEM, without a password)"
+    of_certificate=$(openssl x509 -in "$QP_CERT" -noout -pubkey 2>/dev/null) ||
+        die "$QP_CERT is no certificate (PEM)"
+    of_key=$(openssl pkey -in "$QP_KEY" -pubout -passin pass: 2>/dev/null) ||
+        die "$QP_KEY is no private key (PEM, without a password)"
     [ "$of_certificate" = "$of_key" ] || die "$QP_KEY is not the key of the certificate $QP_CERT"
     openssl x509 -in "$QP_CERT" -noout -ext extendedKeyUsage 2>/dev/null | grep -q 'Code Signing' ||
         die "the certificate $QP_CERT is not one for code signing"
@@ -38,15 +40,15 @@ check_certificate() {
 }
 
 # sign FILE DESCRIPTION: signs the file in place, if there is a certificate. A server of time stamps is asked only if
-# QP_TIMESTAMP_URL names one. Without it the signature is valid as long as the certificate, and, by an RSA key, the same each
-# time.
+# QP_TIMESTAMP_URL names one. Without it the signature is valid as long as the certificate, and the same each time if
+# the key is one of RSA.
 sign() {
     [ -n "$QP_CERT" ] || return 0
     local stamp=() said
     [ -z "${QP_TIMESTAMP_URL:-}" ] || stamp=(-ts "$QP_TIMESTAMP_URL")
     rm -f "$1.signed"
-    said=$(osslsigncode sign -certs "$QP_CERT" -key "$QP_KEY" -h sha256 -n "$2" -time "$SOURCE_DATE_EPOCH" "${stamp[@]}" \
-        -in "$1" -out "$1.signed" 2>&1) || die "cannot sign $1: $said"
+    said=$(osslsigncode sign -certs "$QP_CERT" -key "$QP_KEY" -h sha256 -n "$2" -time "$SOURCE_DATE_EPOCH" \
+        "${stamp[@]}" -in "$1" -out "$1.signed" 2>&1) || die "cannot sign $1: $said"
     mv "$1.signed" "$1"
 }
 

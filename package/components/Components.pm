@@ -1,5 +1,5 @@
-# What the packages contain besides the project's own code: where it comes from, its licence and its notices. The texts are
-# those of the Debian packages that the build took it from, read when the packages are made.
+# What the packages contain besides the project's own code: where it comes from, its licence and its notices. The texts
+# are those of the Debian packages that the build took it from, read when the packages are made.
 package Components;
 use strict;
 use warnings;
@@ -61,7 +61,8 @@ my @table = (
         files => qr/\.[ao]$/,
         # The module has all but qnan.c and its like, which the programs of the check kit have.
         stanzas => [
-            '*', 'mingw-w64-crt/crt/*', 'mingw-w64-crt/gdtoa/*', 'mingw-w64-crt/gdtoa/qnan.c', 'mingw-w64-crt/misc/basename.c',
+            '*', 'mingw-w64-crt/crt/*', 'mingw-w64-crt/gdtoa/*', 'mingw-w64-crt/gdtoa/qnan.c',
+            'mingw-w64-crt/misc/basename.c',
         ],
     },
     {
@@ -91,7 +92,8 @@ my %spdx = (
 
 sub lines_of {
     my ($file) = @_;
-    open my $in, '<:encoding(UTF-8)', $file or die "$file is missing: it has the notice of what is linked in\n";
+    open my $in, '<:encoding(UTF-8)', $file
+        or die "$file is missing: it has the notice of what is linked in\n";
     my @lines = <$in>;
     return @lines;
 }
@@ -138,7 +140,8 @@ sub applying {
         my ($stanza) = grep { ($_->{Files} // '') =~ /^\Q$wanted\E(\s|$)/ } @all;
         die "$file has changed: no stanza for $wanted\n" if !$stanza;
         my ($licence, $text) = $stanza->{License} =~ /^(\S+)\n?(.*)$/s;
-        ($text) = map { ($_->{License} // '') =~ /^\Q$licence\E\n(.*)/s } grep { !$_->{Files} } @all if $text !~ /\S/;
+        my @elsewhere = grep { !$_->{Files} } @all;
+        ($text) = map { ($_->{License} // '') =~ /^\Q$licence\E\n(.*)/s } @elsewhere if $text !~ /\S/;
         die "$file has changed: no text of $licence\n" if !defined $text || $text !~ /\S/;
         my $copyright = plain($stanza->{Copyright});
         $copyright = '' if $copyright =~ /^public-domain$/;
@@ -179,11 +182,15 @@ sub licence {
 
 sub copyright {
     my ($component) = @_;
-    return join "\n", grep { $_ } map { $_->{copyright} =~ s/\n+$//r } applying($component) if $component->{stanzas};
-    return passage(copyright_file($component), @{ $gcc_notice[0] }[1], qr/Free Software Foundation/) =~ s/^GCC is |\n+$//gr;
+    if ($component->{stanzas}) {
+        return join "\n", grep { $_ } map { $_->{copyright} =~ s/\n+$//r } applying($component);
+    }
+    my $sentence = passage(copyright_file($component), qr/^GCC is Copyright/, qr/Free Software Foundation/);
+    return $sentence =~ s/^GCC is |\n+$//gr;
 }
 
-# The files of the compiler and its libraries that a link took, by the map that the linker wrote, with the members of archives.
+# The files of the compiler and its libraries that a link took, with the members of archives, by the map that the linker
+# wrote.
 sub taken {
     my ($map) = @_;
     my %members;
@@ -204,7 +211,8 @@ sub check_members {
             my ($source) = $pattern =~ m{([^/]+?)(?:\.[\w*]+)?$};
             my $glob = join '.*', map { quotemeta } split /\*/, $source, -1;
             my ($member) = grep { /-$glob\.o$/ } @members;
-            die "$member is linked in, and the notice of $pattern is not among those of $component->{id}\n" if $member;
+            next if !$member;
+            die "$member is linked in, and the notice of $pattern is not among those of $component->{id}\n";
         }
     }
 }
