@@ -1,7 +1,9 @@
 // Creates all classes of the module as hosts do, by identifier and by ProgID, and says from where they came:
-//   create_seven [--log] [--context MANIFEST] [--hold NAME]
+//   create_seven [--log] [--context FOLDER] [--hold NAME]
 //     --log               writes a name, in the user's language, to the user action log
-//     --context MANIFEST  keeps the objects, and creates all again in the activation context of that manifest
+//     --context FOLDER    keeps the objects, and creates all again in an activation context with the assembly
+//     in that folder,
+//                         by the host.exe.manifest there
 //     --hold NAME         keeps the objects, creates the file NAME.ready, waits until NAME.release exists,
 //     and creates
 //                         all again
@@ -158,16 +160,26 @@ HRESULT LastError()
     return HRESULT_FROM_WIN32(GetLastError());
 }
 
-void CreateAllInContext(const std::wstring& manifest, Objects& objects, bool writesLog)
+/// The assembly is looked for in the parent of its folder, as if the program were there.
+HANDLE ContextOf(const std::wstring& folder)
 {
+    const std::wstring manifest = folder + L"\\host.exe.manifest";
+    const std::wstring parent = folder.substr(0, folder.find_last_of(L'\\'));
     ACTCTXW description = {};
     description.cbSize = sizeof description;
+    description.dwFlags = ACTCTX_FLAG_ASSEMBLY_DIRECTORY_VALID;
     description.lpSource = manifest.c_str();
-    const HANDLE context = CreateActCtxW(&description);
+    description.lpAssemblyDirectory = parent.c_str();
+    return CreateActCtxW(&description);
+}
+
+void CreateAllInContext(const std::wstring& folder, Objects& objects, bool writesLog)
+{
+    const HANDLE context = ContextOf(folder);
     ULONG_PTR cookie = 0;
-    if (!Succeeded(manifest, context == INVALID_HANDLE_VALUE ? LastError() : S_OK))
+    if (!Succeeded(folder, context == INVALID_HANDLE_VALUE ? LastError() : S_OK))
         return;
-    if (Succeeded(manifest, ActivateActCtx(context, &cookie) ? S_OK : LastError()))
+    if (Succeeded(folder, ActivateActCtx(context, &cookie) ? S_OK : LastError()))
     {
         CreateAll(objects, writesLog);
         DeactivateActCtx(0, cookie);
@@ -241,7 +253,7 @@ int main()
     Arguments arguments;
     if (!Read(arguments))
     {
-        Print(L"usage: create_seven [--log] [--context MANIFEST] [--hold NAME]");
+        Print(L"usage: create_seven [--log] [--context FOLDER] [--hold NAME]");
         return 100;
     }
     if (!Succeeded(L"CoInitialize", CoInitialize(nullptr)))
