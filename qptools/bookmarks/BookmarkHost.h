@@ -9,10 +9,10 @@
 
 namespace qptools
 {
-/// The dialog's name at the gateway.
+/// The dialog's client name at the host's gateway.
 inline constexpr FixedText kBookmarkClient = L"XOpenBookmarkDlg";
 
-/// The dialog's name in the log.
+/// The source of the dialog's log entries.
 inline constexpr wchar_t kBookmarkSource[] = L"OpenBookmarkDlg";
 
 void LogBookmarkFailure(HRESULT status, const wchar_t* message, ULONG line) noexcept;
@@ -21,6 +21,7 @@ void LogBookmarkFailure(HRESULT status, const wchar_t* message, ULONG line) noex
 /// attributes.
 XQPComBSTR ConfiguredName(IUnknown* object);
 
-/// The text of a value, which is empty afterwards; empty if it has no text form.
+/// Moves the text out of `value`, which is VT_EMPTY afterwards. Returns an empty text if the value has no
+/// text form.
 XQPComBSTR TakeText(XQPComVariant& value);
 } // namespace qptools

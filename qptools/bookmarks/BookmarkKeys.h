@@ -10,7 +10,8 @@ namespace qptools
 /// The configuration of the browser. Everything below is in kScopeBookmarks.
 inline constexpr wchar_t kBrowserKey[] = L"QPR-Navigator/BrowserConfiguration1/";
 
-/// Its sub keys are those of the projects. Entry n of a project is the value "gotoitemname<n>".
+/// It has a sub key for each project. Entry n of a project is the value "gotoitemname<n>", the bookmark's
+/// name.
 inline constexpr wchar_t kNamesKey[] = L"QPR-Navigator/BrowserConfiguration1/gotoitemname";
 inline constexpr wchar_t kNameKey[] = L"QPR-Navigator/BrowserConfiguration1/gotoitemname/";
 
@@ -22,8 +23,8 @@ inline constexpr wchar_t kTreeKeyToWrite[] = L"QPR-Navigator/BrowserConfiguratio
 /// The identifier of a bookmark's object begins at this index of its tree string.
 inline constexpr int kObjectIdStart = 12;
 
-/// The identifier of the object in a tree string, up to the delimiter at index `end`, which belongs to it;
-/// empty if there is none (-1).
+/// The object's identifier in a tree string, up to and including the delimiter at index `end`. Returns an
+/// empty text if there is no delimiter (-1).
 inline XQPComBSTR ObjectIdIn(const XQPComBSTR& tree, int end)
 {
     return tree.Mid(kObjectIdStart, end - kObjectIdStart + 1);
@@ -37,7 +38,7 @@ inline XQPComBSTR ProjectIdIn(const XQPComBSTR& subKey)
     return subKey.Mid(begin, subKey.Find(L')', begin) - begin + 1);
 }
 
-/// The key of a project.
+/// The key of a project: `key` and the project's identifier.
 inline XQPComBSTR KeyOf(const wchar_t* key, const XQPComBSTR& project)
 {
     XQPComBSTR whole(key);

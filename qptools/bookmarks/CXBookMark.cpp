@@ -8,7 +8,7 @@ namespace qptools
 {
 namespace
 {
-/// Releases what a dialog holds of the host when it is done, however it ends.
+/// Releases the dialog's references to the host at the end of the call: the dialog object itself lives on.
 class HostReferences
 {
 public:

@@ -12,8 +12,7 @@ namespace qptools
 {
 class XOpenBookmarkDlg;
 
-/// Each call has a dialog of its own, which is allocated until the component is destroyed. The class cannot
-/// be aggregated.
+/// Each call creates a dialog object, which is freed with the component. The class cannot be aggregated.
 class CXBookMark final : public ComObject<CXBookMark, IXBookMark>
 {
 public:

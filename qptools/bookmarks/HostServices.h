@@ -14,8 +14,8 @@ namespace qptools
 /// manager, else the status of GetObject; `object` is whatever that delivered and may be null.
 HRESULT StartObject(IQPFObjectManager* manager, const CLSID& classId, ComPtr<IQPFObject>& object);
 
-/// Gets the number of a client of the gateway. Returns E_POINTER without a gateway, else the status of the
-/// call.
+/// Gets the gateway's number for the client of that name. Returns E_POINTER without a gateway, else the
+/// status of the call.
 HRESULT GetClientId(IQPIPDClient* gateway, const FixedText& client, LONG& id);
 
 /// Gets a new query object. Returns E_POINTER without a gateway, else the status of the call; `query` is

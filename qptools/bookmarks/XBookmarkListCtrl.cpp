@@ -24,7 +24,7 @@ struct Order
     bool ascending;
 };
 
-/// Case counts.
+/// Case-sensitive.
 int Compare(const XBookmarkListCtrl::Row& left, const XBookmarkListCtrl::Row& right, int column)
 {
     switch (column)
@@ -77,14 +77,14 @@ void XBookmarkListCtrl::AddRow(int index, Row row)
     SetItemText(placed, kComponentColumn, kept.component);
 }
 
-// Before the click selects another row: the bookmark of the selected one is renamed.
+// A rename applies to the selected row, so the editing ends before the click selects another one.
 LRESULT XBookmarkListCtrl::OnButtonDown(WPARAM, LPARAM)
 {
     EndEditing();
     return Default();
 }
 
-/// Ends the editing of a label as the loss of the focus does. Not every system does it by itself.
+/// Ends the editing of a label by taking the focus from it. Not every system's list does so at a click.
 void XBookmarkListCtrl::EndEditing() const
 {
     if (GetEditControl())

@@ -10,8 +10,9 @@
 
 namespace qptools
 {
-/// A report list of two columns, the names of the bookmarks and of their components. A click on a heading
-/// sorts the rows by it, the first one downwards, each further one the other way round.
+/// A report list of two columns: the bookmark's name and the name of its component. A click on a heading
+/// sorts by that column, descending the first time; each further click, on either heading, reverses the
+/// direction.
 class XBookmarkListCtrl : public CListCtrl
 {
 public:
@@ -19,15 +20,15 @@ public:
     {
         XQPComBSTR component;
         XQPComBSTR name;
-        XQPComBSTR tree; ///< of the bookmark's object, and the key of the bookmark
-        int place = 0;   ///< before a sort
+        XQPComBSTR tree; ///< where the object is; identifies the bookmark
+        int place = 0;   ///< the index before a sort
     };
 
     /// Inserts the columns and sets the list up.
     void Open();
 
-    /// Adds a row; the list places it by its name, whatever `index` is. It keeps the row until it is
-    /// destroyed itself.
+    /// Adds a row; the list places it by its name, whatever `index` is. The row is owned by this object and
+    /// freed with it, not when it is deleted from the list.
     void AddRow(int index, Row row);
 
     /// The row at that index; null if there is none.

@@ -17,8 +17,8 @@ namespace
 {
 constexpr FixedText kClient = L"XBookmarkManager";
 
-/// Numbers in a row without an entry, after which a list counts as read. Only a store whose lists contradict
-/// each other has that many.
+/// GetBookmarks gives up after this many numbers in a row without an entry. A store gets there only if its
+/// two lists contradict each other.
 constexpr int kMostMisses = 1'000'000;
 
 /// The host's services.
@@ -31,8 +31,8 @@ struct Services
     ComPtr<IQPSessionDataManager> m_ptrSessionDataMng;
 };
 
-// Never destroyed: when the process ends, the host's objects may be gone. Release empties it before the
-// module goes.
+// Never destroyed: when the process ends, the host's objects may be gone. XBookmarkManager::Release empties
+// it before the module is unloaded.
 Services& TheServices() noexcept
 {
     alignas(Services) static unsigned char storage[sizeof(Services)];
@@ -45,7 +45,8 @@ HRESULT Log(HRESULT status, const wchar_t* message, ULONG line)
     return XQPError::HandleComError(status, L"XBookmarkManager", message, line, true, false);
 }
 
-/// Calls the key store; E_POINTER if there is none.
+/// Calls the key store; E_POINTER if there is none. It holds a reference: Initialize may replace the store
+/// during the call.
 template <class Body>
 HRESULT InStore(Body&& body)
 {
@@ -53,7 +54,7 @@ HRESULT InStore(Body&& body)
     return store ? body(*store) : E_POINTER;
 }
 
-/// Asks for a value in its text form.
+/// Reads a value as text.
 HRESULT GetText(const XQPComBSTR& key, const std::wstring& name, XQPComVariant& text)
 {
     return InStore([&](IQPSessionDataManager& store) {
@@ -61,7 +62,7 @@ HRESULT GetText(const XQPComBSTR& key, const std::wstring& name, XQPComVariant& 
     });
 }
 
-/// A copy of a list of the store, of `count` entries: an entry that the store does not have is null.
+/// A list that the store has handed out and owns.
 struct StringList
 {
     ULONG count = 0;
@@ -74,6 +75,7 @@ struct StringList
         });
     }
 
+    /// The first `wanted` entries; null for each that the list does not have.
     std::vector<tagSTRINGPAIR> Copy(ULONG wanted) const
     {
         std::vector<tagSTRINGPAIR> copy(wanted);
@@ -88,9 +90,9 @@ std::wstring_view TextOf(BSTR text)
     return {text, SysStringLen(text)};
 }
 
-/// Closes the gap of every entry with this tree string, of which there are `treeCount`. Only the values move;
-/// the numbers, which are the names of the values, stay where they are. What stands behind the last survivor
-/// stays, too.
+/// Removes the entries whose tree string is `tree`: the values of those behind them move forward. The names
+/// of the values, which are the numbers, stay, and so do the values behind the last survivor. The store's
+/// list of tree strings has `treeCount` entries; no entry beyond them is removed.
 void Compact(std::vector<tagSTRINGPAIR>& names, std::vector<tagSTRINGPAIR>& trees, ULONG treeCount,
              const XQPComBSTR& tree)
 {
@@ -204,7 +206,7 @@ HRESULT XBookmarkManager::GetBookmarks(const XQPComBSTR& project, Bookmarks& boo
     return S_OK;
 }
 
-// By value: a host call may let the user change what a reference would lead to.
+// By value: the caller's variables may change during a host call that lets the user act in the dialog.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 HRESULT XBookmarkManager::Deletebokmark(XQPComBSTR project, XQPComBSTR tree)
 {

@@ -22,7 +22,7 @@ class XBookmarkManager
 public:
     XBookmarkManager() = delete;
 
-    /// Names by tree strings. Of two bookmarks with the same tree string one is left.
+    /// Names by tree strings. Of several bookmarks with the same tree string the last one is left.
     using Bookmarks = std::map<XQPComBSTR, XQPComVariant>;
 
     /// Gets the services from `manager`, which may be null. No failure stops it. Returns the status of the

@@ -30,7 +30,7 @@ constexpr int kButtonWidth = 75;
 constexpr int kButtonHeight = 23;
 constexpr int kButtonsFromBottom = 90;
 
-/// A button, and where it begins from the middle of the window.
+/// A button, and its left edge, counted from the middle of the window.
 struct ButtonPlace
 {
     int id;
@@ -119,7 +119,7 @@ void XOpenBookmarkDlg::OnSelChange()
     m_projectName = m_projects.GetLBText(entry);
     m_projectId = *reinterpret_cast<const XQPComBSTR*>(m_projects.GetItemData(entry));
     RenewQuery();
-    // Without a query object no object could be asked for, and none may pass as gone.
+    // Without a query object every object would count as gone, and its bookmark would be deleted.
     if (m_ptrQuery)
         ListBookmarks();
 }
@@ -256,7 +256,7 @@ LRESULT XOpenBookmarkDlg::OnSize(WPARAM, LPARAM)
     for (const ButtonPlace& button : kButtons)
         place(button.id, static_cast<int>(middle + button.fromMiddle), window.Height() - kButtonsFromBottom,
               kButtonWidth, kButtonHeight);
-    // The list may cover the old places of the buttons before these move. They would not be drawn anew then.
+    // The list moves first. Buttons that it covers then would not be drawn again.
     InvalidateRect(m_hWnd, nullptr, TRUE);
     return 0;
 }

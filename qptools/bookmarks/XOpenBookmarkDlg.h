@@ -75,7 +75,7 @@ private:
     ComPtr<IQPIPDClient> m_ptrClient;
     ComPtr<IQP_Query> m_ptrQuery;
     ComPtr<IQPSessionDataManager> m_ptrStore;
-    ComPtr<IUnknown> m_ptrObject; ///< found last by its identifier
+    ComPtr<IUnknown> m_ptrObject; ///< the one that Open looked for last
     ComPtr<IQPBrowserTreeExpander> m_ptrExpander;
     ComPtr<IQPExplorerView> m_ptrView; ///< of the expander; kept, and not called
 

@@ -75,8 +75,8 @@ void XOpenBookmarkDlg::OnOpen()
     CDialog::OnOK();
 }
 
-/// Whether the bookmark's object still exists. Its identifier ends at another delimiter than where the list
-/// is filled, on purpose.
+/// Whether the bookmark's object still exists. The identifier ends at the semicolon here, and at the bracket
+/// where the list is filled, on purpose.
 bool XOpenBookmarkDlg::NameIsReadable(const XQPComBSTR& tree)
 {
     FindObject(ObjectIdIn(tree, tree.Find(L';', kObjectIdStart)), m_ptrObject);
@@ -97,8 +97,8 @@ void XOpenBookmarkDlg::StartExpander(const CLSID& expanderClass)
     m_ptrView.queryFrom(starter.get());
 }
 
-/// Shows the object in the tree. Where the user has switched the expanding of the browser off, it is switched
-/// on for this call, and is off afterwards, whatever it was before.
+/// Expands the navigator's tree to the object. If the option is off, it is written as on for the call and as
+/// off afterwards, whatever its value was.
 void XOpenBookmarkDlg::ExpandTree(const XQPComBSTR& tree)
 {
     if (ExpandsByOption())
@@ -129,7 +129,8 @@ void XOpenBookmarkDlg::SetExpandOption(const wchar_t* text) const
     m_ptrStore->SetValue(kOptionKey, kOptionName, &value.Value(), kScopeUserWrite);
 }
 
-// A host may let the user act in the dialog meanwhile, who then replaces both members.
+// Copies: if the host handles messages during the call, the user may open another bookmark, which replaces
+// both members.
 void XOpenBookmarkDlg::Expand(const XQPComBSTR& tree, ULONG line) const
 {
     const ComPtr<IQPBrowserTreeExpander> expander = m_ptrExpander;
@@ -162,8 +163,8 @@ void XOpenBookmarkDlg::OnEndLabelEdit(NMHDR* notification, LRESULT* result)
     StoreName(tree, name);
 }
 
-/// Writes the name under the number that the bookmark has in the store; under none if it is not there any
-/// more. If the list cannot be read, the name changes on the screen only. All three on purpose.
+/// Writes the name under the bookmark's number in the store, or under an empty value name if the store has no
+/// such bookmark any more. If the list cannot be read, the name changes on the screen only. All on purpose.
 void XOpenBookmarkDlg::StoreName(const XQPComBSTR& tree, const std::wstring& name)
 {
     const XQPComBSTR nameKey = KeyOf(kNameKey, m_projectId);

@@ -103,7 +103,7 @@ void XOpenBookmarkDlg::ListProject(const XQPComBSTR& project, std::size_t& gone)
     if (FindObject(project, object) != S_OK || !object)
     {
         ++gone;
-        // Without an identifier the key would be that of all projects.
+        // With an empty identifier this would delete the bookmarks of all projects.
         if (!project.IsEmpty())
             XBookmarkManager::DeleteAllBookmarks(project);
         return;
@@ -143,8 +143,8 @@ int XOpenBookmarkDlg::EntryOf(const XQPComBSTR& project) const
     return kNone;
 }
 
-/// Ends the dialog. The configuration of the browser is deleted if no bookmark is left: nothing is deleted
-/// because it could not be read.
+/// Ends the dialog, which has nothing to list. If all projects are gone, the browser's configuration is
+/// deleted; not if a project is only unreadable, or the store is.
 void XOpenBookmarkDlg::TellNoProject(bool areGone)
 {
     if (areGone)

@@ -27,6 +27,19 @@ TEST_F(BookmarkListing, MakesTheseCallsAndNoOthers)
     EXPECT_EQ(logBook.Entries(), Entries{});
 }
 
+TEST_F(BookmarkListing, OfAThousandMakesFourCallsForEach)
+{
+    constexpr int kCount = 1'000;
+    host.Store().Clear();
+    for (int number = 0; number < kCount; ++number)
+        host.Store().Bookmark(L"$7)", number, (L"Weld " + std::to_wstring(number)).c_str(),
+                              (At(L"$71)") + std::to_wstring(number)).c_str());
+    Show({Sees(RowCount(kCount)), Presses(IDCANCEL)});
+    const Calls once =
+        Projects() + Found("$7)", "North") + Calls{"views.RemNext(1)"} + Fresh() + Read("$7)", 0);
+    EXPECT_EQ(host.calls.size(), once.size() + 4 * kCount);
+}
+
 TEST_F(BookmarkListing, OfAnotherProjectMakesTheseCalls)
 {
     EXPECT_EQ(During({Chooses(kProject, L"South"), Sees(InColumn(0, {L"Paint"})),
