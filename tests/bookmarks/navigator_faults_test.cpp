@@ -32,21 +32,21 @@ class NavigatorFaults : public testing::TestWithParam<Way>
 protected:
     NavigatorFaults()
     {
-        EXPECT_EQ(module.Create(CLSID_XBookMark, bookmarks), S_OK);
+        EXPECT_EQ(m_module.Create(CLSID_XBookMark, m_bookmarks), S_OK);
         for (const wchar_t* project : {L"North", L"South"})
         {
-            plant->Add(L"project", project);
-            plant->ShowProject(project, true);
+            m_plant->Add(L"project", project);
+            m_plant->ShowProject(project, true);
         }
         for (const wchar_t* cell : kCells)
-            plant->Add(L"plannode", cell);
+            m_plant->Add(L"plannode", cell);
         Run(); // the host creates its services once and keeps them
     }
 
-    /// The same, where the n-th call fails. Returns the calls.
+    /// Does each action once in a dialog where the n-th call fails. Returns the calls.
     Lines Run(long long n)
     {
-        return GateSweep(*plant).Run(n, GetParam(), [this] { Run(); });
+        return GateSweep(*m_plant).Run(n, GetParam(), [this] { Run(); });
     }
 
     /// The bookmarks that are left.
@@ -73,14 +73,14 @@ private:
     void Run()
     {
         Fill();
-        Show(manager.get(), bookmark_user::kAll);
-        content = plant->StoreContent();
+        Show(m_manager.get(), bookmark_user::kAll);
+        content = m_plant->StoreContent();
         Show(nullptr, {&bookmark_user::Leave});
     }
     void Fill()
     {
         ComPtr<IQPFObject> object;
-        EXPECT_EQ(manager->GetObject(kStoreClass, 1, object.put()), S_OK);
+        EXPECT_EQ(m_manager->GetObject(kStoreClass, 1, object.put()), S_OK);
         ComPtr<IQPSessionDataManager> store;
         EXPECT_EQ(store.queryFrom(object.get()), S_OK);
         for (const LONG scope : {2, 4})
@@ -88,21 +88,21 @@ private:
                 EXPECT_GE(store->DeleteKey(XQPComBSTR(key), scope), 0);
         for (const wchar_t* project : {L"North", L"South"})
             for (const wchar_t* cell : kCells)
-                plant->AddBookmark(project, plant->Find(L"plannode", cell), cell);
+                m_plant->AddBookmark(project, m_plant->Find(L"plannode", cell), cell);
     }
     void Show(IQPFObjectManager* host, const PatientUser::Steps& steps)
     {
         const PatientUser user(steps);
-        EXPECT_EQ(bookmarks->ShowDialog(host), S_OK);
+        EXPECT_EQ(m_bookmarks->ShowDialog(host), S_OK);
     }
 
-    const LogFolder folder;
-    const ModuleUnderTest module;
-    const std::unique_ptr<refhost::Plant> plant = refhost::Plant::OpenMemory();
-    const ComPtr<IQPFObjectManager> manager = plant->ObjectManager();
-    const RegisteredProgId viewClass{refhost::kNavigatorViewProgId, refhost::kNavigatorViewClass};
-    const RegisteredProgId expanderClass{refhost::kTreeExpanderProgId, refhost::kTreeExpanderClass};
-    ComPtr<IXBookMark> bookmarks;
+    const LogFolder m_folder;
+    const ModuleUnderTest m_module;
+    const std::unique_ptr<refhost::Plant> m_plant = refhost::Plant::OpenMemory();
+    const ComPtr<IQPFObjectManager> m_manager = m_plant->ObjectManager();
+    const RegisteredProgId m_viewClass{refhost::kNavigatorViewProgId, refhost::kNavigatorViewClass};
+    const RegisteredProgId m_expanderClass{refhost::kTreeExpanderProgId, refhost::kTreeExpanderClass};
+    ComPtr<IXBookMark> m_bookmarks;
 };
 } // namespace
 
