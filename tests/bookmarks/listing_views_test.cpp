@@ -99,6 +99,15 @@ TEST_F(BookmarkViews, AreReachedBehindFortyNullOnes)
     EXPECT_EQ(OpensAt(L"South"), calls + next + asked + next);
 }
 
+TEST_F(BookmarkViews, BehindAThousandNullOnesAreNotReached)
+{
+    view->Show(L"$8)");
+    std::vector<ComPtr<MemoryView>> views(1'000);
+    views.push_back(view);
+    host.Views(views);
+    EXPECT_EQ(OpensAt(L"North"), Calls(1'000, next.front()));
+}
+
 TEST_F(BookmarkViews, WithoutTheirInterfaceAreSkipped)
 {
     view->offersView = false;
