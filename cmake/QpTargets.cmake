@@ -80,8 +80,25 @@ function(qp_program name)
   _qp_setup(${name})
 endfunction()
 
+# qp_traces(program): the tests of the program compare their scenarios with traces/PROGRAM.txt of this folder (see
+# Story.h), which they find in traces/ beside the program.
+function(qp_traces program)
+  set(source ${CMAKE_CURRENT_SOURCE_DIR}/traces/${program}.txt)
+  set(copy ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/traces/${program}.txt)
+  add_custom_command(
+    OUTPUT ${copy}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/traces
+    COMMAND ${CMAKE_COMMAND} -E copy ${source} ${copy}
+    DEPENDS ${source}
+    COMMENT "Traces of ${program}"
+    VERBATIM)
+  target_sources(${program} PRIVATE ${copy})
+  target_compile_definitions(${program} PRIVATE QP_TRACES="${program}.txt")
+endfunction()
+
 # qp_test(name SOURCES ... [DEPENDS ...] [LABELS ...] [SERIAL]): a GoogleTest program whose tests ctest finds by running
 # it. SERIAL: none of its tests runs beside another test. The others are in batch.programs, for tools/run-batches.
+# check.programs lists all of them, for package/check.
 function(qp_test name)
   cmake_parse_arguments(QP "SERIAL" "" "SOURCES;DEPENDS;LABELS" ${ARGN})
   qp_program(${name} SOURCES ${QP_SOURCES} DEPENDS ${QP_DEPENDS} qp_gtest)
@@ -101,11 +118,14 @@ function(qp_test name)
     # tools/wine-run sets both.
     list(APPEND properties ENVIRONMENT LC_ALL=C.UTF-8 ENVIRONMENT_MODIFICATION TZ=set:UTC)
   endif()
+  set(company beside)
   if(QP_SERIAL)
     list(APPEND properties RUN_SERIAL ON)
+    set(company alone)
   else()
     set_property(GLOBAL APPEND_STRING PROPERTY QP_BATCH_PROGRAMS "$<TARGET_FILE:${name}> ${CMAKE_CURRENT_BINARY_DIR}\n")
   endif()
+  set_property(GLOBAL APPEND_STRING PROPERTY QP_CHECK_PROGRAMS "${name} ${company}\n")
   set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR ${CMAKE_SOURCE_DIR}/tools/run-test)
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES
                        TEST_PREFIX "${name}." PROPERTIES ${properties})

@@ -1,9 +1,13 @@
 #include "SampleFolder.h"
 
+#include "Resources.h"
+#include "Utf8.h"
+
 namespace refhost
 {
-const char* SampleFolder() noexcept
+std::filesystem::path SampleFolder()
 {
-    return QP_SAMPLE_DIR;
+    const std::string program = Utf8FromWide(ModulePath(nullptr));
+    return std::filesystem::path(std::u8string(program.begin(), program.end())).parent_path() / "sample";
 }
 } // namespace refhost

@@ -1,8 +1,10 @@
 // The location of the sample plant.
 #pragma once
 
+#include <filesystem>
+
 namespace refhost
 {
-/// The folder of the sample plant's files in the source tree, for SampleLoader.
-const char* SampleFolder() noexcept;
+/// The folder of the sample plant's files, which lies beside the program, for SampleLoader.
+std::filesystem::path SampleFolder();
 } // namespace refhost

@@ -1,6 +1,6 @@
 #include "OtherProcess.h"
 
-#include "Resources.h"
+#include "TestFolder.h"
 
 #include <windows.h>
 
@@ -11,19 +11,11 @@
 extern char** environ;
 #endif
 
-namespace
-{
-std::filesystem::path OwnFolder()
-{
-    return std::filesystem::path(ModulePath(nullptr)).parent_path();
-}
-} // namespace
-
 #ifdef _WIN32
 
 OtherProcess::OtherProcess(const std::string& program, const std::vector<std::filesystem::path>& arguments)
 {
-    std::wstring line = L"\"" + (OwnFolder() / (program + ".exe")).wstring() + L"\"";
+    std::wstring line = L"\"" + BesideProgram(program + ".exe").wstring() + L"\"";
     for (const std::filesystem::path& argument : arguments)
         line += L" \"" + argument.wstring() + L"\"";
     STARTUPINFOW startup{};
@@ -53,7 +45,7 @@ int OtherProcess::Wait()
 
 OtherProcess::OtherProcess(const std::string& program, const std::vector<std::filesystem::path>& arguments)
 {
-    std::vector<std::string> texts{(OwnFolder() / program).string()};
+    std::vector<std::string> texts{BesideProgram(program).string()};
     for (const std::filesystem::path& argument : arguments)
         texts.push_back(argument.string());
     std::vector<char*> pointers;

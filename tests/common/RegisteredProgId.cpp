@@ -7,6 +7,8 @@
 
 namespace
 {
+const std::wstring kUserClasses = L"Software\\Classes\\";
+
 void Expect(bool good, const char* what)
 {
     if (good)
@@ -56,8 +58,10 @@ RegisteredProgId::RegisteredProgId(const wchar_t* progId) : m_path(progId), m_tu
 
 RegisteredProgId::RegisteredProgId(const wchar_t* progId, REFCLSID clsid) : RegisteredProgId(progId)
 {
+    // Only an administrator may write the machine's classes. Those of a user are found as well.
     RegistryKey key;
-    Expect(key.Create(HKEY_CLASSES_ROOT, m_path + L"\\CLSID", KEY_WRITE) == ERROR_SUCCESS &&
+    Expect((key.Create(HKEY_CLASSES_ROOT, m_path + L"\\CLSID", KEY_WRITE) == ERROR_SUCCESS ||
+            key.Create(HKEY_CURRENT_USER, kUserClasses + m_path + L"\\CLSID", KEY_WRITE) == ERROR_SUCCESS) &&
                key.SetText({}, TextOf(clsid)) == ERROR_SUCCESS,
            "the registry refuses the ProgID");
 }
@@ -71,6 +75,7 @@ RegisteredProgId::~RegisteredProgId()
 void RegisteredProgId::Remove() const
 {
     std::wstring failed;
-    Expect(DeleteRegistryTree(HKEY_CLASSES_ROOT, m_path, failed) == ERROR_SUCCESS,
+    Expect(DeleteRegistryTree(HKEY_CURRENT_USER, kUserClasses + m_path, failed) == ERROR_SUCCESS &&
+               DeleteRegistryTree(HKEY_CLASSES_ROOT, m_path, failed) == ERROR_SUCCESS,
            "the registry keeps the ProgID");
 }

@@ -1,5 +1,7 @@
 #include "Story.h"
 
+#include "TestFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -37,11 +39,11 @@ std::string MethodOf(const std::string& call)
 }
 
 /// The lines under each test's name.
-std::map<std::string, Lines> ReadTraces(const char* path)
+std::map<std::string, Lines> ReadTraces(const char* name)
 {
     std::map<std::string, Lines> traces;
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file) << path << " cannot be read";
+    std::ifstream file(BesideProgram("traces") / name, std::ios::binary);
+    EXPECT_TRUE(file) << name << " cannot be read";
     Lines* lines = nullptr;
     for (std::string line; std::getline(file, line);)
         if (line.rfind(kIndent, 0) == 0 && lines)

@@ -16,7 +16,8 @@ public:
     void Tell(const std::vector<std::string>& calls);
     void Tell(const std::string& line);
 
-    /// Fails the running test if the traces file `file` has other lines for it, or none.
+    /// Fails the running test if the file `file` in the folder "traces" beside the program has other lines
+    /// for it, or none.
     void Check(const char* file) const;
 
 private:

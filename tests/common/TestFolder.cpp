@@ -1,5 +1,8 @@
 #include "TestFolder.h"
 
+#include "Resources.h"
+#include "Utf8.h"
+
 #include <windows.h>
 
 #include <algorithm>
@@ -32,6 +35,12 @@ std::vector<std::string> TestFolder::Names() const
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::filesystem::path BesideProgram(const std::string& name)
+{
+    const std::string program = Utf8FromWide(ModulePath(nullptr));
+    return std::filesystem::path(std::u8string(program.begin(), program.end())).parent_path() / name;
 }
 
 std::string ReadBytes(const std::filesystem::path& file)

@@ -25,6 +25,9 @@ private:
     std::filesystem::path m_path;
 };
 
+/// The path of what lies in the program's own folder.
+std::filesystem::path BesideProgram(const std::string& name);
+
 /// The bytes of a file; empty if there is none.
 std::string ReadBytes(const std::filesystem::path& file);
 void WriteBytes(const std::filesystem::path& file, std::string_view bytes);

@@ -255,16 +255,6 @@ TEST(ModuleImage, HoldsNoTimeOfItsBuild)
     EXPECT_EQ(0u, Module().ResourceTime());
 }
 
-TEST(ModuleImage, HoldsNoFolderOfTheMachineThatBuiltIt)
-{
-    const std::string folder = QP_SOURCE_FOLDER;
-    EXPECT_EQ(std::string::npos, Module().Bytes().find(folder));
-    std::string wide;
-    for (const char c : folder)
-        wide += {c, '\0'};
-    EXPECT_EQ(std::string::npos, Module().Bytes().find(wide));
-}
-
 TEST_F(ModuleResources, HoldTheSevenRegistryScripts)
 {
     const struct

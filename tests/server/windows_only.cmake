@@ -6,7 +6,10 @@ target_link_libraries(module_checks PUBLIC qp_options winapi framework qp_gtest)
 qp_test(typelib_tests SOURCES typelib_test.cpp DEPENDS module_checks LABELS windows-only)
 qp_test(image_tests SOURCES image_test.cpp DEPENDS module_checks qptools_version version LABELS windows-only)
 target_link_libraries(image_tests PRIVATE imagehlp)
-set_source_files_properties(image_test.cpp PROPERTIES COMPILE_DEFINITIONS QP_SOURCE_FOLDER="${CMAKE_SOURCE_DIR}")
+# Not in that program, which would hold the folder itself.
+add_test(NAME module_image.holds_no_folder_of_the_machine_that_built_it
+         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/no-folder-test $<TARGET_FILE:qptools> ${CMAKE_SOURCE_DIR})
+set_tests_properties(module_image.holds_no_folder_of_the_machine_that_built_it PROPERTIES LABELS windows-only)
 qp_test(regsvr_tests SOURCES regsvr_test.cpp RegistrySnapshot.cpp DEPENDS module_checks LABELS windows-only SERIAL)
 qp_test(moved_module_tests SOURCES moved_module_test.cpp DEPENDS qp_interfaces framework test_common LABELS windows-only)
 add_dependencies(moved_module_tests qp_catalogues)

@@ -1,0 +1,34 @@
+// Tests that are known to fail on some machines, and why.
+#pragma once
+
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct KnownDifference
+{
+    std::string pattern; ///< "program.Suite.Test"; * stands for any characters
+    std::string when;    ///< the condition of the machine under which it applies
+    std::string reason;
+};
+
+class KnownDifferences
+{
+public:
+    /// Reads lines "PATTERN | WHEN | REASON". Throws std::runtime_error, with the line, if one has another
+    /// form or a condition that is not in `kConditions`.
+    static KnownDifferences Read(std::string_view text);
+
+    /// The conditions that a machine may fulfil.
+    static const std::set<std::string> kConditions;
+
+    /// Those whose condition the machine fulfils.
+    std::vector<KnownDifference> On(const std::set<std::string>& conditions) const;
+
+private:
+    std::vector<KnownDifference> m_all;
+};
+
+/// True if the pattern, in which * stands for any characters, is the whole name.
+bool MatchesPattern(std::string_view pattern, std::string_view name);
