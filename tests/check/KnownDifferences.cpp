@@ -4,7 +4,13 @@
 
 #include <stdexcept>
 
-const std::set<std::string> KnownDifferences::kConditions = {"windows", "wine", "session", "elevated"};
+namespace
+{
+bool IsCondition(std::string_view word)
+{
+    return word == "windows" || word == "wine" || word == "session" || word == "elevated";
+}
+} // namespace
 
 KnownDifferences KnownDifferences::Read(std::string_view text)
 {
@@ -12,7 +18,7 @@ KnownDifferences KnownDifferences::Read(std::string_view text)
     for (const std::string& line : ContentLines(text))
     {
         const std::vector<std::string> columns = Columns(line, '|');
-        if (columns.size() != 3 || columns[0].empty() || columns[2].empty() || !kConditions.count(columns[1]))
+        if (columns.size() != 3 || columns[0].empty() || columns[2].empty() || !IsCondition(columns[1]))
             throw std::runtime_error("known differences: not understood: " + line);
         read.m_all.push_back({columns[0], columns[1], columns[2]});
     }

@@ -16,12 +16,10 @@ struct KnownDifference
 class KnownDifferences
 {
 public:
-    /// Reads lines "PATTERN | WHEN | REASON". Throws std::runtime_error, with the line, if one has another
-    /// form or a condition that is not in `kConditions`.
+    /// Reads lines "PATTERN | WHEN | REASON". WHEN is windows, wine, session (the user's language or regional
+    /// format is not American English) or elevated. Throws std::runtime_error, with the line, for another
+    /// form.
     static KnownDifferences Read(std::string_view text);
-
-    /// The conditions that a machine may fulfil.
-    static const std::set<std::string> kConditions;
 
     /// Those whose condition the machine fulfils.
     std::vector<KnownDifference> On(const std::set<std::string>& conditions) const;
