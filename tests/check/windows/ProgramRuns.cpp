@@ -2,13 +2,16 @@
 
 #include "UserDateFormat.h"
 
-#include <algorithm>
+#include <fstream>
 
 namespace fs = std::filesystem;
 
 namespace
 {
 constexpr DWORD kBetweenLooks = 200;
+
+/// Separates the runs in a log; tools/run-batches knows it.
+constexpr const char* kAgain = "qptools_check: the program is run again without the test that ended it";
 } // namespace
 
 ProgramRuns::ProgramRuns(const Kit& kit, unsigned atOnce, ULONGLONG patience, Done done)
@@ -103,7 +106,10 @@ void ProgramRuns::Finish(Running& running, const ProgramEnd& end)
     ProgramResult& result = m_results[running.index];
     result.Add(ReadTestLog(ReadKitFile(LogOf(running.index), running.logBegin)), end);
     if (result.NeedsAnotherRun())
+    {
+        std::ofstream(LogOf(running.index), std::ios::binary | std::ios::app) << "\n" << kAgain << "\n";
         Start(running.index);
+    }
     else
         m_done(result);
 }
