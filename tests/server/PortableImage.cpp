@@ -5,13 +5,14 @@
 #include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
 
 CPortableImage::CPortableImage(const std::wstring& path)
 {
-    std::ifstream file(Narrow(path), std::ios::binary);
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
     m_bytes.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
     const auto headerOffset = static_cast<size_t>(Read<IMAGE_DOS_HEADER>(0).e_lfanew);
     m_headers = Read<IMAGE_NT_HEADERS64>(headerOffset);

@@ -6,6 +6,7 @@
 #include "TypeLibraryTable.h"
 #include "TypeLibraryText.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -20,7 +21,7 @@ ComPtr<ITypeLib> Load(const std::wstring& path)
 
 std::string BytesOf(const std::wstring& path)
 {
-    std::ifstream file(Narrow(path), std::ios::binary);
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 

@@ -4,17 +4,23 @@
 
 #include <windows.h>
 
-#include <cstdlib>
+#include <shellapi.h>
+
 #include <filesystem>
 #include <fstream>
 #include <string>
 
-int main(int count, char** arguments)
+int main()
 {
+    int count = 0;
+    wchar_t** const arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     if (count != 4)
         return 2;
     const std::filesystem::path directory = arguments[1];
-    const std::string tag = arguments[2];
+    const std::wstring wideTag = arguments[2];
+    const int lines = std::stoi(arguments[3]);
+    LocalFree(arguments);
+    const std::string tag(wideTag.begin(), wideTag.end());
     SetEnvironmentVariableW(L"QPTOOLS_LOG_DIR", directory.wstring().c_str());
     std::ofstream(directory / ("ready-" + tag)).put('\n');
     for (int waited = 0; !std::filesystem::exists(directory / "go"); ++waited)
@@ -23,8 +29,7 @@ int main(int count, char** arguments)
             return 3;
         Sleep(1);
     }
-    const std::wstring wideTag(tag.begin(), tag.end());
-    for (int number = 0; number < std::atoi(arguments[3]); ++number)
+    for (int number = 0; number < lines; ++number)
     {
         // Lines of many lengths: a torn or overwritten one cannot look like another.
         const std::wstring line = wideTag + L" " + std::to_wstring(number) + L" " +

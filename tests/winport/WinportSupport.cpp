@@ -116,13 +116,15 @@ std::wstring TestModulePath()
 
 int RunAgain(const std::string& test)
 {
+    const std::string arguments = " --gtest_also_run_disabled_tests --gtest_filter=" + test;
+#ifdef _WIN32
+    // The command processor takes off the outer quotation marks.
+    const std::wstring line =
+        L"\"\"" + ProgramPath() + L"\"" + std::wstring(arguments.begin(), arguments.end()) + L" >NUL 2>&1\"";
+    return _wsystem(line.c_str());
+#else
     char program[4 * MAX_PATH];
     WideCharToMultiByte(CP_UTF8, 0, ProgramPath().c_str(), -1, program, sizeof(program), nullptr, nullptr);
-#ifdef _WIN32
-    const char* quiet = " >NUL 2>&1";
-#else
-    const char* quiet = " >/dev/null 2>&1";
+    return std::system(("\"" + std::string(program) + "\"" + arguments + " >/dev/null 2>&1").c_str());
 #endif
-    return std::system(
-        (std::string(program) + " --gtest_also_run_disabled_tests --gtest_filter=" + test + quiet).c_str());
 }
