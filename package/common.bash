@@ -13,7 +13,7 @@ wanted_file() {
     done
 }
 
-# zip_folder FOLDER ARCHIVE: all files of the folder, whose name is the first part of each path, in one order and with one
+# zip_folder FOLDER ARCHIVE [LEVEL]: all files of the folder, whose name is the first part of each path, in one order and with one
 # time. The names are UTF-8.
 zip_folder() {
     local parent name
@@ -21,7 +21,7 @@ zip_folder() {
     find "$1" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
     find "$1" -type f -exec chmod 644 {} +
     rm -f "$2"
-    (cd "$parent" && find "$name" -type f | sort | zip -q -9 -X -D "$2" -@) || die "zip failed for $2"
+    (cd "$parent" && find "$name" -type f | sort | zip -q "-${3:-9}" -X -D "$2" -@) || die "zip failed for $2"
 }
 
 # check_certificate: ends the step if something is to be signed and cannot be.
