@@ -117,6 +117,12 @@ readme_names_all() {
     done <"$folder/files"
 }
 
+# made_again STEPS FILE: these steps of package/make give the same package again, in another folder and at another time.
+made_again() {
+    "$top/package/make" --only "$1" "$build" again >/dev/null || fail "package/make --only $1 failed"
+    cmp "$packages/$2" "again/$2" || fail "$2 is another file when it is made again"
+}
+
 [ -d "$packages" ] || fail "there are no packages: run ./dev package"
 rm -rf "$folder"
 mkdir -p "$folder"
