@@ -31,6 +31,13 @@ std::string Indented(const std::string& text)
     return indented;
 }
 
+bool IsKnown(const std::vector<KnownDifference>& known, const std::string& name)
+{
+    return std::any_of(known.begin(), known.end(), [&](const KnownDifference& difference) {
+        return MatchesPattern(difference.pattern, name);
+    });
+}
+
 /// What a test that was skipped says of it.
 std::string SkipReason(const TestResult& test)
 {
@@ -176,16 +183,25 @@ std::string Report::OutputPart() const
     return Headed("Output of the failures", text);
 }
 
-std::string ProgressLine(std::size_t number, std::size_t count, const ProgramResult& program)
+std::string ProgressLine(std::size_t number, std::size_t count, const ProgramResult& program,
+                         const std::vector<KnownDifference>& known)
 {
-    const std::vector<TestResult> tests = program.Tests();
-    const auto failed = std::count_if(tests.begin(), tests.end(),
-                                      [](const TestResult& test) { return test.outcome == Outcome::Failed; });
-    const auto whole = std::count_if(tests.begin(), tests.end(), [](const TestResult& test) {
-        return test.name == ProgramResult::kWhole;
-    });
+    std::size_t tests = 0;
+    int failed = 0;
+    int expected = 0;
+    for (const TestResult& test : program.Tests())
+    {
+        tests += test.name != ProgramResult::kWhole;
+        failed += test.outcome == Outcome::Failed;
+        expected += test.outcome == Outcome::Failed && IsKnown(known, program.Name() + "." + test.name);
+    }
     char text[200];
     std::snprintf(text, sizeof text, "%3zu of %zu  %-32s%4zu tests, ", number, count, program.Name().c_str(),
-                  tests.size() - static_cast<std::size_t>(whole));
-    return text + (failed == 0 ? std::string("all passed") : std::to_string(failed) + " failed");
+                  tests);
+    if (failed == 0)
+        return text + std::string("all passed");
+    return text + std::to_string(failed) + " failed" +
+           (expected == 0        ? ""
+            : expected == failed ? ", as expected"
+                                 : ", " + std::to_string(expected) + " of them as expected");
 }

@@ -77,5 +77,7 @@ private:
     int m_expected = 0;
 };
 
-/// "12 of 70  copy_dialog_tests                 63 tests, all passed"
-std::string ProgressLine(std::size_t number, std::size_t count, const ProgramResult& program);
+/// "12 of 70  copy_dialog_tests                 63 tests, all passed". `known` are the differences that may
+/// occur here.
+std::string ProgressLine(std::size_t number, std::size_t count, const ProgramResult& program,
+                         const std::vector<KnownDifference>& known);

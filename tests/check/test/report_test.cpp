@@ -116,10 +116,20 @@ TEST(Reports, CountAMissingPictureAsNews)
 
 TEST(ProgressLines, CountTheTestsOfAProgram)
 {
-    EXPECT_EQ(ProgressLine(2, 70, Program("copy_tests", TestOf("A.one", kOk) + TestOf("A.two", kOk))),
+    EXPECT_EQ(ProgressLine(2, 70, Program("copy_tests", TestOf("A.one", kOk) + TestOf("A.two", kOk)), {}),
               "  2 of 70  copy_tests                         2 tests, all passed");
-    EXPECT_EQ(ProgressLine(3, 70, Program("copy_tests", TestOf("A.one", kFailed))),
+    EXPECT_EQ(ProgressLine(3, 70, Program("copy_tests", TestOf("A.one", kFailed)), {}),
               "  3 of 70  copy_tests                         1 tests, 1 failed");
+}
+
+TEST(ProgressLines, SayWhichFailuresWereExpected)
+{
+    const std::vector<KnownDifference> known = kKnown.On({"windows"});
+    const std::string expected = TestOf("A.known", kFailed);
+    EXPECT_EQ(ProgressLine(1, 70, Program("p", expected), known),
+              "  1 of 70  p                                  1 tests, 1 failed, as expected");
+    EXPECT_EQ(ProgressLine(1, 70, Program("p", expected + TestOf("A.one", kFailed)), known),
+              "  1 of 70  p                                  2 tests, 2 failed, 1 of them as expected");
 }
 
 TEST(PicturePages, ShowBothPicturesOfADialog)

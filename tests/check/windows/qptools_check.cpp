@@ -55,11 +55,12 @@ unsigned AtOnce(const Options& options)
                                : std::clamp<unsigned>(system.dwNumberOfProcessors, 1, kMostAtOnce);
 }
 
-std::vector<ProgramResult> RunPrograms(const Kit& kit, const Options& options)
+std::vector<ProgramResult> RunPrograms(const Kit& kit, const Options& options, const MachineFacts& machine)
 {
+    const std::vector<KnownDifference> known = kit.Known().On(machine.conditions);
     std::size_t done = 0;
     ProgramRuns runs(kit, AtOnce(options), options.patience * 1000ULL, [&](const ProgramResult& program) {
-        Say(ProgressLine(++done, kit.Programs().size(), program));
+        Say(ProgressLine(++done, kit.Programs().size(), program, known));
     });
     return runs.Run();
 }
@@ -81,7 +82,7 @@ int Run(const Options& options)
     result.leftOut = kit.LeftOut();
     Say("qptools " + kit.Version() + ": the tests on this machine. This takes some minutes.");
     if (options.programs)
-        result.programs = RunPrograms(kit, options);
+        result.programs = RunPrograms(kit, options, result.machine);
     result.pictures.wanted = options.pictures;
     if (options.pictures)
         result.pictures = DialogPictures(kit, options.patience * 1000ULL, Say).Take();
