@@ -1,5 +1,7 @@
 #include "EmptyModule.h"
 
+#include "CountedObject.h"
+
 #include "Resources.h"
 #include "winport_module.h"
 
@@ -13,30 +15,8 @@ const CLSID kEmptyClass = {0x2f1c9a10, 0x6d5e, 0x4b0c, {0x9a, 0x31, 0x7e, 0x22, 
 
 namespace
 {
-class EmptyObject final : public IUnknown
+class EmptyObject final : public CountedObject<IUnknown>
 {
-public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
-    {
-        *result = iid == __uuidof(IUnknown) ? this : nullptr;
-        if (!*result)
-            return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_count;
-        if (left == 0)
-            delete this;
-        return left;
-    }
-
-private:
-    ~EmptyObject() = default;
-
-    ULONG m_count = 0;
 };
 
 class EmptyFactory final : public IClassFactory

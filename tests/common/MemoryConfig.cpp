@@ -155,21 +155,6 @@ MemoryType* MemoryFactory::Type(const wchar_t* name, bool isPlanType)
     return type.get();
 }
 
-HRESULT MemoryFactory::QueryInterface(REFIID iid, void** result)
-{
-    if (iid == __uuidof(IQPConfigFactory) || iid == __uuidof(IUnknown))
-        return Give(static_cast<IQPConfigFactory*>(this), result);
-    return Refuse(result);
-}
-
-ULONG MemoryFactory::Release()
-{
-    const ULONG left = --m_count;
-    if (left == 0)
-        delete this;
-    return left;
-}
-
 HRESULT MemoryFactory::GetTypeEnum(BSTR configName, IQPTypeEnum** list)
 {
     const MemoryRecord::CallScope call;

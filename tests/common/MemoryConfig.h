@@ -8,7 +8,7 @@
 //     cell->Group(L"Usage", 102)->Fail(2, E_FAIL);
 #pragma once
 
-#include "InterfaceAnswer.h"
+#include "CountedObject.h"
 #include "MemoryEnum.h"
 #include "MemoryRecord.h"
 #include "MemoryValue.h"
@@ -50,15 +50,13 @@ struct MemoryListAnswer
 /// What all configuration objects have in common: an answer for each key and each member. E_INVALIDARG for
 /// any other.
 template <class Config>
-class MemoryConfig : public Config
+class MemoryConfig : public CountedObject<Config>
 {
 public:
     MemoryConfig(MemoryRecord& record, std::string name)
         : m_record(record), m_life(record), m_name(std::move(name))
     {
     }
-    MemoryConfig(const MemoryConfig&) = delete;
-    MemoryConfig& operator=(const MemoryConfig&) = delete;
 
     /// What Get answers for that key.
     MemoryConfig* Set(const std::wstring& key, const MemoryValue& value, HRESULT status = S_OK)
@@ -82,17 +80,9 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
     {
-        if (iid == __uuidof(Config) || iid == __uuidof(IQPConfigObject) || iid == __uuidof(IUnknown))
+        if (iid == __uuidof(IQPConfigObject))
             return Give(static_cast<Config*>(this), result);
-        return Refuse(result);
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_count;
-        if (left == 0)
-            delete this;
-        return left;
+        return CountedObject<Config>::QueryInterface(iid, result);
     }
 
     HRESULT STDMETHODCALLTYPE Get(BSTR key, VARIANT* value) override
@@ -108,10 +98,9 @@ public:
         return Answer(m_members, member, value);
     }
 
-    // After the methods of the interface, whose order it must not change.
-    virtual ~MemoryConfig() = default;
-
 protected:
+    ~MemoryConfig() override = default;
+
     /// `call` gives the text; it is not called unless calls are recorded.
     template <class Text>
     void Record(Text&& call) const
@@ -137,7 +126,6 @@ private:
     const std::string m_name;
     std::map<std::wstring, MemoryAnswer> m_keys;
     std::map<int, MemoryAnswer> m_members;
-    ULONG m_count = 0;
 };
 
 using MemoryPage = MemoryConfig<IQPPage>;
@@ -193,7 +181,7 @@ public:
 };
 
 /// The factory of a host in memory.
-class MemoryFactory final : public IQPConfigFactory
+class MemoryFactory final : public CountedObject<IQPConfigFactory>
 {
 public:
     explicit MemoryFactory(MemoryRecord& record) : m_record(record) {}
@@ -218,13 +206,6 @@ public:
     /// Adds a type with the keys "typename" and "captionsingular", which are its name, and "isplantype".
     MemoryType* Type(const wchar_t* name, bool isPlanType = false);
 
-    /// References held by others than the host.
-    ULONG References() const noexcept { return m_count - 1; }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override;
-
     HRESULT STDMETHODCALLTYPE GetTypeEnum(BSTR configName, IQPTypeEnum** list) override;
 
     /// The type named `configName` or, if that is null or empty, `typeName`; E_INVALIDARG and null if there
@@ -232,8 +213,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetType(BSTR typeName, BSTR configName, IQPType** type) override;
 
 private:
-    ~MemoryFactory() = default;
+    ~MemoryFactory() override = default;
 
     MemoryRecord& m_record;
-    ULONG m_count = 0;
 };

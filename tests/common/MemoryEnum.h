@@ -1,7 +1,7 @@
 // The enumerators of a host in memory.
 #pragma once
 
-#include "InterfaceAnswer.h"
+#include "CountedObject.h"
 #include "MemoryObject.h"
 #include "MemoryRecord.h"
 
@@ -16,7 +16,7 @@
 /// Answers its objects one by one and S_FALSE after the last. `Enum` is the interface, `Element` that of the
 /// objects, which may be null.
 template <class Enum, class Element>
-class MemoryList final : public Enum
+class MemoryList final : public CountedObject<Enum>
 {
 public:
     /// `name` precedes each recorded call, unless it is empty.
@@ -43,21 +43,6 @@ public:
     {
         m_next = 0;
         m_calls = 0;
-    }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid == __uuidof(Enum) || iid == __uuidof(IUnknown))
-            return Give(static_cast<Enum*>(this), result);
-        return Refuse(result);
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_count;
-        if (left == 0)
-            delete this;
-        return left;
     }
 
     HRESULT STDMETHODCALLTYPE RemNext(ULONG count, Element** objects, ULONG* fetched) override
@@ -98,7 +83,7 @@ public:
     HRESULT STDMETHODCALLTYPE Clone(Enum**) override { return Unexpected("Clone()"); }
 
 private:
-    ~MemoryList() = default;
+    ~MemoryList() override = default;
 
     HRESULT Status(HRESULT own)
     {
@@ -118,5 +103,4 @@ private:
     std::vector<ComPtr<Element>> m_objects;
     std::size_t m_next = 0;
     std::size_t m_calls = 0;
-    ULONG m_count = 0;
 };

@@ -1,22 +1,10 @@
 #include "MemoryGateway.h"
 
-#include "InterfaceAnswer.h"
-
 HRESULT MemoryGateway::QueryInterface(REFIID iid, void** result)
 {
-    if (iid == __uuidof(IQPIPDClient) && offersGateway)
-        return Give(static_cast<IQPIPDClient*>(this), result);
-    if (iid == __uuidof(IQPFObject) || iid == __uuidof(IUnknown))
-        return Give(static_cast<IQPFObject*>(this), result);
-    return Refuse(result);
-}
-
-ULONG MemoryGateway::Release()
-{
-    const ULONG left = --m_count;
-    if (left == 0)
-        delete this;
-    return left;
+    if (iid == __uuidof(IQPIPDClient) && !offersGateway)
+        return Refuse(result);
+    return CountedObject::QueryInterface(iid, result);
 }
 
 HRESULT MemoryGateway::GetServerCOMObject(LONG client, REFCLSID clsid, REFIID iid, void** result)

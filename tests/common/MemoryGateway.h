@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CallScript.h"
+#include "CountedObject.h"
 #include "MemoryRecord.h"
 
 #include "ComPtr.h"
@@ -14,7 +15,7 @@
 ///
 ///     gateway.GetClientIdByName(XBookmarkManager)
 ///     gateway.GetServerCOMObject(1, {ABF23E6F-1714-4A08-85A3-8E8A8DB5166F}, IQP_Query)
-class MemoryGateway final : public IQPFObject, public IQPIPDClient
+class MemoryGateway final : public CountedObject<IQPFObject, IQPIPDClient>
 {
 public:
     /// The query is borrowed.
@@ -29,12 +30,7 @@ public:
     /// Whether the object, asked for IQPIPDClient, has it.
     bool offersGateway = true;
 
-    /// References held by others than the host.
-    ULONG References() const noexcept { return m_count - 1; }
-
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE GetServerCOMObject(LONG client, REFCLSID clsid, REFIID iid,
                                                  void** result) override;
@@ -42,9 +38,8 @@ public:
     HRESULT STDMETHODCALLTYPE GetClientIdByName(BSTR name, LONG* client) override;
 
 private:
-    ~MemoryGateway() = default;
+    ~MemoryGateway() override = default;
 
     MemoryRecord& m_record;
     IUnknown* const m_query;
-    ULONG m_count = 0;
 };

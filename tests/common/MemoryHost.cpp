@@ -1,7 +1,5 @@
 #include "MemoryHost.h"
 
-#include "InterfaceAnswer.h"
-
 #include <cassert>
 
 namespace
@@ -12,7 +10,7 @@ constexpr CLSID kGatewayClass = {
 } // namespace
 
 /// An object that only leads to a data object.
-class MemoryReference final : public IUnknown
+class MemoryReference final : public CountedObject<IUnknown>
 {
 public:
     MemoryReference(MemoryRecord& record, const std::string& name, ComPtr<MemoryObject> object)
@@ -23,26 +21,16 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
     {
-        if (iid == __uuidof(IUnknown))
-            return Give(static_cast<IUnknown*>(this), result);
-        return m_object->QueryInterface(iid, result);
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_count;
-        if (left == 0)
-            delete this;
-        return left;
+        return iid == __uuidof(IUnknown) ? CountedObject::QueryInterface(iid, result)
+                                         : m_object->QueryInterface(iid, result);
     }
 
 private:
-    ~MemoryReference() { m_record.Forget(this); }
+    ~MemoryReference() override { m_record.Forget(this); }
 
     MemoryRecord& m_record;
     const MemoryRecord::Life m_life;
     ComPtr<MemoryObject> m_object;
-    ULONG m_count = 0;
 };
 
 MemoryHost::MemoryHost()

@@ -1,7 +1,5 @@
 #include "MemoryLoader.h"
 
-#include "InterfaceAnswer.h"
-
 #include <objbase.h>
 
 #include <algorithm>
@@ -29,19 +27,9 @@ MemoryLoader* MemoryLoader::Clear()
 
 HRESULT MemoryLoader::QueryInterface(REFIID iid, void** result)
 {
-    if (iid == __uuidof(IVBALoaderManager) && offersLoader)
-        return Give(static_cast<IVBALoaderManager*>(this), result);
-    if (iid == __uuidof(IQPFObject) || iid == __uuidof(IUnknown))
-        return Give(static_cast<IQPFObject*>(this), result);
-    return Refuse(result);
-}
-
-ULONG MemoryLoader::Release()
-{
-    const ULONG left = --m_references;
-    if (left == 0)
-        delete this;
-    return left;
+    if (iid == __uuidof(IVBALoaderManager) && !offersLoader)
+        return Refuse(result);
+    return CountedObject::QueryInterface(iid, result);
 }
 
 HRESULT MemoryLoader::Reserved1()

@@ -1,6 +1,7 @@
 // The macro loader of a host in memory.
 #pragma once
 
+#include "CountedObject.h"
 #include "MemoryRecord.h"
 #include "MemoryValue.h"
 
@@ -15,7 +16,7 @@
 /// Answers Invoke with a bag that the test sets, and records each request: `loader.Invoke(pProject = UNKNOWN
 /// project, bLogEnabled = I4 0, pVBAProjectsArray = ARRAY {first, second})`. An array is recorded as the set
 /// of its elements, in the order of their names.
-class MemoryLoader final : public IQPFObject, public IVBALoaderManager
+class MemoryLoader final : public CountedObject<IQPFObject, IVBALoaderManager>
 {
 public:
     /// The class identifier that its ProgID leads to while a test registers it:
@@ -45,12 +46,7 @@ public:
     /// Whether the object, asked for IVBALoaderManager, has it.
     bool offersLoader = true;
 
-    /// References held by others than the host.
-    ULONG References() const noexcept { return m_references - 1; }
-
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_references; }
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE Reserved1() override;
 
@@ -65,12 +61,11 @@ private:
         XQPComVariant value;
     };
 
-    ~MemoryLoader() = default;
+    ~MemoryLoader() override = default;
     std::string RequestText(ULONG requestCount, const tagINITVALUE* request) const;
     std::string ArrayText(SAFEARRAY* array) const;
     tagINITVALUE* Reply(ULONG size) const;
 
     MemoryRecord& m_record;
     std::vector<ReplyEntry> m_reply;
-    ULONG m_references = 0;
 };

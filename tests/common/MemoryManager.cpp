@@ -1,22 +1,5 @@
 #include "MemoryManager.h"
 
-#include "InterfaceAnswer.h"
-
-HRESULT MemoryManager::QueryInterface(REFIID iid, void** result)
-{
-    if (iid == __uuidof(IQPFObjectManager) || iid == __uuidof(IUnknown))
-        return Give(static_cast<IQPFObjectManager*>(this), result);
-    return Refuse(result);
-}
-
-ULONG MemoryManager::Release()
-{
-    const ULONG left = --m_count;
-    if (left == 0)
-        delete this;
-    return left;
-}
-
 HRESULT MemoryManager::GetRunningObjects(CLSID clsid, IEnumQPFObject** objects)
 {
     const MemoryRecord::CallScope call;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CallScript.h"
+#include "CountedObject.h"
 #include "MemoryEnum.h"
 #include "MemoryRecord.h"
 
@@ -17,7 +18,7 @@ using MemoryRunning = MemoryList<IEnumQPFObject, IQPFObject>;
 
 /// Answers GetObject for every class, and GetRunningObjects for those that were set. Each call is recorded,
 /// and can be made to differ: `manager.GetObject({C366570E-FCB6-4EE6-BB6E-57E1C1EB51D6}, 1)`.
-class MemoryManager final : public IQPFObjectManager
+class MemoryManager final : public CountedObject<IQPFObjectManager>
 {
 public:
     explicit MemoryManager(MemoryRecord& record) : m_record(record) {}
@@ -43,13 +44,6 @@ public:
     /// Releases all objects. For the host.
     void Clear();
 
-    /// References held by others than the host.
-    ULONG References() const noexcept { return m_count - 1; }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override;
-
     HRESULT STDMETHODCALLTYPE GetRunningObjects(CLSID clsid, IEnumQPFObject** objects) override;
     HRESULT STDMETHODCALLTYPE GetObject(CLSID clsid, LONG autoCreate, IQPFObject** result) override;
 
@@ -65,12 +59,11 @@ private:
         HRESULT status = S_OK;
     };
 
-    ~MemoryManager() = default;
+    ~MemoryManager() override = default;
 
     MemoryRecord& m_record;
     // By the class identifier as text.
     std::map<std::string, IQPFObject*> m_services; ///< borrowed
     std::map<std::string, ObjectAnswer> m_objects;
     std::map<std::string, RunningAnswer> m_running;
-    ULONG m_count = 0;
 };

@@ -1,7 +1,5 @@
 #include "MemoryNavigator.h"
 
-#include "InterfaceAnswer.h"
-
 MemoryView* MemoryView::Show(const wchar_t* project, HRESULT status)
 {
     m_shown[project] = status;
@@ -10,19 +8,9 @@ MemoryView* MemoryView::Show(const wchar_t* project, HRESULT status)
 
 HRESULT MemoryView::QueryInterface(REFIID iid, void** result)
 {
-    if (iid == __uuidof(IQPExplorerView) && offersView)
-        return Give(static_cast<IQPExplorerView*>(this), result);
-    if (iid == __uuidof(IQPFObject) || iid == __uuidof(IUnknown))
-        return Give(static_cast<IQPFObject*>(this), result);
-    return Refuse(result);
-}
-
-ULONG MemoryView::Release()
-{
-    const ULONG left = --m_count;
-    if (left == 0)
-        delete this;
-    return left;
+    if (iid == __uuidof(IQPExplorerView) && !offersView)
+        return Refuse(result);
+    return CountedObject::QueryInterface(iid, result);
 }
 
 HRESULT MemoryView::Reserved1()
@@ -42,21 +30,11 @@ HRESULT MemoryView::IsProjectShown(BSTR project)
 
 HRESULT MemoryExpander::QueryInterface(REFIID iid, void** result)
 {
-    if (iid == __uuidof(IQPBrowserTreeExpander) && offersExpander)
-        return Give(static_cast<IQPBrowserTreeExpander*>(this), result);
-    if (iid == __uuidof(IQPExplorerView) && offersView)
-        return Give(static_cast<IQPExplorerView*>(this), result);
-    if (iid == __uuidof(IQPFObject) || iid == __uuidof(IUnknown))
-        return Give(static_cast<IQPFObject*>(this), result);
-    return Refuse(result);
-}
-
-ULONG MemoryExpander::Release()
-{
-    const ULONG left = --m_count;
-    if (left == 0)
-        delete this;
-    return left;
+    if (iid == __uuidof(IQPBrowserTreeExpander) && !offersExpander)
+        return Refuse(result);
+    if (iid == __uuidof(IQPExplorerView) && !offersView)
+        return Refuse(result);
+    return CountedObject::QueryInterface(iid, result);
 }
 
 HRESULT MemoryExpander::Unexpected(const char* method)

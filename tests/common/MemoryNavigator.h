@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CallScript.h"
+#include "CountedObject.h"
 #include "MemoryRecord.h"
 
 #include "qpobjects.h"
@@ -12,7 +13,7 @@
 #include <string>
 
 /// A view, which shows the projects that were set. Each call is recorded: `view.IsProjectShown($7))`.
-class MemoryView final : public IQPFObject, public IQPExplorerView
+class MemoryView final : public CountedObject<IQPFObject, IQPExplorerView>
 {
 public:
     /// The class identifier that the ProgID leads to while a test registers it:
@@ -34,24 +35,21 @@ public:
     bool offersView = true;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE Reserved1() override;
     HRESULT STDMETHODCALLTYPE IsProjectShown(BSTR project) override;
 
 private:
-    ~MemoryView() = default;
+    ~MemoryView() override = default;
 
     MemoryRecord& m_record;
     const MemoryRecord::Life m_life;
     const std::string m_name;
     std::map<std::wstring, HRESULT> m_shown;
-    ULONG m_count = 0;
 };
 
 /// The tree expander. Each call is recorded: `expander.ExpandTree(BrowserTree:$12);, $7))`.
-class MemoryExpander final : public IQPFObject, public IQPBrowserTreeExpander, public IQPExplorerView
+class MemoryExpander final : public CountedObject<IQPFObject, IQPBrowserTreeExpander, IQPExplorerView>
 {
 public:
     /// The class identifier that the ProgID leads to while a test registers it:
@@ -71,12 +69,7 @@ public:
     bool offersExpander = true;
     bool offersView = true;
 
-    /// References held by others than the host.
-    ULONG References() const noexcept { return m_count - 1; }
-
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE Reserved1() override { return Unexpected("Reserved1"); }
     HRESULT STDMETHODCALLTYPE Reserved2() override { return Unexpected("Reserved2"); }
@@ -84,9 +77,8 @@ public:
     HRESULT STDMETHODCALLTYPE IsProjectShown(BSTR project) override;
 
 private:
-    ~MemoryExpander() = default;
+    ~MemoryExpander() override = default;
     HRESULT Unexpected(const char* method);
 
     MemoryRecord& m_record;
-    ULONG m_count = 0;
 };

@@ -1,6 +1,5 @@
 #include "MemoryObject.h"
 
-#include "InterfaceAnswer.h"
 #include "MemoryConfig.h"
 #include "MemoryEnum.h"
 
@@ -119,32 +118,24 @@ HRESULT MemoryObject::QueryInterface(REFIID iid, void** result)
     {
         if (m_record.recordingQueries)
             m_record.Record(m_name + ".QueryInterface(IQP_BaseDataObject)");
-        return offersData ? Give(static_cast<IQP_BaseDataObject*>(this), result) : Refuse(result);
+        if (!offersData)
+            return Refuse(result);
     }
     if (iid == __uuidof(IQPObjectRights))
     {
         if (m_record.recordingQueries)
             m_record.Record(m_name + ".QueryInterface(IQPObjectRights)");
-        return offersRights ? Give(static_cast<IQPObjectRights*>(this), result) : Refuse(result);
+        if (!offersRights)
+            return Refuse(result);
     }
-    if (iid == __uuidof(IUnknown))
-        return Give(static_cast<IQP_BaseDataObject*>(this), result);
-    return Refuse(result);
+    return CountedObject::QueryInterface(iid, result);
 }
 
 ULONG MemoryObject::AddRef()
 {
     if (m_record.onReference)
         m_record.onReference();
-    return ++m_count;
-}
-
-ULONG MemoryObject::Release()
-{
-    const ULONG left = --m_count;
-    if (left == 0)
-        delete this;
-    return left;
+    return CountedObject::AddRef();
 }
 
 HRESULT MemoryObject::HasRight(enum QPRightType asked)

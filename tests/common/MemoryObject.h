@@ -1,6 +1,7 @@
 // A data object of a host in memory.
 #pragma once
 
+#include "CountedObject.h"
 #include "MemoryRecord.h"
 #include "MemoryValue.h"
 
@@ -27,7 +28,7 @@ class MemoryType;
 using MemoryObjects = std::vector<ComPtr<MemoryObject>>;
 
 /// A data object. An attribute that was never set answers S_FALSE and VT_EMPTY.
-class MemoryObject final : public IQP_BaseDataObject, public IQPObjectRights
+class MemoryObject final : public CountedObject<IQP_BaseDataObject, IQPObjectRights>
 {
 public:
     MemoryObject(MemoryRecord& record, std::string name);
@@ -112,7 +113,6 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
     ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE HasRight(enum QPRightType asked) override;
     HRESULT STDMETHODCALLTYPE GetAttribute(BSTR name, VARIANT* value) override;
@@ -138,7 +138,7 @@ private:
         HRESULT status;
     };
 
-    ~MemoryObject();
+    ~MemoryObject() override;
     MemoryObject* SetChildren(ChildAnswer answer);
     HRESULT Unexpected(const char* method);
     const MemoryAnswer* Find(std::wstring_view attribute) const;
@@ -157,5 +157,4 @@ private:
     std::optional<MemoryAnswer> m_type;
     MemoryFactory* m_typedBy = nullptr; ///< borrowed
     std::vector<std::pair<std::wstring, HRESULT>> m_refusals;
-    ULONG m_count = 0;
 };

@@ -1,7 +1,5 @@
 #include "MemoryQuery.h"
 
-#include "InterfaceAnswer.h"
-
 namespace
 {
 std::wstring WithoutEnd(std::wstring_view id)
@@ -14,17 +12,7 @@ HRESULT MemoryQuery::QueryInterface(REFIID iid, void** result)
 {
     if (m_record.recordingQueries && iid == __uuidof(IQP_Query))
         m_record.Record("QueryInterface(IQP_Query)");
-    if (iid == __uuidof(IQP_Query) || iid == __uuidof(IUnknown))
-        return Give(static_cast<IQP_Query*>(this), result);
-    return Refuse(result);
-}
-
-ULONG MemoryQuery::Release()
-{
-    const ULONG left = --m_count;
-    if (left == 0)
-        delete this;
-    return left;
+    return CountedObject::QueryInterface(iid, result);
 }
 
 HRESULT MemoryQuery::ResetSearch(LONG onlyWhereClause)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CallScript.h"
+#include "CountedObject.h"
 #include "MemoryEnum.h"
 #include "MemoryRecord.h"
 
@@ -11,7 +12,7 @@
 
 /// The host's query. It answers every search with the enumerator that it was given, and finds the objects
 /// that were set by their identifiers.
-class MemoryQuery final : public IQP_Query
+class MemoryQuery final : public CountedObject<IQP_Query>
 {
 public:
     explicit MemoryQuery(MemoryRecord& record) : m_record(record) {}
@@ -36,12 +37,7 @@ public:
     /// Releases all objects. For the host.
     void Clear();
 
-    /// References held by others than the host.
-    ULONG References() const noexcept { return m_count - 1; }
-
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE ResetSearch(LONG onlyWhereClause) override;
     HRESULT STDMETHODCALLTYPE SetSearchTable(BSTR table) override;
@@ -59,9 +55,8 @@ private:
         HRESULT status = S_FALSE;
     };
 
-    ~MemoryQuery() = default;
+    ~MemoryQuery() override = default;
 
     MemoryRecord& m_record;
     std::map<std::wstring, ObjectAnswer> m_objects; ///< by the identifier without its end
-    ULONG m_count = 0;
 };

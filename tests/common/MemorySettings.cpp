@@ -1,7 +1,5 @@
 #include "MemorySettings.h"
 
-#include "InterfaceAnswer.h"
-
 #include <objbase.h>
 
 #include <cstdio>
@@ -13,25 +11,11 @@ constexpr CLSID kSettingsClass = {
     0xEDB6CC40, 0x0DC9, 0x11D3, {0x89, 0xFF, 0x00, 0x40, 0x05, 0xA1, 0xD9, 0x1C}};
 
 /// Gives the one service to everybody.
-class SettingsFactory final : public IClassFactory
+class SettingsFactory final : public CountedObject<IClassFactory>
 {
 public:
     explicit SettingsFactory(MemorySettings& settings) : m_ptrSettings(&settings) {}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid == __uuidof(IClassFactory) || iid == __uuidof(IUnknown))
-            return Give(static_cast<IClassFactory*>(this), result);
-        return Refuse(result);
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_count;
-        if (left == 0)
-            delete this;
-        return left;
-    }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override
     {
         *object = nullptr;
@@ -43,10 +27,9 @@ public:
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
 private:
-    ~SettingsFactory() = default;
+    ~SettingsFactory() override = default;
 
     const ComPtr<MemorySettings> m_ptrSettings;
-    ULONG m_count = 0;
 };
 } // namespace
 
@@ -78,21 +61,6 @@ MemorySettings* MemorySettings::Set(const wchar_t* section, const wchar_t* name,
 {
     m_values[{section, name}] = {status, XQPComVariant(value.Value())};
     return this;
-}
-
-HRESULT MemorySettings::QueryInterface(REFIID iid, void** result)
-{
-    if (iid == __uuidof(IQPSessionDataManager) || iid == __uuidof(IUnknown))
-        return Give(static_cast<IQPSessionDataManager*>(this), result);
-    return Refuse(result);
-}
-
-ULONG MemorySettings::Release()
-{
-    const ULONG left = --m_count;
-    if (left == 0)
-        delete this;
-    return left;
 }
 
 HRESULT MemorySettings::GetValue(BSTR section, BSTR name, unsigned short type, VARIANT* value, LONG scope)

@@ -1,6 +1,7 @@
 // The settings service of a host in memory.
 #pragma once
 
+#include "CountedObject.h"
 #include "MemoryRecord.h"
 #include "MemoryValue.h"
 
@@ -14,7 +15,7 @@
 
 /// Answers GetValue; everything else is E_NOTIMPL. Each call is recorded:
 /// `settings.GetValue(properties, enablemcmscriptactions, 11, 1)`.
-class MemorySettings final : public IQPSessionDataManager
+class MemorySettings final : public CountedObject<IQPSessionDataManager>
 {
 public:
     explicit MemorySettings(MemoryRecord& record) : m_record(record) {}
@@ -26,9 +27,6 @@ public:
 
     /// What the creation by class identifier gives, see Offered. A failure gives no object.
     HRESULT createStatus = S_OK;
-
-    /// References held by others than the host.
-    ULONG References() const noexcept { return m_count - 1; }
 
     /// While one of these lives, CoCreateInstance gives this service for its class identifier, on this
     /// thread, whose apartment it enters. Without one there is no such class.
@@ -43,10 +41,6 @@ public:
     private:
         DWORD m_registration = 0;
     };
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE Reserved1() override { return Unexpected("Reserved1"); }
     HRESULT STDMETHODCALLTYPE Reserved2() override { return Unexpected("Reserved2"); }
@@ -63,10 +57,9 @@ public:
     HRESULT STDMETHODCALLTYPE PrepareScope(LONG) override;
 
 private:
-    ~MemorySettings() = default;
+    ~MemorySettings() override = default;
     HRESULT Unexpected(const char* method);
 
     MemoryRecord& m_record;
     std::map<std::pair<std::wstring, std::wstring>, MemoryAnswer> m_values;
-    ULONG m_count = 0;
 };

@@ -1,6 +1,5 @@
 #include "MemoryStore.h"
 
-#include "InterfaceAnswer.h"
 #include "Utf8.h"
 
 #include <algorithm>
@@ -68,19 +67,9 @@ std::string PairText(ULONG count, const tagSTRINGPAIR* list)
 
 HRESULT MemoryStore::QueryInterface(REFIID iid, void** result)
 {
-    if (iid == __uuidof(IQPSessionDataManager) && offersStore)
-        return Give(static_cast<IQPSessionDataManager*>(this), result);
-    if (iid == __uuidof(IQPFObject) || iid == __uuidof(IUnknown))
-        return Give(static_cast<IQPFObject*>(this), result);
-    return Refuse(result);
-}
-
-ULONG MemoryStore::Release()
-{
-    const ULONG left = --m_count;
-    if (left == 0)
-        delete this;
-    return left;
+    if (iid == __uuidof(IQPSessionDataManager) && !offersStore)
+        return Refuse(result);
+    return CountedObject::QueryInterface(iid, result);
 }
 
 HRESULT MemoryStore::Unexpected(const char* method)

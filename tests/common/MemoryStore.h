@@ -2,6 +2,7 @@
 #pragma once
 
 #include "CallScript.h"
+#include "CountedObject.h"
 #include "MemoryRecord.h"
 #include "MemoryValue.h"
 
@@ -27,7 +28,7 @@
 ///
 ///     store.GetValue(QPR-Navigator/BrowserConfiguration1/gotoitemtree/$7), 0, 8, 2)
 ///     store.WriteStringList(common, 2, {a = text of a, b = text of b}, 2)
-class MemoryStore final : public IQPFObject, public IQPSessionDataManager
+class MemoryStore final : public CountedObject<IQPFObject, IQPSessionDataManager>
 {
 public:
     explicit MemoryStore(MemoryRecord& record) : m_record(record) {}
@@ -53,12 +54,7 @@ public:
     /// by scope and key, the values of a key in their order. Keys are in lower case.
     std::vector<std::string> Content() const;
 
-    /// References held by others than the host.
-    ULONG References() const noexcept { return m_count - 1; }
-
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE Reserved1() override { return Unexpected("Reserved1"); }
     HRESULT STDMETHODCALLTYPE Reserved2() override { return Unexpected("Reserved2"); }
@@ -114,7 +110,7 @@ private:
         std::vector<Bstr> strings;
     };
 
-    ~MemoryStore() = default;
+    ~MemoryStore() override = default;
     HRESULT Unexpected(const char* method);
     void Record(const char* method, const std::string& arguments);
     Key& KeyAt(LONG scope, std::wstring_view path);
@@ -128,5 +124,4 @@ private:
     long long m_births = 0;
     std::vector<List<BSTR>> m_subKeys;
     std::vector<List<tagSTRINGPAIR>> m_lists;
-    ULONG m_count = 0;
 };

@@ -1,5 +1,6 @@
 #include "InModule.h"
 
+#include "CountedObject.h"
 #include "TestComponents.h"
 
 #include <gtest/gtest.h>
@@ -46,33 +47,27 @@ HRESULT CallWith(std::function<HRESULT()> body)
 }
 
 /// An outer object that a single reference keeps, and that has its inner object answer.
-class Outer final : public IUnknown
+class Outer final : public CountedObject<IUnknown>
 {
 public:
     explicit Outer(bool& ended) : m_ended(ended)
     {
+        AddRef(); // the creator's own, which outlives those of the inner object's creation
         CreateComObject<Called>(this, __uuidof(IUnknown), m_inner.putVoid());
     }
-    ~Outer() { m_ended = true; }
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
     {
         return m_inner->QueryInterface(iid, result);
     }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_count;
-        if (left == 0)
-        {
-            m_count = 1; // the end of the inner object must not end this one again
-            delete this;
-        }
-        return left;
-    }
 
 private:
+    ~Outer() override
+    {
+        AddRef(); // the end of the inner object must not end this one again
+        m_ended = true;
+    }
+
     bool& m_ended;
-    ULONG m_count = 1;
     ComPtr<IUnknown> m_inner;
 };
 } // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ArrayText.h"
+#include "CountedObject.h"
 #include "SearchFixture.h"
 
 #include "XScriptActionAndCommandManager.h"
@@ -9,7 +10,7 @@
 using Row = std::vector<std::string>;
 
 /// A dispatch object that leads to a data object.
-class DispatchReference final : public IDispatch
+class DispatchReference final : public CountedObject<IDispatch>
 {
 public:
     explicit DispatchReference(ComPtr<MemoryObject> object) : m_object(std::move(object)) {}
@@ -18,17 +19,7 @@ public:
     {
         if (iid != __uuidof(IUnknown) && iid != __uuidof(IDispatch))
             return m_object->QueryInterface(iid, result);
-        *result = static_cast<IDispatch*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_count;
-        if (left == 0)
-            delete this;
-        return left;
+        return CountedObject::QueryInterface(iid, result);
     }
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
@@ -43,10 +34,9 @@ public:
     }
 
 private:
-    ~DispatchReference() = default;
+    ~DispatchReference() override = default;
 
     ComPtr<MemoryObject> m_object;
-    ULONG m_count = 0;
 };
 
 class ManagerFixture : public SearchFixture

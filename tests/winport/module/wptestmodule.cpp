@@ -1,5 +1,7 @@
 // The module that the tests of loading and creation use. Its entry point notes its calls in the environment
 // variable WPTEST_EVENTS, which outlives it, and refuses to start while WPTEST_REFUSE is set.
+#include "CountedObject.h"
+
 #include <windows.h>
 
 #include <objbase.h>
@@ -17,31 +19,13 @@ void Note(const wchar_t* event)
     SetEnvironmentVariableW(L"WPTEST_EVENTS", (std::wstring(events) + event).c_str());
 }
 
-class CTestObject final : public IUnknown
+class CTestObject final : public CountedObject<IUnknown>
 {
 public:
     CTestObject() { ++g_objects; }
-    virtual ~CTestObject() { --g_objects; }
-
-    STDMETHODIMP QueryInterface(REFIID iid, void** object) override
-    {
-        *object = iid == IID_IUnknown ? this : nullptr;
-        if (!*object)
-            return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
-    STDMETHODIMP_(ULONG) Release() override
-    {
-        const ULONG left = --m_references;
-        if (left == 0)
-            delete this;
-        return left;
-    }
 
 private:
-    ULONG m_references = 0;
+    ~CTestObject() override { --g_objects; }
 };
 
 class CTestFactory final : public IClassFactory
