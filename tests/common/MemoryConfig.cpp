@@ -1,5 +1,7 @@
 #include "MemoryConfig.h"
 
+#include "ForwardingType.h"
+
 #include "XQPComBSTR.h"
 
 #include <algorithm>
@@ -31,50 +33,15 @@ HRESULT HandOut(Object* object, HRESULT status, bool null, Interface** result)
 }
 
 /// Another pointer to a type.
-class TypeCopy final : public IQPType
+class TypeCopy final : public ForwardingType<CountedObject<IQPType>>
 {
 public:
-    TypeCopy(MemoryRecord& record, MemoryType& type) : m_life(record), m_type(&type) {}
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid == __uuidof(IQPType) || iid == __uuidof(IQPConfigObject) || iid == __uuidof(IUnknown))
-            return Give(static_cast<IQPType*>(this), result);
-        return Refuse(result);
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_count;
-        if (left == 0)
-            delete this;
-        return left;
-    }
-    HRESULT STDMETHODCALLTYPE Get(BSTR key, VARIANT* value) override { return m_type->Get(key, value); }
-    HRESULT STDMETHODCALLTYPE GetProperty(int member, VARIANT* value) override
-    {
-        return m_type->GetProperty(member, value);
-    }
-    HRESULT STDMETHODCALLTYPE GetPageEnum(IQPPageEnum** list) override { return m_type->GetPageEnum(list); }
-    HRESULT STDMETHODCALLTYPE GetGroupEnum(IQPGroupEnum** list) override
-    {
-        return m_type->GetGroupEnum(list);
-    }
-    HRESULT STDMETHODCALLTYPE GetDisplayAttributeEnum(LONG mask, IQPAttributeEnum** list) override
-    {
-        return m_type->GetDisplayAttributeEnum(mask, list);
-    }
-    HRESULT STDMETHODCALLTYPE GetAttribute(BSTR name, IQPAttribute** attribute) override
-    {
-        return m_type->GetAttribute(name, attribute);
-    }
+    TypeCopy(MemoryRecord& record, MemoryType& type) : ForwardingType(&type), m_life(record) {}
 
 private:
-    ~TypeCopy() = default;
+    ~TypeCopy() override = default;
 
     const MemoryRecord::Life m_life;
-    const ComPtr<MemoryType> m_type;
-    ULONG m_count = 0;
 };
 } // namespace
 

@@ -1,7 +1,8 @@
 #include "TreeHost.h"
 
 #include "ArrayText.h"
-#include "InterfaceAnswer.h"
+#include "CountedObject.h"
+#include "ForwardingType.h"
 
 #include <array>
 #include <cassert>
@@ -31,35 +32,38 @@ SAFEARRAY* NoResults()
 }
 } // namespace
 
-/// Pages, groups and attributes are those of a type of a MemoryHost.
-class TreeHost::ConfigType final : public IQPType
+/// An object of the host, which counts the references to all of them.
+template <class Interface>
+class TreeHost::Owned : public OwnedObject<Interface>
 {
 public:
-    ConfigType(TreeHost& host, const std::wstring& caption, std::size_t attributes)
-        : name(caption), m_host(host), m_type(host.m_config.Config().Type(caption.c_str()))
-    {
-        for (std::size_t i = 1; i <= attributes; ++i)
-            m_type->Attribute((L"Attribute " + std::to_wstring(i)).c_str());
-    }
+    explicit Owned(TreeHost& host) : m_host(host) {}
 
-    const std::wstring name; ///< and caption
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid == __uuidof(IQPType) || iid == __uuidof(IQPConfigObject) || iid == __uuidof(IUnknown))
-            return Give(static_cast<IQPType*>(this), result);
-        return Refuse(result);
-    }
     ULONG STDMETHODCALLTYPE AddRef() override
     {
         ++m_host.m_references;
-        return ++m_count;
+        return OwnedObject<Interface>::AddRef();
     }
     ULONG STDMETHODCALLTYPE Release() override
     {
         --m_host.m_references;
-        return --m_count;
+        return OwnedObject<Interface>::Release();
     }
+
+protected:
+    TreeHost& m_host;
+};
+
+/// Pages, groups and attributes are those of a type of a MemoryHost.
+class TreeHost::ConfigType final : public ForwardingType<Owned<IQPType>>
+{
+public:
+    ConfigType(TreeHost& host, const std::wstring& caption, std::size_t attributes)
+        : ForwardingType(Make(host, caption, attributes), host), name(caption)
+    {
+    }
+
+    const std::wstring name; ///< and caption
 
     HRESULT STDMETHODCALLTYPE Get(BSTR key, VARIANT* value) override
     {
@@ -70,56 +74,24 @@ public:
         PutText(name, value);
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GetProperty(int member, VARIANT* value) override
-    {
-        return m_type->GetProperty(member, value);
-    }
-    HRESULT STDMETHODCALLTYPE GetPageEnum(IQPPageEnum** list) override { return m_type->GetPageEnum(list); }
-    HRESULT STDMETHODCALLTYPE GetGroupEnum(IQPGroupEnum** list) override
-    {
-        return m_type->GetGroupEnum(list);
-    }
-    HRESULT STDMETHODCALLTYPE GetDisplayAttributeEnum(LONG mask, IQPAttributeEnum** list) override
-    {
-        return m_type->GetDisplayAttributeEnum(mask, list);
-    }
-    HRESULT STDMETHODCALLTYPE GetAttribute(BSTR attribute, IQPAttribute** result) override
-    {
-        return m_type->GetAttribute(attribute, result);
-    }
-
-    virtual ~ConfigType() = default;
 
 private:
-    TreeHost& m_host;
-    const ComPtr<MemoryType> m_type;
-    ULONG m_count = 0;
+    static MemoryType* Make(TreeHost& host, const std::wstring& caption, std::size_t attributes)
+    {
+        MemoryType* const type = host.m_config.Config().Type(caption.c_str());
+        for (std::size_t i = 1; i <= attributes; ++i)
+            type->Attribute((L"Attribute " + std::to_wstring(i)).c_str());
+        return type;
+    }
 };
 
-class TreeHost::Object final : public IQP_BaseDataObject
+class TreeHost::Object final : public Owned<IQP_BaseDataObject>
 {
 public:
-    Object(TreeHost& host, ConfigType& configType) : m_host(host), m_type(configType) {}
+    Object(TreeHost& host, ConfigType& configType) : Owned(host), m_type(configType) {}
 
     std::vector<Object*> children; ///< borrowed
     Object* target = nullptr;      ///< of a relationship; borrowed
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid == __uuidof(IQP_BaseDataObject) || iid == __uuidof(IUnknown))
-            return Give(static_cast<IQP_BaseDataObject*>(this), result);
-        return Refuse(result);
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override
-    {
-        ++m_host.m_references;
-        return ++m_count;
-    }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        --m_host.m_references;
-        return --m_count;
-    }
 
     HRESULT STDMETHODCALLTYPE GetTypeName(BSTR* typeName) override
     {
@@ -181,8 +153,6 @@ public:
         return Unexpected();
     }
 
-    virtual ~Object() = default;
-
 private:
     HRESULT Unexpected()
     {
@@ -190,34 +160,15 @@ private:
         return E_NOTIMPL;
     }
 
-    TreeHost& m_host;
     ConfigType& m_type;
-    ULONG m_count = 0;
 };
 
-class TreeHost::Enumerator final : public IEnumBaseDataObject
+class TreeHost::Enumerator final : public CountedObject<IEnumBaseDataObject>
 {
 public:
-    Enumerator(TreeHost& host, std::vector<Object*> objects) : m_host(host), m_objects(std::move(objects)) {}
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
-    {
-        if (iid == __uuidof(IEnumBaseDataObject) || iid == __uuidof(IUnknown))
-            return Give(static_cast<IEnumBaseDataObject*>(this), result);
-        return Refuse(result);
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override
+    Enumerator(TreeHost& host, std::vector<Object*> objects) : m_host(host), m_objects(std::move(objects))
     {
         ++m_host.m_references;
-        return ++m_count;
-    }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        --m_host.m_references;
-        const ULONG left = --m_count;
-        if (left == 0)
-            delete this;
-        return left;
     }
 
     HRESULT STDMETHODCALLTYPE RemNext(ULONG count, IQP_BaseDataObject** objects, ULONG* fetched) override
@@ -244,7 +195,7 @@ public:
     HRESULT STDMETHODCALLTYPE Clone(IEnumBaseDataObject**) override { return Unexpected(); }
 
 private:
-    ~Enumerator() = default;
+    ~Enumerator() override { --m_host.m_references; }
 
     bool Next(IQP_BaseDataObject** object)
     {
@@ -263,7 +214,6 @@ private:
     TreeHost& m_host;
     const std::vector<Object*> m_objects;
     std::size_t m_next = 0;
-    ULONG m_count = 0;
 };
 
 HRESULT TreeHost::Object::GetChildren(BSTR list, IEnumBaseDataObject** result)

@@ -103,6 +103,8 @@ public:
     long long References() const noexcept { return m_references; }
 
 private:
+    template <class Interface>
+    class Owned;
     class Object;
     class ConfigType;
     class Enumerator;
