@@ -1,5 +1,5 @@
 // ApplyEnhanceCopy: which objects get the values, by which calls, and when it does nothing.
-#include "BareObject.h"
+#include "BareList.h"
 #include "ValuesFixture.h"
 
 namespace
@@ -294,6 +294,6 @@ TEST_F(ApplyCalls, AllCopiesOfATypeGetTheSameArray)
     EXPECT_EQ(noting.arrays[1], noting.arrays[0]);
     EXPECT_EQ(noting.arrays[2], noting.arrays[0]);
     copy->DeleteObjects();
-    EXPECT_EQ(noting.count, 0u);
+    EXPECT_EQ(noting.Count(), 0u);
 }
 } // namespace

@@ -1,6 +1,6 @@
 // ApplyEnhanceCopy on hosts that refuse, fail, throw or call back: it always returns S_OK, and the log book
 // has the line.
-#include "BareObject.h"
+#include "BareList.h"
 #include "ValuesFixture.h"
 
 #include <functional>
@@ -13,14 +13,8 @@ namespace
 using namespace copy_dialog;
 
 /// An object, for arrays whose end is to be seen.
-class Counted final : public IUnknown
+class Counted final : public OwnedObject<IUnknown>
 {
-public:
-    ULONG count = 0;
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** result) override { return Refuse(result); }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++count; }
-    ULONG STDMETHODCALLTYPE Release() override { return --count; }
-    virtual ~Counted() = default;
 };
 
 /// A copy that answers SetAttributes with a status and an array, which holds a reference.
@@ -67,8 +61,8 @@ protected:
         BareList copies({&answering});
         EXPECT_EQ(copy->ApplyEnhanceCopy(&copies), S_OK);
         EXPECT_EQ(copy->ApplyEnhanceCopy(nullptr), S_OK);
-        EXPECT_EQ(answering.count, 0u);
-        const ULONG left = answering.held.count;
+        EXPECT_EQ(answering.Count(), 0u);
+        const ULONG left = answering.held.Count();
         if (left > 0)
             SafeArrayDestroy(answering.result);
         return left;

@@ -1,5 +1,5 @@
 // What the host answers for the type of an object: statuses, and values that are no texts.
-#include "BareObject.h"
+#include "BareList.h"
 #include "BorrowedValues.h"
 #include "OddValues.h"
 #include "ReferenceValues.h"
@@ -172,7 +172,7 @@ TEST_F(WalkValues, NoTypeOfValueStopsAWalk)
         qptools::CollectCandidates(&list, kAll, candidates);
         EXPECT_EQ(candidates.begin()->second.objects.size(), 1u) << "a relationship to nothing: " << value.vt;
         candidates.clear();
-        EXPECT_EQ(node.count, 0u) << value.vt;
+        EXPECT_EQ(node.Count(), 0u) << value.vt;
     }
 }
 } // namespace

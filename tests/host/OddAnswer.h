@@ -1,12 +1,10 @@
 // A data object whose answers contain rows that were not requested.
 #pragma once
 
-#include "InterfaceAnswer.h"
+#include "BareObject.h"
 #include "MemoryValue.h"
 
 #include "ComPtr.h"
-
-#include "qpobjects.h"
 
 #include <array>
 #include <string>
@@ -15,7 +13,7 @@
 
 /// GetAttributes, SetAttributes and SetAttributesMultiLingual return S_OK and these rows; nothing else is
 /// implemented.
-class OddAnswer final : public IQP_BaseDataObject
+class OddAnswer final : public BareMethods<CountedObject<IQP_BaseDataObject>>
 {
 public:
     using Rows = std::vector<std::pair<std::wstring, MemoryValue>>;
@@ -23,15 +21,6 @@ public:
     static ComPtr<OddAnswer> Of(Rows rows) { return ComPtr<OddAnswer>(new OddAnswer(std::move(rows))); }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** result) override { return Refuse(result); }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override
-    {
-        const ULONG left = --m_count;
-        if (left == 0)
-            delete this;
-        return left;
-    }
-
     HRESULT STDMETHODCALLTYPE GetAttributes(SAFEARRAY**, SAFEARRAY** rows) override { return Answer(rows); }
     HRESULT STDMETHODCALLTYPE SetAttributes(SAFEARRAY**, SAFEARRAY** rows) override { return Answer(rows); }
     HRESULT STDMETHODCALLTYPE SetAttributesMultiLingual(SAFEARRAY**, LONG, SAFEARRAY** rows) override
@@ -39,19 +28,9 @@ public:
         return Answer(rows);
     }
 
-    HRESULT STDMETHODCALLTYPE GetTableName(BSTR*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeName(BSTR*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetAttribute(BSTR, VARIANT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE SetAttribute(BSTR, VARIANT) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetChildren(BSTR, IEnumBaseDataObject**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetType(BSTR, BSTR, IQPType**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetClientId(LONG*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE IsDerivedFromClass(BSTR) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE SetAttributeMultiLingual(BSTR, LONG, VARIANT) override { return E_NOTIMPL; }
-
 private:
     explicit OddAnswer(Rows rows) : m_rows(std::move(rows)) {}
-    ~OddAnswer() = default;
+    ~OddAnswer() override = default;
 
     HRESULT Answer(SAFEARRAY** rows) const
     {
@@ -70,5 +49,4 @@ private:
     }
 
     const Rows m_rows;
-    ULONG m_count = 0;
 };

@@ -1,4 +1,5 @@
 // Hosts that answer what no host should: odd types of values, exceptions, many threads.
+#include "BareObject.h"
 #include "MemoryHost.h"
 #include "ModuleUnderTest.h"
 #include "OddValues.h"
@@ -20,44 +21,21 @@
 namespace
 {
 /// A data object that answers every read with the same value.
-class OddObject final : public IQP_BaseDataObject
+class OddObject final : public BareObject
 {
 public:
     explicit OddObject(const VARIANT& value) : m_value(value) {}
-    ~OddObject() { EXPECT_EQ(m_count, 0u); }
+    ~OddObject() override { EXPECT_EQ(Count(), 0u); }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override
-    {
-        const bool known = iid == __uuidof(IUnknown) || iid == __uuidof(IQP_BaseDataObject);
-        *result = known ? this : nullptr;
-        m_count += known;
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++m_count; }
-    ULONG STDMETHODCALLTYPE Release() override { return --m_count; }
     HRESULT STDMETHODCALLTYPE GetAttribute(BSTR, VARIANT* value) override
     {
         *value = m_value;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GetTableName(BSTR*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeName(BSTR*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetAttributes(SAFEARRAY**, SAFEARRAY**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE SetAttribute(BSTR, VARIANT) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE SetAttributes(SAFEARRAY**, SAFEARRAY**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetChildren(BSTR, IEnumBaseDataObject**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetType(BSTR, BSTR, IQPType**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetClientId(LONG*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE IsDerivedFromClass(BSTR) override { return S_OK; }
-    HRESULT STDMETHODCALLTYPE SetAttributeMultiLingual(BSTR, LONG, VARIANT) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE SetAttributesMultiLingual(SAFEARRAY**, LONG, SAFEARRAY**) override
-    {
-        return E_NOTIMPL;
-    }
 
 private:
-    VARIANT m_value;
-    ULONG m_count = 0;
+    const VARIANT m_value;
 };
 
 using Object = IQP_BaseDataObject;
