@@ -2,6 +2,7 @@
 // that is reached by a relationship.
 #pragma once
 
+#include "CopyPlant.h"
 #include "CopyWords.h"
 #include "DialogFixture.h"
 #include "GridSteps.h"
@@ -12,12 +13,7 @@ protected:
     CopyFixture()
     {
         EXPECT_EQ(module.Create(CLSID_QPCopyOptDlg, copy), S_OK);
-        MemoryType* type = host.Config().Find(L"Station");
-        type->Attribute(L"Order");
-        type->Attribute(L"Mass", 2);
-        type->Attribute(L"Due", 4);
-        type->Attribute(L"Drawing", 1, 0); // not for a copy
-        host.Config().Find(L"Cell")->Attribute(L"Order");
+        AddCopyAttributes(host);
     }
     ~CopyFixture() override
     {

@@ -1,12 +1,12 @@
 // The bookmark dialog over two projects, used by a real keyboard and a real mouse.
 #pragma once
 
+#include "BookmarkPlant.h"
 #include "BookmarkSteps.h"
 #include "BookmarkWords.h"
 #include "KeyboardUser.h"
 #include "MemoryHost.h"
 #include "ModuleUnderTest.h"
-#include "RegisteredProgId.h"
 
 #include "qptools.h"
 
@@ -22,10 +22,6 @@ protected:
     BookmarkByKeyboard()
     {
         EXPECT_EQ(module.Create(CLSID_XBookMark, bookmarks), S_OK);
-        host.Manager().Running(MemoryView::kClass, host.Views({}));
-        host.Store().Bookmark(L"$7)", 0, L"Weld", MemoryHost::TreeString(L"$71)").c_str());
-        host.Store().Bookmark(L"$7)", 1, L"Drill", MemoryHost::TreeString(L"$72)").c_str());
-        host.Store().Bookmark(L"$8)", 0, L"Paint", MemoryHost::TreeString(L"$81)").c_str());
         host.Store().Set(4, L"common", L"expandbrowser", L"1");
     }
 
@@ -139,13 +135,7 @@ protected:
 
     ModuleUnderTest module;
     MemoryHost host;
-    const RegisteredProgId viewClass{MemoryView::kProgId, MemoryView::kClass};
-    const RegisteredProgId expanderClass{MemoryExpander::kProgId, MemoryExpander::kClass};
-    const ComPtr<MemoryObject> north = host.Known(L"$7)", L"North");
-    const ComPtr<MemoryObject> south = host.Known(L"$8)", L"South");
-    const ComPtr<MemoryObject> weld = host.Known(L"$71)", L"Weld cell");
-    const ComPtr<MemoryObject> drill = host.Known(L"$72)", L"Drill cell");
-    const ComPtr<MemoryObject> paint = host.Known(L"$81)", L"Paint cell");
+    const BookmarkPlant plant{host};
     ComPtr<IXBookMark> bookmarks;
     KeyboardUser user;
     std::optional<KeyRequest> mouse;

@@ -2,6 +2,7 @@
 // of a station, from top to bottom: Due, a date, Mass and Order.
 #pragma once
 
+#include "CopyPlant.h"
 #include "CopyWords.h"
 #include "GridSteps.h"
 #include "KeyboardUser.h"
@@ -22,11 +23,7 @@ protected:
     CopyByKeyboard()
     {
         EXPECT_EQ(module.Create(CLSID_QPCopyOptDlg, copy), S_OK);
-        MemoryType* type = host.Config().Find(L"Station");
-        type->Attribute(L"Order");
-        type->Attribute(L"Mass", 2);
-        type->Attribute(L"Due", 4);
-        host.Config().Find(L"Cell")->Attribute(L"Order");
+        AddCopyAttributes(host);
     }
     ~CopyByKeyboard() override { copy->DeleteObjects(); }
 
