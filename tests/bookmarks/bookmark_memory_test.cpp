@@ -1,6 +1,7 @@
 // The bookmark dialog out of memory: each of the module's own allocations fails once, while it opens, lists,
 // renames, deletes, opens a bookmark and closes. Natively only: the system's own allocators on Windows do not
 // fail on request.
+#include "AllocationSweep.h"
 #include "BookmarkUser.h"
 #include "FaultyMemory.h"
 #include "LogFolder.h"
@@ -80,14 +81,11 @@ protected:
         EXPECT_EQ(Run(0, steps).status, S_OK); // what is allocated once and kept
         const int objects = host.LiveObjects();
         const long others = LinesOf("$8)");
-        long n = 1;
-        for (; !HasFailure(); ++n)
-        {
-            SCOPED_TRACE("allocation " + std::to_string(n));
-            const Result run = Run(n, steps);
-            if (!run.struck)
-                break;
-            EXPECT_EQ(run.status, E_OUTOFMEMORY);
+        const auto run = [&](long n) {
+            return Run(n, steps);
+        };
+        FailEachAllocation(least, run, [&](const Result& failed) {
+            EXPECT_EQ(failed.status, E_OUTOFMEMORY);
             EXPECT_LE(Held(), 5u);
             EXPECT_EQ(host.LiveObjects(), objects);
             EXPECT_EQ(LinesOf("$8)"), others) << "no action is on this project";
@@ -96,8 +94,7 @@ protected:
                           LinesOf(("gotoitemtree/" + project).c_str()))
                     << "half is lost";
             EXPECT_TRUE(deletes || LinesOf("$7)") == 4);
-        }
-        EXPECT_GT(n, least) << "hardly an allocation was found";
+        });
         EXPECT_EQ(Run(0, steps).status, S_OK);
         EXPECT_EQ(Held(), 5u);
     }

@@ -1,6 +1,7 @@
 // The enhanced copy dialog out of memory: each of the module's own allocations fails once, while it opens,
 // walks, lists, shows, takes a value and closes. Natively only: the system's own allocators on Windows do not
 // fail on request.
+#include "AllocationSweep.h"
 #include "CopyMessages.h"
 #include "FaultyMemory.h"
 #include "MemoryHost.h"
@@ -67,19 +68,15 @@ protected:
         EXPECT_EQ(Run(0, steps).option, option);
         const ULONG held = Held();
         const int objects = host.LiveObjects();
-        long n = 1;
-        for (; !HasFailure(); ++n)
-        {
-            SCOPED_TRACE("allocation " + std::to_string(n));
-            const Result run = Run(n, steps);
-            if (!run.struck)
-                break;
-            EXPECT_EQ(run.status, E_OUTOFMEMORY);
-            EXPECT_EQ(run.option, -1);
+        const auto run = [&](long n) {
+            return Run(n, steps);
+        };
+        FailEachAllocation(least, run, [&](const Result& failed) {
+            EXPECT_EQ(failed.status, E_OUTOFMEMORY);
+            EXPECT_EQ(failed.option, -1);
             EXPECT_EQ(Held(), held);
             EXPECT_EQ(host.LiveObjects(), objects);
-        }
-        EXPECT_GT(n, least) << "hardly an allocation was found";
+        });
     }
 
     ModuleUnderTest module;

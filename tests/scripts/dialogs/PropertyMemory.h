@@ -4,6 +4,7 @@
 #include "ModuleAllocations.h"
 #include "PatientUser.h"
 
+#include "AllocationSweep.h"
 #include "FaultyMemory.h"
 #include "MemoryHost.h"
 #include "ModuleUnderTest.h"
@@ -81,25 +82,23 @@ protected:
         EXPECT_EQ(whole.status, saves ? S_OK : S_FALSE);
         EXPECT_EQ(whole.written.empty(), !saves);
         std::set<HRESULT> results;
-        long n = 1;
-        for (; !HasFailure(); ++n)
-        {
-            SCOPED_TRACE("allocation " + std::to_string(n));
-            const int objects = host.LiveObjects();
-            const ULONG before = Held();
-            const Result run = RunWith(n, steps, saves);
-            if (!run.struck)
-                break;
-            results.insert(run.status);
+        int objects = 0;
+        ULONG before = 0;
+        const auto run = [&](long n) {
+            objects = host.LiveObjects();
+            before = Held();
+            return RunWith(n, steps, saves);
+        };
+        FailEachAllocation(least, run, [&](const Result& failed) {
+            results.insert(failed.status);
             EXPECT_EQ(host.LiveObjects(), objects);
             EXPECT_EQ(Held(), before);
-            if (!run.written.empty())
+            if (!failed.written.empty())
             {
-                EXPECT_EQ(run.written, whole.written) << "no part and no default is written";
-                EXPECT_NE(run.status, S_FALSE);
+                EXPECT_EQ(failed.written, whole.written) << "no part and no default is written";
+                EXPECT_NE(failed.status, S_FALSE);
             }
-        }
-        EXPECT_GT(n, least) << "hardly an allocation was found";
+        });
         return results;
     }
 
