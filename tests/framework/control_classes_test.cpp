@@ -3,10 +3,23 @@
 
 #include "HeaderCtrl.h"
 
+#include <utility>
+
 namespace
 {
 class ControlClasses : public DialogTest
 {
+protected:
+    /// Runs the dialog with `list` as its list.
+    void RunWithList(DialogStep step)
+    {
+        dialog.exchange = [this](CDataExchange* pDX) {
+            DDX_Control(pDX, kList, list);
+        };
+        Run(std::move(step));
+    }
+
+    CListCtrl list;
 };
 } // namespace
 
@@ -59,11 +72,7 @@ TEST_F(ControlClasses, AComboBoxIsReadAndFilled)
 
 TEST_F(ControlClasses, AListIsReadAndFilled)
 {
-    CListCtrl list;
-    dialog.exchange = [&](CDataExchange* pDX) {
-        DDX_Control(pDX, kList, list);
-    };
-    Run([&](DialogView&) {
+    RunWithList([&](DialogView&) {
         EXPECT_EQ(list.InsertColumn(0, L"Name", LVCFMT_LEFT, 80), 0);
         EXPECT_EQ(list.InsertColumn(5, L"Value", LVCFMT_RIGHT, 40), 1) << "appended";
         EXPECT_EQ(list.GetColumnWidth(1), 40);
@@ -98,11 +107,7 @@ TEST_F(ControlClasses, AListIsReadAndFilled)
 
 TEST_F(ControlClasses, ATextOfTenThousandCharactersIsReadFromACell)
 {
-    CListCtrl list;
-    dialog.exchange = [&](CDataExchange* pDX) {
-        DDX_Control(pDX, kList, list);
-    };
-    Run([&](DialogView&) {
+    RunWithList([&](DialogView&) {
         const std::wstring text(10'000, L'x');
         list.InsertColumn(0, L"Name", LVCFMT_LEFT, 80);
         ASSERT_EQ(list.InsertItem(0, text.c_str()), 0);
@@ -112,11 +117,7 @@ TEST_F(ControlClasses, ATextOfTenThousandCharactersIsReadFromACell)
 
 TEST_F(ControlClasses, RowsTellTheirStatesAndAListItsColumns)
 {
-    CListCtrl list;
-    dialog.exchange = [&](CDataExchange* pDX) {
-        DDX_Control(pDX, kList, list);
-    };
-    Run([&](DialogView&) {
+    RunWithList([&](DialogView&) {
         list.InsertColumn(0, L"Name", LVCFMT_LEFT, 100);
         list.InsertColumn(1, L"Value", LVCFMT_LEFT, 100);
         list.InsertItem(0, L"row");
@@ -131,11 +132,7 @@ TEST_F(ControlClasses, RowsTellTheirStatesAndAListItsColumns)
 
 TEST_F(ControlClasses, ATextIsAsWideAsItsCharacters)
 {
-    CListCtrl list;
-    dialog.exchange = [&](CDataExchange* pDX) {
-        DDX_Control(pDX, kList, list);
-    };
-    Run([&](DialogView&) {
+    RunWithList([&](DialogView&) {
         EXPECT_EQ(list.TextExtent(L"").cx, 0);
         const SIZE one = list.TextExtent(L"m");
         EXPECT_GT(one.cx, 0);
