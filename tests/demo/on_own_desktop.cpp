@@ -1,5 +1,7 @@
 // Runs a program on a desktop of its own: on_own_desktop PROGRAM [ARGUMENT...]. Its output and its exit code
 // are passed through. On a shared desktop, windows of other programs take the focus from its dialogs.
+#include "RunProgram.h"
+
 #include <windows.h>
 
 #include <cstdio>
@@ -21,25 +23,15 @@ std::wstring Rest()
     return text;
 }
 
-DWORD Run(std::wstring command, std::wstring desktop)
+DWORD Run(const std::wstring& command, std::wstring desktop)
 {
     STARTUPINFOW start = {};
-    start.cb = sizeof(start);
     start.lpDesktop = desktop.data();
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdInput = GetStdHandle(STD_INPUT_HANDLE);
     start.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
     start.hStdError = GetStdHandle(STD_ERROR_HANDLE);
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                        &process))
-        return kNotStarted;
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD code = kNotStarted;
-    GetExitCodeProcess(process.hProcess, &code);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return code;
+    return RunProgram(command, start).value_or(kNotStarted);
 }
 } // namespace
 

@@ -1,12 +1,13 @@
-// Runs a program while nobody may open a key of the registry: with_locked_key KEY COMMAND_LINE
+// Runs a program while access to a registry key is denied to every user: with_locked_key KEY COMMAND_LINE
 // KEY is a path below HKEY_LOCAL_MACHINE. A key that is not there is created, and deleted in the end. The
 // exit code is that of the program.
+#include "RunProgram.h"
+
 #include <windows.h>
 
 #include <shellapi.h>
 
 #include <cstdio>
-#include <string>
 
 namespace
 {
@@ -26,21 +27,6 @@ bool Lock(HKEY key)
     InitializeAcl(nobody, sizeof list, ACL_REVISION);
     return SetAccess(key, nobody);
 }
-
-DWORD Run(std::wstring commandLine)
-{
-    STARTUPINFOW start = {sizeof start};
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                        &process))
-        return 102;
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD code = 103;
-    GetExitCodeProcess(process.hProcess, &code);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return code;
-}
 } // namespace
 
 int main()
@@ -57,7 +43,7 @@ int main()
         std::printf("with_locked_key: the key cannot be locked\n");
         return 101;
     }
-    const DWORD code = Run(words[2]);
+    const DWORD code = RunProgram(words[2]).value_or(102);
     SetAccess(key, nullptr);
     RegCloseKey(key);
     if (disposition == REG_CREATED_NEW_KEY)

@@ -4,6 +4,7 @@
 
 #include "BuiltFiles.h"
 #include "RegistrySnapshot.h"
+#include "RunProgram.h"
 #include "TypeLibraryTable.h"
 #include "TypeLibraryText.h"
 
@@ -118,18 +119,8 @@ constexpr int kRegistrationFailed = 5;
 /// Runs regsvr32 silently on the module and returns its exit code.
 int Regsvr(const std::wstring& options)
 {
-    std::wstring command = L"regsvr32.exe /s " + options + L" \"" + BuiltModulePath() + L"\"";
-    STARTUPINFOW start = {sizeof start};
-    PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                        &process))
-        return -1;
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD code = 0;
-    GetExitCodeProcess(process.hProcess, &code);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return static_cast<int>(code);
+    const auto code = RunProgram(L"regsvr32.exe /s " + options + L" \"" + BuiltModulePath() + L"\"");
+    return code ? static_cast<int>(*code) : -1;
 }
 
 /// Each test begins and ends with a registry without the module, and has a log folder of its own.

@@ -10,7 +10,7 @@ target_link_libraries(image_tests PRIVATE imagehlp)
 add_test(NAME module_image.holds_no_folder_of_the_machine_that_built_it
          COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/no-folder-test $<TARGET_FILE:qptools> ${CMAKE_SOURCE_DIR})
 set_tests_properties(module_image.holds_no_folder_of_the_machine_that_built_it PROPERTIES LABELS windows-only)
-qp_test(regsvr_tests SOURCES regsvr_test.cpp RegistrySnapshot.cpp DEPENDS module_checks LABELS windows-only SERIAL)
+qp_test(regsvr_tests SOURCES regsvr_test.cpp RegistrySnapshot.cpp DEPENDS module_checks test_common LABELS windows-only SERIAL)
 qp_test(moved_module_tests SOURCES moved_module_test.cpp DEPENDS qp_interfaces framework test_common LABELS windows-only)
 add_dependencies(moved_module_tests qp_catalogues)
 

@@ -29,7 +29,7 @@ public:
     /// Its exit code, if it has ended.
     std::optional<DWORD> ExitCode() const;
 
-    /// How long, in milliseconds, the log has not grown.
+    /// The milliseconds since the log last grew.
     ULONGLONG SilentFor();
 
     /// Ends it and whatever it started, and waits for its end.

@@ -12,7 +12,8 @@
 
 namespace
 {
-constexpr unsigned kMostAtOnce = 8; // each has a desktop of its own, of which a session has not many
+/// Programs at the same time. Each creates a desktop, and the memory for desktops of a session is limited.
+constexpr unsigned kMostAtOnce = 8;
 
 /// The console shows UTF-8 for as long as this lives.
 class Utf8Console
